@@ -1,0 +1,62 @@
+# A thin front over the CMake presets; `make help` lists what there is.
+
+PREFIX ?= /usr/local
+DESTDIR ?=
+JOBS = $(shell nproc)
+
+BUILD = build/release
+CXX_FILES = find . -path ./build -prune -o -path ./.git -prune -o \( -name '*.h' -o -name '*.cpp' \) -print0
+
+.DEFAULT_GOAL := help
+.PHONY: help demo build test bench format check format-check install packages check-packages
+
+help:
+	@echo 'make demo     show the starter configuration as a tree'
+	@echo 'make build    build everything into $(BUILD)'
+	@echo 'make test     build everything and run the tests'
+	@echo 'make bench    build and run the benchmarks'
+	@echo 'make install  install below PREFIX ($(PREFIX)), staged below DESTDIR'
+	@echo 'make format   format the C++ files in place'
+	@echo 'make check    format, clang-tidy, tests with sanitizers, and no warnings from clang or gcc'
+	@echo
+	@echo 'demo, build, test, bench and install need the Debian packages that tools/install-dependencies'
+	@echo 'names, check a few more; what is missing is installed with apt-get.'
+
+packages:
+	@tools/install-dependencies
+
+check-packages:
+	@tools/install-dependencies check
+
+demo: packages
+	@cmake --preset release --log-level=WARNING
+	@cmake --build --preset release --target lwconfig-cli
+	@$(BUILD)/bin/lwconfig show --config share/starter
+
+build: packages
+	cmake --preset release
+	cmake --build --preset release
+
+test: build
+	ctest --preset release -j $(JOBS)
+
+bench: build
+	$(BUILD)/bin/lwconfig_bench
+
+install: build
+	cmake --install $(BUILD) --prefix $(PREFIX)
+	if [ -z "$(DESTDIR)" ] && [ "$$(id -u)" = 0 ]; then ldconfig; fi
+
+format: check-packages
+	$(CXX_FILES) | xargs -0 clang-format-14 -i
+
+format-check: check-packages
+	$(CXX_FILES) | xargs -0 clang-format-14 --dry-run -Werror
+
+# One build serves clang's warnings, clang-tidy and the sanitizers, the other gcc's warnings.
+check: format-check
+	cmake --preset check
+	cmake --build --preset check -- -k 0
+	ctest --preset check -j $(JOBS)
+	cmake --preset release -D LWCONFIG_WERROR=ON
+	cmake --build --preset release -- -k 0

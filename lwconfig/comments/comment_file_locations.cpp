@@ -1,0 +1,80 @@
+#include <lwconfig/comments/comment_file_locations.h>
+#include <lwconfig/core/application_values.h>
+#include <lwconfig/core/attribute_reader.h>
+#include <lwconfig/core/configuration_files.h>
+#include <lwconfig/platform/letter_case.h>
+
+namespace lwconfig {
+namespace {
+
+constexpr std::string_view kNetPath = "%NetPath%";
+
+DiskFile LocationsFile() {
+  return DiskFile(ConfigPath(), "CommentFileLocations", "xml");
+}
+
+}  // namespace
+
+std::string CommentFileLocation::CommentFilePath() const {
+  std::string resolved;
+  std::string_view rest = mCommentFilePath;
+  for (auto percent = rest.find('%'); percent != std::string_view::npos; percent = rest.find('%')) {
+    const bool isPlaceholder = EqualIgnoringCase(rest.substr(percent, kNetPath.size()), kNetPath);
+    const auto length = isPlaceholder ? kNetPath.size() : 1;
+    resolved += rest.substr(0, percent);
+    resolved += isPlaceholder ? DotNetPath() : "%";
+    rest.remove_prefix(percent + length);
+  }
+  return resolved += rest;
+}
+
+void CommentFileLocation::Load(const XMLElement& e) {
+  AttributeReader in(e);
+  in.Require("AssemblyFileName", AssemblyFileName);
+  in.Require("CommentFilePath", mCommentFilePath);
+}
+
+void CommentFileLocation::Save(XMLElement& e) const {
+  e.AddAttribute("AssemblyFileName", AssemblyFileName);
+  e.AddAttribute("CommentFilePath", mCommentFilePath);
+}
+
+std::shared_ptr<CommentFileLocation> CommentFileLocation::Clone() const {
+  return std::make_shared<CommentFileLocation>(*this);
+}
+
+void CommentFileLocations::Load() {
+  mCol.Clear();
+  const DiskFile file = LocationsFile();
+  if (file.Exists()) {
+    ReadConfigurationFiles({file}, [&](const DiskFile&, const XMLElement& root) {
+      ForEachChild(root, [&](const XMLElement& child) {
+        auto location = std::make_shared<CommentFileLocation>();
+        location->Load(child);
+        Add(std::move(location));
+      });
+    });
+  }
+  Dirty = false;
+}
+
+void CommentFileLocations::Save() {
+  DiskFile file = LocationsFile();
+  WriteConfigurationFile(file, [&](XMLElement& root) {
+    root.SetName("CommentFileLocations");
+    root.AddAttribute("Version", "4.0");
+    for (const auto& location : *this) {
+      auto child = root.AddElement("CommentFile", "");
+      location->Save(child);
+    }
+  });
+  Dirty = false;
+}
+
+std::shared_ptr<CommentFileLocations> CommentFileLocations::Clone() const {
+  auto copies = std::make_shared<CommentFileLocations>();
+  for (const auto& location : *this) copies->Add(location->Clone());
+  return copies;
+}
+
+}  // namespace lwconfig

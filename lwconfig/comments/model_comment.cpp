@@ -1,0 +1,47 @@
+#include <array>
+
+#include <lwconfig/comments/model_comment.h>
+#include <lwconfig/core/attribute_reader.h>
+
+namespace lwconfig {
+
+void ModelComment::SetMemberType(std::int32_t type) {
+  static constexpr std::array kNamespaces{"LW:Method",      "LW:Property",  "LW:Event",
+                                          "LW:Enumeration", "LW:Structure", "LW:ImplementedInterface",
+                                          "LW:Module"};
+  mMemberType = type;
+  if (type >= mtMethod && type <= mtModule)
+    MemberType_Namespace = kNamespaces[static_cast<std::size_t>(type - mtMethod)];
+}
+
+void ModelComment::Load(const XMLElement& e) {
+  AttributeReader in(e);
+  if (const char* olderForm = in.Find("MemberType")) {
+    SetMemberType(Converted(LeadingInteger(olderForm), olderForm));
+  } else {
+    in.Require("MemberType_Namespace", MemberType_Namespace);
+  }
+  in.Require("MemberName", MemberName);
+  in.Require("TaggedCommentPrefix", TaggedCommentPrefix);
+  in.Require("TaggedCommentText", TaggedCommentText);
+  in.Try("OnlyIfBlank", OnlyIfBlank, ExactTrue);
+  in.Try("InsertionPoint", InsertionPoint, StrictInteger);
+}
+
+void ModelComment::Save(XMLElement& e) const {
+  e.SetName("MC");
+  e.AddAttribute("MemberType_Namespace", MemberType_Namespace);
+  e.AddAttribute("MemberName", MemberName);
+  e.AddAttribute("TaggedCommentPrefix", TaggedCommentPrefix);
+  e.AddAttribute("TaggedCommentText", TaggedCommentText);
+  e.AddAttribute("OnlyIfBlank", ToText(OnlyIfBlank));
+  e.AddAttribute("InsertionPoint", ToText(InsertionPoint));
+}
+
+std::shared_ptr<ModelComment> ModelComment::Clone() const {
+  auto copy = std::make_shared<ModelComment>(*this);
+  copy->Tag.reset();
+  return copy;
+}
+
+}  // namespace lwconfig

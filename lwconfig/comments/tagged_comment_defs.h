@@ -1,0 +1,47 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include <lwconfig/comments/tagged_comment_def.h>
+#include <lwconfig/core/keyed_collection.h>
+#include <lwconfig/core/shared_slots.h>
+
+namespace lwconfig {
+
+/// Every type of tagged comment, filed under its prefix.
+class TaggedCommentDefs : public KeyedCollection<TaggedCommentDef>, public Counted<TaggedCommentDefs> {
+ public:
+  static constexpr const char* kClassName = "TaggedCommentDefs";
+
+  std::string DefaultDesignerProgID;  // for definitions that name no editing control of their own
+  std::string FileName;               // the file loaded last
+  bool IsPopulated = false;           // a `LoadFrom` has finished
+
+  /// Replaces the set by the custom and then the standard definitions of the configuration; by those of the
+  /// older single file where there is no standard file.
+  void Load();
+  /// Saves the standard and then the custom definitions to their files, and deletes the older single file;
+  /// that it cannot be deleted is ignored. A failure ends the save: what follows it is left untouched.
+  void Save() const;
+  /// As `Save`, of the chosen files only; the older file stays.
+  void SaveEx(bool IncludeStandard, bool IncludeCustom) const;
+  /// Adds the definitions of a file at the end, each in place of one with the same prefix. A file that does
+  /// not exist adds nothing. A failing definition ends the load; those before it stay, and `IsPopulated` is
+  /// left as it was.
+  void LoadFrom(std::string_view FileName);
+  void SaveTo(std::string_view FileName) const;
+  /// Writes the standard definitions, the custom ones or both to one file, in the order of the set.
+  void SaveToEx(std::string_view FileName, bool IncludeStandard, bool IncludeCustom) const;
+  /// A set of copies, filed under their prefixes.
+  std::shared_ptr<TaggedCommentDefs> Clone() const;
+  /// The first definition that lists the XML documentation tag, letter case ignored; null where none does.
+  /// Blanks beside a comma are part of the names.
+  std::shared_ptr<TaggedCommentDef> ItemFromXMLTagName(std::string_view XMLTagName) const;
+};
+
+template <>
+inline constexpr Slot kSlotOf<TaggedCommentDefs> = Slot::TaggedCommentDefs;
+
+}  // namespace lwconfig

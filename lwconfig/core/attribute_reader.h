@@ -1,0 +1,80 @@
+#pragma once
+
+#include <cstdint>
+#include <cstring>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include <lwconfig/core/conversions.h>
+#include <lwconfig/core/xml_element.h>
+
+namespace lwconfig {
+
+/// Reads the attributes of one element into members, names matched without regard to letter case. A look-up
+/// starts where the last one ended, so that attributes in file order are found at once; of several attributes
+/// of one name it finds the next.
+class AttributeReader {
+ public:
+  /// The element must outlive the reader.
+  explicit AttributeReader(const XMLElement& e);
+
+  /// Reads the attribute. Error 5 where it is absent; the member then keeps its value.
+  void Require(const char* name, std::string& member) { Assign(Required(name), member); }
+  /// As above, converted. The error of a failing conversion is thrown; the member then keeps its value.
+  template <class T, class Convert>
+  void Require(const char* name, T& member, Convert convert) {
+    const char* text = Required(name);
+    const auto conversion = convert(text);
+    if (!conversion)
+      Fail(conversion.ErrorNumber, name, "\"" + std::string(text) + "\" " + conversion.Problem);
+    member = static_cast<T>(conversion.Value);
+  }
+
+  /// Reads the attribute; where it is absent the member keeps its value and the result is false.
+  bool Try(const char* name, std::string& member) {
+    const char* text = Find(name);
+    if (text != nullptr) Assign(text, member);
+    return text != nullptr;
+  }
+  /// As above, converted; also where the conversion fails the member keeps its value.
+  template <class T, class Convert>
+  bool Try(const char* name, T& member, Convert convert) {
+    const char* text = Find(name);
+    if (text == nullptr) return false;
+    const auto conversion = convert(text);
+    if (conversion) member = static_cast<T>(conversion.Value);
+    return static_cast<bool>(conversion);
+  }
+
+  /// The value of the attribute, or null where it is absent. Valid as long as the element.
+  const char* Find(const char* name) {
+    if (mNext != mEnd && std::strcmp(mNext->Name, name) == 0) return (mNext++)->Value;
+    return Search(name);
+  }
+
+ private:
+  static void Assign(const char* text, std::string& member) {
+    // Most attributes are empty, and so is the member.
+    if (*text != '\0' || !member.empty()) member = text;
+  }
+  const char* Required(const char* name);
+  const char* Search(const char* name);
+  [[noreturn]] void Fail(std::int32_t number, const char* name, std::string_view found) const;
+
+  struct Attribute {
+    const char* Name;
+    const char* Value;
+  };
+  static constexpr std::size_t kUsualCount = 32;
+
+  const XMLElement& mElement;
+  // The attributes, read off the element once: look-ups that miss cost little.
+  Attribute mUsual[kUsualCount];
+  std::vector<Attribute> mMany;  // instead, where there are more
+  const Attribute* mFirst;
+  const Attribute* mEnd;
+  const Attribute* mNext;
+};
+
+}  // namespace lwconfig

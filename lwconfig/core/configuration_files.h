@@ -1,0 +1,59 @@
+#pragma once
+
+#include <string_view>
+#include <vector>
+
+#include <lwconfig/core/damaged_files.h>
+#include <lwconfig/core/disk_file.h>
+#include <lwconfig/core/read_ahead.h>
+#include <lwconfig/core/xml_document.h>
+
+namespace lwconfig {
+
+/// Calls `use(file, root)` for each configuration file of the list, with its root element. The first failure
+/// ends the walk; where it has no place in a file yet it gets the file's. The files are only read.
+template <class Use>
+void ReadConfigurationFiles(const std::vector<DiskFile>& files, Use use) {
+  ReadAhead documents(files);
+  for (const DiskFile& file : files) {
+    XMLDocument document = documents.Next();
+    if (!document.ParseFailure().empty()) {
+      RememberDamagedFile(file);
+      document.TellParseFailure();
+    }
+    const XMLElement root = document.RootElement();
+    try {
+      use(file, root);
+    } catch (Error& failure) {
+      failure.SetPosition(root.Position());
+      throw;
+    }
+  }
+}
+
+/// As above for every "*.xml" file of the folder, in name order without regard to letter case; for none where
+/// there is no such folder.
+template <class Use>
+void ReadConfigurationFolder(std::string_view folder, Use use) {
+  DiskFile listing;
+  listing.SetFolder(folder);
+  auto files = listing.Files("*.xml");
+  std::erase_if(files, [](const DiskFile& file) { return !file.Exists(); });
+  ReadConfigurationFiles(files, [&](const DiskFile&, const XMLElement& root) { use(root); });
+}
+
+/// Writes one configuration file: `fill(root)` names and fills the root element. The old file stays whole
+/// when anything fails; of one that could be read only in part a copy is kept.
+template <class Fill>
+void WriteConfigurationFile(DiskFile& file, Fill fill) {
+  XMLDocument document;
+  XMLElement root = document.RootElement();
+  fill(root);
+  const std::string text = document.XML();
+  KeepDamagedFile(file);
+  file.Open(DiskFile::kCreateOrTruncate, DiskFile::kWrite, 3);
+  file.Write(text);
+  file.Close();
+}
+
+}  // namespace lwconfig

@@ -1,0 +1,41 @@
+#include <algorithm>
+#include <string>
+#include <vector>
+
+#include <lwconfig/core/damaged_files.h>
+#include <lwconfig/platform/letter_case.h>
+
+namespace lwconfig {
+namespace {
+
+std::vector<std::string>& DamagedFiles() {
+  static std::vector<std::string> paths;
+  return paths;
+}
+
+auto Find(const DiskFile& file) {
+  return std::ranges::find_if(DamagedFiles(), [path = file.FullPath()](const std::string& damaged) {
+    return EqualIgnoringCase(damaged, path);
+  });
+}
+
+}  // namespace
+
+void RememberDamagedFile(const DiskFile& file) {
+  if (Find(file) == DamagedFiles().end()) DamagedFiles().push_back(file.FullPath());
+}
+
+void KeepDamagedFile(const DiskFile& file) {
+  const auto damaged = Find(file);
+  if (damaged == DamagedFiles().end()) return;
+  if (file.Exists()) {
+    std::string copy = file.FullPath() + ".damaged";
+    for (int number = 2; DiskFile(copy).Exists(); ++number) {
+      copy = file.FullPath() + ".damaged-" + std::to_string(number);
+    }
+    file.CopyTo(copy);
+  }
+  DamagedFiles().erase(damaged);
+}
+
+}  // namespace lwconfig

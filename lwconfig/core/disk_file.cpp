@@ -1,0 +1,195 @@
+#include <utility>
+
+#include <lwconfig/core/disk_file.h>
+#include <lwconfig/core/text.h>
+
+namespace lwconfig {
+namespace {
+
+using platform::EntryKind;
+
+platform::Files& HostFiles() {
+  return platform::Host<platform::Files>();
+}
+
+/// Runs a host operation on `path`, turning the host's failures into the library's.
+template <class Operation>
+auto OnHost(std::string_view path, Operation operation) {
+  try {
+    return operation();
+  } catch (const std::system_error& failure) {
+    throw FileError(failure, path);
+  }
+}
+
+bool IsSeparator(char c) {
+  return c == '\\' || c == '/';
+}
+
+}  // namespace
+
+std::string NormalisePath(std::string_view path) {
+  std::string normal;
+  normal.reserve(path.size());
+  const bool networkPath =
+      path.size() > 2 && IsSeparator(path[0]) && IsSeparator(path[1]) && !IsSeparator(path[2]);
+  if (networkPath) normal = "\\";
+  for (const char c : path) {
+    if (!IsSeparator(c)) {
+      normal.push_back(c);
+    } else if (normal.empty() || normal.back() != '\\' || (networkPath && normal.size() == 1)) {
+      normal.push_back('\\');
+    }
+  }
+  return normal;
+}
+
+std::string NativePath(std::string_view path) {
+  return HostFiles().NativePath(path);
+}
+
+DiskFile::DiskFile(std::string_view folder, std::string_view baseName, std::string_view extension) {
+  SetFolder(folder);
+  SetBaseName(baseName);
+  SetExtension(extension);
+}
+
+void DiskFile::SetFolder(std::string_view folder) {
+  mFolder = NormalisePath(folder);
+  if (!mFolder.empty() && mFolder.back() != '\\') mFolder.push_back('\\');
+  PathChanged();
+}
+
+void DiskFile::SetBaseName(std::string_view baseName) {
+  mBaseName = baseName;
+  PathChanged();
+}
+
+void DiskFile::SetExtension(std::string_view extension) {
+  mExtension = extension.starts_with('.') ? extension.substr(1) : extension;
+  PathChanged();
+}
+
+std::string DiskFile::FileName() const {
+  return mExtension.empty() ? mBaseName : mBaseName + "." + mExtension;
+}
+
+void DiskFile::SetFullPath(std::string_view path) {
+  const std::string normal = NormalisePath(path);
+  const auto nameStart = normal.rfind('\\') + 1;  // 0 where there is no folder part
+  mFolder = normal.substr(0, nameStart);
+  SetFileName(std::string_view(normal).substr(nameStart));
+}
+
+void DiskFile::SetFileName(std::string_view name) {
+  const auto dot = name.rfind('.');
+  const bool hasExtension = dot != std::string_view::npos && dot + 1 < name.size();
+  mBaseName = name.substr(0, hasExtension ? dot : name.size());
+  mExtension = hasExtension ? name.substr(dot + 1) : std::string_view();
+  PathChanged();
+}
+
+EntryKind DiskFile::Kind() const {
+  if (mListedKind) return *mListedKind;
+  const std::string path = FullPath();
+  return path.empty() ? EntryKind::Missing : HostFiles().Kind(path);
+}
+
+void DiskFile::Open(std::int32_t mode, std::int32_t access, std::int32_t /*share*/,
+                    std::int32_t /*recordLength*/) {
+  mOpen = OpenState::Closed;
+  mReplacement.reset();
+  mOpenFailure.reset();
+  mContent.clear();
+  if (mode == kOpenExisting && access == kRead) {
+    try {
+      mContent = HostFiles().Read(FullPath());
+      mOpen = OpenState::Reading;
+    } catch (const std::system_error&) {
+      // `IsOpen` tells.
+    }
+  } else if (mode == kCreateOrTruncate && access == kWrite) {
+    try {
+      mReplacement = HostFiles().Replace(FullPath());
+      mOpen = OpenState::Writing;
+    } catch (const std::system_error& failure) {
+      mOpenFailure = FileError(failure, FullPath());
+    }
+  } else {
+    throw Error(kInvalidCall,
+                "A file opens with mode 3 and access 1 for reading or mode 4 and access 2 for writing, not " +
+                    std::to_string(mode) + " and " + std::to_string(access));
+  }
+}
+
+std::string DiskFile::ReadAll() const {
+  if (mOpen == OpenState::Reading) return DecodeText(mContent);
+  const std::string path = FullPath();
+  try {
+    return DecodeText(HostFiles().Read(path));
+  } catch (const std::system_error& failure) {
+    if (HostFiles().Kind(path) == EntryKind::Missing) return {};
+    throw FileError(failure, path);
+  }
+}
+
+void DiskFile::Write(std::string_view text) {
+  if (mOpenFailure) throw *mOpenFailure;
+  if (mOpen != OpenState::Writing)
+    throw Error(kBadFileName, "The file \"" + FullPath() + "\" is not open for writing");
+  if (!IsValidUtf8(text))
+    throw Error(kInvalidCall, "The text to write to \"" + FullPath() + "\" is not valid UTF-8");
+  OnHost(FullPath(), [&] { mReplacement->Write(text); });
+}
+
+void DiskFile::Close() {
+  mOpen = OpenState::Closed;
+  mContent.clear();
+  mOpenFailure.reset();
+  if (const auto replacement = std::exchange(mReplacement, nullptr)) {
+    OnHost(FullPath(), [&] { replacement->Commit(); });
+    PathChanged();
+  }
+}
+
+void DiskFile::Delete() {
+  OnHost(FullPath(), [&] { HostFiles().Remove(FullPath()); });
+  PathChanged();
+}
+
+void DiskFile::CreateFolder() {
+  OnHost(mFolder, [&] { HostFiles().MakeFolders(mFolder); });
+}
+
+void DiskFile::CopyTo(std::string_view target) const {
+  const std::string bytes = OnHost(FullPath(), [&] { return HostFiles().Read(FullPath()); });
+  OnHost(target, [&] {
+    const auto copy = HostFiles().Replace(target);
+    copy->Write(bytes);
+    copy->Commit();
+  });
+}
+
+std::vector<DiskFile> DiskFile::Files(std::string_view pattern, std::int32_t /*mode*/) const {
+  std::vector<DiskFile> files;
+  for (const auto& entry : ListFolder(mFolder)) {
+    if (!MatchesFilePattern(entry.Name, pattern)) continue;
+    DiskFile& file = files.emplace_back();
+    file.mFolder = mFolder;
+    file.SetFileName(entry.Name);
+    file.mListedKind = entry.Kind;
+  }
+  return files;
+}
+
+std::vector<platform::FolderEntry> ListFolder(std::string_view folder) {
+  if (folder.empty()) return {};
+  try {
+    return HostFiles().List(folder);
+  } catch (const std::system_error& failure) {
+    if (HostFiles().Kind(folder) == EntryKind::Missing) return {};
+    throw FileError(failure, folder);
+  }
+}
+
+}  // namespace lwconfig

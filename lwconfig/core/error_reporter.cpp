@@ -1,0 +1,93 @@
+#include <algorithm>
+
+#include <lwconfig/core/conversions.h>
+#include <lwconfig/core/error_reporter.h>
+#include <lwconfig/core/instance_count.h>
+#include <lwconfig/core/xml_document.h>
+#include <lwconfig/platform/components.h>
+#include <lwconfig/platform/message_box.h>
+
+namespace lwconfig {
+namespace {
+
+thread_local int gDepth = 0;
+
+/// A text as a report can hold it.
+std::string Reportable(std::string text) {
+  std::replace(text.begin(), text.end(), '\0', ' ');
+  return text;
+}
+
+std::string LineOf(const Error& failure) {
+  return std::to_string(failure.Where().Line);
+}
+
+}  // namespace
+
+OperationScope::OperationScope() {
+  ++gDepth;
+}
+OperationScope::~OperationScope() {
+  --gDepth;
+}
+bool OperationScope::IsOutermost() const {
+  return gDepth == 1;
+}
+
+Error CurrentFailure() {
+  try {
+    throw;
+  } catch (const Error& failure) {
+    return failure;
+  } catch (const std::exception& failure) {
+    return Error(kInvalidCall, failure.what());
+  } catch (...) {
+    return Error(kInvalidCall, "An unknown failure");
+  }
+}
+
+std::string FailureReport(const Error& failure, const Operation& operation) {
+  XMLDocument document;
+  XMLElement report = document.RootElement();
+  report.SetName("Error");
+  report.AddElement("Module", operation.Module);
+  report.AddElement("Procedure", operation.Procedure);
+  report.AddElement("Line", LineOf(failure));
+  report.AddElement("Number", ToText(failure.Number()));
+  report.AddElement("Description", Reportable(failure.what()));
+  report.AddElement("Source", failure.Source());
+  XMLElement parameters = report.AddElement("Parameters", "");
+  for (const auto& [name, value] : operation.Parameters) {
+    parameters.AddElement("Parameter", Reportable(value)).AddAttribute("Name", name);
+  }
+  XMLElement instances = report.AddElement("Instances", "");
+  for (const auto& count : InstanceCounts()) {
+    XMLElement instance = instances.AddElement("Class", ToText(count.Live));
+    instance.AddAttribute("Name", count.ClassName);
+  }
+  return document.XML();
+}
+
+std::string FailureMessage(const Error& failure, const Operation& operation) {
+  return "LWConfigObjects has encountered a problem. We are sorry for the inconvenience.\n\nModule: " +
+         operation.Module + "\nProcedure: " + operation.Procedure + "\nLine Number: " + LineOf(failure) +
+         "\n\n" + failure.what() + "\nError number: " + ToText(failure.Number());
+}
+
+void ReportFailure(const Error& failure, const Operation& operation) {
+  if (const auto component = platform::CreateComponent(kErrorComponent)) {
+    try {
+      component->Receive(FailureReport(failure, operation));
+    } catch (...) {
+      // A component that fails must not hide the failure that it was told of.
+    }
+    Error reported(kReportedFailure, failure.Description(), failure.Where());
+    reported.SetSource(failure.Source());
+    reported.SetPosition(failure.Position());
+    throw reported;
+  }
+  platform::ShowMessage(
+      {"LWConfigObjects", FailureMessage(failure, operation), platform::MessageIcon::Critical});
+}
+
+}  // namespace lwconfig

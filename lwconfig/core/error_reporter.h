@@ -1,0 +1,62 @@
+#pragma once
+
+#include <exception>
+#include <functional>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include <lwconfig/core/error.h>
+
+namespace lwconfig {
+
+/// The ProgID of the product's error-reporting component.
+inline constexpr std::string_view kErrorComponent = "CorvaError.Error";
+
+/// A published operation under way: what a report says about it.
+struct Operation {
+  std::string Module;                                           // the class
+  std::string Procedure;                                        // the member
+  std::vector<std::pair<std::string, std::string>> Parameters;  // names and values as text
+};
+
+/// The failure that is being handled, as the library's own error: other exceptions keep their text.
+Error CurrentFailure();
+
+/// Hands a failure of a published operation to the process-wide reporter. With the error-reporting component
+/// it gets the report and error 65535 is thrown; without it the critical message box is shown and the call
+/// returns.
+void ReportFailure(const Error& failure, const Operation& operation);
+
+/// The report that the component gets: module, procedure, line, error, parameters and instance counts.
+std::string FailureReport(const Error& failure, const Operation& operation);
+/// The text of the message box.
+std::string FailureMessage(const Error& failure, const Operation& operation);
+
+/// Marks a published operation as under way on this thread; the outermost one reports failures.
+class OperationScope {
+ public:
+  OperationScope();
+  ~OperationScope();
+  OperationScope(const OperationScope&) = delete;
+  OperationScope& operator=(const OperationScope&) = delete;
+  bool IsOutermost() const;
+};
+
+/// Runs `body` as a published operation. Its failure ends it with the state changed so far: inside another
+/// published operation the failure is thrown on; at the outermost one it goes to the reporter, once, and the
+/// result is the empty value of its type.
+template <class Body>
+auto RunPublished(const Operation& operation, Body body) -> decltype(body()) {
+  const OperationScope scope;
+  try {
+    return body();
+  } catch (...) {
+    if (!scope.IsOutermost()) throw;
+    ReportFailure(CurrentFailure(), operation);
+    return decltype(body())();
+  }
+}
+
+}  // namespace lwconfig

@@ -1,0 +1,21 @@
+#include <algorithm>
+#include <string>
+
+#include <lwconfig/core/error.h>
+#include <lwconfig/core/file_name.h>
+
+namespace lwconfig {
+namespace {
+
+bool LeadsElsewhere(char c) {
+  return c == '\\' || c == '/' || c == ':' || static_cast<unsigned char>(c) < ' ' || c == '\x7F';
+}
+
+}  // namespace
+
+void CheckBaseName(std::string_view name) {
+  if (name == "." || name == ".." || std::any_of(name.begin(), name.end(), LeadsElsewhere))
+    throw Error(kBadFileName, "\"" + std::string(name) + "\" cannot be the name of a file");
+}
+
+}  // namespace lwconfig

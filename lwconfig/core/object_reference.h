@@ -1,0 +1,46 @@
+#pragma once
+
+#include <memory>
+#include <utility>
+
+#include <lwconfig/core/error.h>
+
+namespace lwconfig {
+
+/// A reference to an owner that does not keep it alive; null once the owner is gone.
+template <class T>
+class ObjectReference {
+ public:
+  ObjectReference() = default;
+  /// The object referred to, or null.
+  std::shared_ptr<T> Object() const { return mObject.lock(); }
+  void SetObject(const std::shared_ptr<T>& object) { mObject = object; }
+
+ private:
+  std::weak_ptr<T> mObject;
+};
+
+/// An owning reference held in a property. Following it while it is null is error 91, never a crash.
+template <class T>
+class Owned {
+ public:
+  Owned() = default;
+  Owned(std::nullptr_t) {}
+  Owned(std::shared_ptr<T> object) : mObject(std::move(object)) {}
+  operator const std::shared_ptr<T>&() const { return mObject; }
+  explicit operator bool() const { return mObject != nullptr; }
+  T* get() const { return mObject.get(); }
+  T* operator->() const { return &Checked(); }
+  T& operator*() const { return Checked(); }
+  friend bool operator==(const Owned& a, const Owned& b) { return a.mObject == b.mObject; }
+  friend bool operator==(const Owned& a, const std::shared_ptr<T>& b) { return a.mObject == b; }
+
+ private:
+  T& Checked() const {
+    if (!mObject) throw Error(kObjectNotSet, "An object that this operation needs is not set");
+    return *mObject;
+  }
+  std::shared_ptr<T> mObject;
+};
+
+}  // namespace lwconfig

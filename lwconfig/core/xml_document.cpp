@@ -1,0 +1,114 @@
+#include <algorithm>
+
+#include <lwconfig/core/diagnostics.h>
+#include <lwconfig/core/disk_file.h>
+#include <lwconfig/core/internal/xml_data.h>
+#include <lwconfig/core/text.h>
+#include <lwconfig/core/xml_document.h>
+
+namespace lwconfig {
+
+bool XMLDocumentData::Parse() {
+  IsDraft = false;
+  constexpr unsigned kKeepAll =
+      pugi::parse_default | pugi::parse_comments | pugi::parse_pi | pugi::parse_doctype;
+  constexpr unsigned kKeepText = (kKeepAll & ~pugi::parse_eol) | pugi::parse_ws_pcdata;
+  const auto result = Tree.load_buffer_inplace(Text.data(), Text.size(), KeepsText ? kKeepText : kKeepAll,
+                                               pugi::encoding_utf8);
+  ParsedLength = Text.size();
+  if (result) return true;
+  // An empty text has no place where it goes wrong but its start.
+  ParsedLength = static_cast<std::size_t>(std::max<std::ptrdiff_t>(result.offset, 0));
+  ParseFailurePosition = PositionOf(ParsedLength);
+  ParseFailure =
+      std::string("not well-formed XML: ") + (Text.empty() ? "the text is empty" : result.description());
+  return false;
+}
+
+void XMLDocumentData::Settle() {
+  if (!IsDraft) return;
+  // A root without a name yet gets one for the while, so that the text can be parsed.
+  const bool isNamed = !Draft.Root().Name.empty();
+  if (!isNamed) Draft.Root().Name = "unnamed";
+  Text = Draft.Serialise();
+  Parse();
+  pugi::xml_node root = Tree.document_element();
+  Draft.LinkTo(root);
+  if (!isNamed) root.set_name("");
+}
+
+std::optional<std::size_t> XMLDocumentData::OffsetOf(const char* name) const {
+  const bool parsed = !std::less<const char*>()(name, Text.data()) &&
+                      std::less<const char*>()(name, Text.data() + Text.size());
+  return parsed ? std::optional(static_cast<std::size_t>(name - Text.data())) : std::nullopt;
+}
+
+FilePosition XMLDocumentData::Position(const char* name) const {
+  if (const auto offset = OffsetOf(name)) return PositionOf(*offset);
+  return SourcePath.empty() ? FilePosition{} : FilePosition{SourcePath, 1, 1};
+}
+
+FilePosition XMLDocumentData::PositionOf(std::size_t offset) const {
+  // The parser writes into its text, so places are counted in the text as it was: the file's, read once more.
+  if (SourcePath.empty() && Original.empty()) return {};  // written here, not read
+  std::string reread;
+  const bool isKept = KeepsText || SourcePath.empty();
+  if (!isKept) {
+    DiskFile file;
+    file.SetFullPath(SourcePath);
+    try {
+      reread = file.ReadAll();
+    } catch (const Error&) {
+      reread.clear();
+    }
+    if (reread.size() != Text.size()) return {SourcePath, 0, 0};
+  }
+  const std::string_view before = std::string_view(isKept ? Original : reread).substr(0, offset);
+  const auto lineStart = before.rfind('\n') + 1;  // 0 where there is no line break
+  return {SourcePath, static_cast<std::int32_t>(std::count(before.begin(), before.end(), '\n') + 1),
+          static_cast<std::int32_t>(CountCharacters(before.substr(lineStart)) + 1)};
+}
+
+XMLDocument::XMLDocument() : mData(std::make_shared<XMLDocumentData>()) {}
+
+XMLElement XMLDocument::RootElement() {
+  if (mData->IsDraft) return XMLElement(mData, mData->Draft.Root());
+  auto root = mData->Tree.document_element();
+  if (!root) root = mData->Tree.append_child(pugi::node_element);
+  return XMLElement(mData, root.internal_object());
+}
+
+bool XMLDocument::LoadXML(std::string Text) {
+  return LoadXMLWithOption(std::move(Text), false);
+}
+
+bool XMLDocument::LoadXMLWithOption(std::string Text, bool Option, std::string SourcePath) {
+  mData = std::make_shared<XMLDocumentData>();
+  mData->KeepsText = Option;
+  mData->SourcePath = std::move(SourcePath);
+  mData->Original = Text;
+  mData->Text = std::move(Text);
+  return mData->Parse();
+}
+
+bool XMLDocument::ReadFile(const DiskFile& file) {
+  mData = std::make_shared<XMLDocumentData>();
+  mData->SourcePath = file.FullPath();
+  mData->Text = file.ReadAll();
+  return mData->Parse();
+}
+
+const std::string& XMLDocument::ParseFailure() const {
+  return mData->ParseFailure;
+}
+
+void XMLDocument::TellParseFailure() const {
+  if (mData->ParseFailure.empty()) return;
+  Diagnose({mData->ParseFailurePosition, mData->ParseFailure + "; what stands before is read"});
+}
+
+std::string XMLDocument::XML() const {
+  return mData->IsDraft ? mData->Draft.Serialise() : TreeText(mData->Tree);
+}
+
+}  // namespace lwconfig

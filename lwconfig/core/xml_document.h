@@ -1,0 +1,42 @@
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include <lwconfig/core/xml_element.h>
+
+namespace lwconfig {
+
+class DiskFile;
+
+/// One XML document, parsed or to be written. No document types are processed, no entities beyond the five of
+/// XML expanded and nothing is fetched; elements may nest to any depth.
+class XMLDocument {
+ public:
+  XMLDocument();
+
+  /// The document element; on a new document, or one whose text held none, an element without a name for the
+  /// caller to name and fill. Never none.
+  XMLElement RootElement();
+  /// Replaces the document by the one in `Text`. False when the text is not well-formed: the document is then
+  /// the part before the fault. Elements taken from the document before stay what they were.
+  bool LoadXML(std::string Text);
+  /// As `LoadXML`. With `Option`, the text of an element is what was written in it, white space included; in
+  /// an element with markup inside, such as HTML, the markup is part of the text, and nothing is resolved.
+  /// `SourcePath` is the file that the text was read from, if any, which errors then name as their place.
+  bool LoadXMLWithOption(std::string Text, bool Option, std::string SourcePath = {});
+  /// As `LoadXML` for the text of `file`, which errors then name as their place. A missing file is an empty
+  /// text; error 70, 75 or another of the file layer when it exists and cannot be read.
+  bool ReadFile(const DiskFile& file);
+  /// What is wrong with the text read last; empty where it was well-formed.
+  const std::string& ParseFailure() const;
+  /// Tells the diagnostics handler where the file read last is not well-formed, if so.
+  void TellParseFailure() const;
+  /// The whole document as UTF-8 text with an XML declaration.
+  std::string XML() const;
+
+ private:
+  std::shared_ptr<XMLDocumentData> mData;
+};
+
+}  // namespace lwconfig

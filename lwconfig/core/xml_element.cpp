@@ -1,0 +1,158 @@
+#include <lwconfig/core/internal/xml_data.h>
+#include <lwconfig/core/xml_element.h>
+#include <lwconfig/platform/letter_case.h>
+
+namespace lwconfig {
+namespace {
+
+using pugi::xml_attribute;
+using pugi::xml_node;
+
+xml_node ElementFrom(xml_node node) {
+  while (node && node.type() != pugi::node_element) node = node.next_sibling();
+  return node;
+}
+
+void CheckStorable(std::string_view text) {
+  if (text.find('\0') != std::string_view::npos) {
+    throw Error(kInvalidCall, "A text with a NUL character cannot be stored in an XML document");
+  }
+}
+
+}  // namespace
+
+std::string XMLAttribute::Name() const {
+  return xml_attribute(mAttribute).name();
+}
+std::string XMLAttribute::Value() const {
+  return xml_attribute(mAttribute).value();
+}
+
+bool XMLElement::IsDraft() const {
+  return mNode == nullptr && mDocument->IsDraft;
+}
+
+pugi::xml_node_struct* XMLElement::Node() const {
+  if (mNode != nullptr) return mNode;
+  mDocument->Settle();
+  return mDraft->Node;
+}
+
+std::string XMLElement::Name() const {
+  return xml_node(Node()).name();
+}
+bool XMLElement::IsNamed(std::string_view name) const {
+  return name == xml_node(Node()).name();
+}
+bool XMLElement::IsNamedIgnoringCase(std::string_view name) const {
+  return EqualIgnoringCase(name, xml_node(Node()).name());
+}
+
+void XMLElement::SetName(std::string_view name) {
+  if (IsDraft()) {
+    mDraft->Name = name;
+    return;
+  }
+  xml_node(Node()).set_name(std::string(name).c_str());
+}
+
+std::string XMLElement::Text() const {
+  std::string text;
+  bool hasMarkup = false;
+  for (const xml_node part : xml_node(Node()).children()) {
+    if (part.type() == pugi::node_pcdata || part.type() == pugi::node_cdata) {
+      text += part.value();
+    } else {
+      hasMarkup = true;
+    }
+  }
+  if (hasMarkup && mDocument->KeepsText) {
+    if (const auto inside = mDocument->Inside(xml_node(Node()).name())) return std::string(*inside);
+  }
+  return text;
+}
+
+XMLAttributes XMLElement::Attributes() const {
+  return XMLAttributes(*this);
+}
+XMLElements XMLElement::Children() const {
+  return XMLElements(*this);
+}
+
+void XMLElement::AddAttribute(std::string_view name, std::string_view value) {
+  CheckStorable(value);
+  if (IsDraft()) {
+    mDocument->Draft.AddAttribute(*mDraft, name, value);
+    return;
+  }
+  xml_attribute attribute = xml_node(Node()).append_attribute(std::string(name).c_str());
+  attribute.set_value(value.data(), value.size());
+}
+
+XMLElement XMLElement::AddElement(std::string_view name, std::string_view text) {
+  CheckStorable(text);
+  if (IsDraft()) return XMLElement(mDocument, mDocument->Draft.AddElement(*mDraft, name, text));
+  xml_node child = xml_node(Node()).append_child(std::string(name).c_str());
+  if (!text.empty()) child.append_child(pugi::node_pcdata).set_value(text.data(), text.size());
+  return XMLElement(mDocument, child.internal_object());
+}
+
+FilePosition XMLElement::Position() const {
+  return mDocument->Position(xml_node(Node()).name());
+}
+const std::string& XMLElement::ParseFailure() const {
+  return mDocument->ParseFailure;
+}
+
+std::optional<XMLAttribute> XMLAttributes::Find(const ItemKey& Key) const {
+  std::int32_t position = 0;
+  for (const xml_attribute attribute : xml_node(mElement.Node()).attributes()) {
+    ++position;
+    if (Key.IsText() ? EqualIgnoringCase(Key.Text(), attribute.name())
+                     : Key.IsPosition() && Key.Position() == position) {
+      return XMLAttribute(mElement.mDocument, attribute.internal_object());
+    }
+  }
+  return std::nullopt;
+}
+
+XMLAttribute XMLAttributes::Item(const ItemKey& Key) const {
+  if (auto attribute = Find(Key)) return *std::move(attribute);
+  Error error(kInvalidCall,
+              "The element <" + mElement.Name() + "> has no attribute with " + Key.Description());
+  error.SetPosition(mElement.Position());
+  throw error;
+}
+
+std::int32_t XMLAttributes::Count() const {
+  const auto attributes = xml_node(mElement.Node()).attributes();
+  return static_cast<std::int32_t>(std::distance(attributes.begin(), attributes.end()));
+}
+
+XMLElements::Iterator& XMLElements::Iterator::operator++() {
+  mNode = ElementFrom(xml_node(mNode).next_sibling()).internal_object();
+  return *this;
+}
+
+XMLElements::Iterator XMLElements::begin() const {
+  return Iterator(&mElement.mDocument,
+                  ElementFrom(xml_node(mElement.Node()).first_child()).internal_object());
+}
+
+std::int32_t XMLElements::Count() const {
+  std::int32_t count = 0;
+  for (auto child = begin(); child != end(); ++child) ++count;
+  return count;
+}
+
+XMLElement XMLElements::Item(std::int32_t position) const {
+  std::int32_t at = 0;
+  for (auto child = begin(); child != end(); ++child) {
+    if (++at == position) return *child;
+  }
+  throw Error(kSubscriptOutOfRange, "The element <" + mElement.Name() +
+                                        "> has no child element at position " + std::to_string(position) +
+                                        "; it has " + std::to_string(at));
+}
+
+}  // namespace lwconfig

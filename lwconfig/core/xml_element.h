@@ -1,0 +1,146 @@
+#pragma once
+
+#include <cstdint>
+#include <iterator>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include <lwconfig/core/error.h>
+#include <lwconfig/core/keyed_list.h>
+
+namespace pugi {
+struct xml_node_struct;
+struct xml_attribute_struct;
+}  // namespace pugi
+
+namespace lwconfig {
+
+class XMLAttributes;
+class XMLElements;
+struct XMLDocumentData;
+struct XMLDraftElement;
+
+/// One attribute. A handle: it stays valid as long as it is held, and copies refer to the same attribute.
+class XMLAttribute {
+ public:
+  std::string Name() const;
+  std::string Value() const;
+
+ private:
+  friend class XMLAttributes;
+  XMLAttribute(std::shared_ptr<XMLDocumentData> document, pugi::xml_attribute_struct* attribute)
+      : mDocument(std::move(document)), mAttribute(attribute) {}
+  std::shared_ptr<XMLDocumentData> mDocument;
+  pugi::xml_attribute_struct* mAttribute;
+};
+
+/// One element of a document. A handle: it stays valid as long as it is held, and copies refer to the same
+/// element.
+class XMLElement {
+ public:
+  /// The tag name as written in the file.
+  std::string Name() const;
+  /// Whether the tag name is `name` exactly.
+  bool IsNamed(std::string_view name) const;
+  /// Whether the tag name is `name` without regard to letter case.
+  bool IsNamedIgnoringCase(std::string_view name) const;
+  void SetName(std::string_view name);
+  /// The character data directly inside the element, joined; what was written in it where the document was
+  /// loaded so.
+  std::string Text() const;
+  XMLAttributes Attributes() const;
+  XMLElements Children() const;
+
+  /// Appends an attribute. Error 5 for a value with a NUL character, which no file can hold.
+  void AddAttribute(std::string_view name, std::string_view value);
+  /// Appends a child element with this tag name and text.
+  XMLElement AddElement(std::string_view name, std::string_view text);
+
+  /// Where the element stands in the file, or text, that it was read from.
+  FilePosition Position() const;
+  /// What is wrong with the text that the element was read from; empty where it was well-formed.
+  const std::string& ParseFailure() const;
+
+  friend bool operator==(const XMLElement& a, const XMLElement& b) { return a.Node() == b.Node(); }
+
+ private:
+  friend class AttributeReader;
+  friend class XMLAttributes;
+  friend class XMLDocument;
+  friend class XMLElements;
+  XMLElement(std::shared_ptr<XMLDocumentData> document, pugi::xml_node_struct* node)
+      : mDocument(std::move(document)), mNode(node) {}
+  XMLElement(std::shared_ptr<XMLDocumentData> document, XMLDraftElement& draft)
+      : mDocument(std::move(document)), mDraft(&draft) {}
+  /// The node in the document's tree; a draft becomes a tree.
+  pugi::xml_node_struct* Node() const;
+  bool IsDraft() const;
+
+  std::shared_ptr<XMLDocumentData> mDocument;
+  pugi::xml_node_struct* mNode = nullptr;
+  XMLDraftElement* mDraft = nullptr;  // where the element was created in a draft
+};
+
+/// The attributes of one element, looked up by name without regard to letter case.
+class XMLAttributes {
+ public:
+  /// Error 5 where the element has no such attribute, with the element's place.
+  XMLAttribute Item(const ItemKey& Key) const;
+  /// The attribute, or nothing.
+  std::optional<XMLAttribute> Find(const ItemKey& Key) const;
+  std::int32_t Count() const;
+
+ private:
+  friend class XMLElement;
+  explicit XMLAttributes(XMLElement element) : mElement(std::move(element)) {}
+  XMLElement mElement;
+};
+
+/// The child elements of one element, in document order.
+class XMLElements {
+ public:
+  class Iterator {
+   public:
+    using difference_type = std::ptrdiff_t;
+    using value_type = XMLElement;
+    XMLElement operator*() const { return XMLElement(*mDocument, mNode); }
+    Iterator& operator++();
+    bool operator==(std::default_sentinel_t) const { return mNode == nullptr; }
+
+   private:
+    friend class XMLElements;
+    Iterator(const std::shared_ptr<XMLDocumentData>* document, pugi::xml_node_struct* node)
+        : mDocument(document), mNode(node) {}
+    const std::shared_ptr<XMLDocumentData>* mDocument;
+    pugi::xml_node_struct* mNode;
+  };
+
+  std::int32_t Count() const;
+  /// The child at a position from 1. Error 9 where there is none.
+  XMLElement Item(std::int32_t position) const;
+  Iterator begin() const;
+  std::default_sentinel_t end() const { return {}; }
+
+ private:
+  friend class XMLElement;
+  explicit XMLElements(XMLElement element) : mElement(std::move(element)) {}
+  XMLElement mElement;
+};
+
+/// Calls `visit(child)` for each child element in document order. A failure that has no place in a file yet
+/// gets that of the child.
+template <class Visit>
+void ForEachChild(const XMLElement& e, Visit visit) {
+  for (const XMLElement child : e.Children()) {
+    try {
+      visit(child);
+    } catch (Error& failure) {
+      failure.SetPosition(child.Position());
+      throw;
+    }
+  }
+}
+
+}  // namespace lwconfig

@@ -1,0 +1,40 @@
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include <lwconfig/core/instance_count.h>
+#include <lwconfig/core/object_reference.h>
+#include <lwconfig/core/xml_element.h>
+#include <lwconfig/externaldocs/external_link.h>
+
+namespace lwconfig {
+
+/// One source of external documentation: which names it documents and how links to its pages are written.
+class ExternalDoc : public Counted<ExternalDoc> {
+ public:
+  static constexpr const char* kClassName = "ExternalDoc";
+
+  std::string
+      NamespaceName;  // pattern of the names documented (see `MatchesWildcard`); key in `ExternalDocs`
+  Owned<ExternalLink> ClassLink = std::make_shared<ExternalLink>();
+  Owned<ExternalLink> DefaultMemberLink = std::make_shared<ExternalLink>();
+
+  // The formats of `ClassLink`. Error 91 while that is null.
+  const std::string& URLFormat() const { return ClassLink->URLFormat; }
+  void SetURLFormat(std::string format) { ClassLink->URLFormat = std::move(format); }
+  const std::string& HTMLHelp1LinkFormat() const { return ClassLink->HTMLHelp1LinkFormat; }
+  void SetHTMLHelp1LinkFormat(std::string format) { ClassLink->HTMLHelp1LinkFormat = std::move(format); }
+  const std::string& Help2LinkFormat() const { return ClassLink->Help2LinkFormat; }
+  void SetHelp2LinkFormat(std::string format) { ClassLink->Help2LinkFormat = std::move(format); }
+
+  /// Reads an `ExternalDoc` element. "Namespace" is required: error 5 ends the load where it is missing. The
+  /// first child element, whatever its name, holds the default member link.
+  void Load(const XMLElement& e);
+  /// The caller has named `e`.
+  void Save(XMLElement& e) const;
+  /// A copy with links of its own.
+  std::shared_ptr<ExternalDoc> Clone() const;
+};
+
+}  // namespace lwconfig

@@ -1,0 +1,29 @@
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include <lwconfig/core/instance_count.h>
+#include <lwconfig/core/xml_element.h>
+
+namespace lwconfig {
+
+/// The formats from which a link into external documentation is built, with placeholders in %%. An empty
+/// format is none.
+class ExternalLink : public Counted<ExternalLink> {
+ public:
+  static constexpr const char* kClassName = "ExternalLink";
+
+  std::string HTMLHelp1LinkFormat;  // complete markup
+  std::string Help2LinkFormat;      // complete markup
+  std::string URLFormat;            // address only
+
+  /// Reads the formats off an element of any name; one that is absent keeps its value.
+  void Load(const XMLElement& e);
+  /// The caller has named `e`.
+  void Save(XMLElement& e) const;
+  /// Copies the formats into `Target`. Error 91 where it is null.
+  void Clone(const std::shared_ptr<ExternalLink>& Target) const;
+};
+
+}  // namespace lwconfig

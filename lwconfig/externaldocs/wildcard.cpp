@@ -1,0 +1,97 @@
+#include <cstddef>
+
+#include <utf8proc.h>
+
+#include <lwconfig/externaldocs/wildcard.h>
+
+namespace lwconfig {
+namespace {
+
+constexpr std::size_t kNone = std::string_view::npos;
+
+/// Reads the character at `at` and moves on behind it.
+char32_t TakeCharacter(std::string_view text, std::size_t& at) {
+  constexpr char32_t kBeyondUnicode = 0x110000;
+  const auto first = static_cast<unsigned char>(text[at]);
+  if (first >= 0x80) {
+    utf8proc_int32_t character = 0;
+    const auto length = utf8proc_iterate(reinterpret_cast<const utf8proc_uint8_t*>(text.data() + at),
+                                         static_cast<utf8proc_ssize_t>(text.size() - at), &character);
+    if (length > 0) {
+      at += static_cast<std::size_t>(length);
+      return static_cast<char32_t>(character);
+    }
+  }
+  ++at;
+  return first < 0x80 ? first : kBeyondUnicode + first;
+}
+
+/// `list` is what stands between the brackets.
+bool IsListed(char32_t character, std::string_view list) {
+  const bool isNegated = list.starts_with('!');
+  bool isFound = false;
+  for (std::size_t at = isNegated ? 1 : 0; at < list.size() && !isFound;) {
+    const char32_t first = TakeCharacter(list, at);
+    char32_t last = first;
+    if (at + 1 < list.size() && list[at] == '-') last = TakeCharacter(list, ++at);
+    isFound = first <= character && character <= last;
+  }
+  return isFound != isNegated;
+}
+
+/// Matches single characters of a text against the parts of a pattern.
+class PatternReader {
+ public:
+  explicit PatternReader(std::string_view pattern) : mPattern(pattern), mLastClose(pattern.rfind(']')) {}
+
+  /// Whether the part at `at`, which is no "*", matches the character; if so moves on behind the part.
+  bool Take(std::size_t& at, char32_t character) const {
+    if (mPattern[at] == '[' && mLastClose != kNone && mLastClose > at) {
+      const auto close = mPattern.find(']', at);
+      if (!IsListed(character, mPattern.substr(at + 1, close - at - 1))) return false;
+      at = close + 1;
+      return true;
+    }
+    std::size_t next = at;
+    const char32_t wanted = TakeCharacter(mPattern, next);
+    const bool isMatch =
+        wanted == '#' ? character >= '0' && character <= '9' : wanted == '?' || wanted == character;
+    if (isMatch) at = next;
+    return isMatch;
+  }
+
+ private:
+  std::string_view mPattern;
+  std::size_t mLastClose;
+};
+
+}  // namespace
+
+bool MatchesWildcard(std::string_view text, std::string_view pattern) {
+  const PatternReader reader(pattern);
+  std::size_t at = 0;
+  std::size_t part = 0;
+  // Only the last "*" met need ever grow: a longer run for an earlier one leaves less to match, never more.
+  std::size_t afterStar = kNone;
+  std::size_t runEnd = 0;
+  while (at < text.size()) {
+    if (part < pattern.size() && pattern[part] == '*') {
+      afterStar = ++part;
+      runEnd = at;
+      continue;
+    }
+    std::size_t next = at;
+    if (part < pattern.size() && reader.Take(part, TakeCharacter(text, next))) {
+      at = next;
+    } else if (afterStar != kNone) {
+      TakeCharacter(text, runEnd);
+      at = runEnd;
+      part = afterStar;
+    } else {
+      return false;
+    }
+  }
+  return pattern.find_first_not_of('*', part) == kNone;
+}
+
+}  // namespace lwconfig

@@ -1,0 +1,67 @@
+#include <lwconfig/core/attribute_reader.h>
+#include <lwconfig/namespaces/element_def.h>
+
+namespace lwconfig {
+
+void ElementAttributeDef::Load(const XMLElement& e) {
+  AttributeReader in(e);
+  in.Require("Name", Name);
+  in.Require("Description", Description);
+  in.Try("HelpTopic", HelpTopic);
+  in.Try("EditType", EditType);
+  in.Try("ListSource", ListSource);
+  in.Try("ListValues", ListValues);
+  in.Try("DefaultValue", DefaultValue);
+  in.Try("Mandatory", Mandatory, ExactTrue);
+}
+
+std::shared_ptr<ElementAttributeDef> ElementAttributeDef::Clone(
+    const std::shared_ptr<lwconfig::ElementDef>& ElementDef) const {
+  auto copy = std::make_shared<ElementAttributeDef>(*this);
+  copy->SetElementDef(ElementDef);
+  return copy;
+}
+
+void ElementDef::Load(const XMLElement& e, const std::shared_ptr<NamespaceDefs>& Parent,
+                      const lwconfig::ElementAttributeDefs& CommonAttributes) {
+  SetNamespaceProfile(Parent);
+  AttributeReader in(e);
+  in.Require("Name", Name);
+  in.Try("Description", Description);
+  in.Try("Category", Category);
+  in.Try("DesignerProgID", DesignerProgID);
+  in.Try("Namespaces", Namespaces);
+  in.Try("ScrapsOnly", ScrapsOnly, ExactTrue);
+  ForEachChild(e, [&](const XMLElement& child) {
+    if (!child.IsNamedIgnoringCase("attribute")) return;
+    auto attribute = std::make_shared<ElementAttributeDef>();
+    attribute->SetElementDef(shared_from_this());
+    attribute->Load(child);
+    ElementAttributeDefs->Add(attribute, attribute->Name);
+  });
+  for (const auto& common : CommonAttributes) {
+    // The element's own attribute of that name takes precedence.
+    if (ElementAttributeDefs->Item(common->Name)) continue;
+    ElementAttributeDefs->Add(common->Clone(shared_from_this()), common->Name);
+  }
+}
+
+void ElementDefs::Load(const XMLElement& e, const std::shared_ptr<NamespaceDefs>& NamespaceProfile) {
+  ElementAttributeDefs commonAttributes;
+  ForEachChild(e, [&](const XMLElement& child) {
+    if (child.IsNamedIgnoringCase("commonattributes")) {
+      ForEachChild(child, [&](const XMLElement& grandchild) {
+        if (!grandchild.IsNamedIgnoringCase("attribute")) return;
+        auto attribute = std::make_shared<ElementAttributeDef>();
+        attribute->Load(grandchild);
+        commonAttributes.Add(attribute, attribute->Name);
+      });
+    } else if (child.IsNamedIgnoringCase("lwelement")) {
+      auto element = std::make_shared<ElementDef>();
+      element->Load(child, NamespaceProfile, commonAttributes);
+      Add(element);
+    }
+  });
+}
+
+}  // namespace lwconfig

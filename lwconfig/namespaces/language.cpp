@@ -1,0 +1,96 @@
+#include <lwconfig/core/application_values.h>
+#include <lwconfig/core/attribute_reader.h>
+#include <lwconfig/core/configuration_files.h>
+#include <lwconfig/namespaces/language.h>
+
+namespace lwconfig {
+namespace {
+
+/// One line of a translation table.
+struct Translation {
+  explicit Translation(const XMLElement& e) {
+    AttributeReader in(e);
+    in.Require("type", Type);
+    in.Require("Value", Value);
+  }
+  std::string Type;
+  std::string Value;
+};
+
+}  // namespace
+
+void Language::Load(const XMLElement& e) {
+  AttributeReader in(e);
+  in.Require("Name", Name);
+  in.Require("Caption", Caption);
+  in.Require("Overloads", OverloadsWord);
+  in.Require("Overrides", OverridesWord);
+  in.Require("Virtual", VirtualWord);
+  in.Require("NotVirtual", NotVirtualWord);
+  in.Require("Abstract", AbstractWord);
+  in.Require("Shadows", ShadowsWord);
+  in.Require("Static", StaticWord);
+  in.Require("Optional", OptionalWord);
+  in.Require("OutParam", OutParamWord);
+  in.Require("ByRef", ByRefWord);
+  in.Require("ByVal", ByValWord);
+  in.Require("ReturnTypePrefix", ReturnTypePrefix);
+  in.Require("ArraySymbol", ArraySymbol);
+  in.Require("VoidTypeName", VoidTypeName);
+  in.Require("ParamArray", ParamArrayWord);
+  in.Require("Function", FunctionWord);
+  in.Require("Sub", SubWord);
+  in.Require("ReadOnlyProperty", ReadOnlyPropertyWord);
+  in.Require("WriteOnlyProperty", WriteOnlyPropertyWord);
+  in.Require("ReadWriteProperty", ReadWritePropertyWord);
+  in.Require("MustInherit", MustInheritWord);
+  in.Require("NotInheritable", NotInheritableWord);
+  in.Require("ReadOnlyField", ReadOnlyFieldKeyword);
+  in.Try("ParameterDelimiter", ParameterDelimiter);
+  in.Try("IncludeByDefault", IncludeByDefault, ExactTrue);
+  in.Try("MultiDimensionalArraySymbol", MultiDimensionalArraySymbol);
+  ForEachChild(e, [&](const XMLElement& child) {
+    if (child.IsNamedIgnoringCase("datatype")) {
+      const Translation type(child);
+      DataTypes->Add(type.Value, type.Type);
+      ReverseDataTypes->Add(type.Type, type.Value);
+    } else if (child.IsNamedIgnoringCase("accesstype")) {
+      try {
+        const Translation access(child);
+        AccessTypes->Add(access.Value, access.Type);
+      } catch (const Error&) {
+        // The first word of an access level stays.
+      }
+    }
+  });
+}
+
+std::shared_ptr<Languages> Languages::Shared() {
+  if (auto shared = SharedSlot<Languages>::Get()) return shared;
+  auto languages = std::make_shared<Languages>();
+  SharedSlot<Languages>::Set(languages);
+  const DiskFile file(ConfigPath(), "languages", "xml");
+  if (file.Exists()) {
+    ReadConfigurationFiles({file}, [&](const DiskFile&, const XMLElement& root) { languages->Load(root); });
+  }
+  return languages;
+}
+
+std::shared_ptr<Language> Languages::Item(const ItemKey& Key) const {
+  if (auto found = KeyedCollection::Item(Key)) return found;
+  if (Count() != 0) return *begin();
+  throw Error(Key.IsPosition() ? kSubscriptOutOfRange : kInvalidCall,
+              "There is no language with " + Key.Description() + ", nor any other");
+}
+
+void Languages::Load(const XMLElement& e) {
+  mCol.Clear();
+  ForEachChild(e, [&](const XMLElement& child) {
+    if (!child.IsNamed("Language")) return;
+    auto language = std::make_shared<Language>();
+    language->Load(child);
+    Add(language, language->Name);
+  });
+}
+
+}  // namespace lwconfig

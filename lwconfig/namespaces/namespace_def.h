@@ -1,0 +1,118 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include <lwconfig/core/instance_count.h>
+#include <lwconfig/core/keyed_collection.h>
+#include <lwconfig/core/object_reference.h>
+#include <lwconfig/core/xml_element.h>
+#include <lwconfig/namespaces/element_def.h>
+
+namespace lwconfig {
+
+class NamespaceDefs;
+
+/// One kind of code element that can be documented, with the kinds that lie below it, to any depth.
+class NamespaceDef : public Counted<NamespaceDef> {
+ public:
+  static constexpr const char* kClassName = "NamespaceDef";
+
+  NamespaceDef() = default;
+  NamespaceDef(const NamespaceDef&) = delete;
+  NamespaceDef& operator=(const NamespaceDef&) = delete;
+  ~NamespaceDef();
+
+  std::string Name;  // such as "LW:Module"; the key among its siblings
+  std::string Handler;
+  std::string Caption;
+  std::string CommenterCaption;
+  std::string CaptionPlural;
+  bool ProvideIncludeFlag = false;
+  bool DefaultIncludeFlag = false;
+  bool Tree_AlwaysPopulate = false;
+  bool Tree_AlwaysExpand = false;
+  std::string Tree_Icon;
+  bool Tree_ShowInSelect = false;
+  bool Tree_AllowExclude = true;
+  std::string Tree_CaptionTemplate;
+  bool Tree_Select_AlwaysPopulate = false;
+  bool Tree_ShowFolder = false;
+  bool Tree_ShowFolderInSelect = false;
+  std::string FileNameFormat;
+  std::string Flags;
+  std::string ID;
+  std::int32_t Counter = 0;  // for the generator's use while it runs
+  bool IncludeFlag = false;  // for the generator's use while it runs
+
+  /// Withdrawn: error 13 with the source "Tag no longer supported".
+  std::shared_ptr<void> Tag() const;
+  void SetTag(const std::shared_ptr<void>& tag);
+
+  /// The profile that the definition belongs to, or null.
+  std::shared_ptr<lwconfig::NamespaceDefs> NamespaceDefs() const { return mNamespaceDefs.Object(); }
+  /// The profile is not kept alive.
+  void SetNamespaceDefs(const std::shared_ptr<lwconfig::NamespaceDefs>& profile) {
+    mNamespaceDefs.SetObject(profile);
+  }
+  /// The nested definitions, filed under their names; created empty when there are none. Never null.
+  std::shared_ptr<lwconfig::NamespaceDefs> ChildNamespaceDefs() const;
+  void SetChildNamespaceDefs(std::shared_ptr<lwconfig::NamespaceDefs> children) {
+    mChildren = std::move(children);
+  }
+  /// The nested definitions, or null where none were ever asked for.
+  const lwconfig::NamespaceDefs* ExistingChildren() const { return mChildren.get(); }
+
+  /// Reads a definition element and every element nested in it. "Name", "Handler" and "Caption" are required:
+  /// error 5 ends the load where one is missing, and the definitions complete before it are kept. Of nested
+  /// siblings with one name the first stays.
+  void Load(const XMLElement& e);
+  /// Sets `IncludeFlag` to `DefaultIncludeFlag`, here and in every nested definition.
+  void ResetIncludeFlag();
+  /// Sets `Counter` to 0, here and in every nested definition.
+  void ResetCounters();
+
+ private:
+  void LoadAttributes(const XMLElement& e);
+
+  ObjectReference<lwconfig::NamespaceDefs> mNamespaceDefs;
+  mutable std::shared_ptr<lwconfig::NamespaceDefs> mChildren;
+};
+
+/// A namespace profile, or the nested definitions of one: definitions filed under their names.
+class NamespaceDefs : public KeyedCollection<NamespaceDef>,
+                      public Counted<NamespaceDefs>,
+                      public std::enable_shared_from_this<NamespaceDefs> {
+ public:
+  static constexpr const char* kClassName = "NamespaceDefs";
+
+  std::string Name;  // the key in `NamespaceProfiles`
+  std::string Caption;
+  std::string CommenterCaption;
+  bool IsFile = false;
+  std::string Supports;
+  Owned<lwconfig::ElementDefs> ElementDefs = std::make_shared<lwconfig::ElementDefs>();
+
+  /// As of every collection, but failures are ignored: where the key is present nothing is added.
+  void Add(Pointer Item, std::string_view Key = {}, const ItemKey& Before = {},
+           const ItemKey& After = {}) override;
+
+  /// Reads a profile from its root element. A failing definition, or two top-level ones of one name (error
+  /// 457), end the load; what was read before is kept.
+  void Load(const XMLElement& e);
+  void ResetIncludeFlags();
+  /// The definitions at any depth with that caption, or name, without regard to letter case, each before
+  /// those nested in it. They are appended to `col`, without keys, and `col` is the result; a new collection
+  /// where it is null.
+  std::shared_ptr<NamespaceDefs> GetNamespaceDefsByCaption(
+      std::string_view Caption, std::shared_ptr<NamespaceDefs> col = nullptr) const;
+  std::shared_ptr<NamespaceDefs> GetNamespaceDefsByName(std::string_view Name,
+                                                        std::shared_ptr<NamespaceDefs> col = nullptr) const;
+  /// The definitions at any depth, filed under their names in `col`, or a new collection where it is null; of
+  /// several with one name the first, each before those nested in it.
+  std::shared_ptr<NamespaceDefs> AllNamespaceDefs(std::shared_ptr<NamespaceDefs> col = nullptr) const;
+};
+
+}  // namespace lwconfig

@@ -1,0 +1,80 @@
+#include <vector>
+
+#include <lwconfig/core/attribute_reader.h>
+#include <lwconfig/core/string_tools.h>
+#include <lwconfig/namespaces/definition_walk.h>
+#include <lwconfig/namespaces/namespace_def.h>
+
+namespace lwconfig {
+namespace {
+
+std::shared_ptr<NamespaceDefs> OrNew(std::shared_ptr<NamespaceDefs> col) {
+  return col ? std::move(col) : std::make_shared<NamespaceDefs>();
+}
+
+/// The definitions at any depth whose `member` equals the text without regard to letter case.
+std::shared_ptr<NamespaceDefs> CollectByMember(const NamespaceDefs& profile,
+                                               std::string NamespaceDef::*member, std::string_view text,
+                                               std::shared_ptr<NamespaceDefs> col) {
+  // Collected first: the matches may go into the very collection that is searched.
+  std::vector<std::shared_ptr<NamespaceDef>> matches;
+  WalkDefinitions(&profile, [&](const auto& definition) {
+    if (EqualIgnoringCase((*definition).*member, text)) matches.push_back(definition);
+  });
+  col = OrNew(std::move(col));
+  for (const auto& match : matches) col->Add(match);
+  return col;
+}
+
+}  // namespace
+
+void NamespaceDefs::Add(Pointer Item, std::string_view Key, const ItemKey& Before, const ItemKey& After) {
+  try {
+    KeyedCollection::Add(std::move(Item), Key, Before, After);
+  } catch (const Error&) {
+    // Which of two definitions of a name stays is decided by the order in which they are added.
+  }
+}
+
+void NamespaceDefs::Load(const XMLElement& e) {
+  AttributeReader in(e);
+  in.Try("Name", Name);
+  in.Try("Caption", Caption);
+  in.Try("CommenterCaption", CommenterCaption);
+  in.Try("IsFile", IsFile, ExactTrue);
+  in.Try("Supports", Supports);
+  ForEachChild(e, [&](const XMLElement& child) {
+    if (child.IsNamedIgnoringCase("lwnamespace")) {
+      auto definition = std::make_shared<NamespaceDef>();
+      definition->SetNamespaceDefs(shared_from_this());
+      definition->Load(child);
+      KeyedCollection::Add(definition, definition->Name);
+    } else if (child.IsNamedIgnoringCase("lwelements")) {
+      ElementDefs->Load(child, shared_from_this());
+    }
+  });
+}
+
+void NamespaceDefs::ResetIncludeFlags() {
+  for (const auto& definition : *this) definition->ResetIncludeFlag();
+}
+
+std::shared_ptr<NamespaceDefs> NamespaceDefs::GetNamespaceDefsByCaption(
+    std::string_view caption, std::shared_ptr<NamespaceDefs> col) const {
+  return CollectByMember(*this, &NamespaceDef::Caption, caption, std::move(col));
+}
+
+std::shared_ptr<NamespaceDefs> NamespaceDefs::GetNamespaceDefsByName(
+    std::string_view name, std::shared_ptr<NamespaceDefs> col) const {
+  return CollectByMember(*this, &NamespaceDef::Name, name, std::move(col));
+}
+
+std::shared_ptr<NamespaceDefs> NamespaceDefs::AllNamespaceDefs(std::shared_ptr<NamespaceDefs> col) const {
+  col = OrNew(std::move(col));
+  WalkDefinitions(this, [&](const auto& definition) {
+    if (!StringTools::ObjectKeyExists(*col, definition->Name)) col->Add(definition, definition->Name);
+  });
+  return col;
+}
+
+}  // namespace lwconfig

@@ -1,0 +1,26 @@
+#include <lwconfig/core/application_values.h>
+#include <lwconfig/core/configuration_files.h>
+#include <lwconfig/namespaces/namespace_profiles.h>
+#include <lwconfig/platform/message_box.h>
+
+namespace lwconfig {
+
+void NamespaceProfiles::Load() {
+  const std::string folder = ConfigPath() + "\\Namespaces";
+  DiskFile namespaces;
+  namespaces.SetFolder(folder);
+  if (!namespaces.IsFolder()) {
+    platform::ShowMessage(
+        {"Folder not found",
+         "Lexiwend namespaces folder '" + folder + "' could not be found.  No namespaces have been loaded.",
+         platform::MessageIcon::Exclamation});
+    return;
+  }
+  ReadConfigurationFolder(folder, [&](const XMLElement& root) {
+    auto profile = std::make_shared<NamespaceDefs>();
+    profile->Load(root);
+    Add(profile, profile->Name);
+  });
+}
+
+}  // namespace lwconfig

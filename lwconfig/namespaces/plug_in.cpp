@@ -1,0 +1,73 @@
+#include <cstdint>
+
+#include <lwconfig/core/application_values.h>
+#include <lwconfig/core/attribute_reader.h>
+#include <lwconfig/core/configuration_files.h>
+#include <lwconfig/namespaces/plug_in.h>
+
+namespace lwconfig {
+namespace {
+
+std::int64_t gLastPlugInNumber = 0;
+
+}  // namespace
+
+PlugIn::PlugIn() : Key("P" + std::to_string(++gLastPlugInNumber)) {}
+
+void PlugIn::Load(const XMLElement& e) {
+  AttributeReader in(e);
+  in.Require("Name", Name);
+  in.Require("Description", Description);
+  in.Require("ExtendsWizard", ExtendsWizard, ExactTrue);
+  in.Require("WizardProgID", WizardProgID);
+  in.Require("ExtendsContent", ExtendsContent, ExactTrue);
+  in.Require("ContentProgID", ContentProgID);
+  in.Require("ExtendsTableOfContents", ExtendsTableOfContents, ExactTrue);
+  in.Require("TableOfContentsProgID", TableOfContentsProgID);
+}
+
+void PlugIn::Save(XMLElement& e) const {
+  e.AddAttribute("Name", Name);
+  e.AddAttribute("Description", Description);
+  e.AddAttribute("ExtendsWizard", ToText(ExtendsWizard));
+  e.AddAttribute("WizardProgID", WizardProgID);
+  e.AddAttribute("ExtendsContent", ToText(ExtendsContent));
+  e.AddAttribute("ContentProgID", ContentProgID);
+  e.AddAttribute("ExtendsTableOfContents", ToText(ExtendsTableOfContents));
+  e.AddAttribute("TableOfContentsProgID", TableOfContentsProgID);
+}
+
+std::shared_ptr<PlugIn> PlugIn::Clone() const {
+  auto copy = std::make_shared<PlugIn>();
+  std::string key = std::move(copy->Key);
+  *copy = *this;
+  copy->Key = std::move(key);
+  return copy;
+}
+
+void PlugIns::Load() {
+  LoadFrom(ConfigPath() + "\\PlugIns\\");
+}
+
+void PlugIns::LoadFrom(std::string_view Folder) {
+  mCol.Clear();
+  ReadConfigurationFolder(Folder, [&](const XMLElement& root) {
+    ForEachChild(root, [&](const XMLElement& child) {
+      if (!child.IsNamedIgnoringCase("PlugIn")) return;
+      auto plugIn = std::make_shared<PlugIn>();
+      plugIn->Load(child);
+      Add(plugIn, plugIn->Key);
+    });
+  });
+}
+
+std::shared_ptr<PlugIns> PlugIns::Clone() const {
+  auto copies = std::make_shared<PlugIns>();
+  for (const auto& plugIn : *this) {
+    auto copy = plugIn->Clone();
+    copies->Add(copy, copy->Key);
+  }
+  return copies;
+}
+
+}  // namespace lwconfig

@@ -1,0 +1,57 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include <lwconfig/core/instance_count.h>
+#include <lwconfig/core/keyed_collection.h>
+#include <lwconfig/core/shared_slots.h>
+#include <lwconfig/core/xml_element.h>
+
+namespace lwconfig {
+
+/// A plug-in: for wizard, content and table of contents, whether it takes part and the component that serves
+/// it.
+class PlugIn : public Counted<PlugIn> {
+ public:
+  static constexpr const char* kClassName = "PlugIn";
+
+  /// Takes the next plug-in number of the process for its key.
+  PlugIn();
+
+  std::string Name;
+  std::string Description;
+  bool ExtendsWizard = false;
+  std::string WizardProgID;
+  bool ExtendsContent = false;
+  std::string ContentProgID;
+  bool ExtendsTableOfContents = false;
+  std::string TableOfContentsProgID;
+  std::string Key;  // "P" and a number: identifies the object, not the plug-in; neither read nor written
+
+  /// Reads a `PlugIn` element. All eight attributes are required: error 5 ends the load where one is missing.
+  void Load(const XMLElement& e);
+  /// The caller has named `e`.
+  void Save(XMLElement& e) const;
+  /// A copy with a key of its own.
+  std::shared_ptr<PlugIn> Clone() const;
+};
+
+/// Plug-ins, filed under their keys; the same name may occur several times.
+class PlugIns : public KeyedCollection<PlugIn>, public Counted<PlugIns> {
+ public:
+  static constexpr const char* kClassName = "PlugIns";
+
+  /// Replaces the list by the plug-ins of every file in the "PlugIns" folder of the configuration.
+  void Load();
+  /// Replaces the list by the plug-ins of every "*.xml" file in the folder; none where there is no such
+  /// folder. A failing element ends the load, and the plug-ins before it are kept.
+  void LoadFrom(std::string_view Folder);
+  std::shared_ptr<PlugIns> Clone() const;
+};
+
+template <>
+inline constexpr Slot kSlotOf<PlugIns> = Slot::PlugIns;
+
+}  // namespace lwconfig

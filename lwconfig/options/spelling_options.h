@@ -1,0 +1,29 @@
+#pragma once
+
+#include <lwconfig/core/application_values.h>
+#include <lwconfig/core/instance_count.h>
+#include <lwconfig/core/shared_slots.h>
+#include <lwconfig/options/option.h>
+
+namespace lwconfig {
+
+/// The user's options of the spelling checker.
+class SpellingOptions : public OptionSet, public Counted<SpellingOptions> {
+ public:
+  static constexpr const char* kClassName = "SpellingOptions";
+
+  Option<bool, ExactTrue> DynamicSpell{*this, "", "DynamicSpell", true};
+  Option<std::string> CustomDictionary{*this, "", "CustomDictionary",
+                                       [] { return CommonPath() + "Custom.dct"; }};
+  Option<std::string> PrimaryDictionary{*this, "", "PrimaryDictionary",
+                                        [] { return CommonPath() + "Corvantis.dct"; }};
+  Option<bool, ExactTrue> IgnoreMixedCase{*this, "Spelling", "IgnoreMixedCase", true};
+  Option<bool, ExactTrue> IgnoreNumbers{*this, "Spelling", "IgnoreNumbers", true};
+  Option<bool, ExactTrue> IgnoreUpperCase{*this, "Spelling", "IgnoreUpperCase", true};
+  Option<bool, ExactTrue> AlwaysSuggest{*this, "Spelling", "AlwaysSuggest", true};
+};
+
+template <>
+inline constexpr Slot kSlotOf<SpellingOptions> = Slot::SpellingOptions;
+
+}  // namespace lwconfig

@@ -1,0 +1,119 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+
+#include <lwconfig/core/instance_count.h>
+#include <lwconfig/core/keyed_collection.h>
+#include <lwconfig/core/object_reference.h>
+#include <lwconfig/core/xml_element.h>
+#include <lwconfig/pages/page_type.h>
+
+namespace lwconfig {
+
+class NodeDefs;
+class PageLayout;
+class TOCDefinition;
+
+/// Kinds of node: `ntSmart` repeats for every code element of one kind, `ntPlugIn` is produced by a plug-in.
+enum NodeTypeEnum : std::int32_t { ntStandard = 0, ntSmart = 1, ntPlugIn = 2 };
+
+/// Kinds of item on whose existence a node depends; 0 is none.
+enum DependantOnEnum : std::int32_t {
+  depMethods = 1,
+  depProperties = 2,
+  depEvents = 3,
+  depEnumerations = 4,
+  depUDTs = 5,
+  depLibraries = 6,
+  depInterfaces = 7,
+  depProjects = 8,
+};
+
+/// One node of a contents tree. Nodes form the tree through parent keys; parent and owner are not kept alive.
+class NodeDef : public Counted<NodeDef> {
+ public:
+  static constexpr const char* kClassName = "NodeDef";
+
+  /// Takes the next node number of the process for its key.
+  NodeDef();
+
+  std::string Key;  // "N" and a number; the key in `NodeDefs`
+  NodeTypeEnum NodeType = ntStandard;
+  bool UseCustomIcon = false;
+  bool MarkAsNew = false;
+  std::string NodeCaptionTemplate;
+  std::string PlugInName;
+  std::string PlugInData;
+  DependantOnEnum DependantOn{};
+  std::string DependantOnNamespace;
+  std::string DependantOnNamespace_Filter;
+  std::int32_t DependantCount = 1;
+  bool DependantStillProcessChildren = false;
+  std::string FileNameTemplate;
+  PageTypeEnum PageType = pgStandard;  // not saved
+  std::string PageTypeNamespace;
+  std::string PageTypeNamespaceFilter;
+  bool LinkToPage = true;
+  bool IsDefaultTopic = false;
+
+  const std::string& ParentKey() const { return mParentKey; }
+  /// Does not change the parent until `CementReferences` runs.
+  void SetParentKey(std::string key) { mParentKey = std::move(key); }
+  std::int32_t NodeIconIndex() const { return mNodeIconIndex; }
+  void SetNodeIconIndex(std::int32_t index) { mNodeIconIndex = index; }
+  /// The linked parent, or null.
+  std::shared_ptr<NodeDef> ParentNodeDef() const { return mParentNodeDef.Object(); }
+  /// Links the parent, or null for none, and sets `ParentKey` to its key.
+  void SetParentNodeDef(const std::shared_ptr<NodeDef>& parent);
+  /// The definition that the node belongs to, or null.
+  std::shared_ptr<lwconfig::TOCDefinition> TOCDefinition() const { return mTOCDefinition.Object(); }
+  void SetTOCDefinition(const std::shared_ptr<lwconfig::TOCDefinition>& definition) {
+    mTOCDefinition.SetObject(definition);
+  }
+
+  /// The layout of the node's page in the template of its definition, or null where it has none there.
+  /// Error 91 for a node without a definition, or whose definition has no template.
+  std::shared_ptr<lwconfig::PageLayout> PageLayout() const;
+  /// Refers to the layout by its file name; null for none.
+  void SetPageLayout(const std::shared_ptr<lwconfig::PageLayout>& layout);
+  /// The file name by which the node refers to its layout, whether or not the template has it.
+  const std::string& PageLayoutFileName() const { return mPageLayout; }
+
+  /// The icon index of the node in the help file, collapsed and expanded.
+  std::int32_t ActualIconIndex(bool HasChildren) const;
+  std::int32_t ActualExpandedIconIndex(bool HasChildren) const;
+
+  /// Links the node to the one in `NodeDefs` that its parent key names. Where there is none it becomes a root
+  /// node; one without a parent key stays as it is.
+  void CementReferences(const lwconfig::NodeDefs& NodeDefs);
+
+  /// Reads a `NodeDef` element as a member of the definition. "Key" is required and has a number from its
+  /// second character on: error 5, 13 or 6 ends the load otherwise. Node numbers taken later lie above the
+  /// key's.
+  void Load(const XMLElement& e, const std::shared_ptr<lwconfig::TOCDefinition>& TOCDefinition);
+  /// Only a linked parent is saved.
+  void Save(XMLElement& e) const;
+  /// A copy with the same key, parent and definition. Fails as `PageLayout` does.
+  std::shared_ptr<NodeDef> Clone() const;
+
+ private:
+  std::string mParentKey;
+  ObjectReference<NodeDef> mParentNodeDef;
+  std::int32_t mNodeIconIndex = 1;
+  std::string mPageLayout;
+  ObjectReference<lwconfig::TOCDefinition> mTOCDefinition;
+};
+
+/// The nodes of a contents definition, flat, filed under their keys.
+class NodeDefs : public KeyedCollection<NodeDef>, public Counted<NodeDefs> {
+ public:
+  static constexpr const char* kClassName = "NodeDefs";
+
+  /// A deep copy whose nodes belong to the given definition and have each other as parents.
+  std::shared_ptr<NodeDefs> Clone(
+      const std::shared_ptr<lwconfig::TOCDefinition>& TOCDefinition = nullptr) const;
+};
+
+}  // namespace lwconfig

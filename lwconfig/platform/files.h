@@ -1,0 +1,64 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include <lwconfig/platform/service.h>
+
+namespace lwconfig::platform {
+
+enum class EntryKind { Missing, File, Folder };
+
+/// One entry of a folder: its name without path, in the letter case it has on disk.
+struct FolderEntry {
+  std::string Name;
+  EntryKind Kind;
+};
+
+/// New content for one file, collected beside it until `Commit` puts it in place.
+/// Destroyed without a commit, it leaves the old file as it was.
+class FileReplacement {
+ public:
+  virtual ~FileReplacement() = default;
+  /// Appends bytes. Throws `std::system_error`.
+  virtual void Write(std::string_view bytes) = 0;
+  /// Makes the content durable and puts it in place in one step, keeping the permissions of the old file and
+  /// following symbolic links. Throws `std::system_error`; the old file is then unchanged.
+  virtual void Commit() = 0;
+};
+
+/// The file system. All paths are UTF-8 in the product's notation: backslashes (slashes are accepted too),
+/// `C:\x` for a drive, a path without a drive letter for the system's own absolute path. Names are found in
+/// the letter case given or, where that does not exist, without regard to letter case.
+/// Files may be read on a second thread while another calls anything else.
+/// Failures are `std::system_error` with an errno code (generic category) unless stated otherwise.
+class Files {
+ public:
+  virtual ~Files() = default;
+  static Files& Native();
+
+  /// What stands at `path`, symbolic links followed. Never throws: what cannot be examined is `Missing`.
+  virtual EntryKind Kind(std::string_view path) = 0;
+  /// The bytes of the file at `path`.
+  virtual std::string Read(std::string_view path) = 0;
+  /// The entries of a folder in name order without regard to letter case (names equal but for case: in byte
+  /// order), without hidden entries, "." and "..". Anything that is neither a folder nor leads to one is a
+  /// `File`; links that lead nowhere are left out.
+  virtual std::vector<FolderEntry> List(std::string_view folder) = 0;
+  /// Begins to rewrite (or create) the file at `path`. Fails where the file or its folder may not be written,
+  /// or while another replacement of the same file is under way, in this process or another.
+  virtual std::unique_ptr<FileReplacement> Replace(std::string_view path) = 0;
+  /// Deletes the file at `path`.
+  virtual void Remove(std::string_view path) = 0;
+  /// Creates the folder and its missing parents; an existing folder is left alone.
+  virtual void MakeFolders(std::string_view folder) = 0;
+  /// The host's own path for `path`: that of the existing entry, else the one that would be created.
+  virtual std::string NativePath(std::string_view path) = 0;
+  /// The product's notation for a host path: the inverse of `NativePath`; relative paths are taken from the
+  /// current folder.
+  virtual std::string ProductPath(std::string_view hostPath) = 0;
+};
+
+}  // namespace lwconfig::platform

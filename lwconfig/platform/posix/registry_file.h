@@ -1,0 +1,76 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+
+#include <lwconfig/platform/letter_case.h>
+#include <lwconfig/platform/registry.h>
+
+namespace lwconfig::platform {
+
+/// One registry file: its text, and what its text says about one hive. A later statement outweighs an earlier
+/// one; keys of other hives are kept and ignored. Key paths are those below the hive.
+class RegistryFile {
+ public:
+  /// Takes the content of a file; `path` is for error reports. Throws `RegistryFormatError`.
+  RegistryFile(std::string bytes, Hive hive, const std::string& path);
+  RegistryFile(const RegistryFile&) = delete;
+  RegistryFile& operator=(const RegistryFile&) = delete;
+
+  /// The text of a file without any key.
+  static std::string EmptyText();
+
+  const std::string& Text() const { return mText; }
+  bool HasKey(std::string_view key) const;
+  /// The value, null where it is absent; owned by this object.
+  const RegistryValue* Find(std::string_view key, std::string_view name) const;
+
+  /// The text with the key, or with the value, added or changed; everything else stays byte for byte.
+  std::string WithKey(std::string_view key) const;
+  std::string WithValue(std::string_view key, std::string_view name, const RegistryValue& value) const;
+
+ private:
+  struct Id {
+    std::string_view Key;
+    std::string_view Name;
+  };
+  struct OwnedId {
+    std::string_view Key;  // part of mText
+    std::string Name;
+    operator Id() const { return {Key, Name}; }
+  };
+  struct Entry {
+    RegistryValue Value;
+    std::size_t DataBegin;
+    std::size_t DataEnd;
+  };
+  struct Hash {
+    using is_transparent = void;
+    std::size_t operator()(std::string_view key) const { return HashIgnoringCase(key); }
+    std::size_t operator()(const Id& id) const {
+      return 31 * HashIgnoringCase(id.Key) + HashIgnoringCase(id.Name);
+    }
+  };
+  struct Equal {
+    using is_transparent = void;
+    bool operator()(std::string_view a, std::string_view b) const { return EqualIgnoringCase(a, b); }
+    bool operator()(const Id& a, const Id& b) const {
+      return EqualIgnoringCase(a.Name, b.Name) && EqualIgnoringCase(a.Key, b.Key);
+    }
+  };
+
+  void Forget(std::string_view key);
+  std::string Inserted(std::size_t begin, std::size_t end, std::string_view text) const;
+
+  std::string mText;
+  Hive mHive;
+  bool mIsOld = false;
+  std::string_view mLineBreak;
+  std::unordered_map<OwnedId, Entry, Hash, Equal> mValues;
+  /// Each key with the end of its last statement, where new values go.
+  std::unordered_map<std::string_view, std::size_t, Hash, Equal> mKeys;
+};
+
+}  // namespace lwconfig::platform

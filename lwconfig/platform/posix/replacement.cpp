@@ -1,0 +1,149 @@
+#include "replacement.h"
+
+#include <array>
+#include <climits>
+#include <cstdio>
+#include <optional>
+
+#include <fcntl.h>
+#include <sys/file.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <lwconfig/platform/letter_case.h>
+
+#include "descriptor.h"
+#include "paths.h"
+
+namespace lwconfig::platform {
+namespace {
+
+/// The file that `path` leads to through symbolic links, whether it exists or not.
+std::string FinalTarget(std::string path) {
+  constexpr int kMostLinks = 40;
+  for (int links = 0; links < kMostLinks; ++links) {
+    std::array<char, PATH_MAX> buffer;
+    const auto length = ::readlink(path.c_str(), buffer.data(), buffer.size());
+    if (length < 0) return path;
+    const std::string target(buffer.data(), static_cast<std::size_t>(length));
+    path = target.starts_with('/') ? target : FolderOf(path) + "/" + target;
+  }
+  ThrowErrno(path, ELOOP);
+}
+
+std::string TemporaryFor(const std::string& target) {
+  constexpr std::size_t kLongestName = 255;
+  constexpr std::string_view kSuffix = ".lwtmp";
+  std::string name = target.substr(target.rfind('/') + 1);
+  if (name.size() + 1 + kSuffix.size() > kLongestName) {
+    std::array<char, 20> hash{};
+    std::snprintf(hash.data(), hash.size(), "~%zx", HashIgnoringCase(name));
+    name.resize(kLongestName - 1 - kSuffix.size() - hash.size());
+    name += hash.data();
+  }
+  return FolderOf(target) + "/." + name + std::string(kSuffix);
+}
+
+/// The status of the file to be replaced, or nothing when it is new. Throws where it may not be replaced.
+std::optional<struct stat> ExamineTarget(const std::string& target) {
+  // A temporary that is left over could be opened in a folder where it cannot be put in place.
+  const std::string folder = FolderOf(target);
+  if (::faccessat(AT_FDCWD, folder.c_str(), W_OK | X_OK, AT_EACCESS) != 0) ThrowErrno(folder);
+  struct stat status {};
+  if (::stat(target.c_str(), &status) != 0) {
+    if (errno != ENOENT) ThrowErrno(target);
+    return std::nullopt;
+  }
+  if (S_ISDIR(status.st_mode)) ThrowErrno(target, EISDIR);
+  // Putting a plain file in the place of a device or a pipe would destroy it.
+  if (!S_ISREG(status.st_mode)) ThrowErrno(target, EACCES);
+  if (::faccessat(AT_FDCWD, target.c_str(), W_OK, AT_EACCESS) != 0) ThrowErrno(target);
+  return status;
+}
+
+/// Opens, locks and empties the temporary file.
+Descriptor TakeTemporary(const std::string& path, WhenBusy whenBusy) {
+  for (;;) {
+    Descriptor file(::open(path.c_str(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW, 0666));
+    if (!file.IsOpen()) ThrowErrno(path);
+    const int wait = whenBusy == WhenBusy::Wait ? 0 : LOCK_NB;
+    if (Uninterrupted([&] { return ::flock(file.Number(), LOCK_EX | wait); }) != 0) {
+      ThrowErrno(path, errno == EWOULDBLOCK ? EBUSY : errno);
+    }
+    struct stat locked {};
+    struct stat named {};
+    if (::fstat(file.Number(), &locked) != 0) ThrowErrno(path);
+    // Whoever held the lock before has put its file in place or removed it.
+    if (::lstat(path.c_str(), &named) != 0 || named.st_ino != locked.st_ino ||
+        named.st_dev != locked.st_dev) {
+      continue;
+    }
+    // Somebody else's file under this name must not lose its content.
+    if (!S_ISREG(locked.st_mode) || locked.st_nlink != 1) ThrowErrno(path, EEXIST);
+    if (::ftruncate(file.Number(), 0) != 0) ThrowErrno(path);
+    return file;
+  }
+}
+
+class Replacement final : public FileReplacement {
+ public:
+  Replacement(std::string target, WhenBusy whenBusy)
+      : mTarget(std::move(target)),
+        mTemporary(TemporaryFor(mTarget)),
+        mFile(TakeTemporary(mTemporary, whenBusy)) {}
+
+  ~Replacement() override {
+    // While the lock is held, the name is that of our own file.
+    if (mFile.IsOpen()) ::unlink(mTemporary.c_str());
+  }
+
+  Replacement(const Replacement&) = delete;
+  Replacement& operator=(const Replacement&) = delete;
+
+  /// Gives the new file the owner and permissions of the old one, as far as this process may: before there is
+  /// any content, so that nobody reads in the temporary what the file itself keeps from them.
+  void TakeOverPermissions() {
+    const auto old = ExamineTarget(mTarget);
+    if (!old) return;
+    if (::fchown(mFile.Number(), old->st_uid, old->st_gid) != 0) {
+      [[maybe_unused]] const int ignored = ::fchown(mFile.Number(), static_cast<uid_t>(-1), old->st_gid);
+    }
+    ::fchmod(mFile.Number(), old->st_mode & 07777);
+  }
+
+  void Write(std::string_view bytes) override {
+    // What has a gap must not be put in place by a caller that goes on after a failure.
+    if (!mWhole) ThrowErrno(mTarget, EIO);
+    mWhole = false;
+    WriteAll(mFile, bytes, mTarget);
+    mWhole = true;
+  }
+
+  void Commit() override {
+    if (!mWhole) ThrowErrno(mTarget, EIO);
+    if (::fsync(mFile.Number()) != 0) ThrowErrno(mTarget);
+    if (::rename(mTemporary.c_str(), mTarget.c_str()) != 0) ThrowErrno(mTarget);
+    mFile.Close();
+    // The new file is in place: a folder that cannot be synced is no reason to report the old one unchanged.
+    const Descriptor folder(::open(FolderOf(mTarget).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    if (folder.IsOpen()) ::fsync(folder.Number());
+  }
+
+ private:
+  std::string mTarget;
+  std::string mTemporary;
+  Descriptor mFile;
+  bool mWhole = true;
+};
+
+}  // namespace
+
+std::unique_ptr<FileReplacement> BeginReplacement(const std::string& hostPath, WhenBusy whenBusy) {
+  std::string target = FinalTarget(hostPath);
+  ExamineTarget(target);
+  auto replacement = std::make_unique<Replacement>(std::move(target), whenBusy);
+  replacement->TakeOverPermissions();
+  return replacement;
+}
+
+}  // namespace lwconfig::platform

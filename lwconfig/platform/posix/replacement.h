@@ -1,0 +1,20 @@
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include <lwconfig/platform/files.h>
+
+namespace lwconfig::platform {
+
+/// What to do while another replacement of the same file is under way.
+enum class WhenBusy { Fail, Wait };
+
+/// Begins to replace the file at `hostPath` or, where that is a symbolic link, the file that it leads to.
+/// The new content collects in a hidden file beside the target. Its name is always the same and its lock
+/// excludes every other replacement, so that the lock holder may read the old content, change it and put it
+/// back, and a process that dies leaves at most one hidden file, which the next replacement takes over.
+/// Throws `std::system_error`; EBUSY while another replacement is under way and `whenBusy` is `Fail`.
+std::unique_ptr<FileReplacement> BeginReplacement(const std::string& hostPath, WhenBusy whenBusy);
+
+}  // namespace lwconfig::platform

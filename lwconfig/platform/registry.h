@@ -1,0 +1,53 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+#include <variant>
+#include <vector>
+
+#include <lwconfig/platform/service.h>
+
+namespace lwconfig::platform {
+
+enum class Hive : std::uint32_t { CurrentUser = 0x80000001U, LocalMachine = 0x80000002U };
+
+/// A value of the registry with its type number as the registry-editor format knows it: 1 text, 2 text with
+/// environment variables, 3 bytes, 4 a 32-bit number, 7 several texts, and others.
+struct RegistryValue {
+  std::uint32_t Type = 1;
+  /// A string for the types 1 and 2, a number for type 4, the bytes as stored for every other type.
+  std::variant<std::string, std::uint32_t, std::vector<std::uint8_t>> Data;
+  friend bool operator==(const RegistryValue&, const RegistryValue&) = default;
+};
+
+/// A registry file that cannot be understood. Nothing was changed.
+class RegistryFormatError : public std::runtime_error {
+ public:
+  RegistryFormatError(std::string file, int line, int column, const std::string& message)
+      : std::runtime_error(message), File(std::move(file)), Line(line), Column(column) {}
+  std::string File;  // host path
+  int Line;
+  int Column;
+};
+
+/// The registry. Key paths have backslashes between their parts; key and value names are matched without
+/// regard to letter case, "" names a key's default value. Every read sees what any process wrote last.
+/// Failures are `std::system_error` or `RegistryFormatError`.
+class Registry {
+ public:
+  virtual ~Registry() = default;
+  static Registry& Native();
+
+  /// The value, or nothing where key or value are absent.
+  virtual std::optional<RegistryValue> Read(Hive hive, std::string_view key, std::string_view name) = 0;
+  /// Creates the key and its missing parents; an existing key is left alone.
+  virtual void CreateKey(Hive hive, std::string_view key) = 0;
+  /// Writes one value, creating its key when missing; every other value, whoever wrote it, stays as it is.
+  /// The value is on disk when the call returns.
+  virtual void Write(Hive hive, std::string_view key, std::string_view name, const RegistryValue& value) = 0;
+};
+
+}  // namespace lwconfig::platform

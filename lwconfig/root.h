@@ -1,0 +1,86 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include <lwconfig/comments/comment_file_locations.h>
+#include <lwconfig/comments/model_comment_profiles.h>
+#include <lwconfig/comments/tagged_comment_defs.h>
+#include <lwconfig/core/instance_count.h>
+#include <lwconfig/core/shared_slots.h>
+#include <lwconfig/externaldocs/external_docs.h>
+#include <lwconfig/namespaces/language.h>
+#include <lwconfig/namespaces/namespace_profiles.h>
+#include <lwconfig/namespaces/plug_in.h>
+#include <lwconfig/options/ide_options.h>
+#include <lwconfig/options/lw_commenter_options.h>
+#include <lwconfig/options/spelling_options.h>
+#include <lwconfig/options/vb_options.h>
+#include <lwconfig/options/vsnet_options.h>
+#include <lwconfig/templates/page_templates.h>
+
+namespace lwconfig {
+
+/// The way into the configuration. Every `Root` of the process hands out the same objects, created and loaded
+/// on first request; when the last `Root` goes, the next one loads afresh. An error raised while a collection
+/// loads is thrown on; what was loaded stays shared, and the next request returns it. Nothing is saved by
+/// itself. For use from one thread.
+class Root : public Counted<Root> {
+ public:
+  static constexpr const char* kClassName = "Root";
+
+  std::shared_ptr<lwconfig::ExternalDocs> ExternalDocs();
+  /// A missing languages file leaves them empty.
+  std::shared_ptr<lwconfig::Languages> Languages();
+  std::shared_ptr<lwconfig::PlugIns> PlugIns();
+  std::shared_ptr<lwconfig::ModelCommentProfiles> ModelCommentProfiles();
+  /// Loads the namespace profiles first where they are not loaded yet.
+  std::shared_ptr<lwconfig::PageTemplates> PageTemplates();
+  std::shared_ptr<lwconfig::NamespaceProfiles> NamespaceProfiles();
+  std::shared_ptr<lwconfig::TaggedCommentDefs> TaggedCommentDefs();
+  std::shared_ptr<lwconfig::CommentFileLocations> CommentFileLocations();
+
+  /// Make the given object itself the shared one, until the next reset or replacement. Error 91 for none.
+  void ReplaceTaggedCommentDefs(std::shared_ptr<lwconfig::TaggedCommentDefs> replacement);
+  void ReplaceModelCommentProfiles(std::shared_ptr<lwconfig::ModelCommentProfiles> replacement);
+  void ReplaceExternalDocs(std::shared_ptr<lwconfig::ExternalDocs> replacement);
+  void ReplaceCommentFileLocations(std::shared_ptr<lwconfig::CommentFileLocations> replacement);
+
+  /// The user's options. They hold no values: each read and write goes to the registry.
+  std::shared_ptr<lwconfig::VSNETOptions> VSNETOptions();
+  std::shared_ptr<lwconfig::VBOptions> VBOptions();
+  std::shared_ptr<lwconfig::LWCommenterOptions> LWCommenterOptions();
+  std::shared_ptr<lwconfig::IDEOptions> IDEOptions();
+  std::shared_ptr<lwconfig::SpellingOptions> SpellingOptions();
+
+  /// The templates folder; "\Templates" while no configuration is registered.
+  std::string TemplatePath() const;
+  /// The installation folder as registered, or empty.
+  std::string AppPath() const;
+  /// The folder of the newest .NET Framework version, with trailing backslash.
+  std::string DotNetPath() const;
+  /// The configuration folder without trailing backslash, or empty.
+  std::string ConfigPath() const;
+
+  /// Drops every shared object, so that the next request loads afresh. Whoever holds one keeps it.
+  void ResetLWConfig();
+
+  /// The first template, in catalogue order, that lists the namespace profile and, unless `Supports` is
+  /// empty, whose item types joined by "," contain it; both without regard to letter case. Null where there
+  /// is none.
+  std::shared_ptr<PageTemplate> GetDefaultTemplate(std::string_view NamespaceProfile,
+                                                   std::string_view Supports = {});
+
+  /// Shared by every `Root` of the process, in memory only.
+  LWToolBarStyleEnum DefaultToolbarStyle() const;
+  void SetDefaultToolbarStyle(LWToolBarStyleEnum style);
+  /// A flag for clients, shared by every `Root` of the process; a reset leaves it.
+  bool ReloadFlag() const;
+  void SetReloadFlag(bool flag);
+
+ private:
+  LiveRoot mLive;
+};
+
+}  // namespace lwconfig

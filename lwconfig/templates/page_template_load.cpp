@@ -1,0 +1,192 @@
+#include <algorithm>
+#include <string_view>
+#include <vector>
+
+#include <lwconfig/core/attribute_reader.h>
+#include <lwconfig/core/disk_file.h>
+#include <lwconfig/core/string_tools.h>
+#include <lwconfig/core/text.h>
+#include <lwconfig/namespaces/namespace_profiles.h>
+#include <lwconfig/templates/page_template.h>
+
+namespace lwconfig {
+namespace {
+
+constexpr std::string_view kDefaultStyleSheet = "stylesheets\\stylesheet.css";
+constexpr std::string_view kDefaultCategory = "VB source code, COM Components and Type Libraries";
+constexpr std::string_view kCoreProfile = "LW.Core";
+constexpr std::string_view kDefaultTOC = "Default";
+
+/// Whether a file of the template folder serves another purpose than that of a layout.
+bool IsNoLayout(std::string_view fileName) {
+  constexpr std::string_view kConfig = "config";
+  const DiskFile file(fileName);
+  const std::string_view baseName = file.BaseName();
+  return EqualIgnoringCase(baseName, "sample") ||
+         EqualIgnoringCase(baseName.substr(0, kConfig.size()), kConfig) ||
+         EqualIgnoringCase(baseName, "vssver");
+}
+
+/// The entries of a template folder, listed once: asking the file system for each layout would cost more than
+/// reading its configuration.
+class TemplateFolder {
+ public:
+  explicit TemplateFolder(const std::string& rootFolder)
+      : mRootFolder(rootFolder), mEntries(ListFolder(rootFolder)) {}
+
+  const std::vector<platform::FolderEntry>& Entries() const { return mEntries; }
+  /// Whether the file exists, also below a sub-folder.
+  bool HasFile(const std::string& fileName) const {
+    const auto before = [](const platform::FolderEntry& entry, std::string_view name) {
+      return CompareIgnoringCase(entry.Name, name) < 0;
+    };
+    const auto found = std::lower_bound(mEntries.begin(), mEntries.end(), fileName, before);
+    const bool isListed = found != mEntries.end() && found->Kind == platform::EntryKind::File &&
+                          EqualIgnoringCase(found->Name, fileName);
+    return isListed || DiskFile(mRootFolder + fileName).Exists();
+  }
+
+ private:
+  std::string mRootFolder;
+  std::vector<platform::FolderEntry> mEntries;
+};
+
+}  // namespace
+
+/// One load of a template: the steps, and what they share.
+class PageTemplate::Loader {
+ public:
+  Loader(PageTemplate& target, const XMLElement& e)
+      : mTarget(target),
+        mShared(target.shared_from_this()),
+        mElement(e),
+        mAttributes(e),
+        mFolder(target.RootFolder) {
+    mLooseNodes->Name = kDefaultTOC;
+    mLooseNodes->SetPageTemplate(mShared);
+  }
+
+  void Run() {
+    ReadSettings();
+    ForEachChild(mElement, [this](const XMLElement& child) { ReadChild(child); });
+    if (mTarget.mNamespaceProfileNames->Count() == 0) {
+      UseNamespaceProfile(std::string(kCoreProfile));
+      mTarget.EnabledPlugins->Add(std::string(kCoreProfile), kCoreProfile);
+    }
+    if (mLooseNodes->NodeDefs->Count() > 0) mTarget.TOCDefinitions->Add(mLooseNodes, mLooseNodes->Name);
+    LinkNodes();
+    AddUnlistedLayouts();
+    ReadClosingSettings();
+  }
+
+ private:
+  void ReadSettings() {
+    AttributeReader& in = mAttributes;
+    in.Require("Name", mTarget.Name);
+    in.Require("Description", mTarget.Description);
+    in.Try("ObjFillColor", mTarget.objFillColor, LeadingInteger);
+    in.Try("ObjTextColor", mTarget.objTextColor, LeadingInteger);
+    in.Try("ObjBorderColor", mTarget.objBorderColor, LeadingInteger);
+    in.Try("ColFillColor", mTarget.colFillColor, LeadingInteger);
+    in.Try("ColTextColor", mTarget.colTextColor, LeadingInteger);
+    in.Try("ColBordercolor", mTarget.colBorderColor, LeadingInteger);
+    in.Try("BorderWidth", mTarget.BorderWidth, LeadingInteger);
+    in.Try("UseDropShadow", mTarget.UseDropShadow, ExactTrue);
+    in.Try("CenterCaptions", mTarget.CenterCaptions, ExactTrue);
+    in.Try("DiagramBold", mTarget.DiagramBold, ExactTrue);
+    in.Try("UseDiagramShapes", mTarget.UseDiagramShapes, ExactTrue);
+    in.Try("Supports", mTarget.Supports);
+    in.Try("Version", mTarget.Version);
+    in.Try("Languages", mTarget.Languages);
+    in.Try("TemplateCategory", mTarget.TemplateCategory);
+    in.Try("StyleSheet", mTarget.StyleSheet);
+    if (mTarget.StyleSheet.empty()) mTarget.StyleSheet = kDefaultStyleSheet;
+    if (mTarget.TemplateCategory.empty()) mTarget.TemplateCategory = kDefaultCategory;
+  }
+
+  void ReadChild(const XMLElement& child) {
+    if (child.IsNamed("PageLayout")) {
+      auto layout = std::make_shared<PageLayout>();
+      layout->Load(child);
+      const bool usable = !IsNoLayout(layout->FileName);
+      const bool known = StringTools::ObjectKeyExists(*mTarget.PageLayouts(), layout->FileName);
+      if (usable && !known && mFolder.HasFile(layout->FileName))
+        mTarget.PageLayouts()->Add(layout, layout->FileName);
+    } else if (child.IsNamed("TOCDefinition")) {
+      auto toc = std::make_shared<TOCDefinition>();
+      toc->Load(child, mShared);
+      mTarget.TOCDefinitions->Add(toc, toc->Name);
+    } else if (child.IsNamed("NodeDef")) {
+      auto node = std::make_shared<NodeDef>();
+      node->Load(child, mLooseNodes);
+      mLooseNodes->NodeDefs->Add(node, node->Key);
+    } else if (child.IsNamed("VariableDef")) {
+      auto variable = std::make_shared<VariableDef>();
+      variable->Load(child, mShared);
+      mTarget.VariableDefs->Add(variable, variable->Name);
+    } else if (child.IsNamed("EnabledPlugins")) {
+      ForEachChild(child, [&](const XMLElement& plugIn) {
+        const std::string name = plugIn.Text();
+        mTarget.EnabledPlugins->Add(name, name);
+      });
+    } else if (child.IsNamed("NamespaceDef")) {
+      std::string name;
+      AttributeReader(child).Require("Name", name);
+      UseNamespaceProfile(name);
+    }
+  }
+
+  void UseNamespaceProfile(const std::string& name) {
+    if (const auto profile = SharedSlot<NamespaceProfiles>::Obtain()->Item(name)) {
+      for (const auto& definition : *profile) mTarget.NamespaceDefs->Add(definition, definition->Name);
+    }
+    mTarget.mNamespaceProfileNames->Add(name);
+  }
+
+  void LinkNodes() {
+    for (const auto& toc : *mTarget.TOCDefinitions) {
+      for (const auto& node : *toc->NodeDefs) node->CementReferences(*toc->NodeDefs);
+    }
+  }
+
+  void AddUnlistedLayouts() {
+    for (const auto& [name, kind] : mFolder.Entries()) {
+      if (kind != platform::EntryKind::File) continue;
+      if (StringTools::ObjectKeyExists(*mTarget.PageLayouts(), name)) continue;
+      if (IsNoLayout(name)) continue;
+      auto layout = std::make_shared<PageLayout>();
+      layout->FileName = name;
+      layout->FillDerivedValues();
+      mTarget.PageLayouts()->Add(layout, name);
+    }
+  }
+
+  void ReadClosingSettings() {
+    AttributeReader& in = mAttributes;
+    in.Try("DefTOCVBProject", mTarget.DefTOCVBProject);
+    in.Try("DefTOCVBProjectGroup", mTarget.DefTOCVBProjectGroup);
+    in.Try("DefTOCComponent", mTarget.DefTOCComponent);
+    in.Try("DefTOCMixture", mTarget.DefTOCMixture);
+    in.Try("DefTOCComponentGroup", mTarget.DefTOCComponentGroup);
+    in.Try("NoStandardSupport", mTarget.NoStandardSupport, ExactTrue);
+    mTarget.SupportedItemTypes = std::make_shared<Collection>();
+    std::string itemTypes;
+    in.Try("SupportedItemTypes", itemTypes);
+    if (itemTypes.empty()) itemTypes = "binary,source";
+    for (const auto piece : Split(itemTypes, ",")) mTarget.SupportedItemTypes->Add(std::string(piece), piece);
+  }
+
+  PageTemplate& mTarget;
+  const std::shared_ptr<PageTemplate> mShared;
+  const XMLElement& mElement;
+  AttributeReader mAttributes;
+  const TemplateFolder mFolder;
+  // Collects the nodes directly below the template's element.
+  const std::shared_ptr<TOCDefinition> mLooseNodes = std::make_shared<TOCDefinition>();
+};
+
+void PageTemplate::Load(const XMLElement& e) {
+  Loader(*this, e).Run();
+}
+
+}  // namespace lwconfig

@@ -1,0 +1,86 @@
+#include <lwconfig/core/application_values.h>
+#include <lwconfig/core/configuration_files.h>
+#include <lwconfig/platform/message_box.h>
+#include <lwconfig/templates/page_templates.h>
+
+namespace lwconfig {
+namespace {
+
+void ShowDuplicate(const PageTemplate& added) {
+  platform::ShowMessage({"Duplicate Template",
+                         "A duplicate template was found in folder '" + added.RootFolder +
+                             "'. This problem is usually caused by duplicating a Template folder using "
+                             "Windows Explorer instead of using "
+                             "the Template Manager to create a new Template. Remove the duplicate folder to "
+                             "avoid seeing this message in "
+                             "future. If the message stays, please contact Corvantis product support.",
+                         platform::MessageIcon::Exclamation});
+}
+
+}  // namespace
+
+std::shared_ptr<PageTemplate> PageTemplates::Item(const ItemKey& Key) const {
+  if (auto found = KeyedCollection::Item(Key)) return found;
+  if (!Key.IsText()) return nullptr;
+  for (const auto& pageTemplate : *this) {
+    if (EqualIgnoringCase(pageTemplate->Name, Key.Text())) return pageTemplate;
+  }
+  return nullptr;
+}
+
+void PageTemplates::Add(Pointer obj, std::string_view Key, const ItemKey& Before, const ItemKey& After) {
+  try {
+    KeyedCollection::Add(obj, Key, Before, After);
+  } catch (const Error& failure) {
+    if (failure.Number() != kDuplicateKey) throw;
+    ShowDuplicate(*obj);
+  }
+}
+
+void PageTemplates::Load() {
+  mCol.Clear();
+  const LiveRoot keepsSharedObjects;
+  TemplateFolder = ConfigPath() + "\\Templates";
+  DiskFile templates;
+  templates.SetFolder(TemplateFolder);
+  if (!templates.IsFolder()) {
+    platform::ShowMessage({"Folder not found",
+                           "Lexiwend templates folder '" + TemplateFolder +
+                               "' could not be found.  No templates have been loaded.",
+                           platform::MessageIcon::Exclamation});
+    return;
+  }
+  std::vector<DiskFile> configs;
+  for (const DiskFile& folder : templates.Files("*.*")) {
+    if (!folder.IsFolder()) continue;
+    DiskFile config(folder.FullPath(), "config", "xml");
+    if (config.Exists()) configs.push_back(std::move(config));
+  }
+  ReadConfigurationFiles(configs, [&](const DiskFile& config, const XMLElement& root) {
+    auto pageTemplate = std::make_shared<PageTemplate>();
+    pageTemplate->RootFolder = config.FolderPath();
+    pageTemplate->Load(root);
+    mCol.Add(std::move(pageTemplate));
+  });
+}
+
+void PageTemplates::Save() {
+  for (const auto& pageTemplate : *this) SaveTemplate(pageTemplate);
+}
+
+void PageTemplates::SaveTemplate(const std::shared_ptr<PageTemplate>& pt) {
+  if (!pt) throw Error(kObjectNotSet, "No template was given to save");
+  if (pt->RootFolder.empty()) {
+    throw Error(kPathNotFound, "The template \"" + pt->Name + "\" has no folder to be saved in");
+  }
+  DiskFile config(pt->RootFolder, "config", "xml");
+  config.CreateFolder();
+  if (config.Exists()) {
+    DiskFile backup(config.FullPath());
+    backup.SetExtension(".xml.bak");
+    config.CopyTo(backup.FullPath());
+  }
+  WriteConfigurationFile(config, [&](XMLElement& root) { pt->Save(root); });
+}
+
+}  // namespace lwconfig

@@ -1,0 +1,41 @@
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include <lwconfig/core/shared_slots.h>
+#include <lwconfig/templates/page_template.h>
+
+namespace lwconfig {
+
+/// The catalogue of page templates: one for every folder below the templates folder that holds a
+/// `config.xml`.
+class PageTemplates : public KeyedCollection<PageTemplate>, public Counted<PageTemplates> {
+ public:
+  static constexpr const char* kClassName = "PageTemplates";
+
+  /// The folder under which templates are found and saved; `Load` sets it from the configuration path.
+  std::string TemplateFolder;
+
+  /// As of every collection; where no item has the key, a text also finds the first template of that name,
+  /// letter case ignored.
+  Pointer Item(const ItemKey& Key) const override;
+  /// As of every collection, but a key that is present is told by a message box: nothing is added or raised.
+  void Add(Pointer obj, std::string_view Key = {}, const ItemKey& Before = {},
+           const ItemKey& After = {}) override;
+
+  /// Replaces the catalogue by the templates on disk, without keys, in folder name order. A missing templates
+  /// folder is told by a message box and gives an empty catalogue. A failing template ends the load, and the
+  /// templates before it are kept.
+  void Load();
+  /// Saves every template, in order. The first failure ends the save.
+  void Save();
+  /// Writes the template's `config.xml` in its folder, created when missing. An older `config.xml` is first
+  /// copied to `config.xml.bak`, the one backup kept; when that fails, `config.xml` is not touched.
+  void SaveTemplate(const std::shared_ptr<PageTemplate>& pt);
+};
+
+template <>
+inline constexpr Slot kSlotOf<PageTemplates> = Slot::PageTemplates;
+
+}  // namespace lwconfig

@@ -1,0 +1,70 @@
+#include <tests/configuration.h>
+
+#include <lwconfig/comments/comment_file_locations.h>
+#include <lwconfig/core/application_values.h>
+
+namespace lwconfig {
+namespace {
+
+using testing::Each;
+using ::testing::ElementsAre;
+using testing::ErrorOf;
+using testing::Normal;
+
+class CommentFiles : public testing::ConfigurationTest {
+ protected:
+  CommentFileLocations Locations;
+};
+
+TEST_F(CommentFiles, MayStandInTheFrameworkFolder) {
+  const std::string net = DotNetPath();
+  for (const auto& [stored, resolved] :
+       {std::pair<std::string, std::string>("%NETPATH%\\a.xml", net + "\\a.xml"),
+        {"%NetPath%a%netpath%", net + "a" + net},
+        {"C:\\100%\\a.xml", "C:\\100%\\a.xml"},
+        {"", ""},
+        {"%Net%NetPath%Path%", "%Net" + net + "Path%"},
+        {"%NetPath", "%NetPath"},
+        {"%%NetPath%%", "%" + net + "%"}}) {
+    CommentFileLocation location;
+    location.SetCommentFilePath(stored);
+    EXPECT_EQ(location.CommentFilePath(), resolved);
+    EXPECT_EQ(location.Clone()->InternalCommentFilePath(), stored);
+  }
+}
+
+TEST_F(CommentFiles, AreListedInOneFile) {
+  const std::string list =
+      "<CommentFileLocations Version='4.0'>\n"
+      "<CommentFile AssemblyFileName='a.dll' CommentFilePath='%NetPath%a.xml'/>\n"
+      "<CommentFile AssemblyFileName='a.dll' CommentFilePath='b.xml'/></CommentFileLocations>";
+  Write("CommentFileLocations.xml", list);
+  Locations.Load();
+  Locations.Dirty = true;
+  Files.Fail(testing::FileOperation::Commit, "CommentFileLocations.xml", ENOSPC);
+  EXPECT_EQ(ErrorOf([&] { Locations.Save(); }).Number(), kPathFileAccess);
+  EXPECT_EQ(Read("CommentFileLocations.xml"), list);
+  EXPECT_TRUE(Locations.Dirty);
+  Files.Heal();
+  const auto copies = Locations.Clone();
+  EXPECT_FALSE(copies->Dirty);
+  EXPECT_NE(copies->Item(1), Locations.Item(1));
+  copies->Save();
+  EXPECT_EQ(Read("CommentFileLocations.xml"), Normal(list));
+
+  Write("CommentFileLocations.xml",
+        "<x>\n<Any AssemblyFileName='c' CommentFilePath='c'/>\n"
+        "<Any AssemblyFileName='d'/><Any AssemblyFileName='e' CommentFilePath='e'/></x>");
+  const auto failure = ErrorOf([&] { Locations.Load(); });
+  EXPECT_EQ(failure.Number(), kInvalidCall);
+  EXPECT_EQ(failure.Position().Line, 3);
+  EXPECT_THAT(Each(Locations, &CommentFileLocation::AssemblyFileName), ElementsAre("c"));
+  EXPECT_TRUE(Locations.Dirty);
+  Register("ConfigPath", ConfigFolder() + "\\none");
+  Locations.Load();
+  EXPECT_EQ(Locations.Count(), 0);
+  EXPECT_FALSE(Locations.Dirty);
+}
+
+}  // namespace
+}  // namespace lwconfig

@@ -1,0 +1,166 @@
+#include <tests/configuration.h>
+
+#include <lwconfig/comments/tagged_comment_defs.h>
+
+namespace lwconfig {
+namespace {
+
+using testing::Each;
+using ::testing::ElementsAre;
+using testing::ErrorOf;
+using testing::FileOperation;
+using testing::Normal;
+using testing::Parse;
+using testing::Saved;
+
+std::string Element(const std::string& identifier, const std::string& more = {}) {
+  return "<TaggedComment Hidden='True' Identifier='" + identifier +
+         "' ElementType='1' Description='d' Format='f' General='True' Wraptype='2' " + more + "/>\n";
+}
+
+TEST(TaggedCommentDef, FillsWhatTheFileLeavesOut) {
+  TaggedCommentDef definition;
+  definition.Tip = "t";
+  definition.Load(Parse(Element("##A")));
+  EXPECT_EQ(Saved(definition, "TaggedComment"),
+            Normal("<TaggedComment Group='General Description' Hidden='True' Identifier='##A' Flags='-' "
+                   "Elementtype='1' Description='d' Format='f' General='True' WrapType='2' DesignerProgID='' "
+                   "LegacyFor='' DesignFlags='' TabName='' Tip='t' Namespace='' Standard='True' "
+                   "XMLCommentTypes='' Icon='other'/>"));
+  const std::string full =
+      "<TaggedComment Group='' Hidden='False' Identifier='##B' Flags='fl' Elementtype='99' Description='d' "
+      "Format='f' General='False' WrapType='-7' DesignerProgID='p' LegacyFor='l' DesignFlags='df' "
+      "TabName='tn' "
+      "Tip='ti' Namespace='n' Standard='False' XMLCommentTypes='x,y' Icon='i'/>";
+  definition.Load(Parse(full));
+  EXPECT_EQ(Saved(*definition.Clone(), "TaggedComment"), Normal(full));
+  definition.Load(Parse(Element("##C", "Icon='' Flags='' Standard='true'")));
+  EXPECT_EQ(definition.Icon + definition.Flags, "other-");
+  EXPECT_FALSE(definition.Standard);
+}
+
+TEST(TaggedCommentDef, DerivesTheCodeElementsOfOlderFiles) {
+  const std::string derived[] = {"",
+                                 "",
+                                 "Project",
+                                 "Module",
+                                 "Method,LW:Property",
+                                 "Property",
+                                 "Parameter",
+                                 "",
+                                 "Event",
+                                 "Enumeration",
+                                 "EnumerationMember",
+                                 "Structure",
+                                 "StructureMember",
+                                 "Declaration",
+                                 "ImplementedInterface",
+                                 ""};
+  for (std::size_t type = 0; type < std::size(derived); ++type) {
+    for (const bool named : {false, true}) {
+      TaggedCommentDef definition;
+      definition.Namespace = "old";
+      std::string element = Element("##A", named ? "Namespace='LW:X'" : "");
+      element.replace(element.find("ElementType='1'"), 15, "ELEMENTTYPE=' " + std::to_string(type) + "x'");
+      definition.Load(Parse(element));
+      const std::string unnamed = derived[type].empty() ? "old" : "LW:" + derived[type];
+      EXPECT_EQ(definition.Namespace, named ? "LW:X" : unnamed) << type;
+    }
+  }
+}
+
+class TaggedCommentFiles : public testing::ConfigurationTest {
+ protected:
+  static std::vector<std::string> Identifiers(const TaggedCommentDefs& definitions) {
+    return Each(definitions, &TaggedCommentDef::TagIdentifier);
+  }
+  std::string Path(const std::string& name) const { return ConfigFolder() + "\\" + name; }
+  TaggedCommentDefs Definitions;
+};
+
+TEST_F(TaggedCommentFiles, PutStandardDefinitionsAfterCustomOnes) {
+  Write("taggedcomments.xml", "<any DefaultDesignerProgID='P'><a/></any>");
+  Write("taggedcomments_custom.xml", "<any DefaultDesignerProgID='C'>" +
+                                         Element("##A", "XMLCommentTypes='a, b'") + Element("##CD") +
+                                         Element("##B", "XMLCommentTypes='Summary,Remarks'") + "</any>");
+  Write("taggedcomments_standard.xml", "<any>" + Element("##cd", "XMLCommentTypes='remarks'") +
+                                           Element("##S") + Element("") + Element("") +
+                                           Element("##s", "Tip='later'") + "</any>");
+  Definitions.Add(std::make_shared<TaggedCommentDef>(), "##Gone");
+  Definitions.Load();
+  EXPECT_EQ(Definitions.Item("##S")->Tip, "later");
+  EXPECT_EQ(Definitions.Item("##none"), nullptr);
+  EXPECT_EQ(Definitions.FileName, Path("taggedcomments_standard.xml"));
+  const auto copies = Definitions.Clone();
+  EXPECT_THAT(Identifiers(*copies), ElementsAre("##A", "##B", "##cd", "", "", "##s"));
+  EXPECT_NE(copies->Item("##A"), Definitions.Item("##A"));
+  EXPECT_EQ(copies->FileName + copies->DefaultDesignerProgID, Definitions.FileName + "C");
+  EXPECT_TRUE(copies->IsPopulated);
+
+  for (const auto& [tag, found] : {std::pair("SUMMARY", "##B"),
+                                   {"remarks", "##B"},
+                                   {" b", "##A"},
+                                   {"", ""},
+                                   {"summ", "none"},
+                                   {"b", "none"},
+                                   {"marks", "none"}}) {
+    const auto definition = copies->ItemFromXMLTagName(tag);
+    EXPECT_EQ(definition ? definition->TagIdentifier : "none", found) << tag;
+  }
+}
+
+TEST_F(TaggedCommentFiles, MoveFromTheOlderLayoutToTheNewOne) {
+  Write("taggedcomments.xml", "<any DefaultDesignerProgID='P'>" + Element("##S") +
+                                  Element("##C", "Standard='False'") + "<!-- damaged");
+  Definitions.Load();
+  Definitions.SaveEx(false, true);
+  EXPECT_FALSE(Exists("taggedcomments_standard.xml"));
+  EXPECT_TRUE(Exists("taggedcomments_custom.xml"));
+  Write("taggedcomments_custom.xml", "old");
+  for (const char* failing : {"taggedcomments_standard.xml", "taggedcomments_custom.xml"}) {
+    Files.Heal();
+    Files.Fail(FileOperation::Commit, failing, ENOSPC);
+    EXPECT_EQ(ErrorOf([&] { Definitions.Save(); }).Number(), kPathFileAccess);
+    EXPECT_EQ(Read("taggedcomments_custom.xml"), "old");
+    EXPECT_TRUE(Exists("taggedcomments.xml"));
+  }
+  Files.Heal();
+  Definitions.Save();
+  Definitions.Save();
+  EXPECT_FALSE(Exists("taggedcomments.xml"));
+  EXPECT_TRUE(Exists("taggedcomments.xml.damaged"));
+  TaggedCommentDefs again;
+  again.Load();
+  EXPECT_THAT(Identifiers(again), ElementsAre("##C", "##S"));
+  EXPECT_EQ(again.DefaultDesignerProgID, "P");
+  Definitions.SaveToEx(Path("none.xml"), false, false);
+  EXPECT_EQ(Read("none.xml"), Normal("<TaggedCommentDefs DefaultDesignerProgID='P'/>"));
+  Definitions.SaveTo(Path("all.xml"));
+  again.LoadFrom(Path("all.xml"));
+  EXPECT_THAT(Identifiers(again), ElementsAre("##S", "##C"));
+}
+
+TEST_F(TaggedCommentFiles, KeepWhatStandsBeforeAFailure) {
+  Definitions.LoadFrom(Path("missing.xml"));
+  EXPECT_TRUE(Definitions.IsPopulated);
+  EXPECT_EQ(Definitions.FileName, Path("missing.xml"));
+  Definitions.IsPopulated = false;
+  Definitions.Add(std::make_shared<TaggedCommentDef>(), "##A");
+  for (const char* name :
+       {"Hidden", "Identifier", "ElementType", "Description", "Format", "General", "Wraptype"}) {
+    std::string incomplete = Element("##Z");
+    incomplete.insert(incomplete.find(std::string(" ") + name + "=") + 1, "x");
+    Write("f.xml", "<any>\n" + Element("##A") + Element("##B") + incomplete + Element("##C") + "</any>");
+    const auto failure = ErrorOf([&] { Definitions.LoadFrom(Path("f.xml")); });
+    EXPECT_EQ(failure.Number(), kInvalidCall) << name;
+    EXPECT_THAT(failure.what(), ::testing::StartsWith(Path("f.xml:4:2: "))) << name;
+    EXPECT_THAT(Identifiers(Definitions), ElementsAre("##A", "##B")) << name;
+    EXPECT_FALSE(Definitions.IsPopulated) << name;
+  }
+  Write("f.xml", "no xml at all");
+  Definitions.LoadFrom(Path("f.xml"));
+  EXPECT_TRUE(Definitions.IsPopulated);
+}
+
+}  // namespace
+}  // namespace lwconfig

@@ -1,0 +1,229 @@
+#pragma once
+
+#include <algorithm>
+#include <cerrno>
+#include <functional>
+#include <map>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <system_error>
+#include <tuple>
+#include <utility>
+#include <vector>
+
+#include <gmock/gmock.h>
+#include <tests/temporary_folder.h>
+
+#include <lwconfig/core/diagnostics.h>
+#include <lwconfig/core/keyed_collection.h>
+#include <lwconfig/core/shared_slots.h>
+#include <lwconfig/core/text.h>
+#include <lwconfig/core/xml_document.h>
+#include <lwconfig/platform/files.h>
+#include <lwconfig/platform/letter_case.h>
+#include <lwconfig/platform/message_box.h>
+#include <lwconfig/platform/registry.h>
+
+namespace lwconfig::testing {
+
+/// A registry in memory. `Fault`, where set, is thrown by every operation.
+class MemoryRegistry final : public platform::Registry {
+ public:
+  using Hive = platform::Hive;
+
+  std::optional<platform::RegistryValue> Read(Hive hive, std::string_view key,
+                                              std::string_view name) override {
+    if (Fault) Fault();
+    const auto found = mValues.find({hive, FoldCase(key), FoldCase(name)});
+    return found == mValues.end() ? std::nullopt : std::optional(found->second);
+  }
+  void CreateKey(Hive, std::string_view) override {
+    if (Fault) Fault();
+  }
+  void Write(Hive hive, std::string_view key, std::string_view name,
+             const platform::RegistryValue& value) override {
+    if (Fault) Fault();
+    mValues[{hive, FoldCase(key), FoldCase(name)}] = value;
+  }
+
+  std::function<void()> Fault;
+
+ private:
+  std::map<std::tuple<Hive, std::string, std::string>, platform::RegistryValue> mValues;
+};
+
+enum class FileOperation { Read, List, Replace, Write, Commit, MakeFolders };
+
+/// The host's files, where chosen operations on chosen paths fail.
+class FaultyFiles final : public platform::Files {
+ public:
+  /// From now on the operation fails with the errno code for paths that end in `path`, or for the empty one.
+  void Fail(FileOperation operation, std::string path, int code) {
+    mFaults.push_back({operation, std::move(path), code});
+  }
+  void Heal() { mFaults.clear(); }
+
+  platform::EntryKind Kind(std::string_view path) override { return mHost.Kind(path); }
+  std::string Read(std::string_view path) override {
+    Check(FileOperation::Read, path);
+    return mHost.Read(path);
+  }
+  std::vector<platform::FolderEntry> List(std::string_view folder) override {
+    Check(FileOperation::List, folder);
+    return mHost.List(folder);
+  }
+  std::unique_ptr<platform::FileReplacement> Replace(std::string_view path) override {
+    Check(FileOperation::Replace, path);
+    return std::make_unique<Replacement>(*this, std::string(path), mHost.Replace(path));
+  }
+  void Remove(std::string_view path) override { mHost.Remove(path); }
+  void MakeFolders(std::string_view folder) override {
+    Check(FileOperation::MakeFolders, folder);
+    mHost.MakeFolders(folder);
+  }
+  std::string NativePath(std::string_view path) override { return mHost.NativePath(path); }
+  std::string ProductPath(std::string_view hostPath) override { return mHost.ProductPath(hostPath); }
+
+ private:
+  struct Replacement final : platform::FileReplacement {
+    Replacement(FaultyFiles& files, std::string path, std::unique_ptr<platform::FileReplacement> inner)
+        : Files(files), Path(std::move(path)), Inner(std::move(inner)) {}
+    void Write(std::string_view bytes) override {
+      Inner->Write(bytes.substr(0, bytes.size() / 2));
+      Files.Check(FileOperation::Write, Path);
+      Inner->Write(bytes.substr(bytes.size() / 2));
+    }
+    void Commit() override {
+      Files.Check(FileOperation::Commit, Path);
+      Inner->Commit();
+    }
+    FaultyFiles& Files;
+    std::string Path;
+    std::unique_ptr<platform::FileReplacement> Inner;
+  };
+
+  void Check(FileOperation operation, std::string_view path) const {
+    for (const auto& [failing, ending, code] : mFaults) {
+      if (failing == operation && (ending.empty() ? path.empty() : path.ends_with(ending)))
+        throw std::system_error(code, std::generic_category(), std::string(path));
+    }
+  }
+
+  platform::Files& mHost = platform::Files::Native();
+  std::vector<std::tuple<FileOperation, std::string, int>> mFaults;
+};
+
+/// A test with a configuration folder, registry and message boxes of its own.
+class ConfigurationTest : public ::testing::Test {
+ protected:
+  static constexpr const char* kProductKey = "Software\\Corvantis\\Lexiwend4";
+
+  ConfigurationTest() {
+    Folder.Write("Config/Namespaces/.keep", "");
+    Folder.Write("Config/Templates/.keep", "");
+    Register("ConfigPath", ConfigFolder() + "\\");
+    mMessageBoxes =
+        platform::SetMessageBoxHandler([this](const platform::Message& shown) { Messages.push_back(shown); });
+    mDiagnostics =
+        SetDiagnosticHandler([this](const Diagnostic& diagnostic) { Diagnostics.push_back(diagnostic); });
+  }
+  ~ConfigurationTest() override {
+    ResetSharedSlots();
+    platform::SetMessageBoxHandler(mMessageBoxes);
+    SetDiagnosticHandler(mDiagnostics);
+  }
+
+  void Register(std::string_view name, std::string value) {
+    Registry.Write(platform::Hive::LocalMachine, kProductKey, name, {1, std::move(value)});
+  }
+  /// The configuration folder in the product's notation, without trailing backslash.
+  std::string ConfigFolder() const { return Product(Folder.Path() / "Config"); }
+  std::string Product(const std::filesystem::path& path) const {
+    return platform::Files::Native().ProductPath(path.string());
+  }
+  void Write(std::string_view relative, std::string_view content) const {
+    Folder.Write("Config/" + std::string(relative), content);
+  }
+  std::string Read(std::string_view relative) const { return Folder.Read("Config/" + std::string(relative)); }
+  bool Exists(std::string_view relative) const {
+    return std::filesystem::exists(Folder.Path() / "Config" / relative);
+  }
+
+  TemporaryFolder Folder;
+  MemoryRegistry Registry;
+  FaultyFiles Files;
+  std::vector<platform::Message> Messages;
+  std::vector<Diagnostic> Diagnostics;
+
+ private:
+  platform::ScopedHost<platform::Registry> mRegistryScope{Registry};
+  platform::ScopedHost<platform::Files> mFilesScope{Files};
+  platform::MessageBoxHandler mMessageBoxes;
+  DiagnosticHandler mDiagnostics;
+};
+
+inline XMLElement Parse(std::string text) {
+  XMLDocument document;
+  document.LoadXML(std::move(text));
+  return document.RootElement();
+}
+
+/// The text of a document in the form in which documents are written.
+inline std::string Normal(std::string text) {
+  XMLDocument document;
+  EXPECT_TRUE(document.LoadXML(std::move(text)));
+  return document.XML();
+}
+
+/// The document that `object` saves itself as, in that form.
+template <class T>
+std::string Saved(const T& object, std::string_view tag = {}) {
+  XMLDocument document;
+  XMLElement root = document.RootElement();
+  if (!tag.empty()) root.SetName(tag);
+  object.Save(root);
+  return Normal(document.XML());
+}
+
+/// Loads each attribute in a table of lines "read -> saved | read -> saved", and expects to see it in what
+/// `load(attributes)` then saves.
+template <class Load>
+void ExpectSavedAttributes(std::string_view table, Load load) {
+  for (const auto line : Split(table, "\n")) {
+    for (const auto row : Split(line, " | ")) {
+      const auto sides = Split(row, " -> ");
+      if (sides.size() != 2) continue;
+      std::string saved = " " + std::string(sides[1]) + " ";
+      std::replace(saved.begin(), saved.end(), '\'', '"');
+      EXPECT_THAT(Saved(*load(std::string(sides[0]))), ::testing::HasSubstr(saved)) << row;
+    }
+  }
+}
+
+/// The failure that `work` ends with.
+template <class Work>
+Error ErrorOf(Work work) {
+  try {
+    work();
+  } catch (const Error& failure) {
+    return failure;
+  }
+  ADD_FAILURE() << "nothing failed";
+  return Error(0, "nothing failed");
+}
+
+/// `member` of every item, in order.
+template <class Items, class Member>
+auto Each(const Items& items, Member member) {
+  std::vector<std::decay_t<decltype(std::invoke(member, **items.begin()))>> values;
+  for (const auto& item : items) values.push_back(std::invoke(member, *item));
+  return values;
+}
+
+inline std::vector<std::string> Texts(const Collection& collection) {
+  return {collection.begin(), collection.end()};
+}
+
+}  // namespace lwconfig::testing

@@ -1,0 +1,113 @@
+#include <tests/configuration.h>
+
+#include <lwconfig/core/application_values.h>
+#include <lwconfig/core/registry_access.h>
+#include <lwconfig/platform/folders.h>
+#include <lwconfig/root.h>
+
+namespace lwconfig {
+namespace {
+
+using platform::Hive;
+using testing::ErrorOf;
+
+class ApplicationValues : public testing::ConfigurationTest {};
+
+TEST_F(ApplicationValues, FoldersComeFromTheRegistryAsStoredNow) {
+  struct Row {
+    const char* Stored;
+    const char* Config;
+    const char* Common;
+  };
+  for (const Row& row :
+       {Row{"C:\\Config\\", "C:\\Config", "C:\\Config\\"}, Row{"C:\\Config", "C:\\Config", "C:\\Config\\"},
+        Row{"C:\\Config\\\\", "C:\\Config\\", "C:\\Config\\\\"}, Row{"", "", "\\"}, Row{"\\", "", "\\"}}) {
+    Register("ConfigPath", row.Stored);
+    Register("InstallPath4", row.Stored);
+    Registry.Write(Hive::LocalMachine, "software\\corvantis", "commonpath", {1, row.Stored});
+    EXPECT_EQ(ConfigPath(), row.Config);
+    EXPECT_EQ(AppPath(), row.Stored);
+    EXPECT_EQ(CommonPath(), row.Common);
+    EXPECT_EQ(Root().TemplatePath(),
+              std::string(row.Stored).size() > 1 ? "C:\\Config\\Templates" : "\\Templates");
+  }
+}
+
+TEST_F(ApplicationValues, AreReadWithDefaultsAndWrittenAsText) {
+  EXPECT_EQ(GetAppValue("WrapAt", "5", ""), "5");
+  SetAppValue("WrapAt", "", "");
+  EXPECT_EQ(GetAppValue("WrapAt", "5", ""), "5");
+  SetAppValue("WrapAt", "72", "VSNET");
+  EXPECT_EQ(GetAppValue("WrapAt", "5", ""), "5");
+  EXPECT_EQ(GetAppValue("WRAPAT", "5", "vsnet"), "72");
+  const std::string subKey = std::string(kProductKey) + "\\VSNET";
+  EXPECT_EQ(Registry.Read(Hive::CurrentUser, subKey, "WrapAt"), (platform::RegistryValue{1, "72"}));
+  Registry.Write(Hive::CurrentUser, kProductKey, "WrapAt", {4, 4294967295U});
+  EXPECT_EQ(GetAppValue("WrapAt", "5", ""), "-1");
+  Registry.Write(Hive::CurrentUser, kProductKey, "WrapAt", {3, std::vector<std::uint8_t>{0x0A, 0xF0}});
+  EXPECT_EQ(GetAppValue("WrapAt", "5", ""), "0af0");
+}
+
+TEST_F(ApplicationValues, RegistryAccessTakesTextsAndNumbers) {
+  const RegistryAccess registry;
+  const auto roundTrip = [&](const RegistryData& value, std::int32_t type) {
+    registry.SetValue(kCurrentUser, "Software\\Test", "Value", value, type);
+    return registry.GetValue(kCurrentUser, "software\\test", "VALUE");
+  };
+  EXPECT_EQ(roundTrip("grün", 1), RegistryData("grün"));
+  EXPECT_EQ(roundTrip(-7, 1), RegistryData("-7"));
+  EXPECT_EQ(roundTrip(-7, 4), RegistryData(-7));
+  EXPECT_EQ(roundTrip("12", 4), RegistryData(12));
+  EXPECT_EQ(registry.GetValue(kLocalMachine, "Software\\Test", "Value"), RegistryData());
+  EXPECT_EQ(ErrorOf([&] { roundTrip("twelve", 4); }).Number(), kTypeMismatch);
+  EXPECT_EQ(ErrorOf([&] { roundTrip("x", 3); }).Number(), kInvalidCall);
+  EXPECT_EQ(ErrorOf([&] { registry.GetValue(0x80000003U, "Software", "x"); }).Number(), kInvalidCall);
+}
+
+TEST_F(ApplicationValues, AFailingRegistryIsAnError) {
+  Registry.Fault = [] { throw platform::RegistryFormatError("/etc/user.reg", 3, 7, "no such form"); };
+  for (const auto& work :
+       std::vector<std::function<void()>>{[] { ConfigPath(); }, [] { SetAppValue("a", "b", ""); }}) {
+    const auto failure = ErrorOf(work);
+    EXPECT_EQ(failure.Number(), kPathFileAccess);
+    EXPECT_EQ(std::string(failure.what()).rfind("\\etc\\user.reg:3:7: ", 0), 0U) << failure.what();
+  }
+  Registry.Fault = [] { throw std::system_error(EACCES, std::generic_category(), "user.reg"); };
+  EXPECT_EQ(ErrorOf([] { SetAppValue("a", "b", ""); }).Number(), kPermissionDenied);
+}
+
+class FixedFolders final : public platform::Folders {
+ public:
+  std::string ShellFolder(std::int32_t) override { return {}; }
+  std::string WindowsFolder() override { return Windows; }
+  std::string Windows;
+};
+
+// In a process of its own, because the folder is found once for the life of a process.
+TEST_F(ApplicationValues, TheNewestFrameworkFolderIsTheGreatestName) {
+  struct Row {
+    std::vector<const char*> Entries;
+    std::string Newest;
+  };
+  for (const Row& row :
+       std::vector<Row>{{{}, ""},
+                        {{"v1.0.3705/x", "v1.1.4322/x", "v2.0.50727/x", "z-a-file"}, "v2.0.50727"},
+                        {{"V4.0/x", "v2.0.50727/x"}, "v2.0.50727"},
+                        {{"v2.0.50727/x", "x86/x"}, "x86"}}) {
+    const auto chooses = [&] {
+      FixedFolders folders;
+      const testing::TemporaryFolder windows;
+      folders.Windows = Product(windows.Path());
+      const platform::ScopedHost<platform::Folders> scope(folders);
+      const std::string base = folders.Windows + "\\Microsoft.NET\\Framework\\";
+      for (const std::string entry : row.Entries) windows.Write("Microsoft.NET/Framework/" + entry, "");
+      if (DotNetPath() != base + row.Newest + "\\") return 1;
+      windows.Write("Microsoft.NET/Framework/zzz/x", "");
+      return DotNetPath() == base + row.Newest + "\\" ? 0 : 2;
+    };
+    EXPECT_EXIT(::_exit(chooses()), ::testing::ExitedWithCode(0), "") << row.Newest;
+  }
+}
+
+}  // namespace
+}  // namespace lwconfig

@@ -1,0 +1,131 @@
+#include <tests/configuration.h>
+
+#include <lwconfig/core/disk_file.h>
+
+namespace lwconfig {
+namespace {
+
+using ::testing::ElementsAre;
+using testing::ErrorOf;
+using testing::FileOperation;
+using ::testing::IsEmpty;
+
+class DiskFiles : public testing::ConfigurationTest {
+ protected:
+  DiskFile At(const std::string& name) const { return DiskFile(ConfigFolder() + "\\" + name); }
+  static void OpenToWrite(DiskFile& file) { file.Open(4, 2, 3, 32767); }
+};
+
+TEST(Paths, AreSplitAndJoined) {
+  struct Row {
+    const char* Path;
+    const char* Folder;
+    const char* BaseName;
+    const char* Extension;
+    const char* Joined;
+  };
+  for (const Row& row :
+       {Row{"", "", "", "", ""},
+        Row{"C:\\Config\\config.xml", "C:\\Config\\", "config", "xml", "C:\\Config\\config.xml"},
+        Row{"C:/Config//Sub\\\\a.b.hhk", "C:\\Config\\Sub\\", "a.b", "hhk", "C:\\Config\\Sub\\a.b.hhk"},
+        Row{"C:\\My.Config\\file", "C:\\My.Config\\", "file", "", "C:\\My.Config\\file"},
+        Row{"C:\\Config\\", "C:\\Config\\", "", "", "C:\\Config\\"},
+        Row{"\\\\server\\share\\x.xml", "\\\\server\\share\\", "x", "xml", "\\\\server\\share\\x.xml"},
+        Row{"\\\\\\three\\x", "\\three\\", "x", "", "\\three\\x"},
+        Row{"name.xml", "", "name", "xml", "name.xml"}, Row{"\\.hidden", "\\", "", "hidden", "\\.hidden"},
+        Row{"\\ends.", "\\", "ends.", "", "\\ends."},
+        Row{"\\v2.0.50727", "\\", "v2.0", "50727", "\\v2.0.50727"}}) {
+    const DiskFile file{std::string_view(row.Path)};
+    EXPECT_EQ(file.FolderPath(), row.Folder) << row.Path;
+    EXPECT_EQ(file.BaseName(), row.BaseName) << row.Path;
+    EXPECT_EQ(file.Extension(), row.Extension) << row.Path;
+    EXPECT_EQ(file.FullPath(), row.Joined) << row.Path;
+  }
+  DiskFile file("C:\\Config", "config", "xml");
+  EXPECT_EQ(file.FullPath(), "C:\\Config\\config.xml");
+  file.SetExtension(".xml.bak");
+  EXPECT_EQ(file.FileName(), "config.xml.bak");
+  file.SetExtension("");
+  EXPECT_EQ(file.FullPath(), "C:\\Config\\config");
+}
+
+TEST_F(DiskFiles, ReadTextWithAndWithoutOpening) {
+  Write("Umlaut.txt", "gr\xFCn");
+  DiskFile file = At("umlaut.TXT");
+  EXPECT_TRUE(file.Exists());
+  EXPECT_FALSE(file.IsFolder());
+  EXPECT_EQ(file.ReadAll(), "grün");
+  file.Open(3, 1, 1, 32767);
+  EXPECT_TRUE(file.IsOpen());
+  EXPECT_EQ(file.ReadAll(), "grün");
+  EXPECT_EQ(ErrorOf([&] { file.Write("x"); }).Number(), kBadFileName);
+  file.Close();
+  EXPECT_FALSE(file.IsOpen());
+  EXPECT_EQ(Read("Umlaut.txt"), "gr\xFCn");
+
+  DiskFile missing = At("missing.txt");
+  missing.Open(3, 1);
+  EXPECT_FALSE(missing.IsOpen());
+  EXPECT_EQ(missing.ReadAll(), "");
+  EXPECT_EQ(ErrorOf([&] { missing.Delete(); }).Number(), kFileNotFound);
+  DiskFile folder = At("");
+  EXPECT_TRUE(folder.IsFolder());
+  EXPECT_FALSE(folder.Exists());
+  folder.Open(3, 1);
+  EXPECT_FALSE(folder.IsOpen());
+  EXPECT_EQ(ErrorOf([&] { file.Open(1, 1); }).Number(), kInvalidCall);
+
+  Files.Fail(FileOperation::Read, "umlaut.TXT", EACCES);
+  const auto failure = ErrorOf([&] { file.ReadAll(); });
+  EXPECT_EQ(failure.Number(), kPermissionDenied);
+  EXPECT_EQ(failure.Position().File, file.FullPath());
+}
+
+TEST_F(DiskFiles, WriteInOneStep) {
+  Write("target.xml", "a longer old content");
+  DiskFile file = At("target.xml");
+  OpenToWrite(file);
+  file.Write("new ");
+  file.Write("grün");
+  EXPECT_EQ(Read("target.xml"), "a longer old content");
+  file.Close();
+  EXPECT_EQ(Read("target.xml"), "new grün");
+  {
+    DiskFile abandoned = At("target.xml");
+    OpenToWrite(abandoned);
+    abandoned.Write("half");
+  }
+  EXPECT_EQ(ErrorOf([&] { file.Write("after closing"); }).Number(), kBadFileName);
+  OpenToWrite(file);
+  EXPECT_EQ(ErrorOf([&] { file.Write("gr\xFCn"); }).Number(), kInvalidCall);
+  DiskFile other = At("target.xml");
+  OpenToWrite(other);
+  EXPECT_FALSE(other.IsOpen()) << "another one writes it";
+  EXPECT_EQ(ErrorOf([&] { other.Write("x"); }).Number(), kPermissionDenied);
+}
+
+TEST_F(DiskFiles, ListTheEntriesOfAFolder) {
+  for (const char* name : {"List/b.xml", "List/A.XML", "List/c.xml.bak", "List/.hidden.xml", "List/d.xml/in"})
+    Write(name, "");
+  DiskFile folder;
+  folder.SetFolder(ConfigFolder() + "\\list");
+  const auto names = [&](const char* pattern) {
+    std::vector<std::string> found;
+    for (const DiskFile& file : folder.Files(pattern, 1))
+      found.push_back(file.FileName() + (file.IsFolder() ? "\\" : ""));
+    return found;
+  };
+  EXPECT_THAT(names("*.xml"), ElementsAre("A.XML", "b.xml", "d.xml\\"));
+  EXPECT_THAT(names("*.*"), ElementsAre("A.XML", "b.xml", "c.xml.bak", "d.xml\\"));
+  auto listed = folder.Files("A.xml").at(0);
+  EXPECT_TRUE(listed.Exists());
+  listed.SetBaseName("none");
+  EXPECT_FALSE(listed.Exists());
+  Files.Fail(FileOperation::List, "list\\", EACCES);
+  EXPECT_EQ(ErrorOf([&] { names("*.*"); }).Number(), kPermissionDenied);
+  folder.SetFolder(ConfigFolder() + "\\none");
+  EXPECT_THAT(names("*.*"), IsEmpty());
+}
+
+}  // namespace
+}  // namespace lwconfig

@@ -1,0 +1,103 @@
+#include <tests/configuration.h>
+
+#include <lwconfig/core/error_reporter.h>
+#include <lwconfig/core/instance_count.h>
+#include <lwconfig/platform/components.h>
+
+namespace lwconfig {
+namespace {
+
+using testing::ErrorOf;
+using ::testing::HasSubstr;
+using ::testing::IsEmpty;
+using testing::Parse;
+using ::testing::StartsWith;
+
+class ErrorReporter : public testing::ConfigurationTest {
+ protected:
+  ~ErrorReporter() override { platform::RegisterComponent(std::string(kErrorComponent), mPrevious); }
+
+  /// Installs the error-reporting component; its reports are kept in `Reports`.
+  void InstallComponent() {
+    struct Recorder final : platform::Component {
+      explicit Recorder(std::vector<std::string>& reports) : Reports(reports) {}
+      void Receive(std::string_view text) override { Reports.emplace_back(text); }
+      std::vector<std::string>& Reports;
+    };
+    mPrevious = platform::RegisterComponent(std::string(kErrorComponent),
+                                            [this] { return std::make_unique<Recorder>(Reports); });
+  }
+  /// A published operation that changes something and then fails inside another one.
+  int Fail() {
+    return RunPublished({"PageTemplates", "Save", {}}, [&] {
+      return RunPublished({"PageTemplate", "Load", {{"e", "<\"Element\">"}}}, [&]() -> int {
+        ++Changes;
+        Error failure(kDuplicateKey, "The key is used twice");
+        failure.SetPosition({"config.xml", 3, 14});
+        throw failure;
+      });
+    });
+  }
+  std::vector<std::string> Reports;
+  int Changes = 0;
+
+ private:
+  platform::ComponentFactory mPrevious;
+};
+
+TEST_F(ErrorReporter, ShowsOneMessageAndReturnsNothingWithoutTheComponent) {
+  EXPECT_EQ(Fail(), 0);
+  EXPECT_EQ(Changes, 1);
+  ASSERT_EQ(Messages.size(), 1U);
+  EXPECT_EQ(Messages[0].Icon, platform::MessageIcon::Critical);
+  EXPECT_THAT(Messages[0].Text,
+              StartsWith("LWConfigObjects has encountered a problem. We are sorry for the inconvenience."));
+  for (const char* line : {"\nModule: PageTemplates", "\nProcedure: Save",
+                           "\nLine Number: ", "config.xml:3:14: The key is used twice", "457"})
+    EXPECT_THAT(Messages[0].Text, HasSubstr(line));
+  EXPECT_EQ(RunPublished({"A", "B", {}}, [] { return std::string("fine"); }), "fine");
+  EXPECT_EQ(Messages.size(), 1U);
+  // The next failure is reported again, and other exceptions too.
+  RunPublished({"A", "B", {}}, [] { throw std::runtime_error("of another kind"); });
+  ASSERT_EQ(Messages.size(), 2U);
+  EXPECT_THAT(Messages[1].Text, HasSubstr("of another kind"));
+}
+
+TEST_F(ErrorReporter, ReportsOnceToTheComponentAndRaises65535) {
+  InstallComponent();
+  const auto failure = ErrorOf([&] { Fail(); });
+  EXPECT_EQ(failure.Number(), kReportedFailure);
+  EXPECT_EQ(failure.Position().Line, 3);
+  EXPECT_THAT(Messages, IsEmpty());
+  ASSERT_EQ(Reports.size(), 1U);
+  const auto report = Parse(Reports[0]);
+  const auto text = [&](const char* name) {
+    for (const XMLElement child : report.Children())
+      if (child.IsNamed(name)) return child.Text();
+    return std::string("none");
+  };
+  EXPECT_EQ(text("Module"), "PageTemplates");
+  EXPECT_EQ(text("Procedure"), "Save");
+  EXPECT_EQ(text("Number"), "457");
+  EXPECT_EQ(text("Description"), "config.xml:3:14: The key is used twice");
+  EXPECT_EQ(text("Source"), "LWConfigObjects");
+  EXPECT_NE(text("Line"), "0");
+}
+
+TEST_F(ErrorReporter, ReportsParametersWhateverTheyHold) {
+  InstallComponent();
+  for (const std::string& value :
+       {std::string("<\"Element\">"), std::string("a\0b", 3), std::string("\xFF")}) {
+    Reports.clear();
+    const auto failure = ErrorOf([&] {
+      RunPublished({"Root", "Item", {{"Key", value}}}, [] { throw Error(kTypeMismatch, "Type mismatch"); });
+    });
+    EXPECT_EQ(failure.Number(), kReportedFailure) << failure.what();
+    ASSERT_EQ(Reports.size(), 1U);
+    EXPECT_THAT(Reports[0], HasSubstr("Key"));
+  }
+  EXPECT_THAT(FailureReport(Error(5, "x"), {"M", "P", {{"Key", "<\"E\">"}}}), HasSubstr("&lt;\"E\"&gt;"));
+}
+
+}  // namespace
+}  // namespace lwconfig

@@ -1,0 +1,154 @@
+#include <random>
+
+#include <tests/configuration.h>
+
+#include <lwconfig/core/keyed_collection.h>
+
+namespace lwconfig {
+namespace {
+
+using ::testing::ElementsAre;
+using testing::ErrorOf;
+
+struct Thing {
+  explicit Thing(int id) : Id(id) {}
+  int Id;
+};
+using Things = KeyedCollection<Thing>;
+
+std::vector<int> Ids(const Things& things) {
+  return testing::Each(things, &Thing::Id);
+}
+
+TEST(KeyedCollection, FindsByKeyInAnyLetterCaseAndByPosition) {
+  Things things;
+  int id = 0;
+  for (const char* key : {"Module", "Straße", "Ärger", "1", "", ""})
+    things.Add(std::make_shared<Thing>(++id), key);
+  struct Row {
+    ItemKey Key;
+    int Id;  // 0: none
+  };
+  for (const auto& [key, found] :
+       {Row{"module", 1}, Row{"STRASSE", 2}, Row{"äRGER", 3}, Row{"1", 4}, Row{1, 1}, Row{6, 6}, Row{0, 0},
+        Row{-1, 0}, Row{7, 0}, Row{INT64_C(4294967297), 0}, Row{"", 0}, Row{"5", 0}, Row{"Modul", 0},
+        Row{{}, 0}}) {
+    const auto item = things.Item(key);
+    EXPECT_EQ(item ? item->Id : 0, found) << key.Description();
+  }
+  EXPECT_EQ(things.KeyAt(2), "Straße");
+  EXPECT_EQ(things.KeyAt(5), "");
+}
+
+TEST(KeyedCollection, InsertsBeforeOrAfterOrNotAtAll) {
+  Things things;
+  for (int id = 1; id <= 3; ++id) things.Add(std::make_shared<Thing>(id), "K" + std::to_string(id));
+  things.Add(std::make_shared<Thing>(4), "", 1, 3);
+  things.Add(std::make_shared<Thing>(5), "K5", {}, "k2");
+  things.Add(std::make_shared<Thing>(6), "", "K3");
+  things.Add(std::make_shared<Thing>(7), "", {}, 6);
+  EXPECT_THAT(Ids(things), ElementsAre(4, 1, 2, 5, 6, 3, 7));
+
+  struct Row {
+    const char* Key;
+    ItemKey Before;
+    ItemKey After;
+    int Error;
+  };
+  for (const Row& row : {Row{"k5", {}, {}, kDuplicateKey}, Row{"k5", 1, {}, kDuplicateKey},
+                         Row{"new", "none", {}, kInvalidCall}, Row{"new", {}, "none", kInvalidCall},
+                         Row{"new", 0, {}, kSubscriptOutOfRange}, Row{"new", {}, 8, kSubscriptOutOfRange},
+                         Row{"new", 9, 1, kSubscriptOutOfRange}, Row{"new", "", 1, kInvalidCall}}) {
+    const auto add = [&] { things.Add(std::make_shared<Thing>(9), row.Key, row.Before, row.After); };
+    EXPECT_EQ(ErrorOf(add).Number(), row.Error) << row.Before.Description() << row.After.Description();
+  }
+  EXPECT_EQ(ErrorOf([&] { things.Add(nullptr, "new"); }).Number(), kObjectNotSet);
+  EXPECT_EQ(ErrorOf([&] { things.Remove("new"); }).Number(), kInvalidCall);
+  EXPECT_EQ(ErrorOf([&] { things.Remove(8); }).Number(), kSubscriptOutOfRange);
+  EXPECT_THAT(Ids(things), ElementsAre(4, 1, 2, 5, 6, 3, 7));
+  things.Remove(things.KeyAt(2));
+  things.Add(std::make_shared<Thing>(8), "K1");
+  EXPECT_THAT(Ids(things), ElementsAre(4, 2, 5, 6, 3, 7, 8));
+}
+
+TEST(KeyedCollection, MayChangeWhileItIsWalked) {
+  Things things;
+  for (int id = 1; id <= 4; ++id) things.Add(std::make_shared<Thing>(id));
+  std::vector<int> seen;
+  for (auto thing : things) {
+    seen.push_back(thing->Id);
+    if (thing->Id == 2) things.Remove(4);
+    if (thing->Id == 3) things.Add(std::make_shared<Thing>(5));
+    if (thing->Id == 5) things.Remove(1);
+  }
+  EXPECT_THAT(seen, ElementsAre(1, 2, 3, 5));
+}
+
+// The same random steps on the collection and on a plain list of what should be in it.
+TEST(KeyedCollection, AgreesWithAPlainListOverManySteps) {
+  struct Spelling {
+    const char* Text;
+    int Meaning;
+  };
+  std::vector<Spelling> spellings{{"Straße", 0}, {"STRASSE", 0}, {"Äpfel", 1},
+                                  {"äPFEL", 1},  {"Σίσυφος", 2}, {"ΣΊΣΥΦΟΣ", 2}};
+  std::vector<std::string> numbered;
+  for (int i = 0; i < 40; ++i) numbered.push_back((i % 2 == 0 ? "Key" : "KEY") + std::to_string(i / 2));
+  for (std::size_t i = 0; i < numbered.size(); ++i)
+    spellings.push_back({numbered[i].c_str(), 3 + static_cast<int>(i) / 2});
+
+  struct Entry {
+    int Id;
+    int Meaning;  // of its key, -1 for none
+  };
+  std::vector<Entry> list;
+  Things things;
+  std::mt19937 random(20040901);
+  const auto below = [&](std::size_t n) { return static_cast<std::size_t>(random() % n); };
+  const auto placeOf = [&](int meaning) {
+    const auto found = std::find_if(list.begin(), list.end(), [&](auto& e) { return e.Meaning == meaning; });
+    return static_cast<std::size_t>(found - list.begin());
+  };
+  for (int step = 0; step < 6000; ++step) {
+    // Some item by key or position, which may name none.
+    const Spelling& named = spellings[below(spellings.size())];
+    const bool byKey = below(2) == 0;
+    const std::size_t position = below(list.size() + 2);
+    const ItemKey key = byKey ? ItemKey(named.Text) : ItemKey(position);
+    const std::size_t place = byKey ? placeOf(named.Meaning) : position - 1;
+    const bool exists = place < list.size();
+    bool fails = false;
+    const auto run = [&](auto change) {
+      try {
+        change();
+      } catch (const Error&) {
+        fails = true;
+      }
+    };
+    if (below(list.size() > 30 ? 2 : 4) == 0) {
+      run([&] { things.Remove(key); });
+      ASSERT_EQ(fails, !exists) << step;
+      if (exists) list.erase(list.begin() + static_cast<std::ptrdiff_t>(place));
+    } else {
+      const Spelling fresh = below(4) == 0 ? Spelling{"", -1} : spellings[below(spellings.size())];
+      const std::size_t where = below(3);  // at the end, before or after
+      const auto thing = std::make_shared<Thing>(step);
+      run([&] { things.Add(thing, fresh.Text, where == 1 ? key : ItemKey(), where == 2 ? key : ItemKey()); });
+      const bool duplicate = fresh.Meaning >= 0 && placeOf(fresh.Meaning) < list.size();
+      ASSERT_EQ(fails, duplicate || (where != 0 && !exists)) << step;
+      const std::size_t target = where == 0 ? list.size() : place + (where == 2 ? 1 : 0);
+      if (!fails) list.insert(list.begin() + static_cast<std::ptrdiff_t>(target), Entry{step, fresh.Meaning});
+    }
+    std::vector<int> expected;
+    for (const auto& entry : list) expected.push_back(entry.Id);
+    ASSERT_EQ(Ids(things), expected) << step;
+    for (const auto& [text, meaning] : spellings) {
+      const std::size_t at = placeOf(meaning);
+      const auto found = things.Item(text);
+      ASSERT_EQ(found ? found->Id : -1, at < list.size() ? list[at].Id : -1) << step << ' ' << text;
+    }
+  }
+}
+
+}  // namespace
+}  // namespace lwconfig

@@ -1,0 +1,245 @@
+#include <tests/configuration.h>
+
+#include <lwconfig/core/attribute_reader.h>
+#include <lwconfig/core/configuration_files.h>
+
+namespace lwconfig {
+namespace {
+
+using ::testing::ElementsAre;
+using testing::ErrorOf;
+using ::testing::HasSubstr;
+using ::testing::Not;
+using testing::Parse;
+
+class XML : public testing::ConfigurationTest {};
+
+std::vector<std::string> ChildNames(const XMLElement& e) {
+  std::vector<std::string> names;
+  for (const XMLElement child : e.Children()) names.push_back(child.Name());
+  return names;
+}
+
+TEST_F(XML, GivesBackExactlyWhatWasSet) {
+  const std::vector<std::string> values{"",         " ",         "  two  blanks  ", "a\tb",     "a\nb",
+                                        "a\r\nb",   "\r",        "\"'<>&",          "&amp;",    "]]>",
+                                        "%%Name%%", "Göttingen", "日本語 📘",        "\xC2\xA0", "\x7F"};
+  XMLDocument document;
+  XMLElement root = document.RootElement();
+  root.SetName("Root");
+  for (std::size_t i = 0; i < values.size(); ++i) {
+    root.AddAttribute("A" + std::to_string(i), values[i]);
+    root.AddElement("Text", values[i]);
+  }
+  root.AddElement("Mixed", "before").AddElement("Inner", "x");
+  const auto expectEverything = [&](const XMLElement& read, const char* state) {
+    EXPECT_EQ(read.Name(), "Root") << state;
+    for (std::size_t i = 0; i < values.size(); ++i) {
+      const auto position = static_cast<std::int32_t>(i + 1);
+      EXPECT_EQ(read.Attributes().Item("a" + std::to_string(i)).Value(), values[i]) << state;
+      EXPECT_EQ(read.Attributes().Item(position).Name(), "A" + std::to_string(i)) << state;
+      EXPECT_EQ(read.Children().Item(position).Text(), values[i])
+          << state << ' ' << ::testing::PrintToString(values[i]);
+    }
+    EXPECT_EQ(read.Children().Item(read.Children().Count()).Text(), "before") << state;
+  };
+  XMLDocument loaded;
+  ASSERT_TRUE(loaded.LoadXML(document.XML()));
+  expectEverything(loaded.RootElement(), "loaded");
+  expectEverything(root, "as built");
+  ASSERT_TRUE(loaded.LoadXML(document.XML()));
+  expectEverything(loaded.RootElement(), "written once it was read");
+  const std::string again = loaded.XML();
+  ASSERT_TRUE(loaded.LoadXML(again));
+  expectEverything(loaded.RootElement(), "loaded and written again");
+  EXPECT_EQ(ErrorOf([&] { root.AddAttribute("B", std::string_view("a\0b", 3)); }).Number(), kInvalidCall);
+}
+
+TEST_F(XML, IsReadAndWrittenInAnyOrder) {
+  XMLDocument document;
+  XMLElement root = document.RootElement();
+  EXPECT_EQ(root.Name(), "");
+  root.AddAttribute("A", "1");
+  root.SetName("Root");
+  XMLElement first = root.AddElement("First", "text");
+  EXPECT_EQ(document.RootElement(), root);
+  EXPECT_EQ(root.Children().Item(1), first);
+  first.AddElement("Inner", "").AddAttribute("B", "2");
+  first.AddAttribute("C", "3");
+  root.AddElement("Second", "");
+  root.AddAttribute("D", "4");
+  first.SetName("Renamed");
+  EXPECT_EQ(root.Position().Line, 0) << "it stands in no text";
+  EXPECT_EQ(document.XML(), testing::Normal("<Root A='1' D='4'><Renamed C='3'>text<Inner B='2'/></Renamed>"
+                                            "<Second/></Root>"));
+
+  // Elements of one document stay in their places, whether anything was read in between or not.
+  for (const bool reading : {false, true}) {
+    XMLDocument written;
+    XMLElement top = written.RootElement();
+    top.SetName("Top");
+    std::vector<XMLElement> elements{top};
+    for (std::size_t i = 1; i < 50; ++i) {
+      elements.push_back(elements[i / 3].AddElement("E" + std::to_string(i), ""));
+      elements[i / 2].AddAttribute("A" + std::to_string(i), "x");
+      if (reading && i == 25) {
+        EXPECT_EQ(elements[20].Attributes().Count(), 0);
+      }
+    }
+    for (std::size_t i = 1; i < 50; ++i) {
+      EXPECT_EQ(elements[i].Name(), "E" + std::to_string(i));
+      EXPECT_TRUE(elements[i / 2].Attributes().Find("a" + std::to_string(i)));
+    }
+    EXPECT_THAT(ChildNames(elements[5]), ElementsAre("E15", "E16", "E17"));
+  }
+}
+
+TEST_F(XML, KeepsWhatStandsBeforeAFault) {
+  struct Row {
+    const char* Text;
+    bool Parses;
+    const char* Root;
+    std::vector<std::string> Children;
+  };
+  for (const Row& row :
+       std::vector<Row>{{"", false, "", {}},
+                        {"  \n", false, "", {}},
+                        {"no markup", false, "", {}},
+                        {"<?xml version='1.0'?>", false, "", {}},
+                        {"<", false, "", {}},
+                        {"<!DOCTYPE a [<!ELEMENT", false, "", {}},
+                        {"<a><b/><c/>", false, "a", {"b", "c"}},
+                        {"<a><b/></c></a>", false, "a", {"b"}},
+                        {"<a><b/><c x='1' y='2", false, "a", {"b", "c"}},
+                        {"<a><b/><c>text", false, "a", {"b", "c"}},
+                        {"<a><b x=1/><c/></a>", false, "a", {"b"}},
+                        {"<!-- first --><?pi?><!DOCTYPE a><a><b/><!-- c --><d/></a><!-- last -->",
+                         true,
+                         "a",
+                         {"b", "d"}}}) {
+    XMLDocument document;
+    EXPECT_EQ(document.LoadXML(row.Text), row.Parses) << row.Text;
+    EXPECT_EQ(document.RootElement().Name(), row.Root) << row.Text;
+    EXPECT_EQ(ChildNames(document.RootElement()), row.Children) << row.Text;
+    EXPECT_EQ(document.RootElement().ParseFailure().empty(), row.Parses) << row.Text;
+  }
+  // Every way to cut a document leaves one that can be read.
+  const std::string whole = "<?xml version=\"1.0\"?><a b=\"&lt;ü\"><!-- c --><d><![CDATA[e]]></d>&#228;</a>";
+  for (std::size_t length = 0; length <= whole.size(); ++length) {
+    XMLDocument document;
+    document.LoadXML(whole.substr(0, length));
+    EXPECT_LE(document.RootElement().Attributes().Count(), 1);
+    EXPECT_NE(document.XML(), "");
+  }
+}
+
+TEST_F(XML, ExpandsAndFetchesNothing) {
+  Write("secret.txt", "secret");
+  const std::string system = (Folder.Path() / "Config/secret.txt").string();
+  const auto bomb =
+      Parse("<!DOCTYPE a [<!ENTITY x 'xxxxxxxxxx'><!ENTITY y '&x;&x;&x;&x;&x;&x;'><!ENTITY file SYSTEM '" +
+            system + "'>]><a n='&y;&file;'>&y;&file;<b/></a>");
+  for (const std::string& text : {bomb.Text(), bomb.Attributes().Item("n").Value()}) {
+    EXPECT_THAT(text, Not(HasSubstr("secret")));
+    EXPECT_THAT(text, Not(HasSubstr("xx")));
+  }
+  EXPECT_THAT(ChildNames(bomb), ElementsAre("b"));
+}
+
+TEST_F(XML, NestsToAnyDepth) {
+  const auto nested = [](int depth) {
+    std::string text;
+    for (int i = 0; i < depth; ++i) text += "<a>";
+    for (int i = 0; i < depth; ++i) text += "</a>";
+    return text;
+  };
+  constexpr int kDepth = 100'000;
+  XMLElement innermost = Parse(nested(kDepth));
+  int depth = 1;
+  for (; innermost.Children().Count() > 0; ++depth) innermost = innermost.Children().Item(1);
+  EXPECT_EQ(depth, kDepth);
+  XMLDocument document;
+  ASSERT_TRUE(document.LoadXML(nested(2'000)));
+  XMLDocument copy;
+  EXPECT_TRUE(copy.LoadXML(document.XML()));
+}
+
+TEST_F(XML, ElementsOutliveTheirDocument) {
+  auto document = std::make_unique<XMLDocument>();
+  document->LoadXML("<a b='c'><d>e</d></a>");
+  const XMLElement root = document->RootElement();
+  const XMLAttribute attribute = root.Attributes().Item("B");
+  document->LoadXML("<other/>");
+  EXPECT_EQ(document->RootElement().Name(), "other");
+  document.reset();
+  EXPECT_EQ(attribute.Value(), "c");
+  EXPECT_EQ(root.Children().Item(1).Text(), "e");
+}
+
+TEST_F(XML, LooksUpAttributesWithoutRegardToLetterCase) {
+  const XMLElement e = Parse("<e Name='n' DependantOnnamespace_Filter='f' Last='l'/>");
+  EXPECT_EQ(e.Attributes().Item("dependantonnamespace_filter").Value(), "f");
+  EXPECT_EQ(e.Attributes().Find("Nam"), std::nullopt);
+  EXPECT_EQ(e.Attributes().Find("Names"), std::nullopt);
+  EXPECT_EQ(e.Attributes().Find(0), std::nullopt);
+  EXPECT_EQ(e.Attributes().Find(4), std::nullopt);
+  // Whatever the order of the look-ups, each finds its attribute.
+  AttributeReader in(e);
+  for (const char* name : {"LAST", "name", "dependantonnamespace_filter", "name", "name", "last", "Name"})
+    EXPECT_NE(in.Find(name), nullptr) << name;
+  EXPECT_EQ(in.Find("Nam"), nullptr);
+  EXPECT_EQ(in.Find("Names"), nullptr);
+  std::string text = "<e";
+  for (int i = 0; i < 40; ++i) text += " A" + std::to_string(i) + "='" + std::to_string(i) + "'";
+  const XMLElement many = Parse(text + "/>");
+  AttributeReader inMany(many);
+  for (const char* number : {"39", "0", "31", "32", "33"})
+    EXPECT_STREQ(inMany.Find(("a" + std::string(number)).c_str()), number);
+  EXPECT_EQ(inMany.Find("a40"), nullptr);
+}
+
+TEST_F(XML, FailuresTellTheirPlaceInCharacters) {
+  struct Row {
+    const char* Text;
+    std::int32_t Line;
+    std::int32_t Column;
+  };
+  Write("place.xml", "");
+  DiskFile file(ConfigFolder() + "\\place.xml");
+  for (const Row& row : {Row{"<item/>", 1, 2}, Row{"<?xml version='1.0'?>\r\n\r\n  <item/>", 3, 4},
+                         Row{"<ä><ö x='grün &amp; rot'>\tüß</ö><item y='1'/></ä>", 1, 34},
+                         Row{"<a>\n<!-- ä\n ö --><item\n\n/></a>", 3, 8}}) {
+    for (const bool withMark : {false, true}) {
+      Write("place.xml", (withMark ? "\xEF\xBB\xBF" : "") + std::string(row.Text));
+      const auto failure = ErrorOf([&] {
+        ReadConfigurationFiles({file}, [](const DiskFile&, const XMLElement& root) {
+          if (root.IsNamed("item")) root.Attributes().Item("Name");
+          for (const XMLElement child : root.Children())
+            if (child.IsNamed("item")) child.Attributes().Item("Name");
+        });
+      });
+      EXPECT_EQ(failure.Number(), kInvalidCall);
+      EXPECT_EQ(failure.Position().File, file.FullPath());
+      EXPECT_EQ(failure.Position().Line, row.Line) << row.Text;
+      EXPECT_EQ(failure.Position().Column, row.Column) << row.Text;
+    }
+    XMLElement item = Parse(row.Text);
+    for (const XMLElement child : XMLElement(item).Children())
+      if (child.IsNamed("item")) item = child;
+    EXPECT_EQ(item.Position().Line, row.Line) << row.Text;
+    EXPECT_EQ(item.Position().Column, row.Column) << row.Text;
+  }
+  EXPECT_THAT(Diagnostics, ::testing::IsEmpty());
+
+  Write("place.xml", "<ä>\n ü</b>");
+  ReadConfigurationFiles({file},
+                         [](const DiskFile&, const XMLElement& root) { EXPECT_EQ(root.Name(), "ä"); });
+  ASSERT_EQ(Diagnostics.size(), 1U);
+  EXPECT_EQ(Diagnostics[0].Position.File, file.FullPath());
+  EXPECT_EQ(Diagnostics[0].Position.Line, 2);
+  EXPECT_GE(Diagnostics[0].Position.Column, 3);
+  EXPECT_LE(Diagnostics[0].Position.Column, 6);
+}
+
+}  // namespace
+}  // namespace lwconfig

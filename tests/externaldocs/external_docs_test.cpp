@@ -1,0 +1,184 @@
+#include <tests/configuration.h>
+
+#include <lwconfig/externaldocs/external_docs.h>
+
+namespace lwconfig {
+namespace {
+
+using testing::Each;
+using ::testing::ElementsAre;
+using testing::ErrorOf;
+using testing::FileOperation;
+using testing::Normal;
+
+constexpr const char* kFile = "ExternalDocs.xml";
+
+std::string Source(const std::string& pattern, const std::string& tag = "ExternalDoc") {
+  return "<" + tag + " Namespace='" + pattern + "'/>";
+}
+
+/// A source whose member links have the same formats as its class links.
+std::shared_ptr<ExternalDoc> Formats(const std::string& pattern, const std::string& url,
+                                     const std::string& help1 = {}, const std::string& help2 = {}) {
+  auto source = std::make_shared<ExternalDoc>();
+  source->NamespaceName = pattern;
+  source->SetURLFormat(url);
+  source->SetHTMLHelp1LinkFormat(help1);
+  source->SetHelp2LinkFormat(help2);
+  source->ClassLink->Clone(source->DefaultMemberLink);
+  return source;
+}
+
+class ExternalDocsFile : public testing::ConfigurationTest {
+ protected:
+  ExternalDocs Docs;
+};
+
+TEST_F(ExternalDocsFile, IsReadAndWrittenInTheLetterCaseItHas) {
+  Docs.Dirty = true;
+  Docs.Load();
+  EXPECT_FALSE(Docs.Dirty);
+  EXPECT_EQ(Docs.Count(), 0);
+  Write("externaldocs.XML",
+        "<any>" + Source("x", "externaldoc") + Source("") +
+            "<ExternalDoc NAMESPACE='N' URLFormat='u' Help2Link='&lt;ü&gt;'>text"
+            "<x Help2Link='m2'/><DefaultMemberLink URLFormat='ignored'/></ExternalDoc></any>");
+  Docs.Load();
+  const auto copy = Docs.Clone();
+  Docs.Item("n")->SetURLFormat("changed");
+  Docs.Item("n")->DefaultMemberLink->Help2LinkFormat = "changed";
+  copy->Dirty = true;
+  copy->Save();
+  EXPECT_FALSE(copy->Dirty);
+  EXPECT_FALSE(Exists(kFile));
+  EXPECT_EQ(Read("externaldocs.XML"),
+            Normal("<ExternalDocuments Version='4.0'>"
+                   "<ExternalDoc Namespace='' URLFormat='' HTMLHelp1Link='' Help2Link=''>"
+                   "<DefaultMemberLink URLFormat='' HTMLHelp1Link='' Help2Link=''/></ExternalDoc>"
+                   "<ExternalDoc Namespace='N' URLFormat='u' HTMLHelp1Link='' Help2Link='&lt;ü&gt;'>"
+                   "<DefaultMemberLink URLFormat='' HTMLHelp1Link='' Help2Link='m2'/></ExternalDoc>"
+                   "</ExternalDocuments>"));
+  std::filesystem::remove(Folder.Path() / "Config/externaldocs.XML");
+  copy->Save();
+  EXPECT_TRUE(Exists(kFile));
+}
+
+TEST_F(ExternalDocsFile, KeepsWhatStandsBeforeAFailure) {
+  for (const auto& [third, number] : {std::pair<std::string, int>{"<ExternalDoc/>", kInvalidCall},
+                                      std::pair<std::string, int>{Source("a"), kDuplicateKey}}) {
+    Write(kFile, "<any>\n" + Source("A") + "\n" + Source("B") + "\n  " + third + Source("C") + "</any>");
+    ExternalDocs docs;
+    docs.Dirty = true;
+    const auto failure = ErrorOf([&] { docs.Load(); });
+    EXPECT_EQ(failure.Number(), number);
+    EXPECT_EQ(failure.Position().Line, 4);
+    EXPECT_EQ(failure.Position().Column, 4);
+    EXPECT_THAT(Each(docs, &ExternalDoc::NamespaceName), ElementsAre("A", "B"));
+    EXPECT_TRUE(docs.Dirty);
+  }
+  Docs.Add(Formats("Earlier", "u"), "Earlier");
+  Write(kFile, "<any>" + Source("A") + "<Ext");
+  Docs.Load();
+  EXPECT_THAT(Each(Docs, &ExternalDoc::NamespaceName), ElementsAre("Earlier", "A"));
+  EXPECT_EQ(Diagnostics.size(), 1U);
+}
+
+TEST_F(ExternalDocsFile, SurvivesAFailedSave) {
+  Write(kFile, "old");
+  Docs.Add(Formats("A", "u"));
+  Docs.Dirty = true;
+  for (const auto operation : {FileOperation::Replace, FileOperation::Write, FileOperation::Commit}) {
+    Files.Fail(operation, kFile, ENOSPC);
+    EXPECT_EQ(ErrorOf([&] { Docs.Save(); }).Number(), kPathFileAccess);
+    Files.Heal();
+  }
+  Docs.Item(1)->DefaultMemberLink = nullptr;
+  EXPECT_EQ(ErrorOf([&] { Docs.Save(); }).Number(), kObjectNotSet);
+  EXPECT_EQ(ErrorOf([&] { ExternalLink().Clone(nullptr); }).Number(), kObjectNotSet);
+  EXPECT_EQ(Read(kFile), "old");
+  EXPECT_TRUE(Docs.Dirty);
+}
+
+TEST(ExternalDocs, FillPlaceholders) {
+  ExternalDocs docs;
+  docs.Add(Formats("*", "%%Namespace%%|%%Object%%|%%FULLNAME%%|%%Class%%|%%ClassFullName%%|%%MemberName%%"));
+  EXPECT_EQ(docs.URL("A.B.C"), "A.B|C|A.B.C|%%Class%%|%%ClassFullName%%|%%MemberName%%");
+  EXPECT_EQ(docs.URL("C"), "|C|C|%%Class%%|%%ClassFullName%%|%%MemberName%%");
+  EXPECT_EQ(docs.MemberLink("A.B.C", "Add(System.Object)", "<>", false),
+            "<a href=\"A.B|%%Object%%|%%FULLNAME%%|C|A.B.C|Add\"><></a>");
+  docs.Remove(1);
+  docs.Add(Formats("*", "%%namespace_nodots%%|%%FullName_NoDots%%|%%ClassFullName_NoDots%%|%%LinkCaption%%"));
+  EXPECT_EQ(docs.URL("A.B.C"), "AB|ABC|%%ClassFullName_NoDots%%|%%LinkCaption%%");
+  EXPECT_EQ(docs.Link("A.B.C", "Cap", false), "<a href=\"AB|ABC|%%ClassFullName_NoDots%%|Cap\">Cap</a>");
+  EXPECT_EQ(docs.MemberLink("A.B.C", "", "%%Class%%", false),
+            "<a href=\"AB|%%FullName_NoDots%%|ABC|%%Class%%\">%%Class%%</a>");
+  docs.Item(1)->DefaultMemberLink->HTMLHelp1LinkFormat = "%%MemberName%%";
+  for (const auto& [member, value] : {std::pair{"_ctor", "ctor"}, std::pair{"_ctor(_ctor)", "ctor"},
+                                      std::pair{"x__ctor_ctor", "x_ctorctor"}, std::pair{"(a", ""}}) {
+    EXPECT_EQ(docs.MemberLink("A.B", member, "", true), value);
+  }
+}
+
+TEST(ExternalDocs, ChooseTheFormatByTheKindOfHelp) {
+  const char* const anchor = "<a href=\"u\">Cap</a>";
+  for (const auto& [help1, help2, isHelp2, link] :
+       {std::tuple{"1", "2", true, "2"}, std::tuple{"1", "2", false, "1"}, std::tuple{"1", "", true, "1"},
+        std::tuple{"", "2", false, anchor}, std::tuple{"", "", true, anchor}}) {
+    ExternalDocs docs;
+    docs.Add(Formats("N.*", "u", help1, help2));
+    EXPECT_EQ(docs.Link("N.C", "Cap", isHelp2), link);
+    EXPECT_EQ(docs.MemberLink("N.x.C", "M", "Cap", isHelp2), link);
+    EXPECT_EQ(docs.URL("N.C"), "u");
+  }
+}
+
+TEST(ExternalDocs, MatchDifferentPartsOfAName) {
+  struct Row {
+    const char* Pattern;
+    const char* Name;
+    bool Link;
+    bool IsAvailable;  // the same for member links
+    bool URL;
+  };
+  for (const Row& row :
+       {Row{"System.*", "System.A", true, false, true}, Row{"System.*", "System.Xml.A", true, true, true},
+        Row{"System", "System.A", false, true, false}, Row{"System.Xml", "System.Xml.A", true, true, false},
+        Row{".", "A", true, false, false}, Row{"", "A", false, true, false},
+        Row{"A", "A", false, false, true}, Row{"system.*", "System.A", false, false, false}}) {
+    ExternalDocs docs;
+    docs.Add(Formats(row.Pattern, "found"));
+    EXPECT_EQ(docs.Link(row.Name, "", false) != "", row.Link) << row.Name;
+    for (int i = 0; i < 2; ++i) EXPECT_EQ(docs.IsLinkAvailable(row.Name), row.IsAvailable) << row.Name;
+    EXPECT_EQ(docs.MemberLink(row.Name, "", "", false) != "", row.IsAvailable) << row.Name;
+    EXPECT_EQ(docs.URL(row.Name) != "", row.URL) << row.Name;
+  }
+}
+
+TEST(ExternalDocs, KeepTheirAnswersUntilReset) {
+  ExternalDocs docs;
+  EXPECT_EQ(docs.Link("N.C", "Cap", false), "");
+  EXPECT_FALSE(docs.IsLinkAvailable("N.C"));
+  docs.Add(Formats("N*", "", "1", "2"), "N*");
+  docs.Add(Formats("N.*", "", "late"), "N.*");
+  EXPECT_EQ(docs.Link("N.C", "Cap", false), "1");
+  EXPECT_TRUE(docs.IsLinkAvailable("N.C"));
+  docs.Remove("n*");
+  EXPECT_EQ(docs.Link("n.c", "CAP", true), "1");
+  EXPECT_EQ(docs.Link("N.C", "Cap", true, "other"), "late");
+  EXPECT_TRUE(docs.IsLinkAvailable("n.D"));
+  const auto copy = docs.Clone();
+  EXPECT_EQ(copy->Link("N.C", "Cap", true), "late");
+  EXPECT_FALSE(copy->IsLinkAvailable("N.C"));
+  EXPECT_EQ(copy->Item("N.*"), nullptr);
+  EXPECT_NE(copy->Item(1), docs.Item(1));
+  docs.ResetLinkCache();
+  EXPECT_EQ(docs.Link("N.C", "Cap", true), "late");
+  EXPECT_FALSE(docs.IsLinkAvailable("N.C"));
+  // A pattern of one blank is remembered as no link.
+  docs.Add(Formats(" ", "u"));
+  EXPECT_TRUE(docs.IsLinkAvailable(" .C"));
+  EXPECT_FALSE(docs.IsLinkAvailable(" .C"));
+}
+
+}  // namespace
+}  // namespace lwconfig

@@ -1,0 +1,112 @@
+#include <tests/configuration.h>
+
+#include <lwconfig/core/text.h>
+#include <lwconfig/namespaces/language.h>
+
+namespace lwconfig {
+namespace {
+
+using testing::Each;
+using ::testing::ElementsAre;
+using testing::ErrorOf;
+using testing::Parse;
+using testing::Texts;
+
+/// Every word of a language, in the order in which they are read.
+std::string WordsOf(const Language& l) {
+  return l.Name + l.Caption + l.OverloadsWord + l.OverridesWord + l.VirtualWord + l.NotVirtualWord +
+         l.AbstractWord + l.ShadowsWord + l.StaticWord + l.OptionalWord + l.OutParamWord + l.ByRefWord +
+         l.ByValWord + l.ReturnTypePrefix + l.ArraySymbol + l.VoidTypeName + l.ParamArrayWord +
+         l.FunctionWord + l.SubWord + l.ReadOnlyPropertyWord + l.WriteOnlyPropertyWord +
+         l.ReadWritePropertyWord + l.MustInheritWord + l.NotInheritableWord + l.ReadOnlyFieldKeyword;
+}
+constexpr std::string_view kWords =
+    "Name Caption Overloads Overrides Virtual NotVirtual Abstract Shadows Static Optional OutParam ByRef "
+    "ByVal "
+    "ReturnTypePrefix ArraySymbol VoidTypeName ParamArray Function Sub ReadOnlyProperty WriteOnlyProperty "
+    "ReadWriteProperty MustInherit NotInheritable ReadOnlyField";
+
+/// A language element whose words are their attributes' names and a blank, without the one named.
+std::string Element(const std::string& name, const std::string& inside = {}, const std::string& more = {},
+                    const std::string& without = {}) {
+  std::string element = "<Language";
+  for (const auto word : Split(kWords, " ")) {
+    if (word != without)
+      element.append(" ").append(word) += "='" + (word == "Name" ? name : std::string(word) + " ") + "'";
+  }
+  return element + " " + more + ">" + inside + "</Language>";
+}
+
+TEST(Language, NeedsEveryWord) {
+  std::string read;
+  for (const auto missing : Split(kWords, " ")) {
+    Language language;
+    const auto load = [&] { language.Load(Parse(Element("Name ", "", "", std::string(missing)))); };
+    EXPECT_EQ(ErrorOf(load).Number(), kInvalidCall) << missing;
+    EXPECT_EQ(WordsOf(language), read);
+    read.append(missing) += ' ';
+  }
+  Language language;
+  language.Load(Parse(Element("Name ")));
+  EXPECT_EQ(WordsOf(language), read);
+  EXPECT_EQ(language.ParameterDelimiter, ",");
+  EXPECT_FALSE(language.IncludeByDefault);
+  language.Load(Parse(Element("N", "",
+                              "parameterdelimiter=';' IncludeByDefault='True' IncludeFlag='True' "
+                              "MultiDimensionalArraySymbol='(,)'")));
+  EXPECT_EQ(language.ParameterDelimiter + language.MultiDimensionalArraySymbol, ";(,)");
+  EXPECT_TRUE(language.IncludeByDefault);
+  EXPECT_FALSE(language.IncludeFlag);
+}
+
+TEST(Language, TranslatesTypesAndAccessLevels) {
+  Language language;
+  language.Load(
+      Parse(Element("L",
+                    "<DataType type='Int32' Value='Long'/><AccessType type='Public' value='pub'/><other/>"
+                    "<accesstype type='public' Value='again'/><accesstype type='x'/>"
+                    "<accesstype type='Private' Value='priv'/>")));
+  EXPECT_THAT(language.DataTypes->Item("INT32"), ::testing::Pointee(std::string("Long")));
+  EXPECT_THAT(language.ReverseDataTypes->Item("long"), ::testing::Pointee(std::string("Int32")));
+  EXPECT_THAT(Texts(*language.AccessTypes), ElementsAre("pub", "priv"));
+
+  for (const auto& [second, number, types] : {std::tuple("<datatype type='B' Value='X'/>", kDuplicateKey, 2),
+                                              {"<datatype type='a' Value='y'/>", kDuplicateKey, 1},
+                                              {"<datatype type='B'/>", kInvalidCall, 1},
+                                              {"<datatype Value='y'/>", kInvalidCall, 1}}) {
+    Language failing;
+    const std::string inside =
+        std::string("<datatype type='A' Value='x'/>\n") + second + "<datatype type='C' Value='z'/>";
+    const auto failure = ErrorOf([&] { failing.Load(Parse(Element("L", inside))); });
+    EXPECT_EQ(failure.Number(), number) << second;
+    EXPECT_EQ(failure.Position().Line, 2) << second;
+    EXPECT_EQ(failing.DataTypes->Count(), types) << second;
+    EXPECT_THAT(Texts(*failing.ReverseDataTypes), ElementsAre("A")) << second;
+  }
+}
+
+class LanguageFile : public testing::ConfigurationTest {};
+
+TEST_F(LanguageFile, IsSharedOnceLoaded) {
+  const auto none = Languages::Shared();
+  EXPECT_EQ(ErrorOf([&] { none->Item("VB"); }).Number(), kInvalidCall);
+  EXPECT_EQ(ErrorOf([&] { none->Item(1); }).Number(), kSubscriptOutOfRange);
+  Write("languages.xml",
+        "<x>\n" + Element("VB") + "<LANGUAGE/>" + Element("C#") + "\n" + Element("vb") + "</x>");
+  EXPECT_EQ(Languages::Shared(), none);
+  EXPECT_EQ(none->Count(), 0);
+  ResetSharedSlots();
+  const auto failure = ErrorOf([] { Languages::Shared(); });
+  EXPECT_EQ(failure.Number(), kDuplicateKey);
+  EXPECT_THAT(failure.what(), ::testing::HasSubstr("\\languages.xml:3:2: "));
+  const auto languages = Languages::Shared();
+  EXPECT_THAT(Each(*languages, &Language::Name), ElementsAre("VB", "C#"));
+  EXPECT_EQ(languages->Item("c#")->Name, "C#");
+  for (const ItemKey& unknown : {ItemKey("J#"), ItemKey(0), ItemKey(3), ItemKey("")})
+    EXPECT_EQ(languages->Item(unknown)->Name, "VB") << unknown.Description();
+  languages->Load(Parse("<x>" + Element("Other") + "</x>"));
+  EXPECT_THAT(Each(*languages, &Language::Name), ElementsAre("Other"));
+}
+
+}  // namespace
+}  // namespace lwconfig

@@ -1,0 +1,68 @@
+#include <tests/configuration.h>
+
+#include <lwconfig/namespaces/plug_in.h>
+
+namespace lwconfig {
+namespace {
+
+using testing::Each;
+using ::testing::ElementsAre;
+using testing::ErrorOf;
+
+std::string Element(const std::string& name, const char* tag = "PlugIn") {
+  return "<" + std::string(tag) + " Name='" + name +
+         "' Description='d' ExtendsWizard='true' WizardProgID='w' ExtendsContent='True' ContentProgID='c' "
+         "ExtendsTableOfContents='False' TableOfContentsProgID='t'/>";
+}
+
+class PlugInFolder : public testing::ConfigurationTest {};
+
+TEST_F(PlugInFolder, HoldsSeveralPlugInsPerFile) {
+  PlugIns plugIns;
+  plugIns.Load();
+  EXPECT_EQ(plugIns.Count(), 0);
+  Write("PlugIns/a.xml",
+        "<any>" + Element("A") + Element("x", "Plug-In") + Element("B", "PLUGIN") + "</any>");
+  Write("PlugIns/b.xml", "<any>" + Element("a") + "</any>");
+  plugIns.Load();
+  EXPECT_THAT(Each(plugIns, &PlugIn::Name), ElementsAre("A", "B", "a"));
+  EXPECT_EQ(plugIns.Item("A"), nullptr);
+  const auto first = plugIns.Item(1);
+  const std::string key = first->Key;
+  const auto number = std::stoll(key.substr(1));
+  EXPECT_EQ(plugIns.Item("p" + std::to_string(number)), first);
+  EXPECT_GT(std::stoll(plugIns.Item(3)->Key.substr(1)), number);
+  EXPECT_EQ(testing::Saved(*first, "PlugIn"),
+            testing::Normal("<PlugIn Name='A' Description='d' ExtendsWizard='False' WizardProgID='w' "
+                            "ExtendsContent='True' ContentProgID='c' ExtendsTableOfContents='False' "
+                            "TableOfContentsProgID='t'/>"));
+  const auto copies = plugIns.Clone();
+  EXPECT_THAT(Each(*copies, &PlugIn::Name), ElementsAre("A", "B", "a"));
+  for (const auto& copy : *copies) EXPECT_EQ(plugIns.Item(copy->Key), nullptr);
+  EXPECT_EQ(copies->Item(copies->Item(2)->Key), copies->Item(2));
+  plugIns.Load();
+  EXPECT_EQ(plugIns.Count(), 3);
+  EXPECT_EQ(plugIns.Item(key), nullptr);
+  plugIns.LoadFrom(ConfigFolder() + "\\none");
+  EXPECT_EQ(plugIns.Count(), 0);
+}
+
+TEST_F(PlugInFolder, EndsAtAnIncompletePlugIn) {
+  const std::string complete = Element("B");
+  for (const char* name : {"Name", "Description", "ExtendsWizard", "WizardProgID", "ExtendsContent",
+                           "ContentProgID", "ExtendsTableOfContents", "TableOfContentsProgID"}) {
+    std::string incomplete = complete;
+    incomplete.insert(incomplete.find(std::string(" ") + name + "=") + 1, "x");
+    Write("PlugIns/a.xml", "<any>\n" + Element("A") + "\n" + incomplete + Element("C") + "</any>");
+    Write("PlugIns/b.xml", "<any>" + Element("D") + "</any>");
+    PlugIns plugIns;
+    const auto failure = ErrorOf([&] { plugIns.LoadFrom(ConfigFolder() + "/plugins"); });
+    EXPECT_EQ(failure.Number(), kInvalidCall) << name;
+    EXPECT_EQ(failure.Position().Line, 3) << name;
+    EXPECT_EQ(failure.Position().Column, 2) << name;
+    EXPECT_THAT(Each(plugIns, &PlugIn::Name), ElementsAre("A")) << name;
+  }
+}
+
+}  // namespace
+}  // namespace lwconfig

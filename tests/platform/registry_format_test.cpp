@@ -1,0 +1,140 @@
+#include <lwconfig/platform/registry.h>
+
+#include "private_host.h"
+
+namespace lwconfig::platform {
+namespace {
+
+using Bytes = std::vector<std::uint8_t>;
+
+const std::string kHeader = "Windows Registry Editor Version 5.00\n";
+const std::string kBegin = kHeader + "\n[HKEY_CURRENT_USER\\Soft]\n";
+
+class RegistryFormat : public lwconfig::testing::PrivateHost {
+ protected:
+  void SetText(std::string_view text) { Folder.Write("registry/user.reg", text); }
+  std::optional<RegistryValue> Read(std::string_view name, std::string_view key = "Soft") {
+    return Registry::Native().Read(Hive::CurrentUser, key, name);
+  }
+};
+
+RegistryValue Text(std::string text) {
+  return {1, std::move(text)};
+}
+
+TEST_F(RegistryFormat, UnderstandsEveryFormOfAValue) {
+  struct Row {
+    std::string Lines;
+    std::optional<RegistryValue> Value;  // of "v"
+  };
+  for (const Row& row : {
+           Row{"\"v\"=\"text\"\n", Text("text")},
+           Row{"  \"V\" = \"text\"  ; with a comment", Text("text")},
+           Row{"\"v\"=\"C:\\\\a \\\"b\\\" ; c\"\r\n", Text("C:\\a \"b\" ; c")},
+           Row{"\"v\"=\"one\r\n[two]\n\"\n", Text("one\r\n[two]\n")},
+           Row{"\"v\"=\"\"\n", Text("")},
+           Row{"\"v\"=dword:0000001F\n", RegistryValue{4, 31U}},
+           Row{"\"v\"=DWORD:ffffffff\n", RegistryValue{4, 0xffffffffU}},
+           Row{"\"v\"=hex:\n", RegistryValue{3, Bytes{}}},
+           Row{"\"v\"=hex:01,\\\r\n  fF,\\ \n\t2\n", RegistryValue{3, Bytes{1, 255, 2}}},
+           Row{"\"v\"=hex(2):25,00,e4,00,3d,d8,00,de,00,00\n", RegistryValue{2, "%\xc3\xa4\xf0\x9f\x98\x80"}},
+           Row{"\"v\"=hex(1):3d,d8,41,00,42\n", Text("\xef\xbf\xbd"
+                                                     "A\xef\xbf\xbd")},  // broken UTF-16
+           Row{"\"v\"=hex(4):01,02,00,00\n", RegistryValue{4, 0x201U}},
+           Row{"\"v\"=hex(7):61,00,00,00\n", RegistryValue{7, Bytes{0x61, 0, 0, 0}}},
+           Row{"\"v\"=hex(ffff0010):\n", RegistryValue{0xffff0010U, Bytes{}}},
+           Row{"\"v\"=\"1\"\n\"V\"=\"2\"\n", Text("2")},
+           Row{"\"v\"=\"1\"\n\"v\"=-\n", std::nullopt},
+           Row{"\"v\"=\"1\"\n[-hkcu\\SOFT]\n\"v\"=\"2\"\n", std::nullopt},
+           Row{"\"v\"=\"1\"\n[-HKCU]\n[HKCU\\soft]\n\"w\"=\"2\"\n", std::nullopt},
+           Row{"\"v\"=\"1\"\n[-HKCU\\Sof]\n[-HKLM\\Soft]\n", Text("1")},
+           Row{"[HKLM\\Soft]\n\"v\"=\"1\"\n[HKEY_USERS\\Soft]\n\"v\"=\"2\"\n", std::nullopt},
+           Row{"[HKCU\\Soft\\]\n;\"v\"=\"2\"\n\"v\"=\"3\"\n", Text("3")},
+       }) {
+    SetText(kBegin + row.Lines);
+    EXPECT_EQ(Read("v"), row.Value) << row.Lines;
+  }
+  SetText(kBegin + "@=\"default\"\n[HKCU\\Soft\\[a]] \n\"\xc3\x9c\\\\\"=\"odd\"");
+  EXPECT_EQ(Read(""), Text("default"));
+  EXPECT_EQ(Read("\xc3\xbc\\", "\\SOFT\\[A]\\"), Text("odd"));
+}
+
+TEST_F(RegistryFormat, AcceptsEveryEncoding) {
+  const std::string text = kBegin +
+                           "\"v\"=\"Gr\xc3\xbc\xc3\x9f"
+                           "e\"\n";
+  std::string little = "\xff\xfe";
+  std::string big = "\xfe\xff";
+  std::string windows;
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    char c = text[i];
+    if (c == '\xc3') c = static_cast<char>(text[++i] | 0x40);
+    little += {c, '\0'};
+    big += {'\0', c};
+    windows += c;
+  }
+  for (const std::string& bytes : {text, "\xef\xbb\xbf" + text, little, big, windows}) {
+    SetText(bytes);
+    EXPECT_EQ(Read("V"), Text("Gr\xc3\xbc\xc3\x9f"
+                              "e"));
+    Registry::Native().Write(Hive::CurrentUser, "Soft", "v", Text("\xe2\x82\xac"));
+    EXPECT_EQ(Read("V"), Text("\xe2\x82\xac"));
+  }
+  SetText("REGEDIT4\r\n[HKEY_CURRENT_USER\\Soft]\r\n\"v\"=hex(2):fc,80,00\r\n");
+  EXPECT_EQ(Read("v"), (RegistryValue{2, "\xc3\xbc\xe2\x82\xac"}));
+  Registry::Native().Write(Hive::CurrentUser, "Soft", "v", {2, "%\xc3\xbc"});
+  EXPECT_EQ(Folder.Read("registry/user.reg"),
+            "REGEDIT4\r\n[HKEY_CURRENT_USER\\Soft]\r\n\"v\"=hex(2):25,c3,bc,00\r\n");
+  EXPECT_EQ(Read("v"), (RegistryValue{2, "%\xc3\xbc"}));
+}
+
+TEST_F(RegistryFormat, TellsWhereAFileIsDamaged) {
+  struct Row {
+    std::string Text;
+    int Line;
+    int Column;
+    const char* Message;
+  };
+  for (const Row& row : {
+           Row{"", 1, 1, "found the end of the file"},
+           Row{"Windows Registry Editor Version 4.00\n", 1, 1, "\"REGEDIT4\", found 'W'"},
+           Row{"\xef\xbb\xbf\n" + kHeader, 1, 1, "found the end of the line"},
+           Row{kHeader + "\"v\"=\"1\"\n", 2, 1, "expected a key in square brackets"},
+           Row{kBegin + "v=1\n", 4, 1, "expected a key, a value or a comment, found 'v'"},
+           Row{kBegin + std::string(3, '\0'), 4, 1, "found a control character"},
+           Row{kBegin + "[HKCU\\Soft \r\n", 4, 12, "expected ']', found the end of the line"},
+           Row{kBegin + "[]\n", 4, 2, "expected the name of a key"},
+           Row{kBegin + "[HKCU\\a] b\n", 4, 10, "expected the end of the line, found 'b'"},
+           Row{kBegin + "\"\xc3\xa4\xc3\xb6\" \"1\"\n", 4, 6, "expected '=', found '\"'"},
+           Row{kBegin + "\"v\"=\n", 4, 5, "expected a text in quotes"},
+           Row{kBegin + "\"v\"=\xe2\x82\xac\n", 4, 5, "found '\xe2\x82\xac'"},
+           Row{kBegin + "\"v\"=\"C:\\x\"\n", 4, 9, "after a backslash, found 'x'"},
+           Row{kBegin + "\"v\"=\"a\nb\"x\n", 5, 3, "expected the end of the line, found 'x'"},
+           Row{kBegin + "\n\"v\"=\"open\n\n", 5, 5, "expected a closing quote"},
+           Row{kBegin + "\"v\"=dword:\r\n", 4, 11, "expected a hexadecimal digit, found the end of the line"},
+           Row{kBegin + "\"v\"=dword:123456789\n", 4, 19, "found '9'"},
+           Row{kBegin + "\"v\"=hex(2:00\n", 4, 10, "expected ')'"},
+           Row{kBegin + "\"v\"=hex:01,0g\n", 4, 13, "found 'g'"},
+           Row{kBegin + "\"v\"=hex:01,\\\n", 5, 1, "expected a hexadecimal digit, found the end of the file"},
+           Row{kBegin + "\"v\"=hex:01,\\x\n", 4, 13, "expected the end of the line after a backslash"},
+       }) {
+    SetText(row.Text);
+    const auto fails = [&](auto action) {
+      try {
+        action();
+        ADD_FAILURE() << row.Text;
+      } catch (const RegistryFormatError& error) {
+        EXPECT_EQ(error.File, Below("registry/user.reg"));
+        EXPECT_EQ(error.Line, row.Line) << row.Text << error.what();
+        EXPECT_EQ(error.Column, row.Column) << row.Text << error.what();
+        EXPECT_NE(std::string(error.what()).find(row.Message), std::string::npos) << row.Text << error.what();
+      }
+    };
+    fails([&] { Read("v"); });
+    fails([&] { Registry::Native().Write(Hive::CurrentUser, "Soft", "v", Text("1")); });
+    EXPECT_EQ(Folder.Read("registry/user.reg"), row.Text);
+  }
+}
+
+}  // namespace
+}  // namespace lwconfig::platform

@@ -1,0 +1,147 @@
+#include <filesystem>
+
+#include <lwconfig/platform/registry.h>
+
+#include "private_host.h"
+
+namespace lwconfig::platform {
+namespace {
+
+using lwconfig::testing::ExitStatus;
+using lwconfig::testing::FailureOf;
+using lwconfig::testing::StartProcess;
+using Bytes = std::vector<std::uint8_t>;
+
+constexpr auto kUser = Hive::CurrentUser;
+
+class RegistryTest : public lwconfig::testing::PrivateHost {
+ protected:
+  std::string UserText() const { return Folder.Read("registry/user.reg"); }
+  std::optional<RegistryValue> Read(std::string_view key, std::string_view name) {
+    return Host.Read(kUser, key, name);
+  }
+  void Write(std::string_view key, std::string_view name, std::string text) {
+    Host.Write(kUser, key, name, Text(std::move(text)));
+  }
+  static RegistryValue Text(std::string text) { return {1, std::move(text)}; }
+
+  Registry& Host = Registry::Native();
+};
+
+TEST_F(RegistryTest, ReadsBackWhatItWrites) {
+  EXPECT_EQ(Read("Software", "None"), std::nullopt);
+  const RegistryValue values[] = {
+      Text(""),
+      Text("a \"quoted\"\\path\\\r\nand [another] line\n"),
+      {2, "%TEMP%\\\xc3\xa4"},
+      {3, Bytes{}},
+      {3, Bytes(100, 0xab)},
+      {4, 0U},
+      {4, 0xfffffffeU},
+      {7, Bytes{'a', 0, 0, 0, 0, 0}},
+      {11, Bytes{1, 2, 3, 4, 5, 6, 7, 8}},
+  };
+  int count = 0;
+  for (const RegistryValue& value : values) {
+    for (const char* name : {"", "Same", "\"odd\\\n]="}) {
+      const std::string key = "Software\\Key" + std::to_string(count++ / 2);
+      Host.Write(kUser, key, name, value);
+      EXPECT_EQ(Read(key, name), value) << UserText();
+    }
+  }
+  EXPECT_EQ(Host.Read(Hive::LocalMachine, "Software\\Key0", ""), std::nullopt);
+  Host.Write(Hive::LocalMachine, "Software\\Key0", "", Text("machine"));
+  EXPECT_EQ(Host.Read(Hive::LocalMachine, "SOFTWARE\\KEY0", ""), Text("machine"));
+  EXPECT_EQ(Read("Software\\Key0", "same"), Text(""));
+  EXPECT_EQ(FailureOf([&] { Write("two\nlines", "v", "x"); }), EINVAL);
+
+  // Bytes that are no UTF-8 must not change the encoding of the whole file.
+  Write("Software", "Text", "\xe2\x82\xac");
+  Write("Software", "Other", "\x80");
+  EXPECT_EQ(Read("Software", "Text"), Text("\xe2\x82\xac"));
+  EXPECT_EQ(Read("Software", "Other"), Text("\xe2\x82\xac"));
+}
+
+TEST_F(RegistryTest, KeepsEverythingElseByteForByte) {
+  const std::string before =
+      "Windows Registry Editor Version 5.00\r\n; mine\r\n\r\n[HKCU\\Soft] ; first\r\n  \"B\" = "
+      "hex(b):00,\\\r\n 01\r\n";
+  const std::string rest =
+      "\r\n; of the next\r\n[HKEY_CURRENT_USER\\Soft\\Sub]\r\n\"a\"=\"other\"\r\n"
+      "[HKEY_CLASSES_ROOT\\x]\r\n@=\"\"\r\n[-HKCU\\Gone]";
+  Folder.Write("registry/user.reg", before + "\"A\"=\"old\" ; note\r\n" + rest);
+  Write("soft", "a", "new");
+  EXPECT_EQ(UserText(), before + "\"A\"=\"new\" ; note\r\n" + rest);
+  Write("soft", "C", "added");
+  EXPECT_EQ(UserText(), before + "\"A\"=\"new\" ; note\r\n\"C\"=\"added\"\r\n" + rest);
+  const std::string whole = UserText();
+  Write("Soft", "A", "new");
+  Host.CreateKey(kUser, "SOFT\\sub\\");
+  EXPECT_EQ(UserText(), whole);
+  Host.CreateKey(kUser, "Gone\\Again");
+  Write("Gone", "v", "1");
+  EXPECT_EQ(UserText(), whole +
+                            "\r\n\r\n[HKEY_CURRENT_USER\\Gone\\Again]\r\n"
+                            "\r\n[HKEY_CURRENT_USER\\Gone]\r\n\"v\"=\"1\"\r\n");
+}
+
+TEST_F(RegistryTest, SeesEveryChangeAtTheNextRead) {
+  const auto textWith = [](int i) { return "REGEDIT4\n[HKCU\\Soft]\n\"v\"=\"" + std::to_string(i) + "\"\n"; };
+  for (int i = 1000; i < 1200; ++i) {  // edits in place: the same file, the same size, often the same time
+    Folder.Write("registry/user.reg", textWith(i));
+    ASSERT_EQ(Read("Soft", "v"), Text(std::to_string(i)));
+    if (i % 50 == 0) ::usleep(50'000);
+  }
+  for (int i = 2000; i < 2020; ++i) {
+    ASSERT_EQ(ExitStatus(StartProcess([&] { return Write("Soft", "v", std::to_string(i)), 0; })), 0);
+    ASSERT_EQ(Read("Soft", "v"), Text(std::to_string(i)));
+    if (i % 10 == 0) ::usleep(50'000);
+  }
+  std::filesystem::remove(Below("registry/user.reg"));
+  EXPECT_EQ(Read("Soft", "v"), std::nullopt);
+  std::filesystem::create_directory(Below("registry/user.reg"));
+  EXPECT_EQ(FailureOf([&] { Read("Soft", "v"); }), EISDIR);
+  Set("LWCONFIG_REGISTRY", Below("elsewhere"));
+  EXPECT_EQ(Read("Soft", "v"), std::nullopt);
+}
+
+TEST_F(RegistryTest, LosesNoneOfManyWriters) {
+  constexpr int kProcesses = 4;
+  constexpr int kValues = 15;
+  const std::string keys[] = {"Even", "Odd"};
+  Folder.Write("elsewhere/settings.reg", "REGEDIT4\n; mine\n");
+  std::filesystem::create_directory(Below("registry"));
+  std::filesystem::create_symlink("../elsewhere/settings.reg", Below("registry/user.reg"));
+  std::vector<pid_t> processes;
+  for (int p = 0; p < kProcesses; ++p) {
+    processes.push_back(StartProcess([&] {
+      for (int i = 0; i < kValues; ++i) Write(keys[p % 2], std::to_string(p * 100 + i), "x");
+      return 0;
+    }));
+  }
+  for (const pid_t process : processes) EXPECT_EQ(ExitStatus(process), 0);
+  for (int p = 0; p < kProcesses; ++p) {
+    for (int i = 0; i < kValues; ++i) {
+      EXPECT_EQ(Read(keys[p % 2], std::to_string(p * 100 + i)), Text("x")) << p << ' ' << i;
+    }
+  }
+  EXPECT_TRUE(UserText().starts_with("REGEDIT4\n; mine\n"));
+  EXPECT_TRUE(std::filesystem::is_symlink(Below("registry/user.reg")));
+  EXPECT_EQ(std::distance(std::filesystem::directory_iterator(Below("elsewhere")), {}), 1);
+}
+
+TEST_F(RegistryTest, IsInTheUsersConfiguration) {
+  Set("LWCONFIG_REGISTRY", nullptr);
+  Write("Soft", "v", "1");
+  EXPECT_EQ(Folder.Read("home/.config/lwconfig/user.reg"),
+            "Windows Registry Editor Version 5.00\n\n[HKEY_CURRENT_USER\\Soft]\n\"v\"=\"1\"\n");
+  Set("XDG_CONFIG_HOME", Below("config"));
+  EXPECT_EQ(Read("Soft", "v"), std::nullopt);
+  Set("XDG_CONFIG_HOME", nullptr);
+  Set("HOME", nullptr);
+  EXPECT_EQ(Read("Soft", "v"), std::nullopt);
+  EXPECT_EQ(FailureOf([&] { Write("Soft", "v", "1"); }), ENOENT);
+}
+
+}  // namespace
+}  // namespace lwconfig::platform

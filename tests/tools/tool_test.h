@@ -1,0 +1,116 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include <fcntl.h>
+#include <pty.h>
+#include <sys/ioctl.h>
+#include <tests/platform/private_host.h>
+
+namespace lwconfig::testing {
+
+struct ToolResult {
+  int Status;
+  std::string Out;
+  std::string Err;
+};
+
+/// Runs the built command in surroundings of its own, with a small configuration to show.
+class ToolTest : public PrivateHost {
+ protected:
+  ToolTest() {
+    Set("LC_ALL", "C.UTF-8");
+    Set("TERM", "xterm");
+    for (const char* name : {"NO_COLOR", "COLUMNS", "COLORTERM", "LWCONFIG_STARTER"}) Set(name, nullptr);
+    Folder.Write("config/Namespaces/LW.Core.xml",
+                 R"(<profile Name="LW.Core" Caption="Core &amp; more" Supports="source">
+  <lwnamespace Name="LW:Project" Handler="H" Caption="Project" ProvideIncludeFlag="True" DefaultIncludeFlag="True">
+    <x Name="LW:Module" Handler="H" Caption="Module" FileNameFormat="%%name%%.html"/>
+  </lwnamespace>
+  <lwelements>
+    <lwelement Name="LW:Value" Description="A value" Category="Text">
+      <attribute Name="of" Description="Which" Mandatory="True" EditType="List" ListValues="a,b" DefaultValue="a"/>
+      <attribute Name="case" Description="Letter case"/>
+    </lwelement>
+  </lwelements>
+</profile>)");
+    Folder.Write(
+        "config/PlugIns/core.xml",
+        R"(<p><PlugIn Name="LW.Core" Description="The core" ExtendsWizard="True" WizardProgID="Core.Wizard"
+  ExtendsContent="False" ContentProgID="" ExtendsTableOfContents="True" TableOfContentsProgID=""/></p>)");
+    Folder.Write("config/Templates/Small/method.html", "<html/>");
+    Folder.Write("config/Templates/Small/template.hhc", "");
+    Folder.Write("config/Templates/Small/config.xml", R"(<PageTemplate Name="Small/er one" Description="Tiny"
+    ObjFillColor="16711935" BorderWidth="2" Version="4.11" DefTOCVBProject="Main">
+  <PageLayout Name="Method" FileName="method.html" PageType="3" TitleTemplate="%%name%%.html"
+    DependantOnnamespace="LW:Method" DependantOnnamespace_Filter="Public" DependantCount="2"/>
+  <VariableDef Name="Footer" Description="At the foot" Type="4" DefaultValue="#fff"/>
+  <TOCDefinition Name="Main" Description="Everything">
+    <NodeDef Key="N1" NodeCaptionTemplate="Methods" MarkAsNew="True"/>
+    <NodeDef Key="N2" NodeCaptionTemplate="%%name%%" ParentKey="N1" NodeType="1" PageType="3" PageLayout="method.html"/>
+    <NodeDef Key="N3" NodeCaptionTemplate="Diagram" ParentKey="N1" NodeType="2" PlugInName="LW.Diagrams" PlugInData="x"
+      UseCustomIcon="True" NodeIconIndex="7" DependantOn="8"/>
+  </TOCDefinition>
+</PageTemplate>)");
+  }
+
+  /// Runs the command with `show --config` and the small configuration.
+  ToolResult Show(std::vector<std::string> arguments) {
+    arguments.insert(arguments.begin(), {"show", "--config", Below("config")});
+    return Run(arguments);
+  }
+
+  /// Standard output goes to the open file `output` where one is given.
+  ToolResult Run(const std::vector<std::string>& arguments, int output = -1) {
+    const std::string out = Below("out");
+    const std::string err = Below("err");
+    const pid_t process = StartProcess([&] {
+      ::dup2(output >= 0 ? output : ::open(out.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0600), STDOUT_FILENO);
+      ::dup2(::open(err.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0600), STDERR_FILENO);
+      return Execute(arguments);
+    });
+    const int status = ExitStatus(process);
+    return {status, Read("out"), Read("err")};
+  }
+
+  /// What the command writes to a terminal so many columns wide; line ends are line feeds.
+  std::string RunOnTerminal(const std::vector<std::string>& arguments, unsigned short columns) {
+    winsize size{};
+    size.ws_row = 24;
+    size.ws_col = columns;
+    int terminal = -1;
+    const pid_t process = ::forkpty(&terminal, nullptr, nullptr, &size);
+    if (process == 0) ::_exit(Execute(arguments));
+    std::string text;
+    char part[4096];
+    // A terminal whose other end has gone fails to be read.
+    for (ssize_t got; (got = ::read(terminal, part, sizeof part)) > 0;)
+      text.append(part, static_cast<std::size_t>(got));
+    ::close(terminal);
+    ExitStatus(process);
+    std::erase(text, '\r');
+    return text;
+  }
+
+  /// The text with the folder of this test replaced by `<test>`.
+  std::string WithoutFolder(std::string text) const {
+    const std::string folder = Folder.Path().string();
+    for (std::size_t at; (at = text.find(folder)) != std::string::npos;)
+      text.replace(at, folder.size(), "<test>");
+    return text;
+  }
+
+ private:
+  std::string Read(const char* name) const { return WithoutFolder(Folder.Read(name)); }
+
+  static int Execute(const std::vector<std::string>& arguments) {
+    std::vector<char*> argv{const_cast<char*>("lwconfig")};
+    for (const auto& argument : arguments) argv.push_back(const_cast<char*>(argument.c_str()));
+    argv.push_back(nullptr);
+    ::execv(LWCONFIG_COMMAND, argv.data());
+    return 127;
+  }
+};
+
+}  // namespace lwconfig::testing

@@ -1,0 +1,123 @@
+#include <memory>
+#include <string>
+
+#include <CLI/CLI.hpp>
+#include <tools/lwconfig/commands/commands.h>
+#include <tools/lwconfig/configuration.h>
+#include <tools/lwconfig/model/sections.h>
+#include <tools/lwconfig/terminal.h>
+#include <tools/lwconfig/view/json.h>
+#include <tools/lwconfig/view/tree_path.h>
+
+namespace lwconfig::tool {
+namespace {
+
+struct ShowOptions {
+  std::string What;
+  std::string Folder;
+  bool IsJson = false;
+  std::string Colour = "auto";
+  std::size_t Columns = 0;
+};
+
+constexpr std::size_t kLeastColumns = 20;
+constexpr std::size_t kMostColumns = 10000;
+
+constexpr const char* kFooter =
+    R"(WHAT names a part of the configuration, one level after the other, letter case ignored:
+  paths                                where configuration, templates and installation are
+  namespaces                           namespace profiles, with definitions and elements
+  namespaces/LW.Core                   one profile
+  namespaces/LW.Core/elements          its elements
+  namespaces/LW.Core/LW:Module         one definition, however deep it is nested
+  plugins                              what extends the generator
+  templates                            every template
+  templates/NAME                       one template, by its name or the name of its folder
+  templates/NAME/layouts               its page layouts; also contents, variables
+  templates/NAME/layouts/method.html   one of them, with all its properties
+
+A list shows each object in one line, an object named by itself all its properties.
+While no configuration is registered, the starter configuration is shown.
+
+Examples:
+  lwconfig show templates/VBTechDoc/contents
+  lwconfig show namespaces/LW.Core --config ./share
+  lwconfig show plugins --json | jq '.[].Name'
+  lwconfig show templates --color always | less -R
+
+'lwconfig --help' lists environment variables and exit statuses.
+)";
+
+Json ToJson(const std::vector<Target>& targets) {
+  const auto toJson = [](const Target& target) {
+    return std::visit([](const auto* object) { return tool::ToJson(*object); }, target);
+  };
+  if (targets.size() == 1) return toJson(targets.front());
+  Json list = Json::array();
+  for (const Target& target : targets) list.push_back(toJson(target));
+  return list;
+}
+
+std::string Drawn(const std::vector<Target>& targets, const TextStyle& style) {
+  TreeText text(style);
+  for (const Target& target : targets) {
+    std::visit([&](const auto* object) { text.Add(*object); }, target);
+  }
+  return text.Text();
+}
+
+/// The whole configuration is drawn section by section.
+std::vector<Target> Sections(const Node& configuration) {
+  std::vector<Target> sections;
+  for (const Group& section : configuration.Groups) sections.emplace_back(&section);
+  return sections;
+}
+
+std::vector<std::string> SectionNames() {
+  std::vector<std::string> names;
+  for (const Section& section : tool::Sections()) names.emplace_back(section.Name);
+  return names;
+}
+
+void Show(const ShowOptions& options, Reporter& reporter) {
+  const Section* only = SectionOf(options.What);
+  if (only == nullptr && !options.What.empty())
+    return reporter.FailUnknown(ExitStatus::NotFound, options.What.substr(0, options.What.find('/')),
+                                SectionNames());
+
+  Configuration configuration(options.Folder, reporter);
+  const Node shown = DescribeConfiguration(configuration.Root(), only, reporter);
+  const Found found = FollowPath(shown, options.What);
+  if (found.Targets.empty()) {
+    return reporter.FailUnknown(ExitStatus::NotFound, found.Unknown, found.Existing, found.OtherNames);
+  }
+  if (options.IsJson) return WriteOutput(JsonText(ToJson(found.Targets)), reporter);
+  const auto style = OutputStyle(options.Colour, options.Columns);
+  WriteOutput(Drawn(only != nullptr ? found.Targets : Sections(shown), style), reporter);
+}
+
+}  // namespace
+
+void AddConfigurationOption(CLI::App& command, std::string& folder) {
+  command.add_option("-c,--config", folder, "configuration folder to use instead of the registered one")
+      ->type_name("DIR");
+}
+
+void AddShowCommand(CLI::App& app, Reporter& reporter) {
+  const auto options = std::make_shared<ShowOptions>();
+  CLI::App& show = *app.add_subcommand("show", "Shows the configuration, or a part of it, as a tree.");
+  show.group("Commands");
+  show.footer(kFooter);
+  show.add_option("WHAT", options->What, "the part to show; everything when left out")->type_name("");
+  AddConfigurationOption(show, options->Folder);
+  show.add_flag("-j,--json", options->IsJson, "print JSON, with the published property names");
+  show.add_option("--color", options->Colour, "auto (on a terminal), always or never")
+      ->option_text("WHEN")
+      ->check(CLI::IsMember({"auto", "always", "never"}));
+  show.add_option("--width", options->Columns, "columns to fit lines into; else those of the terminal")
+      ->option_text("N")
+      ->check(CLI::Range(kLeastColumns, kMostColumns));
+  show.callback([options, &reporter] { Show(*options, reporter); });
+}
+
+}  // namespace lwconfig::tool

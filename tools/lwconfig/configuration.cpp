@@ -1,0 +1,91 @@
+#include <cstdlib>
+#include <filesystem>
+#include <optional>
+#include <utility>
+
+#include <tools/lwconfig/configuration.h>
+
+#include <lwconfig/core/application_values.h>
+#include <lwconfig/platform/files.h>
+#include <lwconfig/platform/letter_case.h>
+
+namespace lwconfig::tool {
+namespace {
+
+using platform::Hive;
+using platform::RegistryValue;
+
+/// The host's registry with another configuration folder in it.
+class FolderRegistry final : public platform::Registry {
+ public:
+  FolderRegistry(platform::Registry& host, std::string folder) : mHost(host), mFolder(std::move(folder)) {}
+
+  std::optional<RegistryValue> Read(Hive hive, std::string_view key, std::string_view name) override {
+    const bool isFolder = hive == Hive::LocalMachine && EqualIgnoringCase(name, "ConfigPath") &&
+                          EqualIgnoringCase(key, "Software\\Corvantis\\Lexiwend4");
+    return isFolder ? RegistryValue{1, mFolder} : mHost.Read(hive, key, name);
+  }
+  void CreateKey(Hive hive, std::string_view key) override { mHost.CreateKey(hive, key); }
+  void Write(Hive hive, std::string_view key, std::string_view name, const RegistryValue& value) override {
+    mHost.Write(hive, key, name, value);
+  }
+
+ private:
+  platform::Registry& mHost;
+  const std::string mFolder;
+};
+
+bool IsFolder(const std::filesystem::path& path) {
+  std::error_code none;
+  return std::filesystem::is_directory(path, none);
+}
+
+std::filesystem::path FolderOfProgram() {
+  std::error_code none;
+  return std::filesystem::read_symlink("/proc/self/exe", none).parent_path();
+}
+
+}  // namespace
+
+Configuration::Configuration(const std::string& folder, Reporter& reporter) {
+  if (!folder.empty()) {
+    OpenFolder(folder);
+  } else if (ConfigPath().empty()) {
+    OpenStarter(reporter);
+  }
+}
+
+void Configuration::OpenStarter(Reporter& reporter) {
+  const std::string starter = StarterFolder();
+  if (starter.empty()) {
+    throw Error(kPathNotFound,
+                "no configuration is registered, and there is no starter configuration to show; name a "
+                "configuration folder with --config");
+  }
+  reporter.Note("no configuration is registered; this is the starter configuration in " + starter);
+  OpenFolder(starter);
+}
+
+void Configuration::OpenFolder(const std::string& hostFolder) {
+  auto& files = platform::Host<platform::Files>();
+  const std::string folder = files.ProductPath(hostFolder);
+  if (files.Kind(folder) != platform::EntryKind::Folder) {
+    Error error(kPathNotFound, "there is no such folder");
+    error.SetPosition({folder, 0, 0});
+    throw error;
+  }
+  mRegistry = std::make_unique<FolderRegistry>(platform::Host<platform::Registry>(), folder);
+  mScope = std::make_unique<platform::ScopedHost<platform::Registry>>(*mRegistry);
+}
+
+std::string StarterFolder() {
+  if (const char* named = std::getenv("LWCONFIG_STARTER"); named != nullptr && *named != '\0') return named;
+  for (const std::filesystem::path& folder :
+       {FolderOfProgram() / ".." / "share" / "lwconfig" / "starter",
+        std::filesystem::path(LWCONFIG_SOURCE_STARTER), std::filesystem::path(LWCONFIG_INSTALLED_STARTER)}) {
+    if (IsFolder(folder)) return folder.lexically_normal().string();
+  }
+  return {};
+}
+
+}  // namespace lwconfig::tool

@@ -1,0 +1,105 @@
+#include <tools/lwconfig/model/describe.h>
+
+#include <lwconfig/namespaces/definition_walk.h>
+
+namespace lwconfig::tool {
+namespace {
+
+std::string IncludeFlag(const NamespaceDef& definition) {
+  if (!definition.ProvideIncludeFlag) return {};
+  return definition.DefaultIncludeFlag ? "include on" : "include off";
+}
+
+std::vector<Property> PropertiesOf(const NamespaceDef& definition) {
+  return {
+      Unlabelled("Name", definition.Name),
+      Valued("Caption", definition.Caption, "caption"),
+      Valued("CaptionPlural", definition.CaptionPlural, "plural"),
+      Valued("CommenterCaption", definition.CommenterCaption, "commenter caption"),
+      Valued("Handler", definition.Handler, "handler"),
+      Unlabelled("ProvideIncludeFlag", definition.ProvideIncludeFlag),
+      {"DefaultIncludeFlag",
+       definition.DefaultIncludeFlag,
+       "include flag",
+       {!definition.ProvideIncludeFlag  ? ""
+        : definition.DefaultIncludeFlag ? "on by default"
+                                        : "off by default"}},
+      Valued("Tree_Icon", definition.Tree_Icon, "tree icon"),
+      Valued("Tree_CaptionTemplate", definition.Tree_CaptionTemplate, "tree caption"),
+      {"Tree_AlwaysPopulate",
+       definition.Tree_AlwaysPopulate,
+       "tree",
+       {definition.Tree_AlwaysPopulate ? "always populated" : ""}},
+      {"Tree_AlwaysExpand",
+       definition.Tree_AlwaysExpand,
+       "tree",
+       {definition.Tree_AlwaysExpand ? "always expanded" : ""}},
+      {"Tree_ShowFolder", definition.Tree_ShowFolder, "tree", {definition.Tree_ShowFolder ? "folder" : ""}},
+      {"Tree_AllowExclude",
+       definition.Tree_AllowExclude,
+       "tree",
+       {definition.Tree_AllowExclude ? "" : "cannot be excluded"}},
+      {"Tree_ShowInSelect",
+       definition.Tree_ShowInSelect,
+       "selection tree",
+       {definition.Tree_ShowInSelect ? "shown" : ""}},
+      {"Tree_Select_AlwaysPopulate",
+       definition.Tree_Select_AlwaysPopulate,
+       "selection tree",
+       {definition.Tree_Select_AlwaysPopulate ? "always populated" : ""}},
+      {"Tree_ShowFolderInSelect",
+       definition.Tree_ShowFolderInSelect,
+       "selection tree",
+       {definition.Tree_ShowFolderInSelect ? "folder" : ""}},
+      Valued("FileNameFormat", definition.FileNameFormat, "file name"),
+      Valued("Flags", definition.Flags, "flags"),
+      Valued("ID", definition.ID, "id"),
+  };
+}
+
+std::vector<Node> DescribeDefinitions(const NamespaceDefs* definitions, int level);
+
+Node Describe(const NamespaceDef& definition, int level) {
+  Node node{"definition", definition.Name};
+  node.Summary = {{definition.Caption}, {IncludeFlag(definition), Tone::Quiet}};
+  node.Properties = PropertiesOf(definition);
+  if (level < kShownLevels) {
+    node.Groups.push_back(
+        {"", "ChildNamespaceDefs", DescribeDefinitions(definition.ExistingChildren(), level + 1)});
+  } else {
+    WalkDefinitions(definition.ExistingChildren(), [&](const auto&) { ++node.NotShown; });
+  }
+  return node;
+}
+
+std::vector<Node> DescribeDefinitions(const NamespaceDefs* definitions, int level) {
+  std::vector<Node> nodes;
+  if (definitions == nullptr) return nodes;
+  for (const auto& definition : *definitions) nodes.push_back(Describe(*definition, level));
+  return nodes;
+}
+
+Node Describe(const NamespaceDefs& profile) {
+  Node node{"profile", profile.Name};
+  node.IsExpanded = true;
+  node.Properties = {
+      Unlabelled("Name", profile.Name),
+      Valued("Caption", profile.Caption, "caption"),
+      Valued("CommenterCaption", profile.CommenterCaption, "commenter caption"),
+      Valued("Supports", profile.Supports, "supports"),
+      {"IsFile", profile.IsFile, "supports", {profile.IsFile ? "files" : ""}},
+  };
+  node.Groups.push_back({"definitions", "NamespaceDefs", DescribeDefinitions(&profile, 1)});
+  node.Groups.push_back(tool::Describe(*profile.ElementDefs));
+  return node;
+}
+
+}  // namespace
+
+Group Describe(const NamespaceProfiles& profiles) {
+  Group group{"namespaces", "NamespaceProfiles"};
+  for (const auto& profile : profiles) group.Nodes.push_back(Describe(*profile));
+  return group;
+}
+
+}  // namespace lwconfig::tool

@@ -1,0 +1,79 @@
+#include <array>
+#include <string_view>
+
+#include <tools/lwconfig/model/describe.h>
+
+namespace lwconfig::tool {
+namespace {
+
+std::string PageTypeName(PageTypeEnum type) {
+  static constexpr std::array<std::string_view, 16> kNames{
+      "standard",    "object",        "collection",  "method",      "property", "event",
+      "enumeration", "structure",     "library",     "declaration", "project",  "module",
+      "interface",   "project group", "source code", "example"};
+  if (type == kNoPageType) return "no page type";
+  const auto number = static_cast<std::size_t>(type);
+  return number < kNames.size() ? std::string(kNames[number]) : "page type " + std::to_string(type);
+}
+
+Node Describe(const PageLayout& layout) {
+  const std::string kind = layout.IsHTMLHelpProjectFile() ? "help project" : PageTypeName(layout.PageType);
+  const std::string repetition = Repetition(layout.Namespace, {});
+  const std::string condition =
+      Condition(layout.DependantOnNamespace, layout.DependantOnNamespace_Filter, layout.DependantCount);
+  Node node{"layout", layout.FileName};
+  node.Summary = {{kind},
+                  {repetition, Tone::Repetition},
+                  {layout.TitleTemplate, Tone::Link},
+                  {condition, Tone::Condition}};
+  node.Properties = {
+      Unlabelled("FileName", layout.FileName),
+      Valued("Name", layout.Name, "name"),
+      {"PageType", static_cast<std::int32_t>(layout.PageType), "kind", {kind}},
+      {"IsHTMLHelpProjectFile", layout.IsHTMLHelpProjectFile(), "kind", {}},
+      {"Namespace", layout.Namespace, "repeats", {repetition, Tone::Repetition}},
+      {"TitleTemplate", layout.TitleTemplate, "file names", {layout.TitleTemplate}},
+      {"DependantOnNamespace", layout.DependantOnNamespace, "condition", {condition, Tone::Condition}},
+      Unlabelled("DependantOnNamespace_Filter", layout.DependantOnNamespace_Filter),
+      Unlabelled("DependantCount", layout.DependantCount),
+  };
+  return node;
+}
+
+std::string VariableTypeName(VariableDefTypeEnum type) {
+  static constexpr std::array<std::string_view, 5> kNames{"text", "HTML", "number", "date", "colour"};
+  const auto number = static_cast<std::size_t>(type);
+  return number < kNames.size() ? std::string(kNames[number]) : "kind " + std::to_string(type);
+}
+
+Node Describe(const VariableDef& variable) {
+  const std::string type = VariableTypeName(variable.VariableDefType);
+  Node node{"variable", variable.Name};
+  node.Summary = {{type, Tone::Repetition},
+                  {variable.DefaultValue.empty() ? "" : "= " + variable.DefaultValue},
+                  {variable.Caption == variable.Name ? "" : variable.Caption, Tone::Quiet}};
+  node.Properties = {
+      Unlabelled("Name", variable.Name),
+      Valued("Caption", variable.Caption, "caption"),
+      Valued("Description", variable.Description, "description"),
+      {"VariableDefType", static_cast<std::int32_t>(variable.VariableDefType), "kind", {type}},
+      Valued("DefaultValue", variable.DefaultValue, "default"),
+  };
+  return node;
+}
+
+}  // namespace
+
+Group Describe(const PageLayouts& layouts) {
+  Group group{"layouts", "PageLayouts"};
+  for (const auto& layout : layouts) group.Nodes.push_back(Describe(*layout));
+  return group;
+}
+
+Group Describe(const VariableDefs& variables) {
+  Group group{"variables", "VariableDefs"};
+  for (const auto& variable : variables) group.Nodes.push_back(Describe(*variable));
+  return group;
+}
+
+}  // namespace lwconfig::tool

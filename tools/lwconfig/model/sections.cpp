@@ -1,0 +1,95 @@
+#include <algorithm>
+#include <array>
+
+#include <tools/lwconfig/model/describe.h>
+#include <tools/lwconfig/model/sections.h>
+
+#include <lwconfig/core/disk_file.h>
+#include <lwconfig/platform/letter_case.h>
+
+namespace lwconfig::tool {
+namespace {
+
+/// The shared object that `obtain` hands out. Where loading it fails it is asked for again, because a second
+/// request gives what could be loaded.
+template <class Obtain>
+auto Loaded(Reporter& reporter, Obtain obtain) {
+  try {
+    return obtain();
+  } catch (const Error& failure) {
+    reporter.Fail(failure);
+  }
+  return obtain();
+}
+
+/// A registered folder in the product's notation, and where that is on this system.
+void AddPath(Node& node, const char* name, const std::string& path, const char* label) {
+  if (path.empty()) {
+    node.Properties.push_back({name, path, label, {"not registered", Tone::Quiet}});
+    return;
+  }
+  node.Properties.push_back({name, path, label, {ShownPath(path)}});
+  if (ShownPath(path) == path && NativePath(path) != path)
+    node.Properties.push_back({{}, {}, label, {NativePath(path), Tone::Quiet}});
+}
+
+Group DescribePaths(Root& root, Reporter& reporter) {
+  Node paths{"paths", "paths"};
+  AddPath(paths, "ConfigPath", root.ConfigPath(), "configuration");
+  AddPath(paths, "TemplatePath", root.TemplatePath(), "templates");
+  AddPath(paths, "AppPath", root.AppPath(), "installation");
+  try {
+    AddPath(paths, "DotNetPath", root.DotNetPath(), ".NET");
+  } catch (const Error& failure) {
+    reporter.Fail(failure);
+  }
+  return {"paths", "Paths", {std::move(paths)}, true};
+}
+
+Group DescribeNamespaces(Root& root, Reporter& reporter) {
+  return Describe(*Loaded(reporter, [&] { return root.NamespaceProfiles(); }));
+}
+
+Group DescribePlugIns(Root& root, Reporter& reporter) {
+  return Describe(*Loaded(reporter, [&] { return root.PlugIns(); }));
+}
+
+Group DescribeTemplates(Root& root, Reporter& reporter) {
+  // On their own, because a failure among them would otherwise keep the templates from being loaded.
+  Loaded(reporter, [&] { return root.NamespaceProfiles(); });
+  return Describe(*Loaded(reporter, [&] { return root.PageTemplates(); }));
+}
+
+constexpr std::array kSections{
+    Section{"paths", "Paths", "where configuration, templates and installation are", DescribePaths},
+    Section{"namespaces", "NamespaceProfiles", "kinds of code element, and the elements of pages",
+            DescribeNamespaces},
+    Section{"plugins", "PlugIns", "what extends the generator", DescribePlugIns},
+    Section{"templates", "PageTemplates", "settings, layouts, contents trees and variables",
+            DescribeTemplates},
+};
+
+}  // namespace
+
+std::span<const Section> Sections() {
+  return kSections;
+}
+
+const Section* SectionOf(std::string_view path) {
+  path.remove_prefix(std::min(path.find_first_not_of('/'), path.size()));
+  const std::string_view name = path.substr(0, path.find('/'));
+  for (const Section& section : kSections) {
+    if (EqualIgnoringCase(name, section.Name) || EqualIgnoringCase(name, section.Published)) return &section;
+  }
+  return nullptr;
+}
+
+Node DescribeConfiguration(Root& root, const Section* only, Reporter& reporter) {
+  Node configuration{"configuration", "configuration"};
+  for (const Section& section : kSections) {
+    if (only == nullptr || only == &section) configuration.Groups.push_back(section.Describe(root, reporter));
+  }
+  return configuration;
+}
+
+}  // namespace lwconfig::tool

@@ -1,0 +1,93 @@
+#include <algorithm>
+#include <cstdio>
+
+#include <tools/lwconfig/reporter.h>
+#include <tools/lwconfig/view/styled_text.h>
+#include <tools/lwconfig/view/tree_path.h>
+
+#include <lwconfig/core/disk_file.h>
+
+namespace lwconfig::tool {
+namespace {
+
+constexpr std::size_t kNamesListed = 30;
+
+void WriteLine(const std::string& text) {
+  std::fputs((text + "\n").c_str(), stderr);
+}
+
+/// A path in the product's notation as the host has it; a failure of the host's own names the host's path.
+std::string HostPath(const std::string& path) {
+  return path.find('\\') != std::string::npos ? NativePath(path) : path;
+}
+
+/// "file:line:column: " as far as the place is known, else "lwconfig: ".
+std::string Place(const FilePosition& position) {
+  if (position.File.empty()) return "lwconfig: ";
+  std::string place = Printable(HostPath(position.File)) + ":";
+  if (position.Line > 0) place += std::to_string(position.Line) + ":" + std::to_string(position.Column) + ":";
+  return place + " ";
+}
+
+bool IsFileError(std::int32_t number) {
+  return number == kBadFileName || number == kFileNotFound || number == kPermissionDenied ||
+         number == kPathFileAccess || number == kPathNotFound;
+}
+
+}  // namespace
+
+Reporter::Reporter()
+    : mPreviousDiagnosticHandler(SetDiagnosticHandler([this](const Diagnostic& told) { Warn(told); })),
+      mPreviousMessageBoxHandler(
+          platform::SetMessageBoxHandler([this](const platform::Message& shown) { Warn(shown); })) {}
+
+Reporter::~Reporter() {
+  SetDiagnosticHandler(std::move(mPreviousDiagnosticHandler));
+  platform::SetMessageBoxHandler(std::move(mPreviousMessageBoxHandler));
+}
+
+void Reporter::Note(std::string_view text) {
+  WriteLine("lwconfig: note: " + Printable(text));
+}
+
+void Reporter::Fail(const Error& failure) {
+  WriteLine(Place(failure.Position()) + "error: " + Printable(failure.Description()));
+  Raise(IsFileError(failure.Number()) ? ExitStatus::InputOutput : ExitStatus::Invalid);
+}
+
+void Reporter::Fail(ExitStatus status, std::string_view text) {
+  WriteLine("lwconfig: error: " + Printable(text));
+  Raise(status);
+}
+
+void Reporter::FailUnknown(ExitStatus status, std::string_view wanted,
+                           const std::vector<std::string>& existing,
+                           const std::vector<std::string>& otherNames) {
+  std::string nearest = Nearest(wanted, existing);
+  if (nearest.empty()) nearest = Nearest(wanted, otherNames);
+  std::string text = "there is no '" + std::string(wanted) + "'";
+  if (!nearest.empty()) text += "; did you mean '" + nearest + "'?";
+  Fail(status, text);
+  if (!existing.empty()) WriteLine("What there is:");
+  for (std::size_t at = 0; at < std::min(existing.size(), kNamesListed); ++at) {
+    WriteLine("  " + Printable(existing[at]));
+  }
+  if (existing.size() > kNamesListed)
+    WriteLine("  and " + std::to_string(existing.size() - kNamesListed) + " more");
+}
+
+void Reporter::Raise(ExitStatus status) {
+  mStatus = std::max(mStatus, status);
+}
+
+void Reporter::Warn(const Diagnostic& diagnostic) {
+  WriteLine(Place(diagnostic.Position) + "warning: " + Printable(diagnostic.Message));
+  Raise(ExitStatus::Invalid);
+}
+
+void Reporter::Warn(const platform::Message& message) {
+  WriteLine("lwconfig: warning: " + Printable(message.Title + ": " + message.Text));
+  Raise(ExitStatus::Invalid);
+}
+
+}  // namespace lwconfig::tool

@@ -1,0 +1,47 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include <lwconfig/core/diagnostics.h>
+#include <lwconfig/core/error.h>
+#include <lwconfig/platform/message_box.h>
+
+namespace lwconfig::tool {
+
+enum class ExitStatus { Done = 0, NotFound = 1, Usage = 2, Invalid = 3, InputOutput = 4 };
+
+/// Tells the user on standard error what went wrong, one line each, and keeps the exit status: the highest of
+/// those that apply. While it lives, the library's warnings and message boxes come here.
+class Reporter {
+ public:
+  Reporter();
+  ~Reporter();
+  Reporter(const Reporter&) = delete;
+  Reporter& operator=(const Reporter&) = delete;
+
+  /// Something to know that changes nothing.
+  void Note(std::string_view text);
+  /// A failure of the library: file errors are `InputOutput`, all others `Invalid`.
+  void Fail(const Error& failure);
+  void Fail(ExitStatus status, std::string_view text);
+  /// `wanted` names nothing; lists the names that would, and suggests the nearest of these and of
+  /// `otherNames`.
+  void FailUnknown(ExitStatus status, std::string_view wanted, const std::vector<std::string>& existing,
+                   const std::vector<std::string>& otherNames = {});
+  /// Raises the exit status and tells nothing.
+  void Raise(ExitStatus status);
+
+  ExitStatus Status() const { return mStatus; }
+
+ private:
+  void Warn(const Diagnostic& diagnostic);
+  void Warn(const platform::Message& message);
+
+  ExitStatus mStatus = ExitStatus::Done;
+  DiagnosticHandler mPreviousDiagnosticHandler;
+  platform::MessageBoxHandler mPreviousMessageBoxHandler;
+};
+
+}  // namespace lwconfig::tool

@@ -1,0 +1,71 @@
+#include <algorithm>
+#include <cerrno>
+#include <cstdlib>
+#include <cstring>
+#include <string>
+
+#include <sys/ioctl.h>
+#include <tools/lwconfig/terminal.h>
+#include <unistd.h>
+
+#include <lwconfig/core/text.h>
+
+namespace lwconfig::tool {
+namespace {
+
+constexpr std::size_t kDefaultColumns = 80;
+constexpr std::size_t kLeastColumns = 20;
+
+std::string_view Environment(const char* name) {
+  const char* value = std::getenv(name);
+  return value != nullptr ? value : "";
+}
+
+/// Read from the environment rather than asked of the C library: a locale that is not installed here still
+/// says what the terminal shows.
+bool IsUnicodeLocale() {
+  for (const char* name : {"LC_ALL", "LC_CTYPE", "LANG"}) {
+    const auto locale = Environment(name);
+    if (!locale.empty()) return ContainsIgnoringCase(locale, "UTF-8") || ContainsIgnoringCase(locale, "UTF8");
+  }
+  return false;
+}
+
+std::size_t TerminalColumns() {
+  const auto named = std::strtoul(std::string(Environment("COLUMNS")).c_str(), nullptr, 10);
+  if (named >= kLeastColumns) return named;
+  winsize size{};
+  if (::ioctl(STDOUT_FILENO, TIOCGWINSZ, &size) == 0 && size.ws_col > 0)
+    return std::max<std::size_t>(size.ws_col, kLeastColumns);
+  return kDefaultColumns;
+}
+
+}  // namespace
+
+TextStyle OutputStyle(std::string_view colour, std::size_t columns) {
+  const bool isTerminal = ::isatty(STDOUT_FILENO) == 1;
+  const bool mayColour = isTerminal && Environment("NO_COLOR").empty() && Environment("TERM") != "dumb";
+  const auto depth = Environment("COLORTERM");
+  TextStyle style;
+  style.Columns = columns != 0 ? columns : isTerminal ? TerminalColumns() : 0;
+  style.IsUnicode = IsUnicodeLocale();
+  style.IsColoured = colour == "always" || (colour == "auto" && mayColour);
+  style.IsTrueColour = style.IsColoured && (depth == "truecolor" || depth == "24bit");
+  return style;
+}
+
+void WriteOutput(std::string_view text, Reporter& reporter) {
+  while (!text.empty()) {
+    const auto written = ::write(STDOUT_FILENO, text.data(), text.size());
+    if (written >= 0) {
+      text.remove_prefix(static_cast<std::size_t>(written));
+    } else if (errno == EPIPE) {
+      return reporter.Raise(ExitStatus::InputOutput);
+    } else if (errno != EINTR) {
+      return reporter.Fail(ExitStatus::InputOutput,
+                           std::string("the output could not be written: ") + std::strerror(errno));
+    }
+  }
+}
+
+}  // namespace lwconfig::tool

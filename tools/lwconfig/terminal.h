@@ -1,0 +1,19 @@
+#pragma once
+
+#include <cstddef>
+#include <string_view>
+
+#include <tools/lwconfig/reporter.h>
+#include <tools/lwconfig/view/tree_text.h>
+
+namespace lwconfig::tool {
+
+/// What standard output can show. `colour` is "auto", "always" or "never"; `columns`, where it is not 0, is
+/// taken instead of the width of the terminal.
+TextStyle OutputStyle(std::string_view colour, std::size_t columns);
+
+/// Writes to standard output, in full. A failure is reported, but not that the reader has gone: that only
+/// raises the exit status.
+void WriteOutput(std::string_view text, Reporter& reporter);
+
+}  // namespace lwconfig::tool

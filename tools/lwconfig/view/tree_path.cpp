@@ -1,0 +1,154 @@
+#include <algorithm>
+#include <numeric>
+#include <utility>
+
+#include <tools/lwconfig/view/tree_path.h>
+
+#include <lwconfig/platform/letter_case.h>
+
+namespace lwconfig::tool {
+namespace {
+
+/// The bytes at the start of `path` that are `name` as whole parts of the path; 0 for none.
+std::size_t LeadingPart(std::string_view path, std::string_view name) {
+  if (name.empty()) return 0;
+  for (std::size_t end = path.size(); end != std::string_view::npos && end > 0;
+       end = path.rfind('/', end - 1)) {
+    if (EqualIgnoringCase(path.substr(0, end), name)) return end;
+  }
+  return 0;
+}
+
+std::size_t LeadingPart(std::string_view path, const Node& node) {
+  std::size_t longest = LeadingPart(path, node.Title);
+  for (const auto& name : node.OtherNames) longest = std::max(longest, LeadingPart(path, name));
+  return longest;
+}
+std::size_t LeadingPart(std::string_view path, const Group& group) {
+  return std::max(LeadingPart(path, group.Name), LeadingPart(path, group.Published));
+}
+
+/// Collects the targets that match the start of a path; of those that match differently much the longest.
+class Matches {
+ public:
+  explicit Matches(std::string_view path) : mPath(path) {}
+
+  template <class T>
+  bool Offer(const T& candidate) {
+    const std::size_t part = LeadingPart(mPath, candidate);
+    if (part == 0 || part < mLongest) return false;
+    if (part > mLongest) mTargets.clear();
+    mLongest = part;
+    mTargets.emplace_back(&candidate);
+    return true;
+  }
+  /// The nodes, and those in the same tree below them.
+  void OfferNodes(const std::vector<Node>& nodes) {
+    for (const Node& node : nodes) {
+      Offer(node);
+      for (const Group& group : node.Groups) {
+        if (group.Name.empty()) OfferNodes(group.Nodes);
+      }
+    }
+  }
+  void OfferContent(const Group* group) { OfferNodes(group->Nodes); }
+  void OfferContent(const Node* node) {
+    bool isGroup = false;
+    for (const Group& group : node->Groups) isGroup = Offer(group) || isGroup;
+    if (isGroup) return;
+    for (const Group& group : node->Groups) OfferNodes(group.Nodes);
+  }
+
+  std::size_t Longest() const { return mLongest; }
+  std::vector<Target> Take() { return std::move(mTargets); }
+
+ private:
+  std::string_view mPath;
+  std::size_t mLongest = 0;
+  std::vector<Target> mTargets;
+};
+
+void List(const std::vector<Node>& nodes, Found& found) {
+  for (const Node& node : nodes) {
+    if (!node.Title.empty()) found.Existing.push_back(node.Title);
+    found.OtherNames.insert(found.OtherNames.end(), node.OtherNames.begin(), node.OtherNames.end());
+  }
+}
+
+void ListContent(const Group* group, Found& found) {
+  List(group->Nodes, found);
+}
+void ListContent(const Node* node, Found& found) {
+  for (const Group& group : node->Groups) {
+    if (group.Name.empty()) {
+      List(group.Nodes, found);
+    } else {
+      found.Existing.push_back(group.Name);
+    }
+  }
+}
+
+std::size_t Distance(std::string_view a, std::string_view b) {
+  std::vector<std::size_t> row(b.size() + 1);
+  std::iota(row.begin(), row.end(), std::size_t{0});
+  for (std::size_t i = 0; i < a.size(); ++i) {
+    std::size_t diagonal = std::exchange(row[0], i + 1);
+    for (std::size_t j = 0; j < b.size(); ++j) {
+      const std::size_t replaced = diagonal + (a[i] == b[j] ? 0 : 1);
+      diagonal = row[j + 1];
+      row[j + 1] = std::min({replaced, diagonal + 1, row[j] + 1});
+    }
+  }
+  return row.back();
+}
+
+std::string_view WithoutOuterSlashes(std::string_view path) {
+  while (path.starts_with('/')) path.remove_prefix(1);
+  while (path.ends_with('/')) path.remove_suffix(1);
+  return path;
+}
+
+}  // namespace
+
+Found FollowPath(const Node& root, std::string_view path) {
+  Found found;
+  found.Targets.emplace_back(&root);
+  while (!(path = WithoutOuterSlashes(path)).empty()) {
+    Matches matches(path);
+    for (const Target& target : found.Targets) {
+      std::visit([&](const auto* object) { matches.OfferContent(object); }, target);
+    }
+    if (matches.Longest() == 0) {
+      for (const Target& target : std::exchange(found.Targets, {})) {
+        std::visit([&](const auto* object) { ListContent(object, found); }, target);
+      }
+      found.Unknown = path.substr(0, path.find('/'));
+      return found;
+    }
+    found.Targets = matches.Take();
+    path.remove_prefix(matches.Longest());
+  }
+  return found;
+}
+
+std::string Nearest(std::string_view name, const std::vector<std::string>& candidates) {
+  constexpr std::size_t kLongestName = 200;
+  if (name.empty() || name.size() > kLongestName) return {};
+  const std::string wanted = FoldCase(name);
+  std::string nearest;
+  std::size_t least = std::max<std::size_t>(2, wanted.size() / 3) + 1;
+  for (const std::string& candidate : candidates) {
+    if (candidate.size() > kLongestName) continue;
+    const std::string folded = FoldCase(candidate);
+    // The beginning of a name, or a part of a long one, is as good as one slip of the finger.
+    const bool isPart = wanted.size() >= 3 && folded.find(wanted) != std::string::npos;
+    const std::size_t distance = isPart ? 1 : Distance(wanted, folded);
+    if (distance < least && distance < folded.size()) {
+      least = distance;
+      nearest = candidate;
+    }
+  }
+  return nearest;
+}
+
+}  // namespace lwconfig::tool
