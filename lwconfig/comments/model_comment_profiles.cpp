@@ -34,8 +34,12 @@ void ModelCommentProfiles::Load() {
 
 void ModelCommentProfiles::Save() {
   for (const auto& profile : *this) {
-    if (profile->Name.empty())
-      throw Error(kBadFileName, "A model comment profile without a name cannot be saved");
+    if (profile->Name.empty() || profile->Name.starts_with('.')) {
+      // A file whose name begins with a dot is hidden, so that the next load would not find the profile.
+      throw Error(kBadFileName,
+                  "A model comment profile needs a name that does not begin with a dot, not \"" +
+                      profile->Name + "\"");
+    }
     CheckBaseName(profile->Name);
     DiskFile file(ProfilesFolder(), profile->Name, "xml");
     file.CreateFolder();

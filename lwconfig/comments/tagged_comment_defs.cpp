@@ -40,7 +40,8 @@ void TaggedCommentDefs::Save() const {
   SaveEx(true, true);
   try {
     DiskFile older(OlderFile());
-    KeepDamagedFile(older);
+    // A copy stays: the file may hold what this set never read.
+    older.CopyTo(OlderFile() + ".bak");
     older.Delete();
   } catch (const Error&) {
     // The older file is not read while the new ones exist.

@@ -33,38 +33,6 @@ std::string_view NamespaceOf(DependantOnEnum dependantOn) {
   }
 }
 
-/// Differs from that of page layouts: single names, and collections are modules.
-std::string_view NamespaceOf(PageTypeEnum pageType) {
-  switch (pageType) {
-    case pgobject:
-    case pgcollection:
-    case pgModule:
-      return "LW:Module";
-    case pgMethod:
-      return "LW:Method";
-    case pgProperty:
-      return "LW:Property";
-    case pgEvent:
-      return "LW:Event";
-    case pgEnumeration:
-      return "LW:Enumeration";
-    case pgUDT:
-      return "LW:Structure";
-    case pgLibrary:
-      return "LW:Library";
-    case pgDeclaration:
-      return "LW:DeclareStatement";
-    case pgProject:
-      return "LW:Project";
-    case pgInterface:
-      return "LW:ImplementedInterface";
-    case pgExample:
-      return "LW:Example";
-    default:
-      return {};
-  }
-}
-
 constexpr auto kNoDependency = static_cast<DependantOnEnum>(-1);
 constexpr std::int32_t kOlderStandardNode = 3;
 
@@ -151,7 +119,7 @@ void NodeDef::Load(const XMLElement& e, const std::shared_ptr<lwconfig::TOCDefin
   in.Try("PageType", PageType, StrictInteger);
   in.Try("PageTypeNamespace", PageTypeNamespace);
   in.Try("PageTypeNamespaceFilter", PageTypeNamespaceFilter);
-  if (PageTypeNamespace.empty() && PageType != kNoPageType) PageTypeNamespace = NamespaceOf(PageType);
+  if (PageTypeNamespace.empty() && PageType != kNoPageType) PageTypeNamespace = CodeElementOf(PageType);
   in.Try("ParentKey", mParentKey);
   in.Try("UseCustomIcon", UseCustomIcon, ExactTrue);
   in.Try("IsDefaultTopic", IsDefaultTopic, ExactTrue);

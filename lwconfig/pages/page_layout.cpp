@@ -9,36 +9,13 @@
 namespace lwconfig {
 namespace {
 
+/// Methods and properties come with the implemented ones; a collection's page has no kind of its own.
 std::string_view NamespaceOf(PageTypeEnum pageType, std::string_view fileName) {
-  switch (pageType) {
-    case pgobject:
-    case pgModule:
-      return "LW:Module";
-    case pgMethod:
-      return "LW:Method,LW:ImplementedMethod";
-    case pgProperty:
-      return "LW:Property,LW:ImplementedProperty";
-    case pgEvent:
-      return "LW:Event";
-    case pgEnumeration:
-      return "LW:Enumeration";
-    case pgUDT:
-      return "LW:Structure";
-    case pgLibrary:
-      return "LW:Library";
-    case pgDeclaration:
-      return "LW:DeclareStatement";
-    case pgProject:
-      return "LW:Project";
-    case pgInterface:
-      return "LW:ImplementedInterface";
-    case pgProjectGroup:
-      return "";
-    case pgExample:
-      return "LW:Example";
-    default:
-      return EqualIgnoringCase(fileName, "libraries") ? "LW:Project" : "";
-  }
+  if (pageType == pgMethod) return "LW:Method,LW:ImplementedMethod";
+  if (pageType == pgProperty) return "LW:Property,LW:ImplementedProperty";
+  const auto element = pageType == pgcollection ? std::string_view() : CodeElementOf(pageType);
+  if (!element.empty() || pageType == pgProjectGroup) return element;
+  return EqualIgnoringCase(fileName, "libraries") ? "LW:Project" : "";
 }
 
 struct TitleOfFile {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <string_view>
 
 namespace lwconfig {
 
@@ -26,5 +27,8 @@ enum PageTypeEnum : std::int32_t {
 
 /// No usable page type was found in the file.
 inline constexpr auto kNoPageType = static_cast<PageTypeEnum>(-1);
+
+/// The name of the code element for which pages of this kind are produced; empty where there is none.
+std::string_view CodeElementOf(PageTypeEnum pageType);
 
 }  // namespace lwconfig

@@ -128,7 +128,7 @@ TEST_F(TaggedCommentFiles, MoveFromTheOlderLayoutToTheNewOne) {
   Definitions.Save();
   Definitions.Save();
   EXPECT_FALSE(Exists("taggedcomments.xml"));
-  EXPECT_TRUE(Exists("taggedcomments.xml.damaged"));
+  EXPECT_TRUE(Exists("taggedcomments.xml.bak"));
   TaggedCommentDefs again;
   again.Load();
   EXPECT_THAT(Identifiers(again), ElementsAre("##C", "##S"));
