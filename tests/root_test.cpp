@@ -128,6 +128,31 @@ TEST_F(RootTest, ChoosesTheFirstTemplateThatFits) {
   }
 }
 
+TEST_F(RootTest, ReplacedObjectsAreSharedUntilTheReset) {
+  Root root;
+  Root other;
+  const auto loaded = root.ExternalDocs();
+  const auto docs = std::make_shared<ExternalDocs>();
+  const auto definitions = std::make_shared<TaggedCommentDefs>();
+  const auto profiles = std::make_shared<ModelCommentProfiles>();
+  const auto locations = std::make_shared<CommentFileLocations>();
+  root.ReplaceExternalDocs(docs);
+  root.ReplaceTaggedCommentDefs(definitions);
+  root.ReplaceModelCommentProfiles(profiles);
+  root.ReplaceCommentFileLocations(locations);
+  EXPECT_EQ(other.ExternalDocs(), docs);
+  EXPECT_EQ(other.TaggedCommentDefs(), definitions);
+  EXPECT_EQ(other.ModelCommentProfiles(), profiles);
+  EXPECT_EQ(other.CommentFileLocations(), locations);
+  EXPECT_EQ(ErrorOf([&] { root.ReplaceExternalDocs(nullptr); }).Number(), kObjectNotSet);
+  EXPECT_EQ(other.ExternalDocs(), docs);
+  EXPECT_EQ(root.VSNETOptions(), other.VSNETOptions());
+  EXPECT_EQ(root.Languages(), other.Languages());
+  root.ResetLWConfig();
+  EXPECT_NE(root.ExternalDocs(), docs);
+  EXPECT_NE(root.ExternalDocs(), loaded);
+}
+
 TEST_F(RootTest, LeavesNoObjectBehind) {
   Write("Namespaces/core.xml",
         "<p Name='LW.Core'><lwnamespace Name='a' Handler='' Caption=''><x Name='b' Handler='' Caption=''/>"
