@@ -97,9 +97,11 @@ void Root::ResetLWConfig() {
 
 std::shared_ptr<PageTemplate> Root::GetDefaultTemplate(std::string_view NamespaceProfile,
                                                        std::string_view Supports) {
-  for (const auto& candidate : *PageTemplates()) {
+  const auto templates = PageTemplates();  // held: a message box may lead to a reset
+  for (const auto& candidate : *templates) {
     for (const auto& profile : *candidate->NamespaceProfileNames()) {
       if (!EqualIgnoringCase(profile, NamespaceProfile)) continue;
+      if (Supports.empty()) return candidate;
       const auto itemTypes = StringTools::JoinCollection(*candidate->SupportedItemTypes, ",");
       if (ContainsIgnoringCase(itemTypes, Supports)) return candidate;
     }

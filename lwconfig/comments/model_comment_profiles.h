@@ -27,7 +27,7 @@ class ModelCommentProfiles : public KeyedCollection<ModelComments>, public Count
   void Load();
   /// Writes every profile to the file of its name in that folder, created when missing; other files there
   /// stay. The first failure ends the save: the files before it stay written. Error 52 for a profile without
-  /// a name, or with one that would lead out of the folder.
+  /// a name, or with one that would lead out of the folder or begins with a dot, which would hide its file.
   void Save();
   /// A collection of copies, dirty unless it is empty.
   std::shared_ptr<ModelCommentProfiles> Clone() const;

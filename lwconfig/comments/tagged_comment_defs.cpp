@@ -67,7 +67,7 @@ void TaggedCommentDefs::LoadFrom(std::string_view fileName) {
   const DiskFile file(FileName);
   try {
     if (file.Exists()) ReadConfigurationFiles({file}, load);
-  } catch (const Error&) {
+  } catch (...) {
     mCol.AddReplacing(std::move(loaded));
     throw;
   }

@@ -1,10 +1,14 @@
 #include <algorithm>
 
 #include <lwconfig/core/attribute_reader.h>
+#include <lwconfig/core/diagnostics.h>
 #include <lwconfig/core/internal/xml_data.h>
 
 namespace lwconfig {
 namespace {
+
+/// Each place costs a look at the file; a file of nothing but faults must not cost the square of its size.
+constexpr int kMostTold = 20;
 
 /// Attribute names that are looked up are ASCII, so folding letters of either side byte by byte is exact.
 bool NameEquals(const char* name, const char* wanted) {
@@ -36,13 +40,17 @@ AttributeReader::AttributeReader(const XMLElement& e) : mElement(e) {
 
 const char* AttributeReader::Search(const char* name) {
   const auto matches = [name](const Attribute& attribute) { return NameEquals(attribute.Name, name); };
-  const Attribute* found = std::find_if(mNext, mEnd, matches);
-  if (found == mEnd) {
-    found = std::find_if(mFirst, mNext, matches);
-    if (found == mNext) return nullptr;
-  }
+  const Attribute* found = std::find_if(mFirst, mEnd, matches);
+  if (found == mEnd) return nullptr;
   mNext = found + 1;
   return found->Value;
+}
+
+void AttributeReader::TellIgnored(const char* name, const char* text, const char* problem) const {
+  XMLDocumentData& document = *mElement.mDocument;
+  if (document.SourcePath.empty() || document.IgnoredValuesTold++ >= kMostTold) return;
+  Diagnose({mElement.Position(),
+            std::string("the attribute \"") + name + "\" is ignored: \"" + text + "\" " + problem});
 }
 
 const char* AttributeReader::Required(const char* name) {
@@ -52,8 +60,10 @@ const char* AttributeReader::Required(const char* name) {
 }
 
 void AttributeReader::Fail(std::int32_t number, const char* name, std::string_view found) const {
-  std::string description =
-      "<" + mElement.Name() + "> needs the attribute \"" + name + "\": " + std::string(found);
+  const std::string element = mElement.Name();
+  std::string description = element.empty() ? "An element is missing that has" : "<" + element + "> needs";
+  description.append(" the attribute \"").append(name).append("\"");
+  if (!element.empty()) description.append(": ").append(found);
   if (!mElement.ParseFailure().empty()) description += " (" + mElement.ParseFailure() + ")";
   description += "; what stands before is kept";
   Error error(number, std::move(description));

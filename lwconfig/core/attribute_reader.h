@@ -12,12 +12,14 @@
 namespace lwconfig {
 
 /// Reads the attributes of one element into members, names matched without regard to letter case. A look-up
-/// starts where the last one ended, so that attributes in file order are found at once; of several attributes
-/// of one name it finds the next.
+/// starts where the last one ended, so that attributes in file order are found at once; for any other, of
+/// several attributes of one name it finds the first.
 class AttributeReader {
  public:
   /// The element must outlive the reader.
   explicit AttributeReader(const XMLElement& e);
+  AttributeReader(const AttributeReader&) = delete;
+  AttributeReader& operator=(const AttributeReader&) = delete;
 
   /// Reads the attribute. Error 5 where it is absent; the member then keeps its value.
   void Require(const char* name, std::string& member) { Assign(Required(name), member); }
@@ -43,7 +45,11 @@ class AttributeReader {
     const char* text = Find(name);
     if (text == nullptr) return false;
     const auto conversion = convert(text);
-    if (conversion) member = static_cast<T>(conversion.Value);
+    if (conversion) {
+      member = static_cast<T>(conversion.Value);
+    } else {
+      TellIgnored(name, text, conversion.Problem);
+    }
     return static_cast<bool>(conversion);
   }
 
@@ -60,6 +66,8 @@ class AttributeReader {
   }
   const char* Required(const char* name);
   const char* Search(const char* name);
+  /// Tells the diagnostics handler of an optional value that does not convert, up to a number in one file.
+  void TellIgnored(const char* name, const char* text, const char* problem) const;
   [[noreturn]] void Fail(std::int32_t number, const char* name, std::string_view found) const;
 
   struct Attribute {

@@ -17,10 +17,9 @@ void ReadConfigurationFiles(const std::vector<DiskFile>& files, Use use) {
   ReadAhead documents(files);
   for (const DiskFile& file : files) {
     XMLDocument document = documents.Next();
-    if (!document.ParseFailure().empty()) {
-      RememberDamagedFile(file);
-      document.TellParseFailure();
-    }
+    const bool isDamaged = !document.ParseFailure().empty() && file.Exists();
+    NoteDamage(file, isDamaged);
+    if (isDamaged) document.TellParseFailure();
     const XMLElement root = document.RootElement();
     try {
       use(file, root);
@@ -49,6 +48,8 @@ void WriteConfigurationFile(DiskFile& file, Fill fill) {
   XMLDocument document;
   XMLElement root = document.RootElement();
   fill(root);
+  if (file.FolderPath() == "\\")
+    throw Error(kPathNotFound, "No configuration folder is registered to save in");
   const std::string text = document.XML();
   KeepDamagedFile(file);
   file.Open(DiskFile::kCreateOrTruncate, DiskFile::kWrite, 3);

@@ -21,8 +21,13 @@ auto Find(const DiskFile& file) {
 
 }  // namespace
 
-void RememberDamagedFile(const DiskFile& file) {
-  if (Find(file) == DamagedFiles().end()) DamagedFiles().push_back(file.FullPath());
+void NoteDamage(const DiskFile& file, bool isDamaged) {
+  const auto known = Find(file);
+  if (isDamaged && known == DamagedFiles().end()) {
+    DamagedFiles().push_back(file.FullPath());
+  } else if (!isDamaged && known != DamagedFiles().end()) {
+    DamagedFiles().erase(known);
+  }
 }
 
 void KeepDamagedFile(const DiskFile& file) {

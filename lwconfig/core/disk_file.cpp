@@ -22,6 +22,12 @@ auto OnHost(std::string_view path, Operation operation) {
   }
 }
 
+/// Whether there is no such file or folder, rather than one that cannot be reached.
+bool NamesNothing(const std::system_error& failure) {
+  return failure.code() == std::errc::no_such_file_or_directory ||
+         failure.code() == std::errc::not_a_directory;
+}
+
 bool IsSeparator(char c) {
   return c == '\\' || c == '/';
 }
@@ -92,7 +98,8 @@ void DiskFile::SetFileName(std::string_view name) {
 EntryKind DiskFile::Kind() const {
   if (mListedKind) return *mListedKind;
   const std::string path = FullPath();
-  return path.empty() ? EntryKind::Missing : HostFiles().Kind(path);
+  if (path.empty()) return EntryKind::Missing;
+  return OnHost(path, [&] { return HostFiles().Kind(path); });
 }
 
 void DiskFile::Open(std::int32_t mode, std::int32_t access, std::int32_t /*share*/,
@@ -128,7 +135,7 @@ std::string DiskFile::ReadAll() const {
   try {
     return DecodeText(HostFiles().Read(path));
   } catch (const std::system_error& failure) {
-    if (HostFiles().Kind(path) == EntryKind::Missing) return {};
+    if (NamesNothing(failure)) return {};
     throw FileError(failure, path);
   }
 }
@@ -165,6 +172,7 @@ void DiskFile::CopyTo(std::string_view target) const {
   const std::string bytes = OnHost(FullPath(), [&] { return HostFiles().Read(FullPath()); });
   OnHost(target, [&] {
     const auto copy = HostFiles().Replace(target);
+    copy->TakePermissionsOf(FullPath());
     copy->Write(bytes);
     copy->Commit();
   });
@@ -187,7 +195,7 @@ std::vector<platform::FolderEntry> ListFolder(std::string_view folder) {
   try {
     return HostFiles().List(folder);
   } catch (const std::system_error& failure) {
-    if (HostFiles().Kind(folder) == EntryKind::Missing) return {};
+    if (NamesNothing(failure)) return {};
     throw FileError(failure, folder);
   }
 }

@@ -42,7 +42,7 @@ Error FileError(const std::system_error& failure, std::string_view path) {
     default:
       break;
   }
-  Error error(number, failure.what());
+  Error error(number, path.empty() ? failure.what() : failure.code().message());
   error.SetPosition({std::string(path), 0, 0});
   return error;
 }

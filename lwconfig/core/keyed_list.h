@@ -21,7 +21,7 @@ class ItemKey {
   template <class T>
   requires(std::is_integral_v<T> && !std::is_same_v<T, bool>) ItemKey(T position)
       : mKind(Kind::Position),
-        mPosition(std::in_range<std::int32_t>(position) ? static_cast<std::int32_t>(position) : 0) {}
+        mPosition(std::in_range<std::int32_t>(position) ? static_cast<std::int32_t>(position) : -1) {}
   ItemKey(std::string_view key) : mKind(Kind::Key), mKey(key) {}
   ItemKey(const std::string& key) : mKind(Kind::Key), mKey(key) {}
   ItemKey(const char* key) : mKind(Kind::Key), mKey(key) {}

@@ -25,6 +25,7 @@ void ResetSharedSlots() {
 }
 
 LiveRoot::LiveRoot() {
+  Slots();  // so that they outlive a Root of static storage duration
   ++gLiveRoots;
 }
 

@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <cstring>
 
 #include <lwconfig/core/diagnostics.h>
 #include <lwconfig/core/disk_file.h>
@@ -8,21 +9,76 @@
 
 namespace lwconfig {
 
+namespace {
+
+/// The first reference in the text to an entity that XML does not define, outside comments and CDATA
+/// sections; npos where there is none.
+std::size_t FindUnknownReference(std::string_view text) {
+  using namespace std::string_view_literals;
+  constexpr std::size_t kLongestKnown = 4;
+  constexpr int kMostExamined = 20;  // in a file that is full of them, inside a section most likely
+  const auto isInside = [&](std::size_t at, std::string_view opening, std::string_view closing) {
+    const auto before = text.substr(0, at);
+    const auto opened = before.rfind(opening);
+    return opened != std::string_view::npos && before.find(closing, opened) == std::string_view::npos;
+  };
+  int examined = 0;
+  for (auto at = text.find('&'); at != std::string_view::npos; at = text.find('&', at + 1)) {
+    const auto name = text.substr(at + 1, std::min(text.find(';', at), at + 2 + kLongestKnown) - at - 1);
+    if (name.starts_with('#')) continue;
+    if (name == "amp"sv || name == "lt"sv || name == "gt"sv || name == "quot"sv || name == "apos"sv) continue;
+    if (++examined > kMostExamined) break;
+    if (!isInside(at, "<!--", "-->") && !isInside(at, "<![CDATA[", "]]>")) return at;
+  }
+  return std::string_view::npos;
+}
+
+bool IsBlank(const char* text) {
+  return text[std::strspn(text, " \t\r\n")] == '\0';
+}
+
+}  // namespace
+
 bool XMLDocumentData::Parse() {
   IsDraft = false;
-  constexpr unsigned kKeepAll =
-      pugi::parse_default | pugi::parse_comments | pugi::parse_pi | pugi::parse_doctype;
+  // Fragments are allowed to the parser, so that what stands beside the document element is seen, not
+  // skipped.
+  constexpr unsigned kKeepAll = pugi::parse_default | pugi::parse_comments | pugi::parse_pi |
+                                pugi::parse_doctype | pugi::parse_fragment;
   constexpr unsigned kKeepText = (kKeepAll & ~pugi::parse_eol) | pugi::parse_ws_pcdata;
+  // Where markup is text, so are its references.
+  const std::size_t unknownReference = KeepsText ? std::string::npos : FindUnknownReference(Text);
   const auto result = Tree.load_buffer_inplace(Text.data(), Text.size(), KeepsText ? kKeepText : kKeepAll,
                                                pugi::encoding_utf8);
   ParsedLength = Text.size();
-  if (result) return true;
-  // An empty text has no place where it goes wrong but its start.
-  ParsedLength = static_cast<std::size_t>(std::max<std::ptrdiff_t>(result.offset, 0));
-  ParseFailurePosition = PositionOf(ParsedLength);
-  ParseFailure =
-      std::string("not well-formed XML: ") + (Text.empty() ? "the text is empty" : result.description());
+  if (!result) {
+    ParsedLength = static_cast<std::size_t>(std::max<std::ptrdiff_t>(result.offset, 0));
+    return Fail(ParsedLength, result.description());
+  }
+  if (unknownReference != std::string::npos)
+    return Fail(unknownReference, "a reference to an unknown entity");
+  return CheckDocumentElement();
+}
+
+bool XMLDocumentData::Fail(std::size_t offset, std::string_view problem) {
+  ParseFailurePosition = PositionOf(offset);
+  ParseFailure = "not well-formed XML: ";
+  ParseFailure += Text.empty() ? "the text is empty" : problem;
   return false;
+}
+
+bool XMLDocumentData::CheckDocumentElement() {
+  const pugi::xml_node root = Tree.document_element();
+  if (!root) return Fail(0, "there is no element");
+  for (const pugi::xml_node node : Tree.children()) {
+    if (node.type() == pugi::node_element && node != root) {
+      return Fail(OffsetOf(node.name()).value_or(0), "a second element beside the first");
+    }
+    if ((node.type() == pugi::node_pcdata || node.type() == pugi::node_cdata) && !IsBlank(node.value())) {
+      return Fail(OffsetOf(node.value()).value_or(0), "text outside the element");
+    }
+  }
+  return true;
 }
 
 void XMLDocumentData::Settle() {
@@ -108,7 +164,7 @@ void XMLDocument::TellParseFailure() const {
 }
 
 std::string XMLDocument::XML() const {
-  return mData->IsDraft ? mData->Draft.Serialise() : TreeText(mData->Tree);
+  return mData->IsDraft ? mData->Draft.Serialise() : TreeText(mData->Tree.root());
 }
 
 }  // namespace lwconfig

@@ -1,3 +1,5 @@
+#include <algorithm>
+
 #include <lwconfig/core/internal/xml_data.h>
 #include <lwconfig/core/xml_element.h>
 #include <lwconfig/platform/letter_case.h>
@@ -11,6 +13,17 @@ using pugi::xml_node;
 xml_node ElementFrom(xml_node node) {
   while (node && node.type() != pugi::node_element) node = node.next_sibling();
   return node;
+}
+
+void CheckName(std::string_view name) {
+  const auto isNameCharacter = [](char c) {
+    return c < 0 || (c >= '0' && c <= '9') || (AsciiLower(c) >= 'a' && AsciiLower(c) <= 'z') || c == '_' ||
+           c == ':' || c == '-' || c == '.';
+  };
+  const bool isName = !name.empty() && !(name[0] >= '0' && name[0] <= '9') && name[0] != '-' &&
+                      name[0] != '.' && std::ranges::all_of(name, isNameCharacter);
+  if (!isName)
+    throw Error(kInvalidCall, "\"" + std::string(name) + "\" cannot be the name of an XML element");
 }
 
 void CheckStorable(std::string_view text) {
@@ -49,6 +62,7 @@ bool XMLElement::IsNamedIgnoringCase(std::string_view name) const {
 }
 
 void XMLElement::SetName(std::string_view name) {
+  CheckName(name);
   if (IsDraft()) {
     mDraft->Name = name;
     return;
@@ -90,6 +104,7 @@ void XMLElement::AddAttribute(std::string_view name, std::string_view value) {
 }
 
 XMLElement XMLElement::AddElement(std::string_view name, std::string_view text) {
+  CheckName(name);
   CheckStorable(text);
   if (IsDraft()) return XMLElement(mDocument, mDocument->Draft.AddElement(*mDraft, name, text));
   xml_node child = xml_node(Node()).append_child(std::string(name).c_str());

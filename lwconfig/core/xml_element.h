@@ -46,6 +46,7 @@ class XMLElement {
   bool IsNamed(std::string_view name) const;
   /// Whether the tag name is `name` without regard to letter case.
   bool IsNamedIgnoringCase(std::string_view name) const;
+  /// Error 5 for a text that is no XML name.
   void SetName(std::string_view name);
   /// The character data directly inside the element, joined; what was written in it where the document was
   /// loaded so.
@@ -55,7 +56,7 @@ class XMLElement {
 
   /// Appends an attribute. Error 5 for a value with a NUL character, which no file can hold.
   void AddAttribute(std::string_view name, std::string_view value);
-  /// Appends a child element with this tag name and text.
+  /// Appends a child element with this tag name and text. Error 5 as above.
   XMLElement AddElement(std::string_view name, std::string_view text);
 
   /// Where the element stands in the file, or text, that it was read from.

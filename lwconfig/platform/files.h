@@ -24,6 +24,8 @@ class FileReplacement {
   virtual ~FileReplacement() = default;
   /// Appends bytes. Throws `std::system_error`.
   virtual void Write(std::string_view bytes) = 0;
+  /// Gives the file, where it is new, the permissions of the one at `path`, as far as this process may.
+  virtual void TakePermissionsOf(std::string_view /*path*/) {}
   /// Makes the content durable and puts it in place in one step, keeping the permissions of the old file and
   /// following symbolic links. Throws `std::system_error`; the old file is then unchanged.
   virtual void Commit() = 0;
@@ -39,9 +41,10 @@ class Files {
   virtual ~Files() = default;
   static Files& Native();
 
-  /// What stands at `path`, symbolic links followed. Never throws: what cannot be examined is `Missing`.
+  /// What stands at `path`, symbolic links followed. Throws where that cannot be told, such as in a folder
+  /// that may not be searched.
   virtual EntryKind Kind(std::string_view path) = 0;
-  /// The bytes of the file at `path`.
+  /// The bytes of the file at `path`. Only plain files can be read: a pipe would wait, a device never end.
   virtual std::string Read(std::string_view path) = 0;
   /// The entries of a folder in name order without regard to letter case (names equal but for case: in byte
   /// order), without hidden entries, "." and "..". Anything that is neither a folder nor leads to one is a

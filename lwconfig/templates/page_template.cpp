@@ -39,7 +39,8 @@ std::shared_ptr<PlugIns> PageTemplate::PlugIns() {
   if (mTemplatePlugins) return mTemplatePlugins;
   mTemplatePlugins = std::make_shared<lwconfig::PlugIns>();
   if (EnabledPlugins->Count() == 0) return mTemplatePlugins;
-  for (const auto& plugIn : *SharedSlot<lwconfig::PlugIns>::Obtain()) {
+  const auto shared = SharedSlot<lwconfig::PlugIns>::Obtain();
+  for (const auto& plugIn : *shared) {
     if (StringTools::KeyExists(*EnabledPlugins, plugIn->Name)) mTemplatePlugins->Add(plugIn, plugIn->Name);
   }
   return mTemplatePlugins;

@@ -78,7 +78,7 @@ class PageTemplate : public Counted<PageTemplate>, public std::enable_shared_fro
   /// then kept. Two plug-ins of one enabled name are error 457; the list keeps the first.
   std::shared_ptr<lwconfig::PlugIns> PlugIns();
   /// Whether the item type is among `SupportedItemTypes`, letter case ignored.
-  bool SupportsItemType(std::string_view Name) const;
+  bool SupportsItemType(std::string_view itemType) const;
 
   /// The fixed texts of the loaded output language, filed under their names: short phrases, and scraps of
   /// HTML. Null before the first load.

@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <optional>
 #include <string_view>
 #include <vector>
 
@@ -57,11 +58,7 @@ class TemplateFolder {
 class PageTemplate::Loader {
  public:
   Loader(PageTemplate& target, const XMLElement& e)
-      : mTarget(target),
-        mShared(target.shared_from_this()),
-        mElement(e),
-        mAttributes(e),
-        mFolder(target.RootFolder) {
+      : mTarget(target), mShared(target.shared_from_this()), mElement(e), mAttributes(e) {
     mLooseNodes->Name = kDefaultTOC;
     mLooseNodes->SetPageTemplate(mShared);
   }
@@ -80,6 +77,12 @@ class PageTemplate::Loader {
   }
 
  private:
+  /// Listed when it is needed first: a template that fails before has no need of its folder.
+  const TemplateFolder& Folder() {
+    if (!mFolder) mFolder.emplace(mTarget.RootFolder);
+    return *mFolder;
+  }
+
   void ReadSettings() {
     AttributeReader& in = mAttributes;
     in.Require("Name", mTarget.Name);
@@ -110,7 +113,7 @@ class PageTemplate::Loader {
       layout->Load(child);
       const bool usable = !IsNoLayout(layout->FileName);
       const bool known = StringTools::ObjectKeyExists(*mTarget.PageLayouts(), layout->FileName);
-      if (usable && !known && mFolder.HasFile(layout->FileName))
+      if (usable && !known && Folder().HasFile(layout->FileName))
         mTarget.PageLayouts()->Add(layout, layout->FileName);
     } else if (child.IsNamed("TOCDefinition")) {
       auto toc = std::make_shared<TOCDefinition>();
@@ -150,7 +153,7 @@ class PageTemplate::Loader {
   }
 
   void AddUnlistedLayouts() {
-    for (const auto& [name, kind] : mFolder.Entries()) {
+    for (const auto& [name, kind] : Folder().Entries()) {
       if (kind != platform::EntryKind::File) continue;
       if (StringTools::ObjectKeyExists(*mTarget.PageLayouts(), name)) continue;
       if (IsNoLayout(name)) continue;
@@ -180,7 +183,7 @@ class PageTemplate::Loader {
   const std::shared_ptr<PageTemplate> mShared;
   const XMLElement& mElement;
   AttributeReader mAttributes;
-  const TemplateFolder mFolder;
+  std::optional<TemplateFolder> mFolder;
   // Collects the nodes directly below the template's element.
   const std::shared_ptr<TOCDefinition> mLooseNodes = std::make_shared<TOCDefinition>();
 };

@@ -43,7 +43,7 @@ void ReadEntries(const DiskFile& file, Keep keep, Collection& entries) {
   if (!file.Exists()) return;
   std::string text = file.ReadAll();
   const auto add = [&](std::string_view name, std::string_view entry) {
-    if (!StringTools::KeyExists(entries, name))
+    if (!name.empty() && !StringTools::KeyExists(entries, name))
       entries.Add(std::string(keep == Keep::Names ? name : entry), name);
   };
   if (text.starts_with("<?xml")) {

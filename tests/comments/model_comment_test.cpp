@@ -44,7 +44,7 @@ TEST(ModelComment, DerivesTheNamespaceFromTheKindOfMember) {
   EXPECT_EQ(Saved(*copy), Normal("<MC MemberType_Namespace='LW:Own' MemberName='m' TaggedCommentPrefix='p' "
                                  "TaggedCommentText='t' OnlyIfBlank='False' InsertionPoint='2'/>"));
   for (const auto& [text, point] :
-       {std::pair("3", 3), {"2.5", 2}, {"x", 2}, {"3x", 2}, {"", 2}, {"9e9", 2}}) {
+       {std::pair("3", 3), {"3.5", 4}, {"x", 2}, {"3x", 2}, {"", 2}, {"9e9", 2}}) {
     ModelComment comment;
     comment.Load(Parse(Comment("m", "OnlyIfBlank='True' InsertionPoint='" + std::string(text) + "'")));
     EXPECT_EQ(comment.InsertionPoint, point) << text;

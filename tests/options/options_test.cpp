@@ -137,8 +137,8 @@ TEST_F(OptionsTest, BehaveLikeValues) {
   EXPECT_EQ(GetAppValue("VBCommentMode", "", "VB"), "2");
   EXPECT_FALSE(VB.ShowFriend);
   Registry.Fault = [] { throw std::system_error(EACCES, std::generic_category()); };
-  EXPECT_NE(ErrorOf([&] { VSNET.WrapCharacters = 72; }).Number(), 0);
-  EXPECT_NE(ErrorOf([&] { IDE.AutoSave.Get(); }).Number(), 0);
+  EXPECT_EQ(ErrorOf([&] { VSNET.WrapCharacters = 72; }).Number(), kPermissionDenied);
+  EXPECT_EQ(ErrorOf([&] { IDE.AutoSave.Get(); }).Number(), kPermissionDenied);
   EXPECT_EQ(VB.VBCommentMode, ModeVBCode);
 }
 

@@ -18,7 +18,7 @@ TEST_F(ShowTest, DrawsTheWholeConfiguration) {
   const auto shown = Show({});
   EXPECT_EQ(shown.Status, 0);
   EXPECT_EQ(shown.Err, "");
-  EXPECT_EQ(shown.Out, R"(paths
+  EXPECT_THAT(shown.Out, StartsWith(R"(paths
    configuration  <test>/config
    templates      <test>/config/Templates
    installation   not registered
@@ -65,7 +65,23 @@ templates (1)
    │        └─ Diagram   icon 7 · by plug-in LW.Diagrams (x) · if 1+ LW:Project
    └─ variables (1)
       └─ Footer  colour · = #fff
-)");
+
+comments (2)
+├─ standard  0 tags
+└─ custom    0 tags
+
+modelcomments (0)
+
+commentfiles (0)
+
+languages (0)
+
+externaldocs (0)  the first pattern that covers a name is used
+
+options (5)
+├─ VSNETOptions
+│  ├─ FullPageEditExcludedLanguages  = "" · default
+)"));
 }
 
 TEST_F(ShowTest, PrintsTheSameAsJson) {
@@ -135,8 +151,8 @@ TEST_F(ShowTest, SaysWhatThereIsInsteadOfAnUnknownName) {
   } kRows[] = {
       {"templats/x",
        "lwconfig: error: there is no 'templats'; did you mean 'templates'?\nWhat there is:\n  paths\n  "
-       "namespaces\n"
-       "  plugins\n  templates\n"},
+       "namespaces\n  plugins\n  templates\n  comments\n  modelcomments\n  commentfiles\n  languages\n"
+       "  externaldocs\n  options\n"},
       {"templates/smal",
        "lwconfig: error: there is no 'smal'; did you mean 'Small/er one'?\nWhat there is:\n  Small/er one\n"},
       {"templates/small/nothing",

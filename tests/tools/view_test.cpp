@@ -68,9 +68,11 @@ TEST(TreePath, TheLongestOfSeveralMatchesCounts) {
 
 TEST(TreeText, AlignsNeighboursAndLeavesLongNamesAlone) {
   Group group{"things", "Things"};
-  for (const char* title : {"short", "longer", "a name that is much too long to align the others with it"})
-    group.Nodes.push_back({"thing", title, {}, {{"x"}}});
-  group.Nodes.push_back({"thing", "", {}, {}});
+  for (const char* title : {"short", "longer", "a name that is much too long to align the others with it"}) {
+    group.Nodes.push_back(Node{"thing", title});
+    group.Nodes.back().Summary = {{"x"}};
+  }
+  group.Nodes.push_back(Node{"thing", ""});
   TreeText text({});
   text.Add(group);
   EXPECT_EQ(text.Text(),

@@ -12,13 +12,19 @@
 namespace lwconfig::tool {
 namespace {
 
-constexpr std::array kCommands{AddShowCommand};
+constexpr std::array kCommands{AddShowCommand, AddOptionsCommand,  AddPhraseCommand, AddScrapCommand,
+                               AddLinkCommand, AddTemplateCommand, AddInitCommand};
 
 constexpr const char* kFooter = R"(Examples:
   lwconfig show                        everything
   lwconfig show templates              the page templates alone
   lwconfig show --config ./share       the configuration in a folder
   lwconfig show plugins --json         for programs
+  lwconfig options set VBOptions.WrapCharacters 72
+  lwconfig phrase VBTechDoc --compare  phrases that one language lacks
+  lwconfig link System.Windows.Forms.Button --url
+  lwconfig template clone VBTechDoc "House style" House
+  lwconfig init ~/lexiwend             a configuration of one's own, to begin with
 
 Environment:
   LWCONFIG_REGISTRY  folder of machine.reg and user.reg, which name the configuration
@@ -29,7 +35,7 @@ Environment:
 
 Exit status:
   0  done
-  1  what was asked for does not exist
+  1  what was asked for does not exist, or what was compared differs
   2  wrong usage
   3  the configuration is not valid; what could be read was used
   4  a file or the output could not be read or written
@@ -63,8 +69,11 @@ void FailMisuse(const CLI::ParseError& misuse, Reporter& reporter) {
 
 void FailExtra(const CLI::App& app, const CLI::ParseError& misuse, Reporter& reporter) {
   const auto extra = app.remaining(true);
-  const bool isCommand = app.get_subcommands().empty() && !extra.empty() && !extra.front().starts_with('-');
-  if (isCommand) return reporter.FailUnknown(ExitStatus::Usage, extra.front(), CommandNames(app));
+  const CLI::App* command = &app;
+  while (!command->get_subcommands().empty()) command = command->get_subcommands().front();
+  const bool isCommand =
+      !command->get_subcommands({}).empty() && !extra.empty() && !extra.front().starts_with('-');
+  if (isCommand) return reporter.FailUnknown(ExitStatus::Usage, extra.front(), CommandNames(*command));
   FailMisuse(misuse, reporter);
 }
 
@@ -92,7 +101,7 @@ void Run(CLI::App& app, int argc, const char* const* argv, Reporter& reporter) {
 
 int RunApplication(int argc, const char* const* argv) {
   Reporter reporter;
-  CLI::App app("Shows the configuration of the documentation generator Lexiwend.", "lwconfig");
+  CLI::App app("Shows and changes the configuration of the documentation generator Lexiwend.", "lwconfig");
   app.formatter(std::make_shared<HelpFormatter>());
   app.set_help_flag("-h,--help", "this help, or that of a command");
   app.set_version_flag("--version", "lwconfig " LWCONFIG_VERSION, "the version of this program");

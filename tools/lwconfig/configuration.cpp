@@ -21,8 +21,8 @@ class FolderRegistry final : public platform::Registry {
   FolderRegistry(platform::Registry& host, std::string folder) : mHost(host), mFolder(std::move(folder)) {}
 
   std::optional<RegistryValue> Read(Hive hive, std::string_view key, std::string_view name) override {
-    const bool isFolder = hive == Hive::LocalMachine && EqualIgnoringCase(name, "ConfigPath") &&
-                          EqualIgnoringCase(key, "Software\\Corvantis\\Lexiwend4");
+    const bool isFolder = hive == Hive::LocalMachine && EqualIgnoringCase(name, kFolderValue) &&
+                          EqualIgnoringCase(key, kProductKey);
     return isFolder ? RegistryValue{1, mFolder} : mHost.Read(hive, key, name);
   }
   void CreateKey(Hive hive, std::string_view key) override { mHost.CreateKey(hive, key); }
@@ -47,10 +47,15 @@ std::filesystem::path FolderOfProgram() {
 
 }  // namespace
 
-Configuration::Configuration(const std::string& folder, Reporter& reporter) {
+Configuration::Configuration(const std::string& folder, Reporter& reporter, Unregistered unregistered) {
   if (!folder.empty()) {
     OpenFolder(folder);
   } else if (ConfigPath().empty()) {
+    if (unregistered == Unregistered::Refuse) {
+      throw Error(kPathNotFound,
+                  "no configuration is registered; name a configuration folder with --config, or begin one "
+                  "with 'lwconfig init'");
+    }
     OpenStarter(reporter);
   }
 }

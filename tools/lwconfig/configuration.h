@@ -11,14 +11,22 @@
 
 namespace lwconfig::tool {
 
+/// Where the machine's hive names the configuration folder.
+inline constexpr const char* kProductKey = "Software\\Corvantis\\Lexiwend4";
+inline constexpr const char* kFolderValue = "ConfigPath";
+
+/// What to do while no configuration is registered: a command that writes must not write to the starter.
+enum class Unregistered { UseStarter, Refuse };
+
 /// The configuration that a command works on: that of a folder, the registered one, or the starter
 /// configuration.
 class Configuration {
  public:
   /// Opens the configuration in `folder`, a path of the host; where that is empty the registered one, and
-  /// where none is registered the starter configuration, with a note. Error 76 for a folder that does not
-  /// exist.
-  Configuration(const std::string& folder, Reporter& reporter);
+  /// where none is registered the starter configuration, with a note, unless that is refused. Error 76 for a
+  /// folder that does not exist, and where there is nothing to open.
+  Configuration(const std::string& folder, Reporter& reporter,
+                Unregistered unregistered = Unregistered::UseStarter);
 
   lwconfig::Root& Root() { return mRoot; }
 

@@ -18,6 +18,9 @@ struct XMLDocumentData {
   /// Parses `Text` in place into the tree. False when it is not well-formed; the part before the fault is
   /// then there.
   bool Parse();
+  bool CheckDocumentElement();
+  /// Records what is wrong with the text; always false.
+  bool Fail(std::size_t offset, std::string_view problem);
   /// Makes a tree of the draft.
   void Settle();
   /// Where in the text the parser found a name; nothing for a name that was given later.
@@ -37,6 +40,7 @@ struct XMLDocumentData {
   std::string ParseFailure;
   FilePosition ParseFailurePosition;
   std::size_t ParsedLength = 0;  // of the text, up to where it goes wrong
+  int IgnoredValuesTold = 0;     // how many were told to the diagnostics handler
   XMLDraft Draft;
   bool IsDraft = true;
 };

@@ -45,18 +45,24 @@ bool InNameOrder(const FolderEntry& a, const FolderEntry& b) {
 class NativeFiles final : public Files {
  public:
   EntryKind Kind(std::string_view path) override {
+    struct stat status {};
+    std::string hostPath;
     try {
-      struct stat status {};
-      std::string hostPath = HostPath(path);
-      const auto examine = [&](const char* name) { return ::stat(name, &status); };
-      return OnDisk(hostPath, examine) == 0 ? KindOf(status.st_mode) : EntryKind::Missing;
+      hostPath = HostPath(path);
     } catch (const std::system_error&) {
-      return EntryKind::Missing;
+      return EntryKind::Missing;  // a path that the host cannot have
     }
+    const auto examine = [&](const char* name) { return ::stat(name, &status); };
+    if (OnDisk(hostPath, examine) == 0) return KindOf(status.st_mode);
+    if (!NamesNothing(errno) && errno != ENAMETOOLONG && errno != ELOOP) ThrowErrno(hostPath);
+    return EntryKind::Missing;
   }
 
   std::string Read(std::string_view path) override {
-    const Descriptor file = Open(path, O_RDONLY);
+    const Descriptor file = Open(path, O_RDONLY | O_NONBLOCK);
+    struct stat status {};
+    if (::fstat(file.Number(), &status) != 0) ThrowErrno(std::string(path));
+    if (!S_ISREG(status.st_mode) && !S_ISDIR(status.st_mode)) ThrowErrno(std::string(path), ENODEV);
     return ReadAll(file, std::string(path));
   }
 

@@ -89,7 +89,7 @@ std::string FindShellFolder(std::int32_t id) {
     return path;
   }
   const std::string home = HomeFolder();
-  if (home.empty()) return home;
+  if (home.empty()) return {};
   for (const UserFolder& folder : kUserFolders) {
     if (folder.Id != id) continue;
     const std::string chosen = ChosenFolder(UserSettings(), folder.Setting, home);
@@ -105,7 +105,7 @@ class NativeFolders final : public Folders {
     constexpr std::int32_t kFlags = 0xff00;
     try {
       const std::string folder = FindShellFolder(csidl & ~kFlags);
-      if (folder.empty()) return folder;
+      if (folder.empty()) return {};
       MakeHostFolders(folder);
       return ProductNotation(folder);
     } catch (const std::system_error&) {

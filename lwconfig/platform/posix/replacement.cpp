@@ -111,6 +111,14 @@ class Replacement final : public FileReplacement {
     ::fchmod(mFile.Number(), old->st_mode & 07777);
   }
 
+  void TakePermissionsOf(std::string_view path) override {
+    struct stat target {};
+    struct stat model {};
+    if (::stat(mTarget.c_str(), &target) == 0) return;
+    if (::stat(InLetterCaseOnDisk(HostPath(path)).c_str(), &model) != 0) return;
+    ::fchmod(mFile.Number(), model.st_mode & 0777);
+  }
+
   void Write(std::string_view bytes) override {
     // What has a gap must not be put in place by a caller that goes on after a failure.
     if (!mWhole) ThrowErrno(mTarget, EIO);

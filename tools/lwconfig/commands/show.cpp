@@ -35,6 +35,16 @@ constexpr const char* kFooter =
   templates/NAME                       one template, by its name or the name of its folder
   templates/NAME/layouts               its page layouts; also contents, variables
   templates/NAME/layouts/method.html   one of them, with all its properties
+  comments                             tagged comments; also comments/standard, comments/custom
+  comments/##MODULE_DESCRIPTION        one of them
+  modelcomments                        model comment profiles, with their comments
+  commentfiles                         where the XML comment files of assemblies are
+  languages                            programming languages
+  languages/NAME                       one language, with its words and tables
+  externaldocs                         sources of external documentation
+  externaldocs/System.Web*             one of them, with the formats of its links
+  options                              the user's options, set by set
+  options/VBOptions/WrapCharacters     one option
 
 A list shows each object in one line, an object named by itself all its properties.
 While no configuration is registered, the starter configuration is shown.
@@ -103,6 +113,10 @@ void AddConfigurationOption(CLI::App& command, std::string& folder) {
       ->type_name("DIR");
 }
 
+void AddJsonOption(CLI::App& command, bool& isJson) {
+  command.add_flag("-j,--json", isJson, "print JSON, with the published property names");
+}
+
 void AddShowCommand(CLI::App& app, Reporter& reporter) {
   const auto options = std::make_shared<ShowOptions>();
   CLI::App& show = *app.add_subcommand("show", "Shows the configuration, or a part of it, as a tree.");
@@ -110,7 +124,7 @@ void AddShowCommand(CLI::App& app, Reporter& reporter) {
   show.footer(kFooter);
   show.add_option("WHAT", options->What, "the part to show; everything when left out")->type_name("");
   AddConfigurationOption(show, options->Folder);
-  show.add_flag("-j,--json", options->IsJson, "print JSON, with the published property names");
+  AddJsonOption(show, options->IsJson);
   show.add_option("--color", options->Colour, "auto (on a terminal), always or never")
       ->option_text("WHEN")
       ->check(CLI::IsMember({"auto", "always", "never"}));

@@ -2,6 +2,11 @@
 
 #include <tools/lwconfig/view/node.h>
 
+#include <lwconfig/comments/comment_file_locations.h>
+#include <lwconfig/comments/model_comment_profiles.h>
+#include <lwconfig/comments/tagged_comment_defs.h>
+#include <lwconfig/externaldocs/external_docs.h>
+#include <lwconfig/namespaces/language.h>
 #include <lwconfig/namespaces/namespace_profiles.h>
 #include <lwconfig/namespaces/plug_in.h>
 #include <lwconfig/templates/page_templates.h>
@@ -17,9 +22,17 @@ Group Describe(const PageTemplates& templates);
 Group Describe(const PageLayouts& layouts);
 Group Describe(const TOCDefinitions& definitions);
 Group Describe(const VariableDefs& variables);
+Group Describe(const TaggedCommentDefs& definitions);
+Group Describe(const ModelCommentProfiles& profiles);
+Group Describe(const CommentFileLocations& locations);
+Group Describe(const Languages& languages);
+Group Describe(const ExternalDocs& sources);
 
 /// The path as a person uses it: the product's own where it has a drive letter, else the host's.
 std::string ShownPath(const std::string& path);
+
+/// The last part of a folder path in the product's notation.
+std::string FolderName(std::string path);
 
 /// "if 2+ LW:Library where x": the condition that so many (where that is more than 0) items of a kind exist;
 /// empty without a kind.

@@ -2,6 +2,8 @@
 #include <array>
 
 #include <tools/lwconfig/model/describe.h>
+#include <tools/lwconfig/model/loaded.h>
+#include <tools/lwconfig/model/options.h>
 #include <tools/lwconfig/model/sections.h>
 
 #include <lwconfig/core/disk_file.h>
@@ -9,18 +11,6 @@
 
 namespace lwconfig::tool {
 namespace {
-
-/// The shared object that `obtain` hands out. Where loading it fails it is asked for again, because a second
-/// request gives what could be loaded.
-template <class Obtain>
-auto Loaded(Reporter& reporter, Obtain obtain) {
-  try {
-    return obtain();
-  } catch (const Error& failure) {
-    reporter.Fail(failure);
-  }
-  return obtain();
-}
 
 /// A registered folder in the product's notation, and where that is on this system.
 void AddPath(Node& node, const char* name, const std::string& path, const char* label) {
@@ -46,27 +36,33 @@ Group DescribePaths(Root& root, Reporter& reporter) {
   return {"paths", "Paths", {std::move(paths)}, true};
 }
 
-Group DescribeNamespaces(Root& root, Reporter& reporter) {
-  return Describe(*Loaded(reporter, [&] { return root.NamespaceProfiles(); }));
-}
-
-Group DescribePlugIns(Root& root, Reporter& reporter) {
-  return Describe(*Loaded(reporter, [&] { return root.PlugIns(); }));
-}
-
 Group DescribeTemplates(Root& root, Reporter& reporter) {
-  // On their own, because a failure among them would otherwise keep the templates from being loaded.
-  Loaded(reporter, [&] { return root.NamespaceProfiles(); });
-  return Describe(*Loaded(reporter, [&] { return root.PageTemplates(); }));
+  return Describe(*LoadedTemplates(root, reporter));
+}
+
+/// A collection that depends on no other.
+template <auto Obtain>
+Group DescribeCollection(Root& root, Reporter& reporter) {
+  return Describe(*Loaded(reporter, [&] { return (root.*Obtain)(); }));
 }
 
 constexpr std::array kSections{
     Section{"paths", "Paths", "where configuration, templates and installation are", DescribePaths},
     Section{"namespaces", "NamespaceProfiles", "kinds of code element, and the elements of pages",
-            DescribeNamespaces},
-    Section{"plugins", "PlugIns", "what extends the generator", DescribePlugIns},
+            DescribeCollection<&Root::NamespaceProfiles>},
+    Section{"plugins", "PlugIns", "what extends the generator", DescribeCollection<&Root::PlugIns>},
     Section{"templates", "PageTemplates", "settings, layouts, contents trees and variables",
             DescribeTemplates},
+    Section{"comments", "TaggedCommentDefs", "tagged comments in source code",
+            DescribeCollection<&Root::TaggedCommentDefs>},
+    Section{"modelcomments", "ModelCommentProfiles", "descriptions to re-use",
+            DescribeCollection<&Root::ModelCommentProfiles>},
+    Section{"commentfiles", "CommentFileLocations", "XML comment files of assemblies",
+            DescribeCollection<&Root::CommentFileLocations>},
+    Section{"languages", "Languages", "how declarations are written", DescribeCollection<&Root::Languages>},
+    Section{"externaldocs", "ExternalDocs", "sources of external documentation",
+            DescribeCollection<&Root::ExternalDocs>},
+    Section{"options", "Options", "the user's options", DescribeOptions},
 };
 
 }  // namespace

@@ -34,12 +34,6 @@ Json Texts(const Collection& collection) {
   return texts;
 }
 
-/// The last part of a folder path.
-std::string FolderName(std::string path) {
-  if (path.ends_with('\\')) path.pop_back();
-  return path.substr(path.rfind('\\') + 1);
-}
-
 std::vector<Property> PropertiesOf(const PageTemplate& t) {
   return {
       Unlabelled("Name", t.Name),
@@ -84,6 +78,11 @@ Node Describe(const PageTemplate& t) {
 }
 
 }  // namespace
+
+std::string FolderName(std::string path) {
+  if (path.ends_with('\\')) path.pop_back();
+  return path.substr(path.rfind('\\') + 1);
+}
 
 Group Describe(const PageTemplates& templates) {
   Group group{"templates", "PageTemplates"};

@@ -32,12 +32,15 @@ struct Group;
 
 /// One object of the configuration, or a part of one, as it is shown.
 struct Node {
+  Node();
+  Node(std::string kind, std::string title, std::vector<std::string> otherNames = {});
+
   std::string Kind;
   std::string Title;
   std::vector<std::string> OtherNames{};  // by which it is found besides its title
   StyledText Summary{};                   // what stands beside the title
   std::vector<Property> Properties{};
-  std::vector<Group> Groups{};
+  std::vector<Group> Groups;
   bool IsExpanded = false;   // its properties are shown also when it is one of many
   std::size_t NotShown = 0;  // objects that lie too deep below it to be shown
 };
@@ -51,6 +54,10 @@ struct Group {
   bool IsBrief = false;   // one line of names, unless the object that it belongs to is shown by itself
   std::string Note{};     // what a person should know about it
 };
+
+inline Node::Node() = default;
+inline Node::Node(std::string kind, std::string title, std::vector<std::string> otherNames)
+    : Kind(std::move(kind)), Title(std::move(title)), OtherNames(std::move(otherNames)) {}
 
 /// The levels of a tree that are shown.
 inline constexpr int kShownLevels = 200;

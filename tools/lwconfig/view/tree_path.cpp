@@ -10,7 +10,7 @@ namespace lwconfig::tool {
 namespace {
 
 /// The bytes at the start of `path` that are `name` as whole parts of the path; 0 for none.
-std::size_t LeadingPart(std::string_view path, std::string_view name) {
+std::size_t LeadingName(std::string_view path, std::string_view name) {
   if (name.empty()) return 0;
   for (std::size_t end = path.size(); end != std::string_view::npos && end > 0;
        end = path.rfind('/', end - 1)) {
@@ -20,12 +20,12 @@ std::size_t LeadingPart(std::string_view path, std::string_view name) {
 }
 
 std::size_t LeadingPart(std::string_view path, const Node& node) {
-  std::size_t longest = LeadingPart(path, node.Title);
-  for (const auto& name : node.OtherNames) longest = std::max(longest, LeadingPart(path, name));
+  std::size_t longest = LeadingName(path, node.Title);
+  for (const auto& name : node.OtherNames) longest = std::max(longest, LeadingName(path, name));
   return longest;
 }
 std::size_t LeadingPart(std::string_view path, const Group& group) {
-  return std::max(LeadingPart(path, group.Name), LeadingPart(path, group.Published));
+  return std::max(LeadingName(path, group.Name), LeadingName(path, group.Published));
 }
 
 /// Collects the targets that match the start of a path; of those that match differently much the longest.

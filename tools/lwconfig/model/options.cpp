@@ -1,0 +1,211 @@
+#include <array>
+#include <charconv>
+#include <utility>
+
+#include <tools/lwconfig/model/options.h>
+
+#include <lwconfig/core/application_values.h>
+#include <lwconfig/platform/letter_case.h>
+
+namespace lwconfig::tool {
+namespace {
+
+constexpr std::array kToolbarStyles{"ToolbarStyleOfficeXP", "ToolbarStyleOffice2003",
+                                    "ToolbarStyleOffice2003NoThemes"};
+constexpr std::array kEditorViews{"CommentEditViewFull", "CommentEditViewCombo"};
+constexpr std::array kWindowStyles{"LWVSWindowStyleDocumentWindow", "LWVSWindowStyleToolWindow",
+                                   "LWVSWindowStyleExternal"};
+constexpr std::array kBlockPositions{"BlockPositionInside", "BlockPositionOutside"};
+constexpr std::array kCommentModes{"ModeDocComments", "ModeVBCode", "ModeCommentFile"};
+
+/// The enumeration of each option that has one. Options of one name have the same.
+struct Enumeration {
+  std::string_view Option;
+  std::span<const char* const> Names;
+};
+constexpr std::array kEnumerations{
+    Enumeration{"ToolbarStyle", kToolbarStyles},      Enumeration{"CommentEditorView", kEditorViews},
+    Enumeration{"CommentWindowStyle", kWindowStyles}, Enumeration{"BlockTagPosition", kBlockPositions},
+    Enumeration{"VBCommentMode", kCommentModes},      Enumeration{"VBNETCommentMode", kCommentModes},
+};
+
+std::optional<std::int32_t> WholeNumber(std::string_view text) {
+  std::int32_t number = 0;
+  const auto [end, failure] = std::from_chars(text.data(), text.data() + text.size(), number);
+  if (failure != std::errc() || end != text.data() + text.size()) return std::nullopt;
+  return number;
+}
+
+void Append(std::vector<UserOption>& options, std::string_view set, const OptionSet& from) {
+  for (const AnyOption* option : from.Options()) options.push_back({set, option});
+}
+
+Json TypedValue(const UserOption& option, const std::optional<std::string>& text) {
+  if (!text) return nullptr;
+  switch (option.Option->Type()) {
+    case OptionType::Boolean:
+      return *text == "True";
+    case OptionType::Integer:
+    case OptionType::Enumeration:
+      if (const auto number = WholeNumber(*text)) return *number;
+      break;
+    case OptionType::Text:
+      break;
+  }
+  return *text;
+}
+
+Node Describe(const OptionState& state) {
+  Node node{"option", state.Of.Option->Name()};
+  const std::string standard = "default " + state.ShownDefault();
+  node.Summary = {{"= " + state.Shown()},
+                  {state.IsStored ? "stored" : "default", state.IsStored ? Tone::Condition : Tone::Quiet},
+                  {state.IsStored ? standard : "", Tone::Quiet}};
+  const Json json = state.ToJson();
+  for (const auto& [name, value] : json.items()) node.Properties.push_back(Unlabelled(name, value));
+  const auto show = [&node](const char* label, std::string text) {
+    node.Properties.push_back({{}, {}, label, {std::move(text)}});
+  };
+  show("type", std::string(TypeName(state.Of.Option->Type())));
+  show("value", state.Shown());
+  show("value", state.IsStored ? "stored" : "default");
+  show("default", state.ShownDefault());
+  show("section", state.Of.Option->Section());
+  return node;
+}
+
+}  // namespace
+
+std::string UserOption::Name() const {
+  return std::string(Set) + "." + Option->Name();
+}
+
+bool UserOption::IsStored() const {
+  // An empty text that is stored has no effect.
+  return !GetAppValue(Option->ValueName(), "", Option->Section()).empty();
+}
+
+std::span<const char* const> UserOption::Enumerators() const {
+  if (Option->Type() != OptionType::Enumeration) return {};
+  for (const Enumeration& enumeration : kEnumerations) {
+    if (enumeration.Option == Option->Name()) return enumeration.Names;
+  }
+  return {};
+}
+
+std::vector<UserOption> UserOptions(Root& root) {
+  std::vector<UserOption> options;
+  Append(options, "VSNETOptions", *root.VSNETOptions());
+  Append(options, "VBOptions", *root.VBOptions());
+  Append(options, "LWCommenterOptions", *root.LWCommenterOptions());
+  Append(options, "IDEOptions", *root.IDEOptions());
+  Append(options, "SpellingOptions", *root.SpellingOptions());
+  return options;
+}
+
+std::string_view TypeName(OptionType type) {
+  switch (type) {
+    case OptionType::Boolean:
+      return "boolean";
+    case OptionType::Integer:
+      return "integer";
+    case OptionType::Enumeration:
+      return "enumeration";
+    case OptionType::Text:
+      break;
+  }
+  return "text";
+}
+
+OptionState::OptionState(const UserOption& option, Reporter& reporter)
+    : Of(option), IsStored(option.IsStored()) {
+  const auto read = [&](std::optional<std::string>& text, std::string (AnyOption::*get)() const) {
+    try {
+      text = (Of.Option->*get)();
+    } catch (const Error& failure) {
+      reporter.Fail(failure);
+    }
+  };
+  read(Value, &AnyOption::Text);
+  read(Default, &AnyOption::DefaultText);
+}
+
+Json OptionState::ToJson() const {
+  return {{"Set", Of.Set},
+          {"Name", Of.Option->Name()},
+          {"Section", Of.Option->Section()},
+          {"ValueName", Of.Option->ValueName()},
+          {"Type", TypeName(Of.Option->Type())},
+          {"Default", TypedValue(Of, Default)},
+          {"Value", TypedValue(Of, Value)},
+          {"IsStored", IsStored}};
+}
+
+std::string OptionState::Shown(const std::optional<std::string>& text) const {
+  if (!text) return "not readable";
+  if (Of.Option->Type() == OptionType::Text) return "\"" + *text + "\"";
+  const auto names = Of.Enumerators();
+  const auto number = WholeNumber(*text);
+  if (!number || *number < 0 || static_cast<std::size_t>(*number) >= names.size()) return *text;
+  return *text + " " + names[static_cast<std::size_t>(*number)];
+}
+
+std::optional<std::string> StorableText(const UserOption& option, std::string_view value) {
+  const auto isOneOf = [value](const auto&... names) { return (EqualIgnoringCase(value, names) || ...); };
+  switch (option.Option->Type()) {
+    case OptionType::Boolean:
+      if (isOneOf("True", "yes", "1")) return "True";
+      if (isOneOf("False", "no", "0")) return "False";
+      return std::nullopt;
+    case OptionType::Integer:
+      if (const auto number = WholeNumber(value)) return ToText(*number);
+      return std::nullopt;
+    case OptionType::Enumeration: {
+      const auto names = option.Enumerators();
+      const auto wanted = WholeNumber(value);
+      for (std::size_t number = 0; number < names.size(); ++number) {
+        if (isOneOf(names[number]) || (wanted && std::cmp_equal(*wanted, number)))
+          return std::to_string(number);
+      }
+      return std::nullopt;
+    }
+    case OptionType::Text:
+      break;
+  }
+  return std::string(value);
+}
+
+std::string AllowedValues(const UserOption& option) {
+  switch (option.Option->Type()) {
+    case OptionType::Boolean:
+      return "True or False";
+    case OptionType::Integer:
+      return "a whole number of 32 bits";
+    case OptionType::Enumeration:
+      break;
+    case OptionType::Text:
+      return "any text";
+  }
+  std::string allowed;
+  std::size_t number = 0;
+  for (const char* name : option.Enumerators()) {
+    allowed += (number > 0 ? ", " : "") + std::to_string(number) + " (" + name + ")";
+    ++number;
+  }
+  return allowed;
+}
+
+Group DescribeOptions(Root& root, Reporter& reporter) {
+  Group group{"options", "Options"};
+  for (const UserOption& option : UserOptions(root)) {
+    if (group.Nodes.empty() || group.Nodes.back().Title != option.Set) {
+      Node& set = group.Nodes.emplace_back(Node{"set", std::string(option.Set)});
+      set.Properties = {Unlabelled("Name", option.Set)};
+      set.Groups.push_back({"", "Options"});
+    }
+    group.Nodes.back().Groups.front().Nodes.push_back(Describe(OptionState(option, reporter)));
+  }
+  return group;
+}
+
+}  // namespace lwconfig::tool

@@ -1,0 +1,59 @@
+#pragma once
+
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include <tools/lwconfig/reporter.h>
+#include <tools/lwconfig/view/node.h>
+
+#include <lwconfig/root.h>
+
+namespace lwconfig::tool {
+
+/// One option of the user, with the set that it belongs to.
+struct UserOption {
+  std::string_view Set;
+  const AnyOption* Option;
+
+  /// "VBOptions.WrapCharacters"
+  std::string Name() const;
+  bool IsStored() const;
+  /// The names of an enumeration's values, from 0 on.
+  std::span<const char* const> Enumerators() const;
+};
+
+/// Every option of every set, in order. They live as long as `root`'s shared objects.
+std::vector<UserOption> UserOptions(Root& root);
+
+std::string_view TypeName(OptionType type);
+
+/// An option as it is now. A value that cannot be read is reported and has neither text nor value.
+struct OptionState {
+  OptionState(const UserOption& option, Reporter& reporter);
+
+  Json ToJson() const;
+  /// For people: a value with the name it has in an enumeration, texts in quotation marks.
+  std::string Shown() const { return Shown(Value); }
+  std::string ShownDefault() const { return Shown(Default); }
+
+  UserOption Of;
+  std::optional<std::string> Value;
+  std::optional<std::string> Default;
+  bool IsStored;
+
+ private:
+  std::string Shown(const std::optional<std::string>& text) const;
+};
+
+/// The text to store for a value as a person writes it: nothing where the option's type does not have it.
+std::optional<std::string> StorableText(const UserOption& option, std::string_view value);
+/// What the option can be, for messages.
+std::string AllowedValues(const UserOption& option);
+
+/// The option sets as they are shown.
+Group DescribeOptions(Root& root, Reporter& reporter);
+
+}  // namespace lwconfig::tool
