@@ -40,7 +40,7 @@ void ModelComment::Save(XMLElement& e) const {
 
 std::shared_ptr<ModelComment> ModelComment::Clone() const {
   auto copy = std::make_shared<ModelComment>(*this);
-  copy->Tag.reset();
+  copy->Tag = {};
   return copy;
 }
 

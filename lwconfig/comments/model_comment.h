@@ -1,11 +1,11 @@
 #pragma once
 
-#include <any>
 #include <cstdint>
 #include <memory>
 #include <string>
 
 #include <lwconfig/core/instance_count.h>
+#include <lwconfig/core/variant.h>
 #include <lwconfig/core/xml_element.h>
 
 namespace lwconfig {
@@ -33,7 +33,7 @@ class ModelComment : public Counted<ModelComment> {
   std::string MemberName;            // may hold the wildcards ? and *
   std::string TaggedCommentPrefix;   // the `TagIdentifier` of the comment that the text fills
   std::string TaggedCommentText;
-  std::any Tag;  // free for the caller; neither saved nor copied
+  Variant Tag;  // free for the caller; neither saved nor copied
   bool OnlyIfBlank = false;
   mcInsertionPointEnum InsertionPoint = ctPrefix;
 

@@ -74,6 +74,12 @@ std::string FailureMessage(const Error& failure, const Operation& operation) {
          "\n\n" + failure.what() + "\nError number: " + ToText(failure.Number());
 }
 
+ReportedError::ReportedError(Error cause)
+    : Error(kReportedFailure, cause.Description(), cause.Where()), mCause(std::move(cause)) {
+  SetSource(mCause.Source());
+  SetPosition(mCause.Position());
+}
+
 void ReportFailure(const Error& failure, const Operation& operation) {
   if (const auto component = platform::CreateComponent(kErrorComponent)) {
     try {
@@ -81,10 +87,7 @@ void ReportFailure(const Error& failure, const Operation& operation) {
     } catch (...) {
       // A component that fails must not hide the failure that it was told of.
     }
-    Error reported(kReportedFailure, failure.Description(), failure.Where());
-    reported.SetSource(failure.Source());
-    reported.SetPosition(failure.Position());
-    throw reported;
+    throw ReportedError(failure);
   }
   platform::ShowMessage(
       {"LWConfigObjects", FailureMessage(failure, operation), platform::MessageIcon::Critical});

@@ -24,9 +24,20 @@ struct Operation {
 /// The failure that is being handled, as the library's own error: other exceptions keep their text.
 Error CurrentFailure();
 
+/// The error 65535 that callers get for a failure which the error-reporting component was told of.
+class ReportedError : public Error {
+ public:
+  explicit ReportedError(Error cause);
+  /// The failure itself.
+  const Error& Cause() const { return mCause; }
+
+ private:
+  Error mCause;
+};
+
 /// Hands a failure of a published operation to the process-wide reporter. With the error-reporting component
-/// it gets the report and error 65535 is thrown; without it the critical message box is shown and the call
-/// returns.
+/// it gets the report and a `ReportedError` is thrown; without it the critical message box is shown and the
+/// call returns.
 void ReportFailure(const Error& failure, const Operation& operation);
 
 /// The report that the component gets: module, procedure, line, error, parameters and instance counts.
@@ -44,17 +55,17 @@ class OperationScope {
   bool IsOutermost() const;
 };
 
-/// Runs `body` as a published operation. Its failure ends it with the state changed so far: inside another
-/// published operation the failure is thrown on; at the outermost one it goes to the reporter, once, and the
-/// result is the empty value of its type.
-template <class Body>
-auto RunPublished(const Operation& operation, Body body) -> decltype(body()) {
+/// Runs `body` as a published operation, which `describe()` tells of as an `Operation`. Its failure ends it
+/// with the state changed so far: inside another published operation the failure is thrown on; at the
+/// outermost one it goes to the reporter, once, and the result is the empty value of its type.
+template <class Describe, class Body>
+auto RunPublished(Describe describe, Body body) -> decltype(body()) {
   const OperationScope scope;
   try {
     return body();
   } catch (...) {
     if (!scope.IsOutermost()) throw;
-    ReportFailure(CurrentFailure(), operation);
+    ReportFailure(CurrentFailure(), describe());
     return decltype(body())();
   }
 }

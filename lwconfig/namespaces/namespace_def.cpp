@@ -42,10 +42,10 @@ NamespaceDef::~NamespaceDef() {
   }
 }
 
-std::shared_ptr<void> NamespaceDef::Tag() const {
+AnyObject NamespaceDef::Tag() const {
   FailOnTag();
 }
-void NamespaceDef::SetTag(const std::shared_ptr<void>& /*tag*/) {
+void NamespaceDef::SetTag(const AnyObject& /*tag*/) {
   FailOnTag();
 }
 

@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include <lwconfig/core/instance_count.h>
+#include <lwconfig/core/variant.h>
 #include <lwconfig/core/keyed_collection.h>
 #include <lwconfig/core/object_reference.h>
 #include <lwconfig/core/xml_element.h>
@@ -48,8 +49,8 @@ class NamespaceDef : public Counted<NamespaceDef> {
   bool IncludeFlag = false;  // for the generator's use while it runs
 
   /// Withdrawn: error 13 with the source "Tag no longer supported".
-  std::shared_ptr<void> Tag() const;
-  void SetTag(const std::shared_ptr<void>& tag);
+  AnyObject Tag() const;
+  void SetTag(const AnyObject& tag);
 
   /// The profile that the definition belongs to, or null.
   std::shared_ptr<lwconfig::NamespaceDefs> NamespaceDefs() const { return mNamespaceDefs.Object(); }

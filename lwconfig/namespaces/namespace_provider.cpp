@@ -4,49 +4,48 @@ namespace lwconfig {
 
 INamespaceProvider::~INamespaceProvider() = default;
 
-OpaqueObject INamespaceProvider::GetItems(std::shared_ptr<NamespaceDef>&, OpaqueObject&, std::string_view) {
-  return nullptr;
+AnyObject INamespaceProvider::GetItems(std::shared_ptr<NamespaceDef>&, AnyObject&, std::string_view) {
+  return {};
 }
 
-OpaqueObject INamespaceProvider::DocumentDataProvider() const {
-  return nullptr;
+AnyObject INamespaceProvider::DocumentDataProvider() const {
+  return {};
 }
 
-void INamespaceProvider::Initialise(OpaqueObject&) {}
+void INamespaceProvider::Initialise(AnyObject&) {}
 
-OpaqueObject INamespaceProvider::GetRootItem(std::shared_ptr<NamespaceDef>&, std::string_view) {
-  return nullptr;
+AnyObject INamespaceProvider::GetRootItem(std::shared_ptr<NamespaceDef>&, std::string_view) {
+  return {};
 }
 
-OpaqueObject INamespaceProvider::GetObjectFromQualifiedName(std::string_view) {
-  return nullptr;
+AnyObject INamespaceProvider::GetObjectFromQualifiedName(std::string_view) {
+  return {};
 }
 
-OpaqueObject INamespaceProvider::GetNamespaceDefFromObject(std::shared_ptr<NamespaceDefs>&, OpaqueObject&) {
-  return nullptr;
+AnyObject INamespaceProvider::GetNamespaceDefFromObject(std::shared_ptr<NamespaceDefs>&, AnyObject&) {
+  return {};
 }
 
-void INamespaceProvider::AddRootItem(OpaqueObject&) {}
+void INamespaceProvider::AddRootItem(AnyObject&) {}
 
-void INamespaceProvider::StreamContent(OpaqueObject&, std::string_view) {}
+void INamespaceProvider::StreamContent(AnyObject&, std::string_view) {}
 
 std::string INamespaceProvider::Name() const {
   return {};
 }
 
-void INamespaceProvider::ContentCreated(OpaqueObject&, std::shared_ptr<NamespaceDef>&, std::string_view,
-                                        bool) {}
+void INamespaceProvider::ContentCreated(AnyObject&, std::shared_ptr<NamespaceDef>&, std::string_view, bool) {}
 
-void INamespaceProvider::BeforeProcessRootItem(OpaqueObject&) {}
+void INamespaceProvider::BeforeProcessRootItem(AnyObject&) {}
 
-void INamespaceProvider::AfterProcessRootItem(OpaqueObject&) {}
+void INamespaceProvider::AfterProcessRootItem(AnyObject&) {}
 
-void INamespaceProvider::BeforeProcessItem(OpaqueObject&, OpaqueObject&) {}
+void INamespaceProvider::BeforeProcessItem(AnyObject&, AnyObject&) {}
 
-void INamespaceProvider::AfterProcessItem(OpaqueObject&, OpaqueObject&) {}
+void INamespaceProvider::AfterProcessItem(AnyObject&, AnyObject&) {}
 
-OpaqueObject INamespaceProvider::GetModuleItems() {
-  return nullptr;
+AnyObject INamespaceProvider::GetModuleItems() {
+  return {};
 }
 
 std::string INamespaceProvider::BrowseForMoniker(std::string_view) {
@@ -57,15 +56,15 @@ bool INamespaceProvider::VerifyMoniker(std::string_view, std::string&) {
   return false;
 }
 
-std::string INamespaceProvider::GetMonikerFromRootItem(OpaqueObject&) {
+std::string INamespaceProvider::GetMonikerFromRootItem(AnyObject&) {
   return {};
 }
 
-std::any INamespaceProvider::MakeMonikerRelative(std::string_view, std::string_view) {
+Variant INamespaceProvider::MakeMonikerRelative(std::string_view, std::string_view) {
   return {};
 }
 
-std::any INamespaceProvider::MakeMonikerAbsolute(std::string_view, std::string_view) {
+Variant INamespaceProvider::MakeMonikerAbsolute(std::string_view, std::string_view) {
   return {};
 }
 

@@ -40,7 +40,7 @@ TEST(ModelComment, DerivesTheNamespaceFromTheKindOfMember) {
   older.Tag = 7;
   const auto copy = older.Clone();
   EXPECT_EQ(copy->MemberType(), mtMethod);
-  EXPECT_FALSE(copy->Tag.has_value());
+  EXPECT_EQ(copy->Tag, Variant());
   EXPECT_EQ(Saved(*copy), Normal("<MC MemberType_Namespace='LW:Own' MemberName='m' TaggedCommentPrefix='p' "
                                  "TaggedCommentText='t' OnlyIfBlank='False' InsertionPoint='2'/>"));
   for (const auto& [text, point] :

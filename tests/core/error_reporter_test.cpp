@@ -29,14 +29,22 @@ class ErrorReporter : public testing::ConfigurationTest {
   }
   /// A published operation that changes something and then fails inside another one.
   int Fail() {
-    return RunPublished({"PageTemplates", "Save", {}}, [&] {
-      return RunPublished({"PageTemplate", "Load", {{"e", "<\"Element\">"}}}, [&]() -> int {
-        ++Changes;
-        Error failure(kDuplicateKey, "The key is used twice");
-        failure.SetPosition({"config.xml", 3, 14});
-        throw failure;
-      });
-    });
+    return RunPublished(
+        [&] {
+          return Operation{"PageTemplates", "Save", {}};
+        },
+        [&] {
+          return RunPublished(
+              [&] {
+                return Operation{"PageTemplate", "Load", {{"e", "<\"Element\">"}}};
+              },
+              [&]() -> int {
+                ++Changes;
+                Error failure(kDuplicateKey, "The key is used twice");
+                failure.SetPosition({"config.xml", 3, 14});
+                throw failure;
+              });
+        });
   }
   std::vector<std::string> Reports;
   int Changes = 0;
@@ -55,10 +63,15 @@ TEST_F(ErrorReporter, ShowsOneMessageAndReturnsNothingWithoutTheComponent) {
   for (const char* line : {"\nModule: PageTemplates", "\nProcedure: Save",
                            "\nLine Number: ", "config.xml:3:14: The key is used twice", "457"})
     EXPECT_THAT(Messages[0].Text, HasSubstr(line));
-  EXPECT_EQ(RunPublished({"A", "B", {}}, [] { return std::string("fine"); }), "fine");
+  EXPECT_EQ(RunPublished(
+                [&] {
+                  return Operation{"A", "B", {}};
+                },
+                [] { return std::string("fine"); }),
+            "fine");
   EXPECT_EQ(Messages.size(), 1U);
   // The next failure is reported again, and other exceptions too.
-  RunPublished({"A", "B", {}}, [] { throw std::runtime_error("of another kind"); });
+  RunPublished([&] { return Operation{"A", "B", {}}; }, [] { throw std::runtime_error("of another kind"); });
   ASSERT_EQ(Messages.size(), 2U);
   EXPECT_THAT(Messages[1].Text, HasSubstr("of another kind"));
 }
@@ -90,7 +103,11 @@ TEST_F(ErrorReporter, ReportsParametersWhateverTheyHold) {
        {std::string("<\"Element\">"), std::string("a\0b", 3), std::string("\xFF")}) {
     Reports.clear();
     const auto failure = ErrorOf([&] {
-      RunPublished({"Root", "Item", {{"Key", value}}}, [] { throw Error(kTypeMismatch, "Type mismatch"); });
+      RunPublished(
+          [&] {
+            return Operation{"Root", "Item", {{"Key", value}}};
+          },
+          [] { throw Error(kTypeMismatch, "Type mismatch"); });
     });
     EXPECT_EQ(failure.Number(), kReportedFailure) << failure.what();
     ASSERT_EQ(Reports.size(), 1U);

@@ -91,18 +91,5 @@ TEST(ElementAttributes, AreNoMoreThanTheirCountCanTell) {
   EXPECT_EQ(attributes.Parse("c"), 1);
 }
 
-TEST(NamespaceProvider, DoesNothingByItself) {
-  INamespaceProvider provider;
-  auto definition = std::make_shared<NamespaceDef>();
-  OpaqueObject object = definition;
-  std::string message = "as it was";
-  EXPECT_EQ(provider.GetItems(definition, object), nullptr);
-  EXPECT_EQ(provider.GetMonikerFromRootItem(object), "");
-  EXPECT_FALSE(provider.MakeMonikerRelative("m", "f").has_value());
-  EXPECT_FALSE(provider.VerifyMoniker("m", message));
-  EXPECT_EQ(message, "as it was");
-  EXPECT_EQ(object, definition);
-}
-
 }  // namespace
 }  // namespace lwconfig

@@ -53,7 +53,7 @@ TEST(NamespaceDefs, LoadProfilesAndTheirDefinitions) {
   EXPECT_TRUE(nested->Tree_AllowExclude);
   EXPECT_EQ(nested->NamespaceDefs(), profile);
   for (const auto& failure :
-       {ErrorOf([&] { a->Tag(); }), ErrorOf([&] { a->SetTag(std::make_shared<int>(1)); })}) {
+       {ErrorOf([&] { a->Tag(); }), ErrorOf([&] { a->SetTag({std::make_shared<int>(1)}); })}) {
     EXPECT_EQ(failure.Number(), kTypeMismatch);
     EXPECT_EQ(failure.Source(), "Tag no longer supported");
   }

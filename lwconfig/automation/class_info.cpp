@@ -1,0 +1,85 @@
+#include <algorithm>
+
+#include <lwconfig/automation/class_info.h>
+#include <lwconfig/automation/errors.h>
+#include <lwconfig/platform/letter_case.h>
+
+namespace lwconfig::automation {
+namespace {
+
+std::uint32_t Hash(std::string_view name) {
+  return static_cast<std::uint32_t>(HashIgnoringCase(name));
+}
+
+/// What the values that hold enumerators have as their class.
+const ClassInfo& EnumeratorClass() {
+  static const ClassInfo info("Enumerator", nullptr, {}, {});
+  return info;
+}
+
+}  // namespace
+
+ClassInfo::ClassInfo(const char* name, Creator create, std::span<const MemberInfo> slots,
+                     std::span<const EventInfo> events)
+    : mName(name), mCreate(create), mSlots(slots), mEvents(events) {
+  std::int32_t lastId = 0;
+  for (const MemberInfo& slot : slots) {
+    auto place =
+        std::find_if(mMembers.begin(), mMembers.end(), [&](const Member& m) { return m.Id == slot.Id; });
+    if (place == mMembers.end()) place = mMembers.insert(place, Member{slot.Name, slot.Id});
+    (slot.Kind == kMethod        ? place->Method
+     : slot.Kind == kPropertyGet ? place->Get
+     : slot.Kind == kPropertyLet ? place->Let
+                                 : place->Set) = &slot;
+    lastId = std::max(lastId, slot.Id);
+  }
+  mById.resize(static_cast<std::size_t>(lastId) + 1);
+  std::uint32_t position = 0;
+  for (const Member& member : mMembers) {
+    mByName.Insert(Hash(member.Name), position++);
+    if (member.Id == kNewEnumId) {
+      mNewEnum = &member;
+    } else {
+      mById[static_cast<std::size_t>(member.Id)] = &member;
+    }
+  }
+}
+
+AnyObject ClassInfo::Create() const {
+  if (mCreate == nullptr) {
+    throw Error(kCannotCreateObject, std::string("Objects of the class ") + mName +
+                                         " cannot be created; other objects hand them out");
+  }
+  return {mCreate(), this};
+}
+
+const ClassInfo::Member* ClassInfo::Find(std::string_view name) const {
+  const std::uint32_t place =
+      mByName.Find(Hash(name), [&](std::uint32_t at) { return EqualIgnoringCase(mMembers[at].Name, name); });
+  return place == KeyIndex::kNone ? nullptr : &mMembers[place];
+}
+
+const ClassInfo::Member* ClassInfo::Find(std::int32_t id) const {
+  if (id == kNewEnumId) return mNewEnum;
+  return id >= 0 && static_cast<std::size_t>(id) < mById.size() ? mById[static_cast<std::size_t>(id)]
+                                                                : nullptr;
+}
+
+const EventInfo* ClassInfo::FindEvent(std::string_view name) const {
+  const auto found = std::find_if(mEvents.begin(), mEvents.end(), [&](const EventInfo& event) {
+    return EqualIgnoringCase(event.Name, name);
+  });
+  return found == mEvents.end() ? nullptr : &*found;
+}
+
+std::shared_ptr<Enumerator> EnumeratorIn(const Variant& value) {
+  const auto* object = std::get_if<AnyObject>(&value);
+  if (object == nullptr || object->Class != &EnumeratorClass()) return nullptr;
+  return std::static_pointer_cast<Enumerator>(object->Pointer);
+}
+
+Variant EnumeratorValue(std::shared_ptr<Enumerator> enumerator) {
+  return AnyObject{std::move(enumerator), &EnumeratorClass()};
+}
+
+}  // namespace lwconfig::automation

@@ -1,0 +1,162 @@
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <span>
+#include <string_view>
+#include <vector>
+
+#include <lwconfig/core/event.h>
+#include <lwconfig/core/keyed_list.h>
+#include <lwconfig/core/variant.h>
+
+namespace lwconfig::automation {
+
+/// The description of every published class: what each face of the library is derived from.
+
+enum class ValueKind : std::uint8_t {
+  None,  // the result of a method that returns nothing
+  Boolean,
+  Integer16,
+  Integer32,
+  Enumeration,  // a 32-bit integer
+  Text,
+  Object,     // of one published class, or null
+  AnyObject,  // of any class, somebody else's too, or null
+  Variant,
+  Enumerator,  // the result of `NewEnum`
+};
+
+struct EnumMember {
+  const char* Name;
+  std::int32_t Value;
+};
+
+struct EnumInfo {
+  const char* Name;
+  std::span<const EnumMember> Members;
+};
+
+/// A type as callers see it. Class and enumeration are asked for through functions, because classes refer to
+/// each other.
+struct TypeInfo {
+  ValueKind Kind = ValueKind::None;
+  const ClassInfo& (*Class)() = nullptr;       // of `Object` only
+  const EnumInfo& (*Enumeration)() = nullptr;  // of `Enumeration` only
+};
+
+struct ParameterInfo {
+  std::string_view Name{};
+  TypeInfo Type{};
+  bool IsOptional = false;
+  bool IsByReference = false;  // the call may replace the caller's value
+};
+
+/// The ways to use a member. They are the bits that automation clients pass, who may allow several at once.
+enum InvokeKind : std::uint8_t {
+  kMethod = 1,
+  kPropertyGet = 2,
+  kPropertyLet = 4,
+  kPropertySet = 8,  // stores a reference to an object
+};
+
+inline constexpr std::size_t kMostParameters = 5;
+inline constexpr std::int32_t kDefaultMemberId = 0;
+inline constexpr std::int32_t kNewEnumId = -4;
+
+/// One slot of an interface: a method, or one accessor of a property.
+struct MemberInfo {
+  const char* Name = nullptr;
+  std::int32_t Id = 0;  // shared by the accessors of one property
+  InvokeKind Kind = kMethod;
+  TypeInfo Result{};
+  /// Those of a let or set end with the new value.
+  std::array<ParameterInfo, kMostParameters> ParameterList{};
+  std::uint8_t ParameterCount = 0;
+  /// Calls the member with `ParameterCount` arguments, `Missing` for those left out. What it stores in
+  /// by-reference arguments stands in `arguments` afterwards. Conversion failures are `ArgumentError`.
+  Variant (*Call)(const std::shared_ptr<void>& self, Variant* arguments) = nullptr;
+
+  constexpr std::span<const ParameterInfo> Parameters() const {
+    return {ParameterList.data(), ParameterCount};
+  }
+};
+
+struct EventInfo {
+  const char* Name;
+  Connection (*Connect)(const std::shared_ptr<void>& self, std::function<void()> handler);
+};
+
+/// A published class. Its interface has the name of the class after an underscore.
+class ClassInfo {
+ public:
+  /// The accessors of one property, or a method.
+  struct Member {
+    const char* Name = nullptr;
+    std::int32_t Id = 0;
+    const MemberInfo* Method = nullptr;
+    const MemberInfo* Get = nullptr;
+    const MemberInfo* Let = nullptr;
+    const MemberInfo* Set = nullptr;
+  };
+  using Creator = std::shared_ptr<void> (*)();
+
+  /// `create` is null for a class whose objects come from other objects only. `slots` and `events` live as
+  /// long as the process.
+  ClassInfo(const char* name, Creator create, std::span<const MemberInfo> slots,
+            std::span<const EventInfo> events);
+  ClassInfo(const ClassInfo&) = delete;
+  ClassInfo& operator=(const ClassInfo&) = delete;
+
+  const char* Name() const { return mName; }
+  bool IsCreatable() const { return mCreate != nullptr; }
+  /// A new object; error 429 where clients cannot create one.
+  AnyObject Create() const;
+  /// In interface order.
+  std::span<const MemberInfo> Slots() const { return mSlots; }
+  std::span<const EventInfo> Events() const { return mEvents; }
+  /// In interface order, each property once.
+  const std::vector<Member>& Members() const { return mMembers; }
+  /// The member of that name, letter case ignored, or null.
+  const Member* Find(std::string_view name) const;
+  const Member* Find(std::int32_t id) const;
+  const EventInfo* FindEvent(std::string_view name) const;
+  bool IsCollection() const { return Find(kNewEnumId) != nullptr; }
+
+ private:
+  const char* mName;
+  Creator mCreate;
+  std::span<const MemberInfo> mSlots;
+  std::span<const EventInfo> mEvents;
+  std::vector<Member> mMembers;
+  KeyIndex mByName;
+  std::vector<const Member*> mById;  // those from 0 on
+  const Member* mNewEnum = nullptr;
+};
+
+/// The descriptions of a published class and enumeration; `published.h` declares which there are.
+template <class T>
+const ClassInfo& ClassOf();
+template <class E>
+const EnumInfo& EnumOf();
+
+/// Walks the items of one collection.
+class Enumerator {
+ public:
+  virtual ~Enumerator() = default;
+  /// Stores the next item and returns true, or returns false at the end.
+  virtual bool Next(Variant& item) = 0;
+  virtual void Reset() = 0;
+  /// Another one that stands at the same item.
+  virtual std::unique_ptr<Enumerator> Clone() const = 0;
+};
+
+/// The enumerator in the result of `NewEnum`; null for any other value.
+std::shared_ptr<Enumerator> EnumeratorIn(const Variant& value);
+/// The value that holds an enumerator.
+Variant EnumeratorValue(std::shared_ptr<Enumerator> enumerator);
+
+}  // namespace lwconfig::automation

@@ -1,0 +1,48 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <span>
+#include <string>
+#include <string_view>
+
+#include <lwconfig/automation/class_info.h>
+#include <lwconfig/core/event.h>
+#include <lwconfig/core/variant.h>
+
+namespace lwconfig::automation {
+
+/// Late binding: members of published objects by name, with values of any type.
+
+struct NamedArgument {
+  std::string_view Name;
+  Variant* Value;
+};
+
+/// The arguments of one call, in order and then by name; a let or set has the new value as the last of those
+/// in order. What the call stores in by-reference arguments stands in them afterwards.
+struct Arguments {
+  std::span<Variant> Ordered{};
+  std::span<const NamedArgument> Named{};
+};
+
+/// Uses the member of that name, letter case ignored, or number. `kinds` are the ways that are right to the
+/// caller (see `InvokeKind`); a let of an object also finds a set. Arguments beyond those of a property that
+/// holds an object go to the default member of that object.
+///
+/// Errors of the call itself: 91 for a null object, 438 where it has no such member or not in this way, 383
+/// for the change of a read-only property, 450, 449 and 448 for too many, missing and unknown arguments, 13,
+/// 6 or 94 for an argument of the wrong type. A failure inside the operation goes to the error reporter once,
+/// and is then error 65535, or the empty result.
+Variant Invoke(const AnyObject& object, std::string_view member, unsigned kinds, Arguments arguments = {});
+Variant Invoke(const AnyObject& object, std::int32_t id, unsigned kinds, Arguments arguments = {});
+
+/// Connects a handler to the object's event of that name, letter case ignored, as long as the result lives.
+/// Error 459 where there is none.
+[[nodiscard]] Connection Connect(const AnyObject& object, std::string_view event,
+                                 std::function<void()> handler);
+
+/// The items of a collection, from first to last. Error 438 for another object.
+std::shared_ptr<Enumerator> Enumerate(const AnyObject& object);
+
+}  // namespace lwconfig::automation
