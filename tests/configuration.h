@@ -54,7 +54,7 @@ class MemoryRegistry final : public platform::Registry {
   std::map<std::tuple<Hive, std::string, std::string>, platform::RegistryValue> mValues;
 };
 
-enum class FileOperation { Read, List, Replace, Write, Commit, MakeFolders };
+enum class FileOperation { Read, List, Replace, Write, Commit, Remove, MakeFolders };
 
 /// The host's files, where chosen operations on chosen paths fail.
 class FaultyFiles final : public platform::Files {
@@ -78,7 +78,15 @@ class FaultyFiles final : public platform::Files {
     Check(FileOperation::Replace, path);
     return std::make_unique<Replacement>(*this, std::string(path), mHost.Replace(path));
   }
-  void Remove(std::string_view path) override { mHost.Remove(path); }
+  std::unique_ptr<platform::FileReplacement> Supersede(std::string_view path,
+                                                       std::string_view model) override {
+    Check(FileOperation::Replace, path);
+    return std::make_unique<Replacement>(*this, std::string(path), mHost.Supersede(path, model));
+  }
+  void Remove(std::string_view path) override {
+    Check(FileOperation::Remove, path);
+    mHost.Remove(path);
+  }
   void MakeFolders(std::string_view folder) override {
     Check(FileOperation::MakeFolders, folder);
     mHost.MakeFolders(folder);

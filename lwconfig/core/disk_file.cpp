@@ -171,8 +171,7 @@ void DiskFile::CreateFolder() {
 void DiskFile::CopyTo(std::string_view target) const {
   const std::string bytes = OnHost(FullPath(), [&] { return HostFiles().Read(FullPath()); });
   OnHost(target, [&] {
-    const auto copy = HostFiles().Replace(target);
-    copy->TakePermissionsOf(FullPath());
+    const auto copy = HostFiles().Supersede(target, FullPath());
     copy->Write(bytes);
     copy->Commit();
   });

@@ -64,7 +64,8 @@ class DiskFile : public Counted<DiskFile> {
   void Delete();
   /// Creates the folder part and its missing parents.
   void CreateFolder();
-  /// Replaces the file at `target` by a copy of this one, in one step.
+  /// Puts a copy of this file in the place of whatever is at `target`, in one step: a link there is replaced,
+  /// not followed. Error 75 where it is a folder.
   void CopyTo(std::string_view target) const;
 
   /// The entries of the folder that match the pattern, in name order without regard to letter case, without

@@ -1,6 +1,7 @@
 #include <cerrno>
 
 #include <lwconfig/core/error.h>
+#include <lwconfig/platform/files.h>
 
 namespace lwconfig {
 
@@ -19,11 +20,27 @@ void Error::SetPosition(FilePosition position) {
   mText += mDescription;
 }
 
+namespace {
+
+/// Whether the folder part of a path names no folder.
+bool IsFolderMissing(std::string_view path) {
+  const auto separator = path.find_last_of("\\/", path.size() < 2 ? 0 : path.size() - 2);
+  if (separator == std::string_view::npos) return false;
+  try {
+    return platform::Host<platform::Files>().Kind(path.substr(0, separator + 1)) !=
+           platform::EntryKind::Folder;
+  } catch (const std::system_error&) {
+    return false;
+  }
+}
+
+}  // namespace
+
 Error FileError(const std::system_error& failure, std::string_view path) {
   std::int32_t number = kPathFileAccess;
   switch (failure.code().value()) {
     case ENOENT:
-      number = kFileNotFound;
+      number = IsFolderMissing(path) ? kPathNotFound : kFileNotFound;
       break;
     case ENOTDIR:
       number = kPathNotFound;

@@ -24,10 +24,8 @@ class FileReplacement {
   virtual ~FileReplacement() = default;
   /// Appends bytes. Throws `std::system_error`.
   virtual void Write(std::string_view bytes) = 0;
-  /// Gives the file, where it is new, the permissions of the one at `path`, as far as this process may.
-  virtual void TakePermissionsOf(std::string_view /*path*/) {}
-  /// Makes the content durable and puts it in place in one step, keeping the permissions of the old file and
-  /// following symbolic links. Throws `std::system_error`; the old file is then unchanged.
+  /// Makes the content durable and puts it in place in one step. Throws `std::system_error`; the old file is
+  /// then unchanged.
   virtual void Commit() = 0;
 };
 
@@ -50,9 +48,14 @@ class Files {
   /// order), without hidden entries, "." and "..". Anything that is neither a folder nor leads to one is a
   /// `File`; links that lead nowhere are left out.
   virtual std::vector<FolderEntry> List(std::string_view folder) = 0;
-  /// Begins to rewrite (or create) the file at `path`. Fails where the file or its folder may not be written,
-  /// or while another replacement of the same file is under way, in this process or another.
+  /// Begins to rewrite (or create) the file at `path`, or the one that a link there leads to; it keeps its
+  /// permissions. Fails where the file or its folder may not be written, or while another replacement of the
+  /// same file is under way, in this process or another.
   virtual std::unique_ptr<FileReplacement> Replace(std::string_view path) = 0;
+  /// Begins a new file in the place of whatever has this name, be it a link or a file that may not be
+  /// written. It gets the permissions of the file at `model`, as far as this process may give them. Fails for
+  /// a folder of that name, and where the folder that it is in may not be written.
+  virtual std::unique_ptr<FileReplacement> Supersede(std::string_view path, std::string_view model) = 0;
   /// Deletes the file at `path`.
   virtual void Remove(std::string_view path) = 0;
   /// Creates the folder and its missing parents; an existing folder is left alone.

@@ -104,6 +104,20 @@ TEST_F(DiskFiles, WriteInOneStep) {
   EXPECT_EQ(ErrorOf([&] { other.Write("x"); }).Number(), kPermissionDenied);
 }
 
+TEST_F(DiskFiles, TellAMissingFolderFromAMissingFile) {
+  DiskFile lost = At("none\\target.xml");
+  OpenToWrite(lost);
+  EXPECT_EQ(ErrorOf([&] { lost.Write("x"); }).Number(), kPathNotFound);
+  EXPECT_EQ(ErrorOf([&] { lost.Delete(); }).Number(), kPathNotFound);
+  DiskFile file = At("target.xml");
+  EXPECT_EQ(ErrorOf([&] { file.Delete(); }).Number(), kFileNotFound);
+  Write("target.xml", "");
+  EXPECT_EQ(ErrorOf([&] { file.CopyTo(lost.FullPath()); }).Number(), kPathNotFound);
+  Files.Fail(FileOperation::Remove, "target.xml", EPERM);
+  EXPECT_EQ(ErrorOf([&] { file.Delete(); }).Number(), kPermissionDenied);
+  EXPECT_TRUE(file.Exists());
+}
+
 TEST_F(DiskFiles, ListTheEntriesOfAFolder) {
   for (const char* name : {"List/b.xml", "List/A.XML", "List/c.xml.bak", "List/.hidden.xml", "List/d.xml/in"})
     Write(name, "");

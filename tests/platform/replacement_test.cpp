@@ -96,6 +96,27 @@ TEST_F(ReplacementTest, KeepsPermissionsAndLinks) {
   EXPECT_EQ(FailureOf([&] { Host.Replace("C:\\circle"); }), ELOOP);
 }
 
+TEST_F(ReplacementTest, ANewFileTakesThePlaceOfALinkItself) {
+  ASSERT_EQ(::chmod(Below("drives/c/save/Target.xml").c_str(), 0640), 0);
+  Folder.Write("foreign", "foreign");
+  const std::string name = Below("drives/c/save/copy");
+  const auto write = [&] {
+    const auto copy = Host.Supersede("C:\\save\\Copy", kTarget);
+    copy->Write("copied");
+    copy->Commit();
+  };
+  std::filesystem::create_symlink(Below("foreign"), name);
+  write();
+  EXPECT_EQ(Folder.Read("foreign"), "foreign");
+  EXPECT_FALSE(std::filesystem::is_symlink(name));
+  EXPECT_EQ(StatusOf("drives/c/save/copy").st_mode & 07777U, 0640U);
+  ASSERT_EQ(::chmod(name.c_str(), 0400), 0);
+  write();
+  EXPECT_EQ(Folder.Read("drives/c/save/copy"), "copied");
+  EXPECT_EQ(StatusOf("drives/c/save/copy").st_mode & 07777U, 0640U);
+  EXPECT_EQ(FailureOf([&] { Host.Supersede("C:\\save", kTarget); }), EISDIR);
+}
+
 TEST_F(ReplacementTest, IsRefusedWhileAnotherIsUnderWay) {
   std::filesystem::create_symlink("save/Target.xml", Below("drives/c/link"));
   auto first = Host.Replace(kTarget);

@@ -91,6 +91,10 @@ class NativeFiles final : public Files {
     return BeginReplacement(NativePath(path), WhenBusy::Fail);
   }
 
+  std::unique_ptr<FileReplacement> Supersede(std::string_view path, std::string_view model) override {
+    return BeginSuperseding(NativePath(path), NativePath(model));
+  }
+
   void Remove(std::string_view path) override {
     std::string hostPath = HostPath(path);
     if (OnDisk(hostPath, ::unlink) != 0) ThrowErrno(hostPath);

@@ -44,11 +44,15 @@ std::string TemporaryFor(const std::string& target) {
   return FolderOf(target) + "/." + name + std::string(kSuffix);
 }
 
-/// The status of the file to be replaced, or nothing when it is new. Throws where it may not be replaced.
-std::optional<struct stat> ExamineTarget(const std::string& target) {
-  // A temporary that is left over could be opened in a folder where it cannot be put in place.
+/// A temporary that is left over could be opened in a folder where it cannot be put in place.
+void CheckFolderOf(const std::string& target) {
   const std::string folder = FolderOf(target);
   if (::faccessat(AT_FDCWD, folder.c_str(), W_OK | X_OK, AT_EACCESS) != 0) ThrowErrno(folder);
+}
+
+/// The status of the file to be replaced, or nothing when it is new. Throws where it may not be replaced.
+std::optional<struct stat> ExamineTarget(const std::string& target) {
+  CheckFolderOf(target);
   struct stat status {};
   if (::stat(target.c_str(), &status) != 0) {
     if (errno != ENOENT) ThrowErrno(target);
@@ -100,23 +104,13 @@ class Replacement final : public FileReplacement {
   Replacement(const Replacement&) = delete;
   Replacement& operator=(const Replacement&) = delete;
 
-  /// Gives the new file the owner and permissions of the old one, as far as this process may: before there is
-  /// any content, so that nobody reads in the temporary what the file itself keeps from them.
-  void TakeOverPermissions() {
-    const auto old = ExamineTarget(mTarget);
-    if (!old) return;
-    if (::fchown(mFile.Number(), old->st_uid, old->st_gid) != 0) {
-      [[maybe_unused]] const int ignored = ::fchown(mFile.Number(), static_cast<uid_t>(-1), old->st_gid);
+  /// Gives the new file the owner and permissions of another, as far as this process may: before there is any
+  /// content, so that nobody reads in the temporary what the file itself keeps from them.
+  void TakePermissionsOf(const struct stat& other) {
+    if (::fchown(mFile.Number(), other.st_uid, other.st_gid) != 0) {
+      [[maybe_unused]] const int ignored = ::fchown(mFile.Number(), static_cast<uid_t>(-1), other.st_gid);
     }
-    ::fchmod(mFile.Number(), old->st_mode & 07777);
-  }
-
-  void TakePermissionsOf(std::string_view path) override {
-    struct stat target {};
-    struct stat model {};
-    if (::stat(mTarget.c_str(), &target) == 0) return;
-    if (::stat(InLetterCaseOnDisk(HostPath(path)).c_str(), &model) != 0) return;
-    ::fchmod(mFile.Number(), model.st_mode & 0777);
+    ::fchmod(mFile.Number(), other.st_mode & 07777);
   }
 
   void Write(std::string_view bytes) override {
@@ -147,10 +141,20 @@ class Replacement final : public FileReplacement {
 }  // namespace
 
 std::unique_ptr<FileReplacement> BeginReplacement(const std::string& hostPath, WhenBusy whenBusy) {
-  std::string target = FinalTarget(hostPath);
+  const std::string target = FinalTarget(hostPath);
   ExamineTarget(target);
-  auto replacement = std::make_unique<Replacement>(std::move(target), whenBusy);
-  replacement->TakeOverPermissions();
+  auto replacement = std::make_unique<Replacement>(target, whenBusy);
+  // Whoever held the lock before may have changed it.
+  if (const auto old = ExamineTarget(target)) replacement->TakePermissionsOf(*old);
+  return replacement;
+}
+
+std::unique_ptr<FileReplacement> BeginSuperseding(const std::string& hostPath, const std::string& model) {
+  CheckFolderOf(hostPath);
+  struct stat status {};
+  if (::lstat(hostPath.c_str(), &status) == 0 && S_ISDIR(status.st_mode)) ThrowErrno(hostPath, EISDIR);
+  auto replacement = std::make_unique<Replacement>(hostPath, WhenBusy::Fail);
+  if (::stat(model.c_str(), &status) == 0) replacement->TakePermissionsOf(status);
   return replacement;
 }
 

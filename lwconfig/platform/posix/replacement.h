@@ -17,4 +17,8 @@ enum class WhenBusy { Fail, Wait };
 /// Throws `std::system_error`; EBUSY while another replacement is under way and `whenBusy` is `Fail`.
 std::unique_ptr<FileReplacement> BeginReplacement(const std::string& hostPath, WhenBusy whenBusy);
 
+/// In the same way begins a new file that takes the place of whatever is at `hostPath` itself, unless that is
+/// a folder, with the owner and permissions of the file at `model`.
+std::unique_ptr<FileReplacement> BeginSuperseding(const std::string& hostPath, const std::string& model);
+
 }  // namespace lwconfig::platform
