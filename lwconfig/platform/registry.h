@@ -41,7 +41,8 @@ class Registry {
   virtual ~Registry() = default;
   static Registry& Native();
 
-  /// The value, or nothing where key or value are absent.
+  /// The value, or nothing where key or value are absent. The machine's keys are those that a 32-bit program
+  /// sees: what "Software" lacks is looked for below "Software\WOW6432Node".
   virtual std::optional<RegistryValue> Read(Hive hive, std::string_view key, std::string_view name) = 0;
   /// Creates the key and its missing parents; an existing key is left alone.
   virtual void CreateKey(Hive hive, std::string_view key) = 0;

@@ -96,7 +96,7 @@ TEST_F(RegistryFormat, TellsWhereAFileIsDamaged) {
     const char* Message;
   };
   for (const Row& row : {
-           Row{"", 1, 1, "found the end of the file"},
+           Row{" ", 1, 1, "found ' '"},
            Row{"Windows Registry Editor Version 4.00\n", 1, 1, "\"REGEDIT4\", found 'W'"},
            Row{"\xef\xbb\xbf\n" + kHeader, 1, 1, "found the end of the line"},
            Row{kHeader + "\"v\"=\"1\"\n", 2, 1, "expected a key in square brackets"},

@@ -105,6 +105,20 @@ TEST_F(RegistryTest, SeesEveryChangeAtTheNextRead) {
   EXPECT_EQ(Read("Soft", "v"), std::nullopt);
 }
 
+TEST_F(RegistryTest, LooksWhereA64BitSystemKeepsAMachinesKeys) {
+  const auto read = [&](const char* name) {
+    return Host.Read(Hive::LocalMachine, "software\\Maker\\Product", name);
+  };
+  Folder.Write("registry/machine.reg", "");
+  EXPECT_EQ(read("a"), std::nullopt);
+  Host.Write(Hive::LocalMachine, "SOFTWARE\\Wow6432Node\\Maker\\Product", "a", Text("below"));
+  EXPECT_EQ(read("a"), Text("below"));
+  Host.Write(Hive::LocalMachine, "Software\\Maker\\Product", "A", Text("own"));
+  EXPECT_EQ(read("a"), Text("own"));
+  Write("Software\\WOW6432Node\\Maker", "a", "user");
+  EXPECT_EQ(Read("Software\\Maker", "a"), std::nullopt);
+}
+
 TEST_F(RegistryTest, LosesNoneOfManyWriters) {
   constexpr int kProcesses = 4;
   constexpr int kValues = 15;

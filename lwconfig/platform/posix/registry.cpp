@@ -68,11 +68,20 @@ Snapshot TakeSnapshot(Hive hive, const std::string& path) {
   return snapshot;
 }
 
+/// Where a 64-bit system keeps the machine's keys of 32-bit programs, as exports from it show.
+std::string In32BitView(std::string_view key) {
+  constexpr std::string_view kSoftware = "Software\\";
+  if (!EqualIgnoringCase(key.substr(0, kSoftware.size()), kSoftware)) return std::string(key);
+  return std::string(kSoftware) + "WOW6432Node\\" + std::string(key.substr(kSoftware.size()));
+}
+
 class NativeRegistry final : public Registry {
  public:
   std::optional<RegistryValue> Read(Hive hive, std::string_view key, std::string_view name) override {
     const RegistryFile* file = Current(hive);
     const RegistryValue* value = file != nullptr ? file->Find(key, name) : nullptr;
+    if (value == nullptr && file != nullptr && hive == Hive::LocalMachine)
+      value = file->Find(In32BitView(key), name);
     return value != nullptr ? std::optional(*value) : std::nullopt;
   }
 

@@ -52,7 +52,7 @@ std::string KeyLine(Hive hive, std::string_view key) {
 }  // namespace
 
 RegistryFile::RegistryFile(std::string bytes, Hive hive, const std::string& path)
-    : mText(Utf8FromRegistryFile(std::move(bytes))), mHive(hive) {
+    : mText(bytes.empty() ? EmptyText() : Utf8FromRegistryFile(std::move(bytes))), mHive(hive) {
   RegistryReader reader(mText, path);
   mIsOld = reader.IsOld();
   const std::size_t lineEnd = mText.find('\n');

@@ -14,7 +14,8 @@ namespace lwconfig::platform {
 /// one; keys of other hives are kept and ignored. Key paths are those below the hive.
 class RegistryFile {
  public:
-  /// Takes the content of a file; `path` is for error reports. Throws `RegistryFormatError`.
+  /// Takes the content of a file, an empty one as one without any key; `path` is for error reports. Throws
+  /// `RegistryFormatError`.
   RegistryFile(std::string bytes, Hive hive, const std::string& path);
   RegistryFile(const RegistryFile&) = delete;
   RegistryFile& operator=(const RegistryFile&) = delete;
