@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <exception>
 
 #include <lwconfig/core/attribute_reader.h>
 #include <lwconfig/core/diagnostics.h>
@@ -9,6 +10,8 @@ namespace {
 
 /// Each place costs a look at the file; a file of nothing but faults must not cost the square of its size.
 constexpr int kMostTold = 20;
+/// How far apart two attributes of one name are noticed: thousands must not cost their square either.
+constexpr std::ptrdiff_t kMostCompared = 100;
 
 /// Attribute names that are looked up are ASCII, so folding letters of either side byte by byte is exact.
 bool NameEquals(const char* name, const char* wanted) {
@@ -43,14 +46,36 @@ const char* AttributeReader::Search(const char* name) {
   const Attribute* found = std::find_if(mFirst, mEnd, matches);
   if (found == mEnd) return nullptr;
   mNext = found + 1;
+  ++mFound;
   return found->Value;
 }
 
+AttributeReader::~AttributeReader() {
+  // Each name is looked up once, so that what is there twice is left over.
+  if (mFound < mEnd - mFirst && std::uncaught_exceptions() == 0) TellRepeated();
+}
+
+void AttributeReader::TellRepeated() const {
+  for (const Attribute* attribute = mFirst; attribute != mEnd; ++attribute) {
+    const auto isSame = [attribute](const Attribute& other) {
+      return std::strcmp(other.Name, attribute->Name) == 0;
+    };
+    const Attribute* from = attribute - std::min(attribute - mFirst, kMostCompared);
+    if (std::any_of(from, attribute, isSame)) {
+      return Tell(std::string("not well-formed XML: the attribute \"") + attribute->Name +
+                  "\" is given twice");
+    }
+  }
+}
+
 void AttributeReader::TellIgnored(const char* name, const char* text, const char* problem) const {
+  Tell(std::string("the attribute \"") + name + "\" is ignored: \"" + text + "\" " + problem);
+}
+
+void AttributeReader::Tell(const std::string& message) const {
   XMLDocumentData& document = *mElement.mDocument;
-  if (document.SourcePath.empty() || document.IgnoredValuesTold++ >= kMostTold) return;
-  Diagnose({mElement.Position(),
-            std::string("the attribute \"") + name + "\" is ignored: \"" + text + "\" " + problem});
+  if (!document.SourcePath.empty() && document.OdditiesTold++ < kMostTold)
+    Diagnose({mElement.Position(), message});
 }
 
 const char* AttributeReader::Required(const char* name) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <cstring>
 #include <string>
@@ -18,6 +19,8 @@ class AttributeReader {
  public:
   /// The element must outlive the reader.
   explicit AttributeReader(const XMLElement& e);
+  /// Tells the diagnostics handler of an attribute that the element has twice, unless the load is failing.
+  ~AttributeReader();
   AttributeReader(const AttributeReader&) = delete;
   AttributeReader& operator=(const AttributeReader&) = delete;
 
@@ -55,8 +58,9 @@ class AttributeReader {
 
   /// The value of the attribute, or null where it is absent. Valid as long as the element.
   const char* Find(const char* name) {
-    if (mNext != mEnd && std::strcmp(mNext->Name, name) == 0) return (mNext++)->Value;
-    return Search(name);
+    if (mNext == mEnd || std::strcmp(mNext->Name, name) != 0) return Search(name);
+    ++mFound;
+    return (mNext++)->Value;
   }
 
  private:
@@ -66,7 +70,10 @@ class AttributeReader {
   }
   const char* Required(const char* name);
   const char* Search(const char* name);
-  /// Tells the diagnostics handler of an optional value that does not convert, up to a number in one file.
+  void TellRepeated() const;
+  /// Tells the diagnostics handler what is odd about the element, up to a number of times in one file.
+  void Tell(const std::string& message) const;
+  /// Tells of an optional value that does not convert.
   void TellIgnored(const char* name, const char* text, const char* problem) const;
   [[noreturn]] void Fail(std::int32_t number, const char* name, std::string_view found) const;
 
@@ -83,6 +90,7 @@ class AttributeReader {
   const Attribute* mFirst;
   const Attribute* mEnd;
   const Attribute* mNext;
+  std::ptrdiff_t mFound = 0;  // how many look-ups found an attribute
 };
 
 }  // namespace lwconfig

@@ -4,6 +4,7 @@
 namespace lwconfig {
 
 void XMLDraft::AddAttribute(XMLDraftElement& element, std::string_view name, std::string_view value) {
+  ++element.AttributeCount;
   const std::size_t start = mText.size();
   AppendAttribute(mText, name, value);
   XMLDraftElement::Span& last =

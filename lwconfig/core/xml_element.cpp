@@ -15,15 +15,14 @@ xml_node ElementFrom(xml_node node) {
   return node;
 }
 
-void CheckName(std::string_view name) {
+void CheckName(std::string_view name, const char* of) {
   const auto isNameCharacter = [](char c) {
     return c < 0 || (c >= '0' && c <= '9') || (AsciiLower(c) >= 'a' && AsciiLower(c) <= 'z') || c == '_' ||
            c == ':' || c == '-' || c == '.';
   };
   const bool isName = !name.empty() && !(name[0] >= '0' && name[0] <= '9') && name[0] != '-' &&
                       name[0] != '.' && std::ranges::all_of(name, isNameCharacter);
-  if (!isName)
-    throw Error(kInvalidCall, "\"" + std::string(name) + "\" cannot be the name of an XML element");
+  if (!isName) throw Error(kInvalidCall, "\"" + std::string(name) + "\" cannot be the name of an XML " + of);
 }
 
 void CheckStorable(std::string_view text) {
@@ -34,11 +33,18 @@ void CheckStorable(std::string_view text) {
 
 }  // namespace
 
+pugi::xml_attribute_struct* XMLAttribute::Attribute() const {
+  if (mAttribute != nullptr) return mAttribute;
+  mDocument->Settle();
+  const auto attributes = xml_node(mDraft->Node).attributes();
+  return std::next(attributes.begin(), static_cast<std::ptrdiff_t>(mPlace))->internal_object();
+}
+
 std::string XMLAttribute::Name() const {
-  return xml_attribute(mAttribute).name();
+  return xml_attribute(Attribute()).name();
 }
 std::string XMLAttribute::Value() const {
-  return xml_attribute(mAttribute).value();
+  return xml_attribute(Attribute()).value();
 }
 
 bool XMLElement::IsDraft() const {
@@ -62,7 +68,7 @@ bool XMLElement::IsNamedIgnoringCase(std::string_view name) const {
 }
 
 void XMLElement::SetName(std::string_view name) {
-  CheckName(name);
+  CheckName(name, "element");
   if (IsDraft()) {
     mDraft->Name = name;
     return;
@@ -93,18 +99,20 @@ XMLElements XMLElement::Children() const {
   return XMLElements(*this);
 }
 
-void XMLElement::AddAttribute(std::string_view name, std::string_view value) {
+XMLAttribute XMLElement::AddAttribute(std::string_view name, std::string_view value) {
+  CheckName(name, "attribute");
   CheckStorable(value);
   if (IsDraft()) {
     mDocument->Draft.AddAttribute(*mDraft, name, value);
-    return;
+    return XMLAttribute(mDocument, *mDraft, mDraft->AttributeCount - 1);
   }
   xml_attribute attribute = xml_node(Node()).append_attribute(std::string(name).c_str());
   attribute.set_value(value.data(), value.size());
+  return XMLAttribute(mDocument, attribute.internal_object());
 }
 
 XMLElement XMLElement::AddElement(std::string_view name, std::string_view text) {
-  CheckName(name);
+  CheckName(name, "element");
   CheckStorable(text);
   if (IsDraft()) return XMLElement(mDocument, mDocument->Draft.AddElement(*mDraft, name, text));
   xml_node child = xml_node(Node()).append_child(std::string(name).c_str());

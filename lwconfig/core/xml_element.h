@@ -30,10 +30,18 @@ class XMLAttribute {
 
  private:
   friend class XMLAttributes;
+  friend class XMLElement;
   XMLAttribute(std::shared_ptr<XMLDocumentData> document, pugi::xml_attribute_struct* attribute)
       : mDocument(std::move(document)), mAttribute(attribute) {}
+  XMLAttribute(std::shared_ptr<XMLDocumentData> document, XMLDraftElement& element, std::size_t place)
+      : mDocument(std::move(document)), mDraft(&element), mPlace(place) {}
+  /// The attribute in the document's tree; a draft becomes a tree.
+  pugi::xml_attribute_struct* Attribute() const;
+
   std::shared_ptr<XMLDocumentData> mDocument;
-  pugi::xml_attribute_struct* mAttribute;
+  pugi::xml_attribute_struct* mAttribute = nullptr;
+  XMLDraftElement* mDraft = nullptr;  // where the attribute was added in a draft: its element
+  std::size_t mPlace = 0;             // and which of its attributes it is, from 0 on
 };
 
 /// One element of a document. A handle: it stays valid as long as it is held, and copies refer to the same
@@ -54,9 +62,11 @@ class XMLElement {
   XMLAttributes Attributes() const;
   XMLElements Children() const;
 
-  /// Appends an attribute. Error 5 for a value with a NUL character, which no file can hold.
-  void AddAttribute(std::string_view name, std::string_view value);
-  /// Appends a child element with this tag name and text. Error 5 as above.
+  /// Appends an attribute. The value comes back exactly as it was set: control characters other than tab and
+  /// line breaks are written as references too, which XML 1.0 does not provide for and this library reads.
+  /// Error 5 for a name that is no XML name, and for a value with a NUL character, which no file can hold.
+  XMLAttribute AddAttribute(std::string_view name, std::string_view value);
+  /// Appends a child element with this tag name and text, which comes back in the same way. Error 5 as above.
   XMLElement AddElement(std::string_view name, std::string_view text);
 
   /// Where the element stands in the file, or text, that it was read from.

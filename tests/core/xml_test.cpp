@@ -21,14 +21,15 @@ std::vector<std::string> ChildNames(const XMLElement& e) {
 }
 
 TEST_F(XML, GivesBackExactlyWhatWasSet) {
-  const std::vector<std::string> values{"",         " ",         "  two  blanks  ", "a\tb",     "a\nb",
-                                        "a\r\nb",   "\r",        "\"'<>&",          "&amp;",    "]]>",
-                                        "%%Name%%", "Göttingen", "日本語 📘",        "\xC2\xA0", "\x7F"};
+  const std::vector<std::string> values{
+      "",      " ",   "  two  blanks  ", "a\tb",      "a\nb",     "a\r\nb",   "\r",   "\"'<>&",
+      "&amp;", "]]>", "%%Name%%",        "Göttingen", "日本語 📘", "\xC2\xA0", "\x7F", "\x01 \x1F"};
   XMLDocument document;
   XMLElement root = document.RootElement();
   root.SetName("Root");
+  std::vector<XMLAttribute> added;
   for (std::size_t i = 0; i < values.size(); ++i) {
-    root.AddAttribute("A" + std::to_string(i), values[i]);
+    added.push_back(root.AddAttribute("A" + std::to_string(i), values[i]));
     root.AddElement("Text", values[i]);
   }
   root.AddElement("Mixed", "before").AddElement("Inner", "x");
@@ -47,12 +48,17 @@ TEST_F(XML, GivesBackExactlyWhatWasSet) {
   ASSERT_TRUE(loaded.LoadXML(document.XML()));
   expectEverything(loaded.RootElement(), "loaded");
   expectEverything(root, "as built");
+  added.push_back(root.AddAttribute("Late", "read already"));
+  EXPECT_EQ(added[3].Value(), values[3]);
+  EXPECT_EQ(added.back().Name(), "Late");
   ASSERT_TRUE(loaded.LoadXML(document.XML()));
   expectEverything(loaded.RootElement(), "written once it was read");
   const std::string again = loaded.XML();
   ASSERT_TRUE(loaded.LoadXML(again));
   expectEverything(loaded.RootElement(), "loaded and written again");
   EXPECT_EQ(ErrorOf([&] { root.AddAttribute("B", std::string_view("a\0b", 3)); }).Number(), kInvalidCall);
+  for (const char* name : {"", "1a", "a b", "a=\"\"", "-"})
+    EXPECT_EQ(ErrorOf([&] { root.AddAttribute(name, ""); }).Number(), kInvalidCall) << name;
 }
 
 TEST_F(XML, IsReadAndWrittenInAnyOrder) {
@@ -239,6 +245,20 @@ TEST_F(XML, FailuresTellTheirPlaceInCharacters) {
   EXPECT_EQ(Diagnostics[0].Position.Line, 2);
   EXPECT_GE(Diagnostics[0].Position.Column, 3);
   EXPECT_LE(Diagnostics[0].Position.Column, 6);
+}
+
+TEST_F(XML, AnAttributeThatIsGivenTwiceIsTold) {
+  Write("twice.xml", "<a>\n<b Name='1' Other='' Name='2'/><b Name='3' NAME='4' More=''/></a>");
+  std::vector<std::string> names(2);
+  ReadConfigurationFiles({DiskFile(ConfigFolder() + "\\twice.xml")},
+                         [&](const DiskFile&, const XMLElement& root) {
+                           for (std::int32_t i = 0; i < 2; ++i)
+                             AttributeReader(root.Children().Item(i + 1)).Try("Name", names[i]);
+                         });
+  EXPECT_THAT(names, ElementsAre("1", "3"));
+  ASSERT_EQ(Diagnostics.size(), 1U);
+  EXPECT_EQ(Diagnostics[0].Message, "not well-formed XML: the attribute \"Name\" is given twice");
+  EXPECT_EQ(Diagnostics[0].Position.Line, 2);
 }
 
 }  // namespace

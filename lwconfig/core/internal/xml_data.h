@@ -40,7 +40,7 @@ struct XMLDocumentData {
   std::string ParseFailure;
   FilePosition ParseFailurePosition;
   std::size_t ParsedLength = 0;  // of the text, up to where it goes wrong
-  int IgnoredValuesTold = 0;     // how many were told to the diagnostics handler
+  int OdditiesTold = 0;          // how many of its elements' oddities were told to the diagnostics handler
   XMLDraft Draft;
   bool IsDraft = true;
 };

@@ -19,6 +19,7 @@ struct XMLDraftElement {
   std::string Name;
   Span Attributes;                   // in the draft's text: usually all of them stand in one place
   std::vector<Span> MoreAttributes;  // those added after something else was
+  std::size_t AttributeCount = 0;
   Span Text;
   std::vector<XMLDraftElement*> Children;
   pugi::xml_node_struct* Node = nullptr;  // once the draft has become a tree
