@@ -10,23 +10,39 @@
 
 namespace lwconfig {
 
+/// Calls `use(file, root)` for a file that was read.
+template <class Use>
+void UseDocument(const DiskFile& file, XMLDocument document, Use& use) {
+  const bool isDamaged = !document.ParseFailure().empty() && file.Exists();
+  NoteDamage(file, isDamaged);
+  if (isDamaged) document.TellParseFailure();
+  const XMLElement root = document.RootElement();
+  try {
+    use(file, root);
+  } catch (Error& failure) {
+    failure.SetPosition(root.Position());
+    throw;
+  }
+}
+
+/// Tells the diagnostics handler, where reading the list of files ended early, how many were not read.
+void TellLeftOut(const std::vector<DiskFile>& files, std::size_t read);
+
 /// Calls `use(file, root)` for each configuration file of the list, with its root element. The first failure
-/// ends the walk; where it has no place in a file yet it gets the file's. The files are only read.
+/// ends the walk; where it has no place in a file yet it gets the file's, and the diagnostics handler is told
+/// how many files are left out. The files are only read.
 template <class Use>
 void ReadConfigurationFiles(const std::vector<DiskFile>& files, Use use) {
   ReadAhead documents(files);
-  for (const DiskFile& file : files) {
-    XMLDocument document = documents.Next();
-    const bool isDamaged = !document.ParseFailure().empty() && file.Exists();
-    NoteDamage(file, isDamaged);
-    if (isDamaged) document.TellParseFailure();
-    const XMLElement root = document.RootElement();
-    try {
-      use(file, root);
-    } catch (Error& failure) {
-      failure.SetPosition(root.Position());
-      throw;
+  std::size_t read = 0;
+  try {
+    for (const DiskFile& file : files) {
+      ++read;
+      UseDocument(file, documents.Next(), use);
     }
+  } catch (const Error&) {
+    TellLeftOut(files, read);
+    throw;
   }
 }
 

@@ -1,9 +1,11 @@
 #include <algorithm>
 #include <optional>
 #include <string_view>
+#include <unordered_map>
 #include <vector>
 
 #include <lwconfig/core/attribute_reader.h>
+#include <lwconfig/core/diagnostics.h>
 #include <lwconfig/core/disk_file.h>
 #include <lwconfig/core/string_tools.h>
 #include <lwconfig/core/text.h>
@@ -51,6 +53,39 @@ class TemplateFolder {
   std::string mRootFolder;
   std::vector<platform::FolderEntry> mEntries;
 };
+
+/// Whether the parent of a node that was just linked is still to be linked itself. In a circle that holds for
+/// the first node at least.
+bool IsAheadOf(const NodeDef* parent, const NodeDef* node) {
+  return parent == node || (parent != nullptr && !parent->ParentKey().empty() && !parent->ParentNodeDef());
+}
+
+/// The nodes whose parents lead to no root, in order.
+std::vector<const NodeDef*> NodesInCircles(const NodeDefs& nodes) {
+  enum class State { BeingFollowed, Rooted, Circling };
+  std::unordered_map<const NodeDef*, State> states;
+  std::vector<const NodeDef*> circling;
+  for (const auto& start : nodes) {
+    std::vector<const NodeDef*> followed;
+    State end = State::Rooted;
+    for (auto node = start; node; node = node->ParentNodeDef()) {
+      const auto [known, isNew] = states.try_emplace(node.get(), State::BeingFollowed);
+      if (!isNew) {
+        end = known->second == State::Rooted ? State::Rooted : State::Circling;
+        break;
+      }
+      followed.push_back(node.get());
+    }
+    for (const NodeDef* node : followed) states[node] = end;
+    if (states[start.get()] == State::Circling) circling.push_back(start.get());
+  }
+  return circling;
+}
+
+bool HasValue(const XMLElement& e, const char* attribute, const std::string& value) {
+  const auto found = e.Attributes().Find(attribute);
+  return found && found->Value() == value;
+}
 
 }  // namespace
 
@@ -148,8 +183,32 @@ class PageTemplate::Loader {
 
   void LinkNodes() {
     for (const auto& toc : *mTarget.TOCDefinitions) {
-      for (const auto& node : *toc->NodeDefs) node->CementReferences(*toc->NodeDefs);
+      bool mayCircle = false;
+      for (const auto& node : *toc->NodeDefs) {
+        node->CementReferences(*toc->NodeDefs);
+        mayCircle = mayCircle || IsAheadOf(node->ParentNodeDef().get(), node.get());
+      }
+      if (mayCircle) TellCircles(*toc);
     }
+  }
+
+  void TellCircles(const TOCDefinition& toc) const {
+    const auto nodes = NodesInCircles(*toc.NodeDefs);
+    if (nodes.empty()) return;
+    Diagnose({PlaceOf(*nodes.front(), toc),
+              "the parents of the node \"" + nodes.front()->Key + "\" lead in a circle; nodes of \"" +
+                  toc.Name + "\" that belong to no tree: " + std::to_string(nodes.size())});
+  }
+
+  FilePosition PlaceOf(const NodeDef& node, const TOCDefinition& toc) const {
+    for (const XMLElement parent : mElement.Children()) {
+      const bool isLoose = &toc == mLooseNodes.get();
+      if (!isLoose && !(parent.IsNamed("TOCDefinition") && HasValue(parent, "Name", toc.Name))) continue;
+      for (const XMLElement child : (isLoose ? mElement : parent).Children()) {
+        if (child.IsNamed("NodeDef") && HasValue(child, "Key", node.Key)) return child.Position();
+      }
+    }
+    return mElement.Position();
   }
 
   void AddUnlistedLayouts() {

@@ -1,5 +1,8 @@
+#include <unordered_map>
+
 #include <lwconfig/core/application_values.h>
 #include <lwconfig/core/configuration_files.h>
+#include <lwconfig/core/diagnostics.h>
 #include <lwconfig/platform/message_box.h>
 #include <lwconfig/templates/page_templates.h>
 
@@ -56,10 +59,16 @@ void PageTemplates::Load() {
     DiskFile config(folder.FullPath(), "config", "xml");
     if (config.Exists()) configs.push_back(std::move(config));
   }
+  std::unordered_map<std::string, std::string> folderOf;  // by name, in one letter case
   ReadConfigurationFiles(configs, [&](const DiskFile& config, const XMLElement& root) {
     auto pageTemplate = std::make_shared<PageTemplate>();
     pageTemplate->RootFolder = config.FolderPath();
     pageTemplate->Load(root);
+    const auto [first, isNew] = folderOf.try_emplace(FoldCase(pageTemplate->Name), config.FolderPath());
+    if (!isNew) {
+      Diagnose({root.Position(), "there is a template \"" + pageTemplate->Name + "\" in the folder \"" +
+                                     first->second + "\" already; its name finds that one only"});
+    }
     mCol.Add(std::move(pageTemplate));
   });
 }

@@ -49,6 +49,10 @@ TEST_F(Catalogue, HoldsOneTemplatePerFolderWithAConfiguration) {
     Catalog->Load();
     EXPECT_THAT(Names(), ElementsAre("Änderung", "Blue", "blue"));
   }
+  ASSERT_EQ(Diagnostics.size(), 2U);
+  EXPECT_EQ(Diagnostics[1].Position.File, PathOf("C\\config.xml"));
+  EXPECT_EQ(Diagnostics[1].Position.Column, 2);
+  EXPECT_THAT(Diagnostics[1].Message, HasSubstr("\"blue\" in the folder \"" + PathOf("b\\")));
   EXPECT_EQ(Catalog->TemplateFolder, ConfigFolder() + "\\Templates");
   EXPECT_EQ(Catalog->Item(1)->RootFolder, PathOf("A\\"));
   EXPECT_EQ(Catalog->Item("äNDERUNG"), Catalog->Item(1));
@@ -179,6 +183,14 @@ TEST_F(Catalogue, KeepsOneBackup) {
   EXPECT_THAT(Read("Templates/New/Folder/config.xml"), HasSubstr("Name=\"third\""));
   EXPECT_THAT(Read("Templates/New/Folder/config.xml.bak"), HasSubstr("Name=\"second\""));
   EXPECT_EQ(ErrorOf([&] { Catalog->SaveTemplate(nullptr); }).Number(), kObjectNotSet);
+
+  const auto backup = Folder.Path() / "Config/Templates/New/Folder/config.xml.bak";
+  std::filesystem::remove(backup);
+  Write("foreign", "foreign");
+  std::filesystem::create_symlink(Folder.Path() / "Config/foreign", backup);
+  Catalog->SaveTemplate(saved);
+  EXPECT_EQ(Read("foreign"), "foreign");
+  EXPECT_THAT(Read("Templates/New/Folder/config.xml.bak"), HasSubstr("Name=\"third\""));
 
   AddTemplate("A", "A");
   Catalog->Load();
