@@ -92,10 +92,12 @@ TEST_F(ShowTest, PrintsTheSameAsJson) {
             "%%name%%.html");
   EXPECT_EQ(json["NamespaceProfiles"][0]["ElementDefs"][0]["ElementAttributeDefs"][0]["Mandatory"], true);
   EXPECT_EQ(json["PlugIns"][0]["ExtendsContent"], false);
+  EXPECT_EQ(json["PlugIns"][0]["Key"].get<std::string>().front(), 'P');
   const auto& pageTemplate = json["PageTemplates"][0];
   EXPECT_EQ(pageTemplate["Name"], "Small/er one");
   EXPECT_EQ(pageTemplate["objFillColor"], 16711935);
   EXPECT_EQ(pageTemplate["EnabledPlugins"], nlohmann::json::array({"LW.Core"}));
+  EXPECT_EQ(pageTemplate["NamespaceDefs"], nlohmann::json::array({"LW:Project"}));
   EXPECT_EQ(pageTemplate["PageLayouts"][0]["DependantCount"], 2);
   const auto& nodes = pageTemplate["TOCDefinitions"][0]["NodeDefs"];
   EXPECT_EQ(nodes.size(), 1u);
@@ -203,11 +205,30 @@ TEST_F(ShowTest, TellsOfMissingFolders) {
   EXPECT_EQ(empty.Status, 3);
   EXPECT_THAT(empty.Err, HasSubstr("lwconfig: warning: Folder not found: Lexiwend namespaces folder"));
   EXPECT_THAT(empty.Err, HasSubstr("lwconfig: warning: Folder not found: Lexiwend templates folder"));
+  EXPECT_THAT(empty.Err, HasSubstr("lwconfig: note: on this system the folder is <test>/empty/Templates\n"));
   EXPECT_EQ(empty.Out, "templates (0)\n");
+}
+
+TEST_F(ShowTest, ARegisteredFolderThatIsGoneIsAnErrorOfEverythingInIt) {
+  Folder.Write(
+      "registry/machine.reg",
+      "REGEDIT4\n\n[HKEY_LOCAL_MACHINE\\Software\\Corvantis\\Lexiwend4]\n\"ConfigPath\"=\"C:\\\\Lexi\"\n");
+  const std::vector<std::vector<std::string>> fromFiles{
+      {"show"}, {"show", "languages"}, {"template", "list"}, {"link", "x"}, {"phrase", "t", "--compare"}};
+  for (const auto& arguments : fromFiles) {
+    const auto shown = Run(arguments);
+    EXPECT_EQ(shown.Status, 4) << arguments[0];
+    EXPECT_EQ(shown.Err, "<test>/drives/c/Lexi: error: the registered configuration folder does not exist\n");
+    EXPECT_EQ(shown.Out, "");
+  }
+  EXPECT_EQ(Run({"show", "options"}).Status, 0);
+  for (const char* command : {"show", "options", "template"})
+    EXPECT_EQ(Run({command, "--config", ""}).Status, 2) << command;
 }
 
 TEST_F(ShowTest, ShowsWhatCouldBeLoaded) {
   Folder.Write("config/Templates/Third/config.xml", "<PageTemplate Name=\"Third\">\n  <PageLayout");
+  Folder.Write("config/Templates/Zebra/config.xml", "<PageTemplate Name=\"Z\" Description=\"\"/>");
   const auto shown = Show({"templates"});
   EXPECT_EQ(shown.Status, 3);
   EXPECT_THAT(shown.Out, StartsWith("templates (1)\n└─ Small/er one\n"));
@@ -215,6 +236,7 @@ TEST_F(ShowTest, ShowsWhatCouldBeLoaded) {
   EXPECT_THAT(shown.Err, HasSubstr(": warning: not well-formed XML"));
   EXPECT_THAT(shown.Err, HasSubstr("<test>/config/Templates/Third/config.xml:1:"));
   EXPECT_THAT(shown.Err, HasSubstr(": error: "));
+  EXPECT_THAT(shown.Err, HasSubstr("this file ends the load; files after it that are not read: 1\n"));
   // What the fault does not touch is shown without a word.
   EXPECT_EQ(Show({"plugins"}).Status, 0);
 }
@@ -242,7 +264,12 @@ TEST_F(ShowTest, NodesInAParentLoopAreShownApart) {
     <NodeDef Key="N3" NodeCaptionTemplate="below" ParentKey="N2"/>
     <NodeDef Key="N4" NodeCaptionTemplate="fine"/>
   </TOCDefinition></PageTemplate>)");
-  EXPECT_EQ(Show({"templates/loop/contents/t"}).Out, R"(T
+  const auto shown = Show({"templates/loop/contents/t"});
+  EXPECT_EQ(shown.Status, 3);
+  EXPECT_EQ(shown.Err,
+            "<test>/config/Templates/Loop/config.xml:3:6: warning: the parents of the node \"N1\" lead in a "
+            "circle; nodes of \"T\" that belong to no tree: 3\n");
+  EXPECT_EQ(shown.Out, R"(T
 ├─ fine  page
 └─ loops (3)  their parents lead back to themselves
    ├─ one    book · N1 below N2
@@ -251,13 +278,13 @@ TEST_F(ShowTest, NodesInAParentLoopAreShownApart) {
 )");
 }
 
-TEST_F(ShowTest, DeepTreesAreCut) {
+TEST_F(ShowTest, DeepTreesAreCutAndFoundAtAnyDepth) {
   constexpr int kLevels = 20000;
   std::string definitions = "<p Name=\"Deep\">";
   std::string nodes =
       "<PageTemplate Name=\"Deep\" Description=\"\"><TOCDefinition Name=\"T\" Description=\"\">";
   for (int level = 1; level <= kLevels; ++level) {
-    definitions += "<lwnamespace Name=\"D\" Handler=\"\" Caption=\"\">";
+    definitions += "<lwnamespace Name=\"D" + std::to_string(level) + "\" Handler=\"\" Caption=\"\">";
     nodes +=
         "<NodeDef Key=\"N" + std::to_string(level) + "\" ParentKey=\"N" + std::to_string(level - 1) + "\"/>";
   }
@@ -268,7 +295,13 @@ TEST_F(ShowTest, DeepTreesAreCut) {
               HasSubstr("└─ deeper levels not shown (19800)\n"));
   const auto contents = Show({"templates/deep/contents", "--json"});
   EXPECT_EQ(contents.Status, 0);
-  EXPECT_THAT(contents.Out, HasSubstr("\"DeeperLevelsNotShown\": 19800\n"));
+  EXPECT_THAT(contents.Out, HasSubstr("\"DeeperLevelsNotShown\": 19801\n"));
+  // The last but one of either tree.
+  EXPECT_EQ(nlohmann::json::parse(Show({"namespaces/deep/d19999", "-j"}).Out)["ChildNamespaceDefs"].size(),
+            1u);
+  EXPECT_EQ(
+      nlohmann::json::parse(Show({"templates/deep/contents/t/n19999", "-j"}).Out)["ChildNodeDefs"].size(),
+      1u);
 }
 
 TEST_F(ShowTest, HelpAndMisuse) {

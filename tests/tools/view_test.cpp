@@ -57,25 +57,27 @@ TEST(TreePath, SuggestsOnlyWhatIsNear) {
 
 TEST(TreePath, TheLongestOfSeveralMatchesCounts) {
   Node root{"root", "root"};
-  Group group{"things", "Things", {{"thing", "a"}, {"thing", "a/b"}, {"thing", ""}}};
-  group.Nodes[0].Groups.push_back({"b", "B"});
-  root.Groups.push_back(std::move(group));
+  std::vector<Node> things{{"thing", "a"}, {"thing", "a/b"}, {"thing", ""}};
+  things[0].Groups.push_back({"b", "B"});
+  root.Groups.push_back({"things", "Things", std::move(things)});
   const auto found = FollowPath(root, "things/A/B");
   ASSERT_EQ(found.Targets.size(), 1u);
-  EXPECT_EQ(std::get<const Node*>(found.Targets[0])->Title, "a/b");
-  EXPECT_EQ(std::get<const Node*>(FollowPath(root, "//").Targets[0]), &root);
+  EXPECT_EQ(std::get<Node>(found.Targets[0]).Title, "a/b");
+  EXPECT_EQ(std::get<Node>(FollowPath(root, "//").Targets[0]).Title, "root");
 }
 
 TEST(TreeText, AlignsNeighboursAndLeavesLongNamesAlone) {
-  Group group{"things", "Things"};
+  std::vector<Node> things;
   for (const char* title : {"short", "longer", "a name that is much too long to align the others with it"}) {
-    group.Nodes.push_back(Node{"thing", title});
-    group.Nodes.back().Summary = {{"x"}};
+    things.push_back({"thing", title});
+    things.back().Summary = {{"x"}};
   }
-  group.Nodes.push_back(Node{"thing", ""});
-  TreeText text({});
-  text.Add(group);
-  EXPECT_EQ(text.Text(),
+  things.push_back({"thing", ""});
+  std::string drawn;
+  TreeText text({}, [&](std::string_view part) { drawn += part; });
+  text.Add(Group{"things", "Things", std::move(things)});
+  text.End();
+  EXPECT_EQ(drawn,
             "things (4)\n"
             "├─ short   x\n"
             "├─ longer  x\n"
@@ -83,10 +85,19 @@ TEST(TreeText, AlignsNeighboursAndLeavesLongNamesAlone) {
             "└─ (no name)\n");
 }
 
-TEST(JsonText, BytesThatAreNotUtf8DoNotStopIt) {
+TEST(WriteJson, WritesWhatTheLibraryWouldWriteAndReplacesBytesThatAreNotUtf8) {
   Node node{"thing", "t"};
-  node.Properties = {Valued("Name", std::string("a\xff"), ""), {"", 1, "label", {"only for people"}}};
-  EXPECT_EQ(JsonText(ToJson(node)), "{\n  \"Name\": \"a\uFFFD\"\n}\n");
+  node.Properties = {Valued("Name", std::string("a\xff\nb"), ""),
+                     {"", 1, "label", {"only for people"}},
+                     Unlabelled("Table", {{"one", {1, 2}}, {"none", Json::array()}})};
+  node.Groups = {{"empty", "Empty"}, {"one", "One", std::vector<Node>{{"thing", "x"}}, true}};
+  std::string written;
+  WriteJson({node, Group{"things", "Things", std::vector{node}}}, [&](auto part) { written += part; });
+  const Json object{{"Name", "a\uFFFD\nb"},
+                    {"Table", {{"one", {1, 2}}, {"none", Json::array()}}},
+                    {"Empty", Json::array()},
+                    {"One", Json::object()}};
+  EXPECT_EQ(written, JsonText(Json::array({object, Json::array({object})})));
 }
 
 }  // namespace

@@ -106,6 +106,7 @@ int RunApplication(int argc, const char* const* argv) {
   app.set_help_flag("-h,--help", "this help, or that of a command");
   app.set_version_flag("--version", "lwconfig " LWCONFIG_VERSION, "the version of this program");
   app.footer(kFooter);
+  app.require_subcommand(0, 1);  // else the WHAT of "show options" would be another command
   for (const auto add : kCommands) add(app, reporter);
   Run(app, argc, argv, reporter);
   return static_cast<int>(reporter.Status());

@@ -40,6 +40,14 @@ bool IsFolder(const std::filesystem::path& path) {
   return std::filesystem::is_directory(path, none);
 }
 
+/// Error 76 with this description where the folder, in the product's notation, does not exist.
+void CheckFolder(const std::string& folder, const char* problem) {
+  if (platform::Host<platform::Files>().Kind(folder) == platform::EntryKind::Folder) return;
+  Error error(kPathNotFound, problem);
+  error.SetPosition({folder, 0, 0});
+  throw error;
+}
+
 std::filesystem::path FolderOfProgram() {
   std::error_code none;
   return std::filesystem::read_symlink("/proc/self/exe", none).parent_path();
@@ -72,15 +80,14 @@ void Configuration::OpenStarter(Reporter& reporter) {
 }
 
 void Configuration::OpenFolder(const std::string& hostFolder) {
-  auto& files = platform::Host<platform::Files>();
-  const std::string folder = files.ProductPath(hostFolder);
-  if (files.Kind(folder) != platform::EntryKind::Folder) {
-    Error error(kPathNotFound, "there is no such folder");
-    error.SetPosition({folder, 0, 0});
-    throw error;
-  }
+  const std::string folder = platform::Host<platform::Files>().ProductPath(hostFolder);
+  CheckFolder(folder, "there is no such folder");
   mRegistry = std::make_unique<FolderRegistry>(platform::Host<platform::Registry>(), folder);
   mScope = std::make_unique<platform::ScopedHost<platform::Registry>>(*mRegistry);
+}
+
+void Configuration::RequireFolder() const {
+  CheckFolder(ConfigPath(), "the registered configuration folder does not exist");
 }
 
 std::string StarterFolder() {

@@ -29,6 +29,8 @@ class Configuration {
                 Unregistered unregistered = Unregistered::UseStarter);
 
   lwconfig::Root& Root() { return mRoot; }
+  /// Error 76 where the configuration folder does not exist: one that is registered may be gone.
+  void RequireFolder() const;
 
  private:
   void OpenStarter(Reporter& reporter);

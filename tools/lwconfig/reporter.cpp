@@ -87,6 +87,10 @@ void Reporter::Warn(const Diagnostic& diagnostic) {
 
 void Reporter::Warn(const platform::Message& message) {
   WriteLine("lwconfig: warning: " + Printable(message.Title + ": " + message.Text));
+  // The texts are fixed and name a folder in the product's notation, in single quotes.
+  const auto begin = message.Text.find('\'') + 1;
+  const std::string path = message.Text.substr(begin, message.Text.find('\'', begin) - begin);
+  if (begin != 0 && HostPath(path) != path) Note("on this system the folder is " + HostPath(path));
   Raise(ExitStatus::Invalid);
 }
 

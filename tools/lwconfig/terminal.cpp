@@ -40,6 +40,24 @@ std::size_t TerminalColumns() {
   return kDefaultColumns;
 }
 
+/// Whether all could be written.
+bool WriteAll(std::string_view text, Reporter& reporter) {
+  while (!text.empty()) {
+    const auto written = ::write(STDOUT_FILENO, text.data(), text.size());
+    if (written >= 0) {
+      text.remove_prefix(static_cast<std::size_t>(written));
+    } else if (errno == EPIPE) {
+      reporter.Raise(ExitStatus::InputOutput);
+      return false;
+    } else if (errno != EINTR) {
+      reporter.Fail(ExitStatus::InputOutput,
+                    std::string("the output could not be written: ") + std::strerror(errno));
+      return false;
+    }
+  }
+  return true;
+}
+
 }  // namespace
 
 TextStyle OutputStyle(std::string_view colour, std::size_t columns) {
@@ -55,17 +73,13 @@ TextStyle OutputStyle(std::string_view colour, std::size_t columns) {
 }
 
 void WriteOutput(std::string_view text, Reporter& reporter) {
-  while (!text.empty()) {
-    const auto written = ::write(STDOUT_FILENO, text.data(), text.size());
-    if (written >= 0) {
-      text.remove_prefix(static_cast<std::size_t>(written));
-    } else if (errno == EPIPE) {
-      return reporter.Raise(ExitStatus::InputOutput);
-    } else if (errno != EINTR) {
-      return reporter.Fail(ExitStatus::InputOutput,
-                           std::string("the output could not be written: ") + std::strerror(errno));
-    }
-  }
+  WriteAll(text, reporter);
+}
+
+Sink OutputSink(Reporter& reporter) {
+  return [&reporter, isOpen = true](std::string_view text) mutable {
+    isOpen = isOpen && WriteAll(text, reporter);
+  };
 }
 
 }  // namespace lwconfig::tool

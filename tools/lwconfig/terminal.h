@@ -15,5 +15,7 @@ TextStyle OutputStyle(std::string_view colour, std::size_t columns);
 /// Writes to standard output, in full. A failure is reported, but not that the reader has gone: that only
 /// raises the exit status.
 void WriteOutput(std::string_view text, Reporter& reporter);
+/// Writes every part in this way until one fails.
+Sink OutputSink(Reporter& reporter);
 
 }  // namespace lwconfig::tool

@@ -44,6 +44,7 @@ std::string LinkOf(ExternalDocs& sources, const LinkArguments& arguments) {
 
 void Run(const LinkArguments& arguments, Reporter& reporter) {
   Configuration configuration(arguments.Folder, reporter);
+  configuration.RequireFolder();
   const auto sources = Loaded(reporter, [&] { return configuration.Root().ExternalDocs(); });
   const std::string link = LinkOf(*sources, arguments);
   if (link.empty()) {

@@ -1,5 +1,6 @@
 #include <memory>
 #include <string>
+#include <variant>
 
 #include <CLI/CLI.hpp>
 #include <tools/lwconfig/commands/commands.h>
@@ -46,7 +47,9 @@ constexpr const char* kFooter =
   options                              the user's options, set by set
   options/VBOptions/WrapCharacters     one option
 
-A list shows each object in one line, an object named by itself all its properties.
+A list shows each object in one line, an object named by itself all its properties. Nested objects are shown
+to a depth of 200 and found at any depth. As JSON a list is an array, and an object named by itself an object;
+where several have the name it is an array of them.
 While no configuration is registered, the starter configuration is shown.
 
 Examples:
@@ -58,28 +61,18 @@ Examples:
 'lwconfig --help' lists environment variables and exit statuses.
 )";
 
-Json ToJson(const std::vector<Target>& targets) {
-  const auto toJson = [](const Target& target) {
-    return std::visit([](const auto* object) { return tool::ToJson(*object); }, target);
-  };
-  if (targets.size() == 1) return toJson(targets.front());
-  Json list = Json::array();
-  for (const Target& target : targets) list.push_back(toJson(target));
-  return list;
-}
-
-std::string Drawn(const std::vector<Target>& targets, const TextStyle& style) {
-  TreeText text(style);
+void Draw(const std::vector<Target>& targets, const TextStyle& style, const Sink& sink) {
+  TreeText text(style, sink);
   for (const Target& target : targets) {
-    std::visit([&](const auto* object) { text.Add(*object); }, target);
+    std::visit([&](const auto& object) { text.Add(object); }, target);
   }
-  return text.Text();
+  text.End();
 }
 
 /// The whole configuration is drawn section by section.
-std::vector<Target> Sections(const Node& configuration) {
+std::vector<Target> SectionsOf(const std::vector<Target>& configuration) {
   std::vector<Target> sections;
-  for (const Group& section : configuration.Groups) sections.emplace_back(&section);
+  for (const Group& section : std::get<Node>(configuration.front()).Groups) sections.emplace_back(section);
   return sections;
 }
 
@@ -96,21 +89,23 @@ void Show(const ShowOptions& options, Reporter& reporter) {
                                 SectionNames());
 
   Configuration configuration(options.Folder, reporter);
-  const Node shown = DescribeConfiguration(configuration.Root(), only, reporter);
-  const Found found = FollowPath(shown, options.What);
+  if (only == nullptr || only->IsInFiles) configuration.RequireFolder();
+  const Found found = FollowPath(DescribeConfiguration(configuration.Root(), only, reporter), options.What);
   if (found.Targets.empty()) {
     return reporter.FailUnknown(ExitStatus::NotFound, found.Unknown, found.Existing, found.OtherNames);
   }
-  if (options.IsJson) return WriteOutput(JsonText(ToJson(found.Targets)), reporter);
+  const Sink output = OutputSink(reporter);
+  if (options.IsJson) return WriteJson(found.Targets, output);
   const auto style = OutputStyle(options.Colour, options.Columns);
-  WriteOutput(Drawn(only != nullptr ? found.Targets : Sections(shown), style), reporter);
+  Draw(only != nullptr ? found.Targets : SectionsOf(found.Targets), style, output);
 }
 
 }  // namespace
 
 void AddConfigurationOption(CLI::App& command, std::string& folder) {
   command.add_option("-c,--config", folder, "configuration folder to use instead of the registered one")
-      ->type_name("DIR");
+      ->type_name("DIR")
+      ->check([](const std::string& given) { return given.empty() ? "DIR is empty" : std::string(); });
 }
 
 void AddJsonOption(CLI::App& command, bool& isJson) {

@@ -55,6 +55,7 @@ Json ToJson(const PageTemplate& pageTemplate) {
 
 void List(const TemplateArguments& arguments, Reporter& reporter) {
   Configuration configuration(arguments.Folder, reporter);
+  configuration.RequireFolder();
   Table table({"NAME", "FOLDER", "PROFILES", "ITEM TYPES"});
   Json json = Json::array();
   for (const auto& pageTemplate : *LoadedTemplates(configuration.Root(), reporter)) {
@@ -87,12 +88,14 @@ std::string FolderOfClone(const PageTemplate& original, const TemplateArguments&
 
 void Clone(const TemplateArguments& arguments, Reporter& reporter) {
   Configuration configuration(arguments.Folder, reporter, Unregistered::Refuse);
+  configuration.RequireFolder();
   const auto templates = LoadedTemplates(configuration.Root(), reporter);
   const auto original = FindTemplate(*templates, arguments.Name, reporter);
   if (!original) return;
   if (reporter.Status() != ExitStatus::Done) {
     // A template that was not read may have the new name; one that was read in part would be cut short.
-    return reporter.Fail(reporter.Status(), "not every template could be read; nothing was copied");
+    return reporter.Fail(reporter.Status(),
+                         "the templates are not all as they should be; nothing was copied");
   }
   if (arguments.NewName.empty())
     return reporter.Fail(ExitStatus::Usage, "a template needs a name; nothing was copied");
@@ -121,6 +124,7 @@ void Clone(const TemplateArguments& arguments, Reporter& reporter) {
 
 void ShowDefault(const TemplateArguments& arguments, Reporter& reporter) {
   Configuration configuration(arguments.Folder, reporter);
+  configuration.RequireFolder();
   const auto templates = LoadedTemplates(configuration.Root(), reporter);
   if (const auto found = configuration.Root().GetDefaultTemplate(arguments.Profile, arguments.Supports))
     return WriteOutput(arguments.IsJson ? JsonText(ToJson(*found)) : found->Name + "\n", reporter);

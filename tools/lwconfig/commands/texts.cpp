@@ -147,6 +147,7 @@ void Run(const TextKind& kind, const TextsArguments& arguments, Reporter& report
             : "LANGUAGE is required, unless --compare is given (--help tells what there is)");
   }
   Configuration configuration(arguments.Folder, reporter);
+  configuration.RequireFolder();
   const auto templates = LoadedTemplates(configuration.Root(), reporter);
   const auto pageTemplate = FindTemplate(*templates, arguments.Template, reporter);
   if (!pageTemplate) return;

@@ -52,13 +52,16 @@ Node DescribePart(const TaggedCommentDefs& definitions, bool isStandard) {
        "default designer",
        {definitions.DefaultDesignerProgID}},
   };
-  Group group{"", "TaggedCommentDefs"};
+  std::vector<const TaggedCommentDef*> members;
   for (const auto& definition : definitions) {
-    if (definition->Standard == isStandard)
-      group.Nodes.push_back(Describe(*definition, definitions.DefaultDesignerProgID));
+    if (definition->Standard == isStandard) members.push_back(definition.get());
   }
-  part.Summary = {{std::to_string(group.Nodes.size()) + (group.Nodes.size() == 1 ? " tag" : " tags")}};
-  part.Groups.push_back(std::move(group));
+  const std::size_t count = members.size();
+  part.Summary = {{std::to_string(count) + (count == 1 ? " tag" : " tags")}};
+  const auto describe = [members = std::move(members), &definitions](std::size_t place) {
+    return Describe(*members[place], definitions.DefaultDesignerProgID);
+  };
+  part.Groups.push_back({"", "TaggedCommentDefs", {count, describe}});
   return part;
 }
 
@@ -102,9 +105,8 @@ Node Describe(const ModelComments& profile) {
       Valued("Description", profile.Description, "description"),
       Valued("NamespaceProfile", profile.NamespaceProfile, "namespaces"),
   };
-  Group comments{"", "ModelComments"};
-  for (const auto& comment : profile) comments.Nodes.push_back(Describe(*comment));
-  node.Groups.push_back(std::move(comments));
+  node.Groups.push_back(
+      {"", "ModelComments", EachOf(profile, [](const ModelComment& comment) { return Describe(comment); })});
   return node;
 }
 
@@ -126,20 +128,18 @@ Node Describe(const CommentFileLocation& location) {
 }  // namespace
 
 Group Describe(const TaggedCommentDefs& definitions) {
-  return {
-      "comments", "TaggedCommentDefs", {DescribePart(definitions, true), DescribePart(definitions, false)}};
+  return {"comments", "TaggedCommentDefs",
+          std::vector{DescribePart(definitions, true), DescribePart(definitions, false)}};
 }
 
 Group Describe(const ModelCommentProfiles& profiles) {
-  Group group{"modelcomments", "ModelCommentProfiles"};
-  for (const auto& profile : profiles) group.Nodes.push_back(Describe(*profile));
-  return group;
+  return {"modelcomments", "ModelCommentProfiles",
+          EachOf(profiles, [](const ModelComments& profile) { return Describe(profile); })};
 }
 
 Group Describe(const CommentFileLocations& locations) {
-  Group group{"commentfiles", "CommentFileLocations"};
-  for (const auto& location : locations) group.Nodes.push_back(Describe(*location));
-  return group;
+  return {"commentfiles", "CommentFileLocations",
+          EachOf(locations, [](const CommentFileLocation& location) { return Describe(location); })};
 }
 
 }  // namespace lwconfig::tool

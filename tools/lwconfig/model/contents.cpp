@@ -1,3 +1,4 @@
+#include <memory>
 #include <unordered_map>
 #include <utility>
 
@@ -6,8 +7,10 @@
 namespace lwconfig::tool {
 namespace {
 
-/// The tree that the flat nodes of a contents definition form.
-class ContentsTree {
+Node Describe(const NodeDef& node, bool hasChildren);
+
+/// The tree that the flat nodes of a contents definition form. The lists that it hands out keep it.
+class ContentsTree : public std::enable_shared_from_this<ContentsTree> {
  public:
   explicit ContentsTree(const NodeDefs& nodes) {
     for (const auto& node : nodes) mBranches[node.get()];
@@ -15,21 +18,27 @@ class ContentsTree {
       const auto parent = mBranches.find(node->ParentNodeDef().get());
       (parent == mBranches.end() ? mRoots : parent->second.Children).push_back(node.get());
     }
-    for (const NodeDef* root : mRoots) CountBelow(*root);
+    auto pending = mRoots;
+    while (!pending.empty()) {
+      Branch& branch = mBranches[pending.back()];
+      pending.pop_back();
+      branch.IsReached = true;
+      pending.insert(pending.end(), branch.Children.begin(), branch.Children.end());
+    }
     for (const auto& node : nodes) {
       if (!mBranches[node.get()].IsReached) mUnreached.push_back(node.get());
     }
   }
 
-  std::vector<Node> Describe() { return Describe(mRoots, 1); }
+  NodeList Roots() const { return Below(mRoots); }
   /// The nodes that no root leads to, because their parents lead back to themselves.
-  std::vector<Node> DescribeUnreached() {
-    std::vector<Node> nodes;
-    for (const NodeDef* node : mUnreached) {
-      nodes.push_back(Describe(*node, !mBranches[node].Children.empty()));
-      nodes.back().Summary.push_back({node->Key + " below " + node->ParentKey(), Tone::Alarm});
-    }
-    return nodes;
+  NodeList Unreached() const {
+    return {mUnreached.size(), [tree = shared_from_this()](std::size_t place) {
+              const NodeDef& node = *tree->mUnreached[place];
+              Node shown = Describe(node, !tree->mBranches.at(&node).Children.empty());
+              shown.Summary.push_back({node.Key + " below " + node.ParentKey(), Tone::Alarm});
+              return shown;
+            }};
   }
 
  private:
@@ -38,34 +47,15 @@ class ContentsTree {
     bool IsReached = false;
   };
 
-  /// Marks the node and all below it as reached; returns how many are below it.
-  std::size_t CountBelow(const NodeDef& top) {
-    std::vector<const NodeDef*> pending{&top};
-    std::size_t count = 0;
-    for (; !pending.empty(); ++count) {
-      Branch& branch = mBranches[pending.back()];
-      pending.pop_back();
-      branch.IsReached = true;
-      pending.insert(pending.end(), branch.Children.begin(), branch.Children.end());
-    }
-    return count - 1;
+  /// The nodes, each with the tree below it.
+  NodeList Below(const std::vector<const NodeDef*>& nodes) const {
+    return {nodes.size(), [tree = shared_from_this(), &nodes](std::size_t place) {
+              const auto& children = tree->mBranches.at(nodes[place]).Children;
+              Node shown = Describe(*nodes[place], !children.empty());
+              shown.Groups.push_back({"", "ChildNodeDefs", tree->Below(children)});
+              return shown;
+            }};
   }
-
-  std::vector<Node> Describe(const std::vector<const NodeDef*>& nodes, int level) {
-    std::vector<Node> described;
-    for (const NodeDef* node : nodes) {
-      const auto& children = mBranches[node].Children;
-      Node& shown = described.emplace_back(Describe(*node, !children.empty()));
-      if (level < kShownLevels) {
-        shown.Groups.push_back({"", "ChildNodeDefs", Describe(children, level + 1)});
-      } else {
-        shown.NotShown = CountBelow(*node);
-      }
-    }
-    return described;
-  }
-
-  static Node Describe(const NodeDef& node, bool hasChildren);
 
   std::unordered_map<const NodeDef*, Branch> mBranches;
   std::vector<const NodeDef*> mRoots;
@@ -93,7 +83,7 @@ std::string ProducerOf(const NodeDef& node) {
   return "node type " + std::to_string(node.NodeType);
 }
 
-Node ContentsTree::Describe(const NodeDef& node, bool hasChildren) {
+Node Describe(const NodeDef& node, bool hasChildren) {
   const std::string icon = IconOf(node, hasChildren);
   const std::string producer = ProducerOf(node);
   const std::string condition =
@@ -137,26 +127,25 @@ Node ContentsTree::Describe(const NodeDef& node, bool hasChildren) {
 }
 
 Node Describe(const TOCDefinition& definition) {
-  ContentsTree tree(*definition.NodeDefs);
+  const auto tree = std::make_shared<const ContentsTree>(*definition.NodeDefs);
   Node node{"contents", definition.Name};
   node.Summary = {{definition.Description, Tone::Quiet}};
   node.Properties = {
       Unlabelled("Name", definition.Name),
       Valued("Description", definition.Description, "description"),
   };
-  node.Groups.push_back({"", "NodeDefs", tree.Describe()});
-  Group loops{"loops", "NodeDefsInLoops", tree.DescribeUnreached()};
+  node.Groups.push_back({"", "NodeDefs", tree->Roots()});
+  Group loops{"loops", "NodeDefsInLoops", tree->Unreached()};
   loops.Note = "their parents lead back to themselves";
-  if (!loops.Nodes.empty()) node.Groups.push_back(std::move(loops));
+  if (!loops.Nodes.IsEmpty()) node.Groups.push_back(std::move(loops));
   return node;
 }
 
 }  // namespace
 
 Group Describe(const TOCDefinitions& definitions) {
-  Group group{"contents", "TOCDefinitions"};
-  for (const auto& definition : definitions) group.Nodes.push_back(Describe(*definition));
-  return group;
+  return {"contents", "TOCDefinitions",
+          EachOf(definitions, [](const TOCDefinition& definition) { return Describe(definition); })};
 }
 
 }  // namespace lwconfig::tool

@@ -28,6 +28,13 @@ Group Describe(const CommentFileLocations& locations);
 Group Describe(const Languages& languages);
 Group Describe(const ExternalDocs& sources);
 
+/// The items of a collection, which outlives them, as `describe(item)` has them.
+template <class Items, class Describe>
+NodeList EachOf(const Items& items, Describe describe) {
+  return {static_cast<std::size_t>(items.Count()),
+          [&items, describe](std::size_t place) { return describe(*items.Item(place + 1)); }};
+}
+
 /// The path as a person uses it: the product's own where it has a drive letter, else the host's.
 std::string ShownPath(const std::string& path);
 

@@ -38,8 +38,8 @@ Node Describe(const ElementDef& element) {
   };
   Group attributes{"attributes", "ElementAttributeDefs"};
   attributes.IsBrief = true;
-  for (const auto& attribute : *element.ElementAttributeDefs)
-    attributes.Nodes.push_back(Describe(*attribute));
+  attributes.Nodes = EachOf(*element.ElementAttributeDefs,
+                            [](const ElementAttributeDef& attribute) { return Describe(attribute); });
   node.Groups.push_back(std::move(attributes));
   return node;
 }
@@ -47,9 +47,8 @@ Node Describe(const ElementDef& element) {
 }  // namespace
 
 Group Describe(const ElementDefs& elements) {
-  Group group{"elements", "ElementDefs"};
-  for (const auto& element : elements) group.Nodes.push_back(Describe(*element));
-  return group;
+  return {"elements", "ElementDefs",
+          EachOf(elements, [](const ElementDef& element) { return Describe(element); })};
 }
 
 }  // namespace lwconfig::tool

@@ -28,7 +28,7 @@ Node Describe(const ExternalDoc& source) {
 Group Describe(const ExternalDocs& sources) {
   Group group{"externaldocs", "ExternalDocs"};
   group.Note = "the first pattern that covers a name is used";
-  for (const auto& source : sources) group.Nodes.push_back(Describe(*source));
+  group.Nodes = EachOf(sources, [](const ExternalDoc& source) { return Describe(source); });
   return group;
 }
 

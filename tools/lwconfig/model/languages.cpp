@@ -65,9 +65,8 @@ Node Describe(const Language& language) {
 }  // namespace
 
 Group Describe(const Languages& languages) {
-  Group group{"languages", "Languages"};
-  for (const auto& language : languages) group.Nodes.push_back(Describe(*language));
-  return group;
+  return {"languages", "Languages",
+          EachOf(languages, [](const Language& language) { return Describe(language); })};
 }
 
 }  // namespace lwconfig::tool

@@ -1,7 +1,5 @@
 #include <tools/lwconfig/model/describe.h>
 
-#include <lwconfig/namespaces/definition_walk.h>
-
 namespace lwconfig::tool {
 namespace {
 
@@ -9,6 +7,8 @@ std::string IncludeFlag(const NamespaceDef& definition) {
   if (!definition.ProvideIncludeFlag) return {};
   return definition.DefaultIncludeFlag ? "include on" : "include off";
 }
+
+NodeList DescribeDefinitions(const NamespaceDefs* definitions);
 
 std::vector<Property> PropertiesOf(const NamespaceDef& definition) {
   return {
@@ -57,26 +57,17 @@ std::vector<Property> PropertiesOf(const NamespaceDef& definition) {
   };
 }
 
-std::vector<Node> DescribeDefinitions(const NamespaceDefs* definitions, int level);
-
-Node Describe(const NamespaceDef& definition, int level) {
+Node Describe(const NamespaceDef& definition) {
   Node node{"definition", definition.Name};
   node.Summary = {{definition.Caption}, {IncludeFlag(definition), Tone::Quiet}};
   node.Properties = PropertiesOf(definition);
-  if (level < kShownLevels) {
-    node.Groups.push_back(
-        {"", "ChildNamespaceDefs", DescribeDefinitions(definition.ExistingChildren(), level + 1)});
-  } else {
-    WalkDefinitions(definition.ExistingChildren(), [&](const auto&) { ++node.NotShown; });
-  }
+  node.Groups.push_back({"", "ChildNamespaceDefs", DescribeDefinitions(definition.ExistingChildren())});
   return node;
 }
 
-std::vector<Node> DescribeDefinitions(const NamespaceDefs* definitions, int level) {
-  std::vector<Node> nodes;
-  if (definitions == nullptr) return nodes;
-  for (const auto& definition : *definitions) nodes.push_back(Describe(*definition, level));
-  return nodes;
+NodeList DescribeDefinitions(const NamespaceDefs* definitions) {
+  if (definitions == nullptr) return {};
+  return EachOf(*definitions, [](const NamespaceDef& definition) { return Describe(definition); });
 }
 
 Node Describe(const NamespaceDefs& profile) {
@@ -89,7 +80,7 @@ Node Describe(const NamespaceDefs& profile) {
       Valued("Supports", profile.Supports, "supports"),
       {"IsFile", profile.IsFile, "supports", {profile.IsFile ? "files" : ""}},
   };
-  node.Groups.push_back({"definitions", "NamespaceDefs", DescribeDefinitions(&profile, 1)});
+  node.Groups.push_back({"definitions", "NamespaceDefs", DescribeDefinitions(&profile)});
   node.Groups.push_back(tool::Describe(*profile.ElementDefs));
   return node;
 }
@@ -97,9 +88,8 @@ Node Describe(const NamespaceDefs& profile) {
 }  // namespace
 
 Group Describe(const NamespaceProfiles& profiles) {
-  Group group{"namespaces", "NamespaceProfiles"};
-  for (const auto& profile : profiles) group.Nodes.push_back(Describe(*profile));
-  return group;
+  return {"namespaces", "NamespaceProfiles",
+          EachOf(profiles, [](const NamespaceDefs& profile) { return Describe(profile); })};
 }
 
 }  // namespace lwconfig::tool

@@ -196,16 +196,21 @@ std::string AllowedValues(const UserOption& option) {
 }
 
 Group DescribeOptions(Root& root, Reporter& reporter) {
-  Group group{"options", "Options"};
+  std::vector<Node> sets;
+  std::vector<Node> members;
+  const auto finishSet = [&] {
+    if (!sets.empty()) sets.back().Groups.push_back({"", "Options", std::exchange(members, {})});
+  };
   for (const UserOption& option : UserOptions(root)) {
-    if (group.Nodes.empty() || group.Nodes.back().Title != option.Set) {
-      Node& set = group.Nodes.emplace_back(Node{"set", std::string(option.Set)});
-      set.Properties = {Unlabelled("Name", option.Set)};
-      set.Groups.push_back({"", "Options"});
+    if (sets.empty() || sets.back().Title != option.Set) {
+      finishSet();
+      sets.push_back({"set", std::string(option.Set)});
+      sets.back().Properties = {Unlabelled("Name", option.Set)};
     }
-    group.Nodes.back().Groups.front().Nodes.push_back(Describe(OptionState(option, reporter)));
+    members.push_back(Describe(OptionState(option, reporter)));
   }
-  return group;
+  finishSet();
+  return {"options", "Options", std::move(sets)};
 }
 
 }  // namespace lwconfig::tool

@@ -65,15 +65,13 @@ Node Describe(const VariableDef& variable) {
 }  // namespace
 
 Group Describe(const PageLayouts& layouts) {
-  Group group{"layouts", "PageLayouts"};
-  for (const auto& layout : layouts) group.Nodes.push_back(Describe(*layout));
-  return group;
+  return {"layouts", "PageLayouts",
+          EachOf(layouts, [](const PageLayout& layout) { return Describe(layout); })};
 }
 
 Group Describe(const VariableDefs& variables) {
-  Group group{"variables", "VariableDefs"};
-  for (const auto& variable : variables) group.Nodes.push_back(Describe(*variable));
-  return group;
+  return {"variables", "VariableDefs",
+          EachOf(variables, [](const VariableDef& variable) { return Describe(variable); })};
 }
 
 }  // namespace lwconfig::tool

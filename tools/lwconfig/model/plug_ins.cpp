@@ -16,6 +16,7 @@ Node Describe(const PlugIn& plugIn) {
   node.IsExpanded = true;
   node.Properties = {
       Unlabelled("Name", plugIn.Name),
+      Unlabelled("Key", plugIn.Key),
       Valued("Description", plugIn.Description, "description"),
       Extension("ExtendsWizard", plugIn.ExtendsWizard, "wizard"),
       component("WizardProgID", plugIn.ExtendsWizard, plugIn.WizardProgID, "wizard"),
@@ -31,9 +32,7 @@ Node Describe(const PlugIn& plugIn) {
 }  // namespace
 
 Group Describe(const PlugIns& plugIns) {
-  Group group{"plugins", "PlugIns"};
-  for (const auto& plugIn : plugIns) group.Nodes.push_back(Describe(*plugIn));
-  return group;
+  return {"plugins", "PlugIns", EachOf(plugIns, [](const PlugIn& plugIn) { return Describe(plugIn); })};
 }
 
 }  // namespace lwconfig::tool

@@ -33,7 +33,7 @@ Group DescribePaths(Root& root, Reporter& reporter) {
   } catch (const Error& failure) {
     reporter.Fail(failure);
   }
-  return {"paths", "Paths", {std::move(paths)}, true};
+  return {"paths", "Paths", std::vector{std::move(paths)}, true};
 }
 
 Group DescribeTemplates(Root& root, Reporter& reporter) {
@@ -47,7 +47,7 @@ Group DescribeCollection(Root& root, Reporter& reporter) {
 }
 
 constexpr std::array kSections{
-    Section{"paths", "Paths", "where configuration, templates and installation are", DescribePaths},
+    Section{"paths", "Paths", "where configuration, templates and installation are", DescribePaths, false},
     Section{"namespaces", "NamespaceProfiles", "kinds of code element, and the elements of pages",
             DescribeCollection<&Root::NamespaceProfiles>},
     Section{"plugins", "PlugIns", "what extends the generator", DescribeCollection<&Root::PlugIns>},
@@ -62,7 +62,7 @@ constexpr std::array kSections{
     Section{"languages", "Languages", "how declarations are written", DescribeCollection<&Root::Languages>},
     Section{"externaldocs", "ExternalDocs", "sources of external documentation",
             DescribeCollection<&Root::ExternalDocs>},
-    Section{"options", "Options", "the user's options", DescribeOptions},
+    Section{"options", "Options", "the user's options", DescribeOptions, false},
 };
 
 }  // namespace

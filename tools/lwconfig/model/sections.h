@@ -17,6 +17,7 @@ struct Section {
   std::string_view About;
   /// Failures are reported; what could be loaded is described.
   Group (*Describe)(Root& root, Reporter& reporter);
+  bool IsInFiles = true;  // below the configuration folder
 };
 
 /// In the order in which they are shown.

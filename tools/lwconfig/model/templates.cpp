@@ -34,6 +34,12 @@ Json Texts(const Collection& collection) {
   return texts;
 }
 
+Json Names(const NamespaceDefs& definitions) {
+  Json names = Json::array();
+  for (const auto& definition : definitions) names.push_back(definition->Name);
+  return names;
+}
+
 std::vector<Property> PropertiesOf(const PageTemplate& t) {
   return {
       Unlabelled("Name", t.Name),
@@ -45,6 +51,7 @@ std::vector<Property> PropertiesOf(const PageTemplate& t) {
       Valued("SupportedItemTypes", Texts(*t.SupportedItemTypes), "item types"),
       Valued("Languages", t.Languages, "languages"),
       Valued("NamespaceProfileNames", Texts(*t.NamespaceProfileNames()), "namespaces"),
+      Unlabelled("NamespaceDefs", Names(*t.NamespaceDefs)),
       Flag("NoStandardSupport", t.NoStandardSupport, "namespaces", "no standard support"),
       Valued("EnabledPlugins", Texts(*t.EnabledPlugins), "plug-ins"),
       Valued("StyleSheet", t.StyleSheet, "style sheet"),
@@ -85,9 +92,8 @@ std::string FolderName(std::string path) {
 }
 
 Group Describe(const PageTemplates& templates) {
-  Group group{"templates", "PageTemplates"};
-  for (const auto& pageTemplate : templates) group.Nodes.push_back(Describe(*pageTemplate));
-  return group;
+  return {"templates", "PageTemplates",
+          EachOf(templates, [](const PageTemplate& pageTemplate) { return Describe(pageTemplate); })};
 }
 
 }  // namespace lwconfig::tool

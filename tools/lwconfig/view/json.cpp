@@ -1,26 +1,133 @@
+#include <string>
+#include <string_view>
+#include <utility>
+#include <variant>
+
 #include <tools/lwconfig/view/json.h>
 
 namespace lwconfig::tool {
+namespace {
 
-Json ToJson(const Node& node) {
-  Json object = Json::object();
-  for (const Property& property : node.Properties) {
-    if (!property.Name.empty()) object[property.Name] = property.Value;
-  }
-  for (const Group& group : node.Groups) object[group.Published] = ToJson(group);
-  if (node.NotShown > 0) object["DeeperLevelsNotShown"] = node.NotShown;
-  return object;
+constexpr int kIndentation = 2;
+
+std::string Dump(const Json& json) {
+  return json.dump(kIndentation, ' ', false, Json::error_handler_t::replace);
 }
 
-Json ToJson(const Group& group) {
-  if (group.IsSingle) return ToJson(group.Nodes.front());
-  Json list = Json::array();
-  for (const Node& node : group.Nodes) list.push_back(ToJson(node));
-  return list;
+/// Writes objects one after the other: none is kept, whatever their number.
+class JsonWriter {
+ public:
+  explicit JsonWriter(const Sink& sink) : mSink(sink) {}
+
+  void Add(const Node& node, int level = 0) {
+    Enclose('{', '}', [&](auto next) {
+      for (const Property& property : node.Properties) {
+        if (property.Name.empty()) continue;
+        next();
+        AddName(property.Name);
+        AddValue(property.Value);
+      }
+      for (const Group& group : node.Groups) {
+        if (group.Name.empty() && level >= kShownLevels) continue;
+        next();
+        AddName(group.Published);
+        Add(group, level);
+      }
+      if (const auto notShown = CountNotShown(node, level)) {
+        next();
+        AddName("DeeperLevelsNotShown");
+        mText += std::to_string(notShown);
+      }
+    });
+  }
+  void Add(const Group& group, int level = 0) {
+    if (group.IsSingle) return Add(group.Nodes[0], level);
+    Enclose('[', ']', [&](auto next) {
+      for (std::size_t at = 0; at < group.Nodes.Count(); ++at) {
+        next();
+        Add(group.Nodes[at], level + 1);
+      }
+    });
+  }
+  void Add(const std::vector<Target>& targets) {
+    const auto add = [this](const Target& target) {
+      std::visit([this](const auto& object) { Add(object); }, target);
+    };
+    if (targets.size() == 1) return add(targets.front());
+    Enclose('[', ']', [&](auto next) {
+      for (const Target& target : targets) {
+        next();
+        add(target);
+      }
+    });
+  }
+  void End() {
+    mText += '\n';
+    mSink(std::exchange(mText, {}));
+  }
+
+ private:
+  /// Writes brackets and, through `body(next)`, what is in them; `next()` is called before each member.
+  template <class Body>
+  void Enclose(char opening, char closing, Body body) {
+    bool isEmpty = true;
+    mText += opening;
+    ++mDepth;
+    body([&] {
+      mText += isEmpty ? "\n" : ",\n";
+      Indent();
+      isEmpty = false;
+    });
+    --mDepth;
+    if (!isEmpty) {
+      mText += '\n';
+      Indent();
+    }
+    mText += closing;
+    constexpr std::size_t kPart = 65536;
+    if (mText.size() > kPart) mSink(std::exchange(mText, {}));
+  }
+  void AddName(const std::string& name) { (mText += Dump(name)) += ": "; }
+  void AddValue(const Json& value) {
+    // Line breaks inside texts are escaped, so that every one found is the layout's.
+    const std::string text = Dump(value);
+    for (std::string_view rest = text;;) {
+      const auto lineEnd = rest.find('\n');
+      mText += rest.substr(0, lineEnd);
+      if (lineEnd == std::string_view::npos) return;
+      mText += '\n';
+      Indent();
+      rest.remove_prefix(lineEnd + 1);
+    }
+  }
+  void Indent() { mText.append(mDepth * kIndentation, ' '); }
+
+  const Sink& mSink;
+  std::string mText;
+  std::size_t mDepth = 0;
+};
+
+template <class Shown>
+void Write(const Shown& shown, const Sink& sink) {
+  JsonWriter writer(sink);
+  writer.Add(shown);
+  writer.End();
+}
+
+}  // namespace
+
+void WriteJson(const Node& node, const Sink& sink) {
+  Write(node, sink);
+}
+void WriteJson(const Group& group, const Sink& sink) {
+  Write(group, sink);
+}
+void WriteJson(const std::vector<Target>& targets, const Sink& sink) {
+  Write(targets, sink);
 }
 
 std::string JsonText(const Json& json) {
-  return json.dump(2, ' ', false, Json::error_handler_t::replace) + "\n";
+  return Dump(json) + "\n";
 }
 
 }  // namespace lwconfig::tool

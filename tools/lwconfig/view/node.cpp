@@ -1,3 +1,5 @@
+#include <memory>
+
 #include <tools/lwconfig/view/node.h>
 
 namespace lwconfig::tool {
@@ -21,6 +23,21 @@ Property Valued(std::string name, Json value, std::string label) {
 
 Property Unlabelled(std::string name, Json value) {
   return {std::move(name), std::move(value), {}, {}};
+}
+
+NodeList::NodeList(std::vector<Node> nodes) : mCount(nodes.size()) {
+  mDescribe = [held = std::make_shared<const std::vector<Node>>(std::move(nodes))](std::size_t place) {
+    return (*held)[place];
+  };
+}
+
+std::size_t CountNotShown(const Node& node, int level) {
+  std::size_t count = 0;
+  if (level < kShownLevels) return count;
+  for (const Group& group : node.Groups) {
+    if (group.Name.empty()) WalkTree(group.Nodes, [&count](const Node&) { ++count; });
+  }
+  return count;
 }
 
 }  // namespace lwconfig::tool

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -15,6 +16,9 @@ struct Span {
   lwconfig::tool::Tone Tone = Tone::Plain;
 };
 using StyledText = std::vector<Span>;
+
+/// Takes text part by part.
+using Sink = std::function<void(std::string_view)>;
 
 /// The columns that a text takes on a terminal.
 std::size_t Width(std::string_view text);

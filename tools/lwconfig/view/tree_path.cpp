@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <iterator>
 #include <numeric>
 #include <utility>
 
@@ -39,24 +40,18 @@ class Matches {
     if (part == 0 || part < mLongest) return false;
     if (part > mLongest) mTargets.clear();
     mLongest = part;
-    mTargets.emplace_back(&candidate);
+    mTargets.emplace_back(candidate);
     return true;
   }
-  /// The nodes, and those in the same tree below them.
-  void OfferNodes(const std::vector<Node>& nodes) {
-    for (const Node& node : nodes) {
-      Offer(node);
-      for (const Group& group : node.Groups) {
-        if (group.Name.empty()) OfferNodes(group.Nodes);
-      }
-    }
+  /// What is directly below the target: the nodes are those of the whole tree.
+  void OfferContent(const Group& group) {
+    WalkTree(group.Nodes, [this](const Node& node) { Offer(node); });
   }
-  void OfferContent(const Group* group) { OfferNodes(group->Nodes); }
-  void OfferContent(const Node* node) {
+  void OfferContent(const Node& node) {
     bool isGroup = false;
-    for (const Group& group : node->Groups) isGroup = Offer(group) || isGroup;
+    for (const Group& group : node.Groups) isGroup = Offer(group) || isGroup;
     if (isGroup) return;
-    for (const Group& group : node->Groups) OfferNodes(group.Nodes);
+    for (const Group& group : node.Groups) OfferContent(group);
   }
 
   std::size_t Longest() const { return mLongest; }
@@ -68,20 +63,18 @@ class Matches {
   std::vector<Target> mTargets;
 };
 
-void List(const std::vector<Node>& nodes, Found& found) {
-  for (const Node& node : nodes) {
-    if (!node.Title.empty()) found.Existing.push_back(node.Title);
-    found.OtherNames.insert(found.OtherNames.end(), node.OtherNames.begin(), node.OtherNames.end());
+/// Lists what is directly below the target.
+void ListContent(const Group& group, Found& found) {
+  for (std::size_t at = 0; at < group.Nodes.Count(); ++at) {
+    Node node = group.Nodes[at];
+    if (!node.Title.empty()) found.Existing.push_back(std::move(node.Title));
+    std::ranges::move(node.OtherNames, std::back_inserter(found.OtherNames));
   }
 }
-
-void ListContent(const Group* group, Found& found) {
-  List(group->Nodes, found);
-}
-void ListContent(const Node* node, Found& found) {
-  for (const Group& group : node->Groups) {
+void ListContent(const Node& node, Found& found) {
+  for (const Group& group : node.Groups) {
     if (group.Name.empty()) {
-      List(group.Nodes, found);
+      ListContent(group, found);
     } else {
       found.Existing.push_back(group.Name);
     }
@@ -110,17 +103,17 @@ std::string_view WithoutOuterSlashes(std::string_view path) {
 
 }  // namespace
 
-Found FollowPath(const Node& root, std::string_view path) {
+Found FollowPath(Node root, std::string_view path) {
   Found found;
-  found.Targets.emplace_back(&root);
+  found.Targets.emplace_back(std::move(root));
   while (!(path = WithoutOuterSlashes(path)).empty()) {
     Matches matches(path);
     for (const Target& target : found.Targets) {
-      std::visit([&](const auto* object) { matches.OfferContent(object); }, target);
+      std::visit([&](const auto& object) { matches.OfferContent(object); }, target);
     }
     if (matches.Longest() == 0) {
       for (const Target& target : std::exchange(found.Targets, {})) {
-        std::visit([&](const auto* object) { ListContent(object, found); }, target);
+        std::visit([&](const auto& object) { ListContent(object, found); }, target);
       }
       found.Unknown = path.substr(0, path.find('/'));
       return found;

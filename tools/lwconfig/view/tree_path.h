@@ -9,7 +9,7 @@
 
 namespace lwconfig::tool {
 
-using Target = std::variant<const Node*, const Group*>;
+using Target = std::variant<Node, Group>;
 
 /// What a path led to; where a part of it names nothing, that part and what there is in its place.
 struct Found {
@@ -22,7 +22,7 @@ struct Found {
 /// Follows the path: names of groups and nodes, separated by slashes, without regard to letter case. A name
 /// that contains slashes itself is written as it is. A node is found below its parent at any depth of the
 /// parent's own tree.
-Found FollowPath(const Node& root, std::string_view path);
+Found FollowPath(Node root, std::string_view path);
 
 /// The candidate that `name` was most likely meant to be, or empty where none is near.
 std::string Nearest(std::string_view name, const std::vector<std::string>& candidates);

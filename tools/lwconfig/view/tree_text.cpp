@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <utility>
 
 #include <tools/lwconfig/view/tree_text.h>
 
@@ -10,7 +11,7 @@ constexpr std::size_t kMostHeadColumns = 48;
 
 StyledText Heading(const Group& group) {
   StyledText heading{{Printable(group.Name), Tone::Heading}};
-  if (!group.IsSingle) heading.push_back({" (" + std::to_string(group.Nodes.size()) + ")", Tone::Quiet});
+  if (!group.IsSingle) heading.push_back({" (" + std::to_string(group.Nodes.Count()) + ")", Tone::Quiet});
   return heading;
 }
 
@@ -28,16 +29,17 @@ bool IsVisible(const Property& property) {
 }
 
 /// The groups that are drawn as branches; brief ones only below a node that is shown by itself.
-std::vector<const Group*> BranchesOf(const Node& node, bool isAlone) {
+std::vector<const Group*> BranchesOf(const Node& node, bool isAlone, int level) {
   std::vector<const Group*> branches;
   for (const Group& group : node.Groups) {
-    if (!group.Nodes.empty() && (isAlone || !group.IsBrief)) branches.push_back(&group);
+    const bool isTooDeep = group.Name.empty() && level >= kShownLevels;
+    if (!group.Nodes.IsEmpty() && !isTooDeep && (isAlone || !group.IsBrief)) branches.push_back(&group);
   }
   return branches;
 }
 
 bool HasBranches(const Node& node, bool isAlone) {
-  return node.NotShown > 0 || !BranchesOf(node, isAlone).empty();
+  return !BranchesOf(node, isAlone, 0).empty();
 }
 
 /// The end of a prefix, which consists of characters one column wide.
@@ -52,62 +54,71 @@ std::string_view LastColumns(std::string_view prefix, std::size_t columns) {
 
 std::string Names(const Group& group) {
   std::string names;
-  for (const Node& node : group.Nodes) names += (names.empty() ? "" : ", ") + node.Title;
+  for (std::size_t at = 0; at < group.Nodes.Count(); ++at)
+    names += (at == 0 ? "" : ", ") + group.Nodes[at].Title;
   return names;
 }
 
 }  // namespace
 
-TreeText::TreeText(const TextStyle& style)
-    : mStyle(style), mGlyphs([&style]() -> const Glyphs& {
+TreeText::TreeText(const TextStyle& style, Sink sink)
+    : mStyle(style),
+      mGlyphs([&style]() -> const Glyphs& {
         static constexpr Glyphs kUnicode{"├─ ", "└─ ", "│  ", "   ", " · ", "→ ", "…"};
         static constexpr Glyphs kAscii{"|- ", "`- ", "|  ", "   ", ", ", "-> ", "..."};
         return style.IsUnicode ? kUnicode : kAscii;
-      }()) {}
+      }()),
+      mSink(std::move(sink)) {}
 
 void TreeText::Add(const Node& node) {
   BeginTree();
-  mLines.push_back({{}, Title(node, Tone::Title)});
+  Add({{}, Title(node, Tone::Title)});
   AddRows(node, std::string(HasBranches(node, true) ? mGlyphs.Bar : mGlyphs.Gap));
-  AddBranches(node, BranchesOf(node, true), {});
+  AddBranches(node, BranchesOf(node, true, 0), {}, 0);
 }
 
 void TreeText::Add(const Group& group) {
   BeginTree();
-  mLines.push_back({{}, Heading(group), NoteOf(group)});
-  if (group.IsSingle) return AddRows(group.Nodes.front(), std::string(mGlyphs.Gap));
-  for (const Node& node : group.Nodes) AddNode(node, {}, &node == &group.Nodes.back());
+  Add({{}, Heading(group), NoteOf(group)});
+  if (group.IsSingle) return AddRows(group.Nodes[0], std::string(mGlyphs.Gap));
+  for (std::size_t at = 0; at < group.Nodes.Count(); ++at)
+    AddNode(group.Nodes[at], {}, at + 1 == group.Nodes.Count(), 1);
 }
 
-std::string TreeText::Text() {
-  if (mStyle.Columns > 0) ShortenPrefixes();
-  for (std::size_t first = 0; first < mLines.size();) {
-    std::size_t end = first + 1;
-    while (end < mLines.size() && mLines[end].Kind == mLines[first].Kind) ++end;
-    const std::size_t tailColumn = TailColumn(first, end);
-    for (; first < end; ++first) Write(mLines[first], tailColumn);
-  }
-  mLines.clear();
-  return std::exchange(mText, {});
-}
-
-void TreeText::ShortenPrefixes() {
-  for (Line& line : mLines) {
-    if (Width(line.Prefix) <= mStyle.Columns / 2) continue;
-    const std::size_t rest = mStyle.Columns / 2 - Width(mGlyphs.Ellipsis);
-    line.Prefix = std::string(mGlyphs.Ellipsis) + std::string(LastColumns(line.Prefix, rest));
-  }
+void TreeText::End() {
+  WriteLines();
+  mSink(std::exchange(mText, {}));
 }
 
 void TreeText::BeginTree() {
-  if (!mLines.empty()) mLines.push_back({});
+  if (std::exchange(mIsBegun, true)) Add(Line());
+}
+
+void TreeText::Add(Line line) {
+  if (!mLines.empty() && (mLines.back().Kind != line.Kind || mLines.size() == kMostAligned)) WriteLines();
+  if (mStyle.Columns > 0) ShortenPrefix(line.Prefix);
+  mLines.push_back(std::move(line));
+}
+
+void TreeText::ShortenPrefix(std::string& prefix) const {
+  if (Width(prefix) <= mStyle.Columns / 2) return;
+  const std::size_t rest = mStyle.Columns / 2 - Width(mGlyphs.Ellipsis);
+  prefix = std::string(mGlyphs.Ellipsis) + std::string(LastColumns(prefix, rest));
+}
+
+void TreeText::WriteLines() {
+  const std::size_t tailColumn = TailColumn();
+  for (const Line& line : mLines) Write(line, tailColumn);
+  mLines.clear();
+  constexpr std::size_t kPart = 65536;
+  if (mText.size() > kPart) mSink(std::exchange(mText, {}));
 }
 
 void TreeText::AddRows(const Node& node, const std::string& prefix) {
   const std::string* label = nullptr;
   StyledText values;
   const auto finishRow = [&] {
-    if (!values.empty()) mLines.push_back({prefix, {{*label, Tone::Quiet}}, Joined(values), kRow});
+    if (!values.empty()) Add({prefix, {{*label, Tone::Quiet}}, Joined(values), kRow});
     values.clear();
   };
   for (const Property& property : node.Properties) {
@@ -119,41 +130,41 @@ void TreeText::AddRows(const Node& node, const std::string& prefix) {
   finishRow();
 }
 
-void TreeText::AddNode(const Node& node, const std::string& prefix, bool isLast) {
+void TreeText::AddNode(const Node& node, const std::string& prefix, bool isLast, int level) {
   const bool isPlain = !node.IsExpanded && !HasBranches(node, true);
-  mLines.push_back({Connected(prefix, isLast), Title(node, isPlain ? Tone::Plain : Tone::Title),
-                    Joined(node.Summary),
-                    node.IsExpanded ? std::string_view() : std::string_view(node.Kind)});
+  Add({Connected(prefix, isLast), Title(node, isPlain ? Tone::Plain : Tone::Title), Joined(node.Summary),
+       node.IsExpanded ? std::string_view() : node.Kind});
   const std::string below = Below(prefix, isLast);
   const std::string rowPrefix = below + std::string(HasBranches(node, false) ? mGlyphs.Bar : mGlyphs.Gap);
   if (node.IsExpanded) AddRows(node, rowPrefix);
   for (const Group& group : node.Groups) {
-    if (group.IsBrief && !group.Nodes.empty())
-      mLines.push_back({rowPrefix, {{group.Name, Tone::Quiet}}, {{Printable(Names(group))}}, kRow});
+    if (group.IsBrief && !group.Nodes.IsEmpty())
+      Add({rowPrefix, {{group.Name, Tone::Quiet}}, {{Printable(Names(group))}}, kRow});
   }
-  AddBranches(node, BranchesOf(node, false), below);
+  AddBranches(node, BranchesOf(node, false, level), below, level);
 }
 
 void TreeText::AddBranches(const Node& node, const std::vector<const Group*>& groups,
-                           const std::string& prefix) {
-  std::size_t left = node.NotShown > 0 ? 1 : 0;
-  for (const Group* group : groups) left += group->Name.empty() ? group->Nodes.size() : 1;
+                           const std::string& prefix, int level) {
+  const std::size_t notShown = CountNotShown(node, level);
+  std::size_t left = notShown > 0 ? 1 : 0;
+  for (const Group* group : groups) left += group->Name.empty() ? group->Nodes.Count() : 1;
   for (const Group* groupAt : groups) {
     const Group& group = *groupAt;
     std::string below = prefix;
     if (!group.Name.empty()) {
       const bool isLast = --left == 0;
-      mLines.push_back({Connected(prefix, isLast), Heading(group), NoteOf(group)});
+      Add({Connected(prefix, isLast), Heading(group), NoteOf(group)});
       below = Below(prefix, isLast);
     }
-    for (const Node& child : group.Nodes) {
-      const bool isLast = group.Name.empty() ? --left == 0 : &child == &group.Nodes.back();
-      AddNode(child, below, isLast);
+    for (std::size_t at = 0; at < group.Nodes.Count(); ++at) {
+      const bool isLast = group.Name.empty() ? --left == 0 : at + 1 == group.Nodes.Count();
+      AddNode(group.Nodes[at], below, isLast, level + 1);
     }
   }
-  if (node.NotShown > 0) {
-    mLines.push_back({Connected(prefix, true),
-                      {{"deeper levels not shown (" + std::to_string(node.NotShown) + ")", Tone::Alarm}}});
+  if (notShown > 0) {
+    Add({Connected(prefix, true),
+         {{"deeper levels not shown (" + std::to_string(notShown) + ")", Tone::Alarm}}});
   }
 }
 
@@ -178,12 +189,11 @@ StyledText TreeText::Joined(const StyledText& facets) const {
   return joined;
 }
 
-std::size_t TreeText::TailColumn(std::size_t first, std::size_t end) const {
+std::size_t TreeText::TailColumn() const {
   const std::size_t most =
       mStyle.Columns == 0 ? kMostHeadColumns : std::min(kMostHeadColumns, mStyle.Columns / 2);
   std::size_t column = 0;
-  for (; first < end; ++first) {
-    const Line& line = mLines[first];
+  for (const Line& line : mLines) {
     const std::size_t width = Width(line.Prefix) + Width(line.Head) + 2;
     if (!line.Tail.empty() && width <= most) column = std::max(column, width);
   }

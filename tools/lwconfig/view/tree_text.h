@@ -21,14 +21,15 @@ struct TextStyle {
 /// are cut, values of properties wrapped.
 class TreeText {
  public:
-  explicit TreeText(const TextStyle& style);
+  TreeText(const TextStyle& style, Sink sink);
 
   /// Draws a node with all its properties and what is below it.
   void Add(const Node& node);
   /// Draws the nodes of a group below its heading.
   void Add(const Group& group);
-  /// What was drawn, a blank line between two additions.
-  std::string Text();
+  /// Hands everything drawn to the sink, a blank line between two additions; parts of it were handed over
+  /// before.
+  void End();
 
  private:
   struct Glyphs {
@@ -42,22 +43,31 @@ class TreeText {
   };
   static constexpr std::string_view kRow = "row";
 
+  /// The lines that are aligned with each other at most: the output begins before a long list is at its end.
+  static constexpr std::size_t kMostAligned = 1000;
+
   void BeginTree();
-  /// Leaves out the outermost levels of deep trees, so that half of a line is left for what stands in it.
-  void ShortenPrefixes();
+  void Add(Line line);
+  /// Leaves out the outermost levels of a deep tree, so that half of a line is left for what stands in it.
+  void ShortenPrefix(std::string& prefix) const;
+  /// Aligns and writes the lines collected.
+  void WriteLines();
   void AddRows(const Node& node, const std::string& prefix);
-  void AddNode(const Node& node, const std::string& prefix, bool isLast);
-  void AddBranches(const Node& node, const std::vector<const Group*>& groups, const std::string& prefix);
+  void AddNode(const Node& node, const std::string& prefix, bool isLast, int level);
+  void AddBranches(const Node& node, const std::vector<const Group*>& groups, const std::string& prefix,
+                   int level);
   std::string Below(const std::string& prefix, bool isLast) const;
   std::string Connected(const std::string& prefix, bool isLast) const;
   StyledText Joined(const StyledText& facets) const;
-  std::size_t TailColumn(std::size_t first, std::size_t end) const;
+  std::size_t TailColumn() const;
   void Write(const Line& line, std::size_t tailColumn);
   void WriteLine(StyledText text);
 
   const TextStyle mStyle;
   const Glyphs& mGlyphs;
-  std::vector<Line> mLines;
+  const Sink mSink;
+  std::vector<Line> mLines;  // neighbours of one kind that are not written yet
+  bool mIsBegun = false;
   std::string mText;
 };
 
