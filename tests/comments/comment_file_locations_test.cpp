@@ -1,4 +1,5 @@
 #include <tests/configuration.h>
+#include <tests/fixed_folders.h>
 
 #include <lwconfig/comments/comment_file_locations.h>
 #include <lwconfig/core/application_values.h>
@@ -14,6 +15,10 @@ using testing::Normal;
 class CommentFiles : public testing::ConfigurationTest {
  protected:
   CommentFileLocations Locations;
+
+ private:
+  testing::FixedFolders mFolders{Product(Folder.Path())};
+  platform::ScopedHost<platform::Folders> mFoldersScope{mFolders};
 };
 
 TEST_F(CommentFiles, MayStandInTheFrameworkFolder) {

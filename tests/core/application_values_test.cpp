@@ -1,8 +1,8 @@
 #include <tests/configuration.h>
+#include <tests/fixed_folders.h>
 
 #include <lwconfig/core/application_values.h>
 #include <lwconfig/core/registry_access.h>
-#include <lwconfig/platform/folders.h>
 #include <lwconfig/root.h>
 
 namespace lwconfig {
@@ -76,15 +76,9 @@ TEST_F(ApplicationValues, AFailingRegistryIsAnError) {
   EXPECT_EQ(ErrorOf([] { SetAppValue("a", "b", ""); }).Number(), kPermissionDenied);
 }
 
-class FixedFolders final : public platform::Folders {
- public:
-  std::string ShellFolder(std::int32_t) override { return {}; }
-  std::string WindowsFolder() override { return Windows; }
-  std::string Windows;
-};
-
-// In a process of its own, because the folder is found once for the life of a process.
+// In a process of its own, begun anew, because the folder is found once for the life of a process.
 TEST_F(ApplicationValues, TheNewestFrameworkFolderIsTheGreatestName) {
+  ::testing::FLAGS_gtest_death_test_style = "threadsafe";
   struct Row {
     std::vector<const char*> Entries;
     std::string Newest;
@@ -95,11 +89,10 @@ TEST_F(ApplicationValues, TheNewestFrameworkFolderIsTheGreatestName) {
                         {{"V4.0/x", "v2.0.50727/x"}, "v2.0.50727"},
                         {{"v2.0.50727/x", "x86/x"}, "x86"}}) {
     const auto chooses = [&] {
-      FixedFolders folders;
       const testing::TemporaryFolder windows;
-      folders.Windows = Product(windows.Path());
+      testing::FixedFolders folders(Product(windows.Path()));
       const platform::ScopedHost<platform::Folders> scope(folders);
-      const std::string base = folders.Windows + "\\Microsoft.NET\\Framework\\";
+      const std::string base = folders.WindowsFolder() + "\\Microsoft.NET\\Framework\\";
       for (const std::string entry : row.Entries) windows.Write("Microsoft.NET/Framework/" + entry, "");
       if (DotNetPath() != base + row.Newest + "\\") return 1;
       windows.Write("Microsoft.NET/Framework/zzz/x", "");
