@@ -37,9 +37,9 @@ void ReadAhead::ReadAll() {
   for (const DiskFile& file : mFiles) {
     Result result = Read(file);
     std::unique_lock lock(mMutex);
-    mChanged.wait(lock, [this] { return mStopped || mResults.size() < kAhead; });
+    mChanged.wait(lock, [this] { return mStopped || !mNext; });
     if (mStopped) return;
-    mResults.push_back(std::move(result));
+    mNext = std::move(result);
     mChanged.notify_all();
   }
 }
@@ -47,9 +47,8 @@ void ReadAhead::ReadAll() {
 ReadAhead::Result ReadAhead::Take() {
   if (!mReader.joinable()) return Read(mFiles[mTaken++]);
   std::unique_lock lock(mMutex);
-  mChanged.wait(lock, [this] { return !mResults.empty(); });
-  Result result = std::move(mResults.front());
-  mResults.pop_front();
+  mChanged.wait(lock, [this] { return mNext.has_value(); });
+  Result result = *std::exchange(mNext, std::nullopt);
   lock.unlock();
   mChanged.notify_all();
   return result;

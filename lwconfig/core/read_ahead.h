@@ -2,9 +2,9 @@
 
 #include <condition_variable>
 #include <cstddef>
-#include <deque>
 #include <exception>
 #include <mutex>
+#include <optional>
 #include <thread>
 #include <vector>
 
@@ -13,8 +13,8 @@
 
 namespace lwconfig {
 
-/// Reads and parses a list of files in order, a few of them ahead on a second thread, while the caller works
-/// through the ones before. Results, order and failures are those of reading one after the other.
+/// Reads and parses a list of files in order, the next one on a second thread, while the caller works through
+/// the one before. Results, order and failures are those of reading one after the other.
 class ReadAhead {
  public:
   explicit ReadAhead(std::vector<DiskFile> files);
@@ -35,12 +35,12 @@ class ReadAhead {
   void ReadAll();
   Result Take();
 
-  static constexpr std::size_t kAhead = 4;
-
   const std::vector<DiskFile> mFiles;
   std::mutex mMutex;
   std::condition_variable mChanged;
-  std::deque<Result> mResults;  // read and not yet taken
+  // Read and not yet taken. One is enough, since reading is quicker than working, and more documents at a
+  // time would no longer fit into the processor's cache.
+  std::optional<Result> mNext;
   bool mStopped = false;
   std::size_t mTaken = 0;  // without a second thread: how many were read
   std::thread mReader;     // last: it uses everything above
