@@ -249,11 +249,11 @@ TEST_F(XML, FailuresTellTheirPlaceInCharacters) {
 
 TEST_F(XML, AnAttributeThatIsGivenTwiceIsTold) {
   Write("twice.xml", "<a>\n<b Name='1' Other='' Name='2'/><b Name='3' NAME='4' More=''/></a>");
-  std::vector<std::string> names(2);
+  std::vector<std::string> names;
   ReadConfigurationFiles({DiskFile(ConfigFolder() + "\\twice.xml")},
                          [&](const DiskFile&, const XMLElement& root) {
-                           for (std::int32_t i = 0; i < 2; ++i)
-                             AttributeReader(root.Children().Item(i + 1)).Try("Name", names[i]);
+                           for (const XMLElement child : root.Children())
+                             AttributeReader(child).Require("Name", names.emplace_back());
                          });
   EXPECT_THAT(names, ElementsAre("1", "3"));
   ASSERT_EQ(Diagnostics.size(), 1U);
