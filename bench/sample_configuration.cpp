@@ -91,9 +91,10 @@ std::optional<platform::RegistryValue> ConfigPathRegistry::Read(platform::Hive, 
   if (name != "ConfigPath") return std::nullopt;
   return platform::RegistryValue{1, mConfigPath};
 }
-void ConfigPathRegistry::CreateKey(platform::Hive, std::string_view) {}
-void ConfigPathRegistry::Write(platform::Hive, std::string_view, std::string_view,
-                               const platform::RegistryValue&) {}
+std::optional<platform::RegistryKey> ConfigPathRegistry::List(platform::Hive, std::string_view) {
+  return platform::RegistryKey();
+}
+void ConfigPathRegistry::Apply(const std::vector<platform::RegistryChange>&) {}
 
 SampleConfiguration::SampleConfiguration(int templates) : mFolder(MakeTemporaryFolder()) {
   std::filesystem::create_directories(mFolder / "Namespaces");

@@ -17,9 +17,8 @@ class ConfigPathRegistry : public platform::Registry {
   explicit ConfigPathRegistry(std::string configPath) : mConfigPath(std::move(configPath)) {}
   std::optional<platform::RegistryValue> Read(platform::Hive hive, std::string_view key,
                                               std::string_view name) override;
-  void CreateKey(platform::Hive hive, std::string_view key) override;
-  void Write(platform::Hive hive, std::string_view key, std::string_view name,
-             const platform::RegistryValue& value) override;
+  std::optional<platform::RegistryKey> List(platform::Hive hive, std::string_view key) override;
+  void Apply(const std::vector<platform::RegistryChange>& changes) override;
 
  private:
   std::string mConfigPath;

@@ -39,13 +39,21 @@ class MemoryRegistry final : public platform::Registry {
     const auto found = mValues.find({hive, FoldCase(key), FoldCase(name)});
     return found == mValues.end() ? std::nullopt : std::optional(found->second);
   }
-  void CreateKey(Hive, std::string_view) override {
+  std::optional<platform::RegistryKey> List(Hive hive, std::string_view key) override {
     if (Fault) Fault();
+    platform::RegistryKey listed;
+    for (const auto& [id, value] : mValues) {
+      if (std::get<0>(id) == hive && std::get<1>(id) == FoldCase(key))
+        listed.Values.emplace_back(std::get<2>(id), value);
+    }
+    return listed;
   }
-  void Write(Hive hive, std::string_view key, std::string_view name,
-             const platform::RegistryValue& value) override {
+  void Apply(const std::vector<platform::RegistryChange>& changes) override {
     if (Fault) Fault();
-    mValues[{hive, FoldCase(key), FoldCase(name)}] = value;
+    for (const auto& [kind, hive, key, name, value] : changes) {
+      if (kind == platform::RegistryChange::Kinds::Value)
+        mValues[{hive, FoldCase(key), FoldCase(name)}] = value;
+    }
   }
 
   std::function<void()> Fault;

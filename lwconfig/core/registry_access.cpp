@@ -4,6 +4,7 @@
 #include <lwconfig/core/error.h>
 #include <lwconfig/core/registry_access.h>
 #include <lwconfig/platform/files.h>
+#include <lwconfig/platform/registry_text.h>
 #include <lwconfig/platform/service.h>
 
 namespace lwconfig {
@@ -12,16 +13,19 @@ namespace {
 using platform::Hive;
 using platform::RegistryValue;
 
+[[noreturn]] void ThrowDamage(std::int32_t number, const std::string& message,
+                              const platform::RegistryFormatError& damage) {
+  Error error(number, message + damage.what());
+  error.SetPosition({platform::Host<platform::Files>().ProductPath(damage.File), damage.Line, damage.Column});
+  throw error;
+}
+
 template <class Operation>
 auto OnHost(Operation operation) {
   try {
     return operation(platform::Host<platform::Registry>());
   } catch (const platform::RegistryFormatError& damage) {
-    Error error(kPathFileAccess,
-                std::string("The registry file is damaged and was left as it is: ") + damage.what());
-    error.SetPosition(
-        {platform::Host<platform::Files>().ProductPath(damage.File), damage.Line, damage.Column});
-    throw error;
+    ThrowDamage(kPathFileAccess, "The registry file is damaged and was left as it is: ", damage);
   } catch (const std::system_error& failure) {
     throw FileError(failure, {});
   }
@@ -47,9 +51,7 @@ std::string Hexadecimal(const std::vector<std::uint8_t>& bytes) {
 
 RegistryData RegistryAccess::GetValue(std::uint32_t hive, std::string_view keyPath,
                                       std::string_view valueName) const {
-  auto value = OnHost([&, checked = CheckedHive(hive)](auto& registry) {
-    return registry.Read(checked, keyPath, valueName);
-  });
+  auto value = Stored(hive, keyPath, valueName);
   if (!value) return {};
   if (auto* text = std::get_if<std::string>(&value->Data)) return std::move(*text);
   if (const auto* number = std::get_if<std::uint32_t>(&value->Data))
@@ -88,6 +90,33 @@ void RegistryAccess::SetValue(std::uint32_t hive, std::string_view keyPath, std:
   OnHost([&, checked = CheckedHive(hive)](auto& registry) {
     registry.Write(checked, keyPath, valueName, stored);
   });
+}
+
+std::optional<RegistryValue> RegistryAccess::Stored(std::uint32_t hive, std::string_view keyPath,
+                                                    std::string_view valueName) const {
+  return OnHost([&, checked = CheckedHive(hive)](auto& registry) {
+    return registry.Read(checked, keyPath, valueName);
+  });
+}
+
+std::optional<platform::RegistryKey> RegistryAccess::List(std::uint32_t hive,
+                                                          std::string_view keyPath) const {
+  return OnHost([&, checked = CheckedHive(hive)](auto& registry) { return registry.List(checked, keyPath); });
+}
+
+void RegistryAccess::Apply(const std::vector<platform::RegistryChange>& changes) const {
+  OnHost([&](auto& registry) { registry.Apply(changes); });
+}
+
+std::vector<platform::RegistryChange> RegistryAccess::ReadFile(std::string_view path) const {
+  auto& files = platform::Host<platform::Files>();
+  try {
+    return platform::ReadRegistryText(files.Read(path), files.NativePath(path));
+  } catch (const platform::RegistryFormatError& damage) {
+    ThrowDamage(kInvalidCall, "This is no registry file that can be used; nothing was changed: ", damage);
+  } catch (const std::system_error& failure) {
+    throw FileError(failure, path);
+  }
 }
 
 }  // namespace lwconfig

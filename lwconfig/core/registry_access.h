@@ -1,9 +1,11 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <variant>
+#include <vector>
 
 #include <lwconfig/platform/registry.h>
 
@@ -31,6 +33,16 @@ class RegistryAccess {
   /// 13 for data that the type cannot hold.
   void SetValue(std::uint32_t hive, std::string_view keyPath, std::string_view valueName,
                 const RegistryData& value, std::int32_t valueType) const;
+
+  /// A value as it is stored, or nothing where key or value are absent.
+  std::optional<platform::RegistryValue> Stored(std::uint32_t hive, std::string_view keyPath,
+                                                std::string_view valueName) const;
+  /// What the key holds, or nothing where there is no such key.
+  std::optional<platform::RegistryKey> List(std::uint32_t hive, std::string_view keyPath) const;
+  /// Makes the changes, in one step for each hive.
+  void Apply(const std::vector<platform::RegistryChange>& changes) const;
+  /// The changes that the registry-editor file at `path` asks for.
+  std::vector<platform::RegistryChange> ReadFile(std::string_view path) const;
 };
 
 inline constexpr std::uint32_t kCurrentUser = static_cast<std::uint32_t>(platform::Hive::CurrentUser);

@@ -5,6 +5,7 @@
 #include <stdexcept>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <variant>
 #include <vector>
 
@@ -21,6 +22,23 @@ struct RegistryValue {
   /// A string for the types 1 and 2, a number for type 4, the bytes as stored for every other type.
   std::variant<std::string, std::uint32_t, std::vector<std::uint8_t>> Data;
   friend bool operator==(const RegistryValue&, const RegistryValue&) = default;
+};
+
+/// What one key holds, each in name order without regard to letter case.
+struct RegistryKey {
+  /// The names of the keys in it.
+  std::vector<std::string> Keys;
+  std::vector<std::pair<std::string, RegistryValue>> Values;
+};
+
+/// One step of a change: that a key or a value shall be there, or not.
+struct RegistryChange {
+  enum class Kinds { Key, DeletedKey, Value, DeletedValue };
+  Kinds Kind = Kinds::Key;
+  Hive Root = Hive::CurrentUser;
+  std::string Key;
+  std::string Name;     // for values
+  RegistryValue Value;  // for `Value`
 };
 
 /// A registry file that cannot be understood. Nothing was changed.
@@ -44,11 +62,21 @@ class Registry {
   /// The value, or nothing where key or value are absent. The machine's keys are those that a 32-bit program
   /// sees: what "Software" lacks is looked for below "Software\WOW6432Node".
   virtual std::optional<RegistryValue> Read(Hive hive, std::string_view key, std::string_view name) = 0;
+  /// What the key holds, or nothing where there is no such key; "" is the hive itself, which is always there.
+  virtual std::optional<RegistryKey> List(Hive hive, std::string_view key) = 0;
+  /// Makes the changes, in their order, in one step for each hive, the machine's first. Keys that are missing
+  /// are created, a key is deleted with everything in it, what is not there need not be deleted. All else,
+  /// whoever wrote it, stays as it is. The changes are on disk when the call returns.
+  virtual void Apply(const std::vector<RegistryChange>& changes) = 0;
+
   /// Creates the key and its missing parents; an existing key is left alone.
-  virtual void CreateKey(Hive hive, std::string_view key) = 0;
-  /// Writes one value, creating its key when missing; every other value, whoever wrote it, stays as it is.
-  /// The value is on disk when the call returns.
-  virtual void Write(Hive hive, std::string_view key, std::string_view name, const RegistryValue& value) = 0;
+  void CreateKey(Hive hive, std::string_view key) {
+    Apply({{RegistryChange::Kinds::Key, hive, std::string(key), {}, {}}});
+  }
+  /// Writes one value, creating its key when missing.
+  void Write(Hive hive, std::string_view key, std::string_view name, const RegistryValue& value) {
+    Apply({{RegistryChange::Kinds::Value, hive, std::string(key), std::string(name), value}});
+  }
 };
 
 }  // namespace lwconfig::platform

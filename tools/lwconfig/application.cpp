@@ -13,7 +13,7 @@ namespace lwconfig::tool {
 namespace {
 
 constexpr std::array kCommands{AddShowCommand, AddOptionsCommand,  AddPhraseCommand, AddScrapCommand,
-                               AddLinkCommand, AddTemplateCommand, AddInitCommand};
+                               AddLinkCommand, AddTemplateCommand, AddInitCommand,   AddRegistryCommand};
 
 constexpr const char* kFooter = R"(Examples:
   lwconfig show                        everything
@@ -24,6 +24,7 @@ constexpr const char* kFooter = R"(Examples:
   lwconfig phrase VBTechDoc --compare  phrases that one language lacks
   lwconfig link System.Windows.Forms.Button --url
   lwconfig template clone VBTechDoc "House style" House
+  lwconfig registry import settings.reg
   lwconfig init ~/lexiwend             a configuration of one's own, to begin with
 
 Environment:

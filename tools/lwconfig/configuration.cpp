@@ -25,10 +25,10 @@ class FolderRegistry final : public platform::Registry {
                           EqualIgnoringCase(key, kProductKey);
     return isFolder ? RegistryValue{1, mFolder} : mHost.Read(hive, key, name);
   }
-  void CreateKey(Hive hive, std::string_view key) override { mHost.CreateKey(hive, key); }
-  void Write(Hive hive, std::string_view key, std::string_view name, const RegistryValue& value) override {
-    mHost.Write(hive, key, name, value);
+  std::optional<platform::RegistryKey> List(Hive hive, std::string_view key) override {
+    return mHost.List(hive, key);
   }
+  void Apply(const std::vector<platform::RegistryChange>& changes) override { mHost.Apply(changes); }
 
  private:
   platform::Registry& mHost;

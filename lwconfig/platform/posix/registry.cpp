@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <array>
 #include <cstdlib>
 #include <memory>
@@ -85,13 +86,15 @@ class NativeRegistry final : public Registry {
     return value != nullptr ? std::optional(*value) : std::nullopt;
   }
 
-  void CreateKey(Hive hive, std::string_view key) override {
-    if (const RegistryFile* file = Current(hive); file != nullptr && file->HasKey(key)) return;
-    Change(hive, [&](const RegistryFile& file) { return file.WithKey(key); });
+  std::optional<RegistryKey> List(Hive hive, std::string_view key) override {
+    if (const RegistryFile* file = Current(hive)) return file->List(key);
+    return key.empty() ? std::optional(RegistryKey()) : std::nullopt;
   }
 
-  void Write(Hive hive, std::string_view key, std::string_view name, const RegistryValue& value) override {
-    Change(hive, [&](const RegistryFile& file) { return file.WithValue(key, name, value); });
+  void Apply(const std::vector<RegistryChange>& changes) override {
+    for (const Hive hive : {Hive::LocalMachine, Hive::CurrentUser}) {
+      if (!IsDone(changes, hive)) Change(hive, changes);
+    }
   }
 
  private:
@@ -109,9 +112,18 @@ class NativeRegistry final : public Registry {
     return snapshot.Content.get();
   }
 
-  /// Puts `changed(file)` in the place of the hive's file, locked against every other writer.
-  template <class Changed>
-  void Change(Hive hive, Changed changed) {
+  /// Whether nothing is asked of this hive but keys that are there.
+  bool IsDone(const std::vector<RegistryChange>& changes, Hive hive) {
+    return std::ranges::all_of(changes, [&](const RegistryChange& change) {
+      if (change.Root != hive) return true;
+      if (change.Kind != RegistryChange::Kinds::Key) return false;
+      const RegistryFile* file = Current(hive);
+      return file != nullptr && file->HasKey(change.Key);
+    });
+  }
+
+  /// Makes the changes in the hive's file, locked against every other writer.
+  void Change(Hive hive, const std::vector<RegistryChange>& changes) {
     const std::string path = FileOf(hive);
     if (path.empty()) ThrowErrno("the registry of this user", ENOENT);
     MakeHostFolders(FolderOf(path));
@@ -119,7 +131,7 @@ class NativeRegistry final : public Registry {
     const Descriptor old(Uninterrupted([&] { return ::open(path.c_str(), O_RDONLY | O_CLOEXEC); }));
     if (!old.IsOpen() && errno != ENOENT) ThrowErrno(path);
     const RegistryFile file(old.IsOpen() ? ReadAll(old, path) : RegistryFile::EmptyText(), hive, path);
-    const std::string text = changed(file);
+    const std::string text = file.With(changes);
     if (old.IsOpen() && text == file.Text()) return;
     replacement->Write(text);
     replacement->Commit();

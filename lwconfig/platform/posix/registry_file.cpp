@@ -1,7 +1,10 @@
 #include "registry_file.h"
 
-#include <array>
+#include <algorithm>
 #include <optional>
+#include <set>
+#include <unordered_set>
+#include <utility>
 
 #include "descriptor.h"
 #include "registry_encoding.h"
@@ -10,43 +13,51 @@
 namespace lwconfig::platform {
 namespace {
 
-struct HiveName {
-  std::string_view Name;
-  Hive Number;
-};
-
-/// A hive's own name comes before its short form.
-constexpr std::array kHiveNames{
-    HiveName{"HKEY_LOCAL_MACHINE", Hive::LocalMachine},
-    HiveName{"HKEY_CURRENT_USER", Hive::CurrentUser},
-    HiveName{"HKLM", Hive::LocalMachine},
-    HiveName{"HKCU", Hive::CurrentUser},
-};
-
-std::string_view Trimmed(std::string_view key) {
-  while (key.starts_with('\\')) key.remove_prefix(1);
-  while (key.ends_with('\\')) key.remove_suffix(1);
-  return key;
-}
+using Kinds = RegistryChange::Kinds;
 
 /// The part of a whole key path below `hive`, or nothing when it belongs to another one.
 std::optional<std::string_view> KeyBelow(Hive hive, std::string_view path) {
   const std::string_view root = path.substr(0, path.find('\\'));
-  for (const HiveName& name : kHiveNames) {
-    if (name.Number == hive && EqualIgnoringCase(name.Name, root)) return Trimmed(path.substr(root.size()));
-  }
-  return std::nullopt;
+  if (HiveNamed(root) != hive) return std::nullopt;
+  return TrimmedKey(path.substr(root.size()));
 }
 
-std::string KeyLine(Hive hive, std::string_view key) {
-  std::string line = "[";
-  for (const HiveName& name : kHiveNames) {
-    if (name.Number != hive) continue;
-    line += name.Name;
-    break;
+/// Whether `key` is `ancestor` or lies below it.
+bool IsBelow(std::string_view key, std::string_view ancestor) {
+  const std::string folded = FoldCase(ancestor);
+  const std::string other = FoldCase(key);
+  return folded.empty() || other == folded || other.starts_with(folded + '\\');
+}
+
+bool IsBelowAny(std::string_view key, const std::vector<std::string_view>& ancestors) {
+  return std::ranges::any_of(ancestors, [key](std::string_view ancestor) { return IsBelow(key, ancestor); });
+}
+
+bool PrecedesIgnoringCase(std::string_view a, std::string_view b) {
+  return FoldCase(a) < FoldCase(b);
+}
+
+/// What remains to be done of the changes of one hive, in order: a later one outweighs an earlier one on the
+/// same key or value, and a deleted key all that was done to it before.
+std::vector<const RegistryChange*> LastWords(const std::vector<RegistryChange>& changes, Hive hive) {
+  std::vector<const RegistryChange*> last;
+  std::set<std::pair<std::string, std::optional<std::string>>> seen;
+  std::vector<std::string_view> deleted;
+  for (auto change = changes.rbegin(); change != changes.rend(); ++change) {
+    const std::string_view key = TrimmedKey(change->Key);
+    if (change->Root != hive || IsBelowAny(key, deleted)) continue;
+    if (key.find_first_of("\r\n") != std::string_view::npos) ThrowErrno(change->Key, EINVAL);
+    if (change->Kind == Kinds::DeletedKey) {
+      deleted.push_back(key);
+    } else {
+      std::optional<std::string> name;
+      if (change->Kind != Kinds::Key) name = FoldCase(change->Name);
+      if (!seen.emplace(FoldCase(key), std::move(name)).second) continue;
+    }
+    last.push_back(&*change);
   }
-  if (!key.empty()) line.append("\\").append(Utf8From8Bit(std::string(key)));
-  return line + "]";
+  std::ranges::reverse(last);
+  return last;
 }
 
 }  // namespace
@@ -57,7 +68,6 @@ RegistryFile::RegistryFile(std::string bytes, Hive hive, const std::string& path
   mIsOld = reader.IsOld();
   const std::size_t lineEnd = mText.find('\n');
   mLineBreak = lineEnd != std::string::npos && mText[lineEnd - 1] == '\r' ? "\r\n" : "\n";
-  using Kinds = RegistryStatement::Kinds;
   RegistryStatement statement;
   // The key that the values belong to; none below a key that is deleted or of another hive.
   std::optional<std::string_view> key;
@@ -89,50 +99,113 @@ std::string RegistryFile::EmptyText() {
 }
 
 bool RegistryFile::HasKey(std::string_view key) const {
-  return mKeys.contains(Trimmed(key));
+  return mKeys.contains(TrimmedKey(key));
 }
 
 const RegistryValue* RegistryFile::Find(std::string_view key, std::string_view name) const {
-  const auto found = mValues.find(Id{Trimmed(key), name});
+  const auto found = mValues.find(Id{TrimmedKey(key), name});
   return found == mValues.end() ? nullptr : &found->second.Value;
 }
 
-std::string RegistryFile::WithKey(std::string_view key) const {
-  const std::string_view trimmed = Trimmed(key);
-  if (mKeys.contains(trimmed)) return mText;
-  if (trimmed.find_first_of("\r\n") != std::string_view::npos) ThrowErrno(std::string(key), EINVAL);
-  std::string section = mText.ends_with('\n') ? "" : std::string(mLineBreak);
-  section.append(mLineBreak).append(KeyLine(mHive, trimmed)).append(mLineBreak);
-  return mText + section;
+std::optional<RegistryKey> RegistryFile::List(std::string_view key) const {
+  const std::string_view trimmed = TrimmedKey(key);
+  const std::string prefix = trimmed.empty() ? "" : FoldCase(trimmed) + '\\';
+  RegistryKey listed;
+  bool isThere = trimmed.empty() || mKeys.contains(trimmed);
+  for (const auto& entry : mKeys) {
+    // A key is there as soon as one below it is.
+    const std::string folded = FoldCase(entry.first);
+    if (!folded.starts_with(prefix) || folded.size() == prefix.size()) continue;
+    isThere = true;
+    const auto depth = static_cast<std::size_t>(std::ranges::count(prefix, '\\'));
+    std::string_view name = entry.first;
+    for (std::size_t level = 0; level < depth; ++level) name.remove_prefix(name.find('\\') + 1);
+    listed.Keys.emplace_back(name.substr(0, name.find('\\')));
+  }
+  if (!isThere) return std::nullopt;
+  std::ranges::sort(listed.Keys, PrecedesIgnoringCase);
+  const auto [first, last] = std::ranges::unique(listed.Keys, EqualIgnoringCase);
+  listed.Keys.erase(first, last);
+  for (const auto& [id, entry] : mValues) {
+    if (EqualIgnoringCase(id.Key, trimmed)) listed.Values.emplace_back(id.Name, entry.Value);
+  }
+  std::ranges::sort(listed.Values, PrecedesIgnoringCase, [](const auto& value) { return value.first; });
+  return listed;
 }
 
-std::string RegistryFile::WithValue(std::string_view key, std::string_view name,
-                                    const RegistryValue& value) const {
-  const std::string_view trimmed = Trimmed(key);
-  const std::string data = RegistryData(value, mIsOld, mLineBreak);
-  if (const auto found = mValues.find(Id{trimmed, name}); found != mValues.end()) {
-    const Entry& entry = found->second;
-    return entry.Value == value ? mText : Inserted(entry.DataBegin, entry.DataEnd, data);
+std::string RegistryFile::With(const std::vector<RegistryChange>& changes) const {
+  const auto last = LastWords(changes, mHive);
+  std::vector<std::string_view> deletedKeys;
+  std::unordered_set<Id, Hash, Equal> deletedValues;
+  for (const RegistryChange* change : last) {
+    if (change->Kind == Kinds::DeletedKey) deletedKeys.push_back(TrimmedKey(change->Key));
+    if (change->Kind == Kinds::DeletedValue) deletedValues.insert({TrimmedKey(change->Key), change->Name});
   }
-  const std::string line = RegistryName(name) + "=" + data;
-  if (const auto found = mKeys.find(trimmed); found != mKeys.end()) {
-    return Inserted(found->second, found->second, std::string(mLineBreak) + line);
+  std::vector<Edit> edits;
+  if (!deletedKeys.empty() || !deletedValues.empty()) {
+    edits = Deletions([&](std::string_view key, const std::string* name) {
+      return (name != nullptr && deletedValues.contains(Id{key, *name})) || IsBelowAny(key, deletedKeys);
+    });
   }
-  return WithKey(key).append(line).append(mLineBreak);
+  std::string sections;
+  std::optional<std::string_view> open;  // the key that the last of the sections is for
+  for (const RegistryChange* change : last) {
+    const bool isValue = change->Kind == Kinds::Value;
+    if (!isValue && change->Kind != Kinds::Key) continue;
+    const std::string_view key = TrimmedKey(change->Key);
+    const auto known = IsBelowAny(key, deletedKeys) ? mKeys.end() : mKeys.find(key);
+    if (known == mKeys.end() && !(open && EqualIgnoringCase(*open, key))) {
+      sections.append(mLineBreak).append(RegistryKeyLine(mHive, key)).append(mLineBreak);
+      open = key;
+    }
+    if (!isValue) continue;
+    const std::string data = RegistryData(change->Value, mIsOld, mLineBreak);
+    const std::string line = RegistryName(change->Name) + "=" + data;
+    const auto old = mValues.find(Id{key, change->Name});
+    if (known == mKeys.end()) {
+      sections.append(line).append(mLineBreak);
+    } else if (old == mValues.end()) {
+      edits.push_back({known->second, known->second, std::string(mLineBreak) + line});
+    } else if (old->second.Value != change->Value) {
+      edits.push_back({old->second.DataBegin, old->second.DataEnd, data});
+    }
+  }
+  if (!sections.empty() && !mText.ends_with('\n')) sections.insert(0, mLineBreak);
+  return Edited(std::move(edits)) + sections;
+}
+
+template <class IsDeleted>
+std::vector<RegistryFile::Edit> RegistryFile::Deletions(IsDeleted isDeleted) const {
+  std::vector<Edit> edits;
+  RegistryReader reader(mText, {});
+  RegistryStatement statement;
+  std::optional<std::string_view> key;
+  while (reader.Next(statement)) {
+    const bool isValue = statement.Kind == Kinds::Value || statement.Kind == Kinds::DeletedValue;
+    if (!isValue) key = KeyBelow(mHive, statement.Key);
+    if (!key || !isDeleted(*key, isValue ? &statement.Name : nullptr)) continue;
+    // With the line break before, so that what is added at the statement's end has a line of its own.
+    std::size_t begin = mText.rfind('\n', statement.Begin);
+    if (begin > 0 && mText[begin - 1] == '\r') --begin;
+    edits.push_back({begin, statement.End, {}});
+  }
+  return edits;
+}
+
+std::string RegistryFile::Edited(std::vector<Edit> edits) const {
+  std::ranges::stable_sort(edits, {}, &Edit::Begin);
+  std::string text;
+  std::size_t position = 0;
+  for (const Edit& edit : edits) {
+    text.append(mText, position, edit.Begin - position).append(edit.Text);
+    position = edit.End;
+  }
+  return text.append(mText, position);
 }
 
 void RegistryFile::Forget(std::string_view key) {
-  const std::string folded = FoldCase(key);
-  const auto isBelow = [&](std::string_view candidate) {
-    const std::string other = FoldCase(candidate);
-    return folded.empty() || other == folded || other.starts_with(folded + '\\');
-  };
-  std::erase_if(mKeys, [&](const auto& entry) { return isBelow(entry.first); });
-  std::erase_if(mValues, [&](const auto& entry) { return isBelow(entry.first.Key); });
-}
-
-std::string RegistryFile::Inserted(std::size_t begin, std::size_t end, std::string_view text) const {
-  return std::string(mText, 0, begin).append(text).append(mText, end);
+  std::erase_if(mKeys, [key](const auto& entry) { return IsBelow(entry.first, key); });
+  std::erase_if(mValues, [key](const auto& entry) { return IsBelow(entry.first.Key, key); });
 }
 
 }  // namespace lwconfig::platform

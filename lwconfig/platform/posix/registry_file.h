@@ -1,9 +1,11 @@
 #pragma once
 
 #include <cstddef>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <unordered_map>
+#include <vector>
 
 #include <lwconfig/platform/letter_case.h>
 #include <lwconfig/platform/registry.h>
@@ -28,9 +30,11 @@ class RegistryFile {
   /// The value, null where it is absent; owned by this object.
   const RegistryValue* Find(std::string_view key, std::string_view name) const;
 
-  /// The text with the key, or with the value, added or changed; everything else stays byte for byte.
-  std::string WithKey(std::string_view key) const;
-  std::string WithValue(std::string_view key, std::string_view name, const RegistryValue& value) const;
+  /// As `Registry::List`.
+  std::optional<RegistryKey> List(std::string_view key) const;
+
+  /// The text with those of the changes made that are for this hive; everything else stays byte for byte.
+  std::string With(const std::vector<RegistryChange>& changes) const;
 
  private:
   struct Id {
@@ -62,8 +66,19 @@ class RegistryFile {
     }
   };
 
+  /// A part of the text with what takes its place.
+  struct Edit {
+    std::size_t Begin;
+    std::size_t End;
+    std::string Text;
+  };
+
   void Forget(std::string_view key);
-  std::string Inserted(std::size_t begin, std::size_t end, std::string_view text) const;
+  /// The removal of each statement for which `isDeleted(key, name)`, with null for the name of a key.
+  template <class IsDeleted>
+  std::vector<Edit> Deletions(IsDeleted isDeleted) const;
+  /// The text with the edits made, which do not overlap.
+  std::string Edited(std::vector<Edit> edits) const;
 
   std::string mText;
   Hive mHive;

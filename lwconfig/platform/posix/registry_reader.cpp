@@ -34,6 +34,7 @@ RegistryReader::RegistryReader(std::string_view text, std::string file)
 bool RegistryReader::Next(RegistryStatement& statement) {
   SkipToStatement();
   if (AtEnd()) return false;
+  statement.Begin = mPosition;
   if (Take('[')) {
     ReadKey(statement);
   } else if (At('@') || At('"')) {

@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -16,12 +17,13 @@ inline constexpr std::string_view kOldRegistryHeader = "REGEDIT4";
 
 /// One statement of a registry file with its place in the text.
 struct RegistryStatement {
-  enum class Kinds { Key, DeletedKey, Value, DeletedValue };
+  using Kinds = RegistryChange::Kinds;
   Kinds Kind = Kinds::Key;
   /// The whole path of a key, beginning with its hive; part of the text that is read.
   std::string_view Key;
   std::string Name;
   RegistryValue Value;
+  std::size_t Begin = 0;
   std::size_t DataBegin = 0;
   std::size_t DataEnd = 0;
   /// Where the statement's last line ends, before its line break.
@@ -39,6 +41,8 @@ class RegistryReader {
   bool IsOld() const { return mIsOld; }
   /// Reads the next statement into `statement`; false at the end.
   bool Next(RegistryStatement& statement);
+  /// Throws the error that something is wrong at `position`.
+  [[noreturn]] void FailAt(std::size_t position, const std::string& message) const;
 
  private:
   bool AtEnd() const { return mPosition == mText.size(); }
@@ -58,7 +62,6 @@ class RegistryReader {
   std::uint32_t ReadHexNumber(int mostDigits);
   std::string ReadBytes();
   RegistryValue ValueOf(std::uint32_t type, const std::string& bytes) const;
-  [[noreturn]] void FailAt(std::size_t position, const std::string& message) const;
   [[noreturn]] void Expected(const std::string& what) const;
 
   std::string_view mText;
@@ -68,6 +71,12 @@ class RegistryReader {
   bool mBelowKey = false;
 };
 
+/// The hive with this name, in its long or its short form.
+std::optional<Hive> HiveNamed(std::string_view name);
+/// The path of a key without separators at its ends.
+std::string_view TrimmedKey(std::string_view key);
+/// The line that begins a key.
+std::string RegistryKeyLine(Hive hive, std::string_view key);
 /// The form in which a registry file holds a name.
 std::string RegistryName(std::string_view name);
 /// The form in which a registry file, of the older version or not, holds a value.

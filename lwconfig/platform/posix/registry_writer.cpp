@@ -1,6 +1,8 @@
 #include <array>
 #include <charconv>
 
+#include <lwconfig/platform/registry_text.h>
+
 #include "registry_encoding.h"
 #include "registry_syntax.h"
 
@@ -49,6 +51,12 @@ std::string HexData(std::uint32_t type, const Bytes& bytes, std::string_view lin
 }
 
 }  // namespace
+
+std::string RegistryKeyLine(Hive hive, std::string_view key) {
+  std::string line = "[" + std::string(HiveName(hive));
+  if (!key.empty()) line.append("\\").append(Utf8From8Bit(std::string(key)));
+  return line + "]";
+}
 
 std::string RegistryName(std::string_view name) {
   return name.empty() ? "@" : Quoted(name);

@@ -1,7 +1,11 @@
 #pragma once
 
+#include <cstddef>
+#include <string>
+
 #include <CLI/App.hpp>
 #include <tools/lwconfig/reporter.h>
+#include <tools/lwconfig/view/tree_text.h>
 
 namespace lwconfig::tool {
 
@@ -13,10 +17,20 @@ void AddScrapCommand(CLI::App& app, Reporter& reporter);
 void AddLinkCommand(CLI::App& app, Reporter& reporter);
 void AddTemplateCommand(CLI::App& app, Reporter& reporter);
 void AddInitCommand(CLI::App& app, Reporter& reporter);
+void AddRegistryCommand(CLI::App& app, Reporter& reporter);
+
+/// How a command is to lay out and colour what it prints.
+struct StyleOptions {
+  std::string Colour = "auto";
+  std::size_t Columns = 0;
+  TextStyle Style() const;
+};
 
 /// Adds the option that names the configuration folder.
 void AddConfigurationOption(CLI::App& command, std::string& folder);
 /// Adds the option that asks for JSON.
 void AddJsonOption(CLI::App& command, bool& isJson);
+/// Adds the options for colours and width.
+void AddStyleOptions(CLI::App& command, StyleOptions& style);
 
 }  // namespace lwconfig::tool

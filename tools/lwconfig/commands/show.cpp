@@ -17,12 +17,8 @@ struct ShowOptions {
   std::string What;
   std::string Folder;
   bool IsJson = false;
-  std::string Colour = "auto";
-  std::size_t Columns = 0;
+  StyleOptions Style;
 };
-
-constexpr std::size_t kLeastColumns = 20;
-constexpr std::size_t kMostColumns = 10000;
 
 constexpr const char* kFooter =
     R"(WHAT names a part of the configuration, one level after the other, letter case ignored:
@@ -96,8 +92,7 @@ void Show(const ShowOptions& options, Reporter& reporter) {
   }
   const Sink output = OutputSink(reporter);
   if (options.IsJson) return WriteJson(found.Targets, output);
-  const auto style = OutputStyle(options.Colour, options.Columns);
-  Draw(only != nullptr ? found.Targets : SectionsOf(found.Targets), style, output);
+  Draw(only != nullptr ? found.Targets : SectionsOf(found.Targets), options.Style.Style(), output);
 }
 
 }  // namespace
@@ -120,12 +115,7 @@ void AddShowCommand(CLI::App& app, Reporter& reporter) {
   show.add_option("WHAT", options->What, "the part to show; everything when left out")->type_name("");
   AddConfigurationOption(show, options->Folder);
   AddJsonOption(show, options->IsJson);
-  show.add_option("--color", options->Colour, "auto (on a terminal), always or never")
-      ->option_text("WHEN")
-      ->check(CLI::IsMember({"auto", "always", "never"}));
-  show.add_option("--width", options->Columns, "columns to fit lines into; else those of the terminal")
-      ->option_text("N")
-      ->check(CLI::Range(kLeastColumns, kMostColumns));
+  AddStyleOptions(show, options->Style);
   show.callback([options, &reporter] { Show(*options, reporter); });
 }
 

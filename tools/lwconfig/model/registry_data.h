@@ -1,0 +1,32 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include <tools/lwconfig/view/json.h>
+
+#include <lwconfig/platform/registry.h>
+
+namespace lwconfig::tool {
+
+/// The name of a value's type, such as "sz"; the number of a type without a name.
+std::string RegistryTypeName(std::uint32_t type);
+/// The number of the type with this name, letter case ignored, "reg_" before it allowed.
+std::optional<std::uint32_t> RegistryTypeOf(std::string_view name);
+/// The names of the types that `RegistryValueOf` makes.
+std::vector<std::string> RegistryTypeNames();
+
+/// The value of that type that the texts stand for; nothing where they stand for none. A "multi" takes any
+/// number of texts, every other type one: a number is decimal or begins with 0x, "binary" is pairs of
+/// hexadecimal digits.
+std::optional<platform::RegistryValue> RegistryValueOf(std::uint32_t type,
+                                                       const std::vector<std::string>& texts);
+
+/// The data in the form that `RegistryValueOf` takes; the texts of a "multi" in one line each.
+std::string RegistryDataText(const platform::RegistryValue& value);
+/// A number, a list of texts, or a text.
+Json RegistryDataJson(const platform::RegistryValue& value);
+
+}  // namespace lwconfig::tool
