@@ -5,6 +5,7 @@
 
 #include <lwconfig/core/damaged_files.h>
 #include <lwconfig/core/disk_file.h>
+#include <lwconfig/core/progress.h>
 #include <lwconfig/core/read_ahead.h>
 #include <lwconfig/core/xml_document.h>
 
@@ -37,7 +38,7 @@ void ReadConfigurationFiles(const std::vector<DiskFile>& files, Use use) {
   std::size_t read = 0;
   try {
     for (const DiskFile& file : files) {
-      ++read;
+      TellProgress({file, read++, files.size()});
       UseDocument(file, documents.Next(), use);
     }
   } catch (const Error&) {

@@ -2,6 +2,7 @@
 #include <cstdio>
 
 #include <tools/lwconfig/reporter.h>
+#include <tools/lwconfig/terminal.h>
 #include <tools/lwconfig/view/styled_text.h>
 #include <tools/lwconfig/view/tree_path.h>
 
@@ -11,10 +12,6 @@ namespace lwconfig::tool {
 namespace {
 
 constexpr std::size_t kNamesListed = 30;
-
-void WriteLine(const std::string& text) {
-  std::fputs((text + "\n").c_str(), stderr);
-}
 
 /// A path in the product's notation as the host has it; a failure of the host's own names the host's path.
 std::string HostPath(const std::string& path) {
@@ -39,11 +36,25 @@ bool IsFileError(std::int32_t number) {
 Reporter::Reporter()
     : mPreviousDiagnosticHandler(SetDiagnosticHandler([this](const Diagnostic& told) { Warn(told); })),
       mPreviousMessageBoxHandler(
-          platform::SetMessageBoxHandler([this](const platform::Message& shown) { Warn(shown); })) {}
+          platform::SetMessageBoxHandler([this](const platform::Message& shown) { Warn(shown); })),
+      mPreviousProgressHandler(SetProgressHandler({})),
+      mProgress(ErrorTerminal()) {
+  if (mProgress) SetProgressHandler([this](const Progress& told) { mProgress->Show(told); });
+}
 
 Reporter::~Reporter() {
   SetDiagnosticHandler(std::move(mPreviousDiagnosticHandler));
   platform::SetMessageBoxHandler(std::move(mPreviousMessageBoxHandler));
+  SetProgressHandler(std::move(mPreviousProgressHandler));
+}
+
+void Reporter::WriteLine(const std::string& text) {
+  EraseProgress();
+  std::fputs((text + "\n").c_str(), stderr);
+}
+
+void Reporter::EraseProgress() {
+  if (mProgress) mProgress->Erase();
 }
 
 void Reporter::Note(std::string_view text) {

@@ -1,8 +1,11 @@
 #pragma once
 
+#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
+
+#include <tools/lwconfig/progress_line.h>
 
 #include <lwconfig/core/diagnostics.h>
 #include <lwconfig/core/error.h>
@@ -13,7 +16,8 @@ namespace lwconfig::tool {
 enum class ExitStatus { Done = 0, NotFound = 1, Usage = 2, Invalid = 3, InputOutput = 4 };
 
 /// Tells the user on standard error what went wrong, one line each, and keeps the exit status: the highest of
-/// those that apply. While it lives, the library's warnings and message boxes come here.
+/// those that apply. While it lives, the library's warnings and message boxes come here, and its progress
+/// where standard error is a terminal.
 class Reporter {
  public:
   Reporter();
@@ -33,15 +37,21 @@ class Reporter {
   /// Raises the exit status and tells nothing.
   void Raise(ExitStatus status);
 
+  /// Makes the terminal ready for output.
+  void EraseProgress();
+
   ExitStatus Status() const { return mStatus; }
 
  private:
+  void WriteLine(const std::string& text);
   void Warn(const Diagnostic& diagnostic);
   void Warn(const platform::Message& message);
 
   ExitStatus mStatus = ExitStatus::Done;
   DiagnosticHandler mPreviousDiagnosticHandler;
   platform::MessageBoxHandler mPreviousMessageBoxHandler;
+  ProgressHandler mPreviousProgressHandler;
+  std::unique_ptr<ProgressLine> mProgress;  // null where nobody would see it
 };
 
 }  // namespace lwconfig::tool

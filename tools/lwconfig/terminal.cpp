@@ -1,5 +1,6 @@
 #include <algorithm>
 #include <cerrno>
+#include <cstdio>
 #include <cstdlib>
 #include <cstring>
 #include <string>
@@ -31,17 +32,18 @@ bool IsUnicodeLocale() {
   return false;
 }
 
-std::size_t TerminalColumns() {
+std::size_t TerminalColumns(int descriptor) {
   const auto named = std::strtoul(std::string(Environment("COLUMNS")).c_str(), nullptr, 10);
   if (named >= kLeastColumns) return named;
   winsize size{};
-  if (::ioctl(STDOUT_FILENO, TIOCGWINSZ, &size) == 0 && size.ws_col > 0)
+  if (::ioctl(descriptor, TIOCGWINSZ, &size) == 0 && size.ws_col > 0)
     return std::max<std::size_t>(size.ws_col, kLeastColumns);
   return kDefaultColumns;
 }
 
 /// Whether all could be written.
 bool WriteAll(std::string_view text, Reporter& reporter) {
+  reporter.EraseProgress();
   while (!text.empty()) {
     const auto written = ::write(STDOUT_FILENO, text.data(), text.size());
     if (written >= 0) {
@@ -65,11 +67,21 @@ TextStyle OutputStyle(std::string_view colour, std::size_t columns) {
   const bool mayColour = isTerminal && Environment("NO_COLOR").empty() && Environment("TERM") != "dumb";
   const auto depth = Environment("COLORTERM");
   TextStyle style;
-  style.Columns = columns != 0 ? columns : isTerminal ? TerminalColumns() : 0;
+  style.Columns = columns != 0 ? columns : isTerminal ? TerminalColumns(STDOUT_FILENO) : 0;
   style.IsUnicode = IsUnicodeLocale();
   style.IsColoured = colour == "always" || (colour == "auto" && mayColour);
   style.IsTrueColour = style.IsColoured && (depth == "truecolor" || depth == "24bit");
   return style;
+}
+
+std::unique_ptr<ProgressLine> ErrorTerminal() {
+  if (::isatty(STDERR_FILENO) != 1 || Environment("TERM") == "dumb") return nullptr;
+  const auto write = [](std::string_view text) {
+    std::fwrite(text.data(), 1, text.size(), stderr);
+    std::fflush(stderr);
+  };
+  return std::make_unique<ProgressLine>(ProgressLine::Terminal{
+      write, std::chrono::steady_clock::now, TerminalColumns(STDERR_FILENO), IsUnicodeLocale()});
 }
 
 void WriteOutput(std::string_view text, Reporter& reporter) {

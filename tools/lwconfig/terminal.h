@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <memory>
 #include <string_view>
 
 #include <tools/lwconfig/reporter.h>
@@ -11,6 +12,9 @@ namespace lwconfig::tool {
 /// What standard output can show. `colour` is "auto", "always" or "never"; `columns`, where it is not 0, is
 /// taken instead of the width of the terminal.
 TextStyle OutputStyle(std::string_view colour, std::size_t columns);
+
+/// The progress line on standard error; null where that is no terminal that can rewrite a line.
+std::unique_ptr<ProgressLine> ErrorTerminal();
 
 /// Writes to standard output, in full. A failure is reported, but not that the reader has gone: that only
 /// raises the exit status.
