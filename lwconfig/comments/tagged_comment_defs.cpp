@@ -29,6 +29,8 @@ std::string BetweenCommas(std::string_view text) {
 void TaggedCommentDefs::Load() {
   mCol.Clear();
   if (DiskFile(StandardFile()).Exists()) {
+    // A failure among the custom definitions leaves these unread.
+    NoteDamage(DiskFile(StandardFile()), true);
     LoadFrom(CustomFile());
     LoadFrom(StandardFile());
   } else {

@@ -15,7 +15,6 @@ namespace lwconfig {
 template <class Use>
 void UseDocument(const DiskFile& file, XMLDocument document, Use& use) {
   const bool isDamaged = !document.ParseFailure().empty() && file.Exists();
-  NoteDamage(file, isDamaged);
   if (isDamaged) document.TellParseFailure();
   const XMLElement root = document.RootElement();
   try {
@@ -24,6 +23,7 @@ void UseDocument(const DiskFile& file, XMLDocument document, Use& use) {
     failure.SetPosition(root.Position());
     throw;
   }
+  NoteDamage(file, isDamaged);
 }
 
 /// Tells the diagnostics handler, where reading the list of files ended early, how many were not read.
@@ -39,6 +39,7 @@ void ReadConfigurationFiles(const std::vector<DiskFile>& files, Use use) {
   try {
     for (const DiskFile& file : files) {
       TellProgress({file, read++, files.size()});
+      NoteDamage(file, true);  // until it has been used to its end
       UseDocument(file, documents.Next(), use);
     }
   } catch (const Error&) {

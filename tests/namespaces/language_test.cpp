@@ -26,29 +26,19 @@ constexpr std::string_view kWords =
     "ReturnTypePrefix ArraySymbol VoidTypeName ParamArray Function Sub ReadOnlyProperty WriteOnlyProperty "
     "ReadWriteProperty MustInherit NotInheritable ReadOnlyField";
 
-/// A language element whose words are their attributes' names and a blank, without the one named.
-std::string Element(const std::string& name, const std::string& inside = {}, const std::string& more = {},
-                    const std::string& without = {}) {
+/// A language element whose words are their attributes' names and a blank.
+std::string Element(const std::string& name, const std::string& inside = {}, const std::string& more = {}) {
   std::string element = "<Language";
   for (const auto word : Split(kWords, " ")) {
-    if (word != without)
-      element.append(" ").append(word) += "='" + (word == "Name" ? name : std::string(word) + " ") + "'";
+    element.append(" ").append(word) += "='" + (word == "Name" ? name : std::string(word) + " ") + "'";
   }
   return element + " " + more + ">" + inside + "</Language>";
 }
 
-TEST(Language, NeedsEveryWord) {
-  std::string read;
-  for (const auto missing : Split(kWords, " ")) {
-    Language language;
-    const auto load = [&] { language.Load(Parse(Element("Name ", "", "", std::string(missing)))); };
-    EXPECT_EQ(ErrorOf(load).Number(), kInvalidCall) << missing;
-    EXPECT_EQ(WordsOf(language), read);
-    read.append(missing) += ' ';
-  }
+TEST(Language, ReadsEveryWord) {
   Language language;
   language.Load(Parse(Element("Name ")));
-  EXPECT_EQ(WordsOf(language), read);
+  EXPECT_EQ(WordsOf(language), std::string(kWords) + " ");
   EXPECT_EQ(language.ParameterDelimiter, ",");
   EXPECT_FALSE(language.IncludeByDefault);
   language.Load(Parse(Element("N", "",
@@ -91,14 +81,10 @@ TEST_F(LanguageFile, IsSharedOnceLoaded) {
   const auto none = Languages::Shared();
   EXPECT_EQ(ErrorOf([&] { none->Item("VB"); }).Number(), kInvalidCall);
   EXPECT_EQ(ErrorOf([&] { none->Item(1); }).Number(), kSubscriptOutOfRange);
-  Write("languages.xml",
-        "<x>\n" + Element("VB") + "<LANGUAGE/>" + Element("C#") + "\n" + Element("vb") + "</x>");
+  Write("languages.xml", "<x>\n" + Element("VB") + "<LANGUAGE/>" + Element("C#") + "</x>");
   EXPECT_EQ(Languages::Shared(), none);
   EXPECT_EQ(none->Count(), 0);
   ResetSharedSlots();
-  const auto failure = ErrorOf([] { Languages::Shared(); });
-  EXPECT_EQ(failure.Number(), kDuplicateKey);
-  EXPECT_THAT(failure.what(), ::testing::HasSubstr("\\languages.xml:3:2: "));
   const auto languages = Languages::Shared();
   EXPECT_THAT(Each(*languages, &Language::Name), ElementsAre("VB", "C#"));
   EXPECT_EQ(languages->Item("c#")->Name, "C#");

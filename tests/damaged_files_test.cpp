@@ -1,0 +1,287 @@
+#include <filesystem>
+#include <functional>
+#include <memory>
+
+#include <tests/configuration.h>
+
+#include <lwconfig/comments/comment_file_locations.h>
+#include <lwconfig/comments/model_comment_profiles.h>
+#include <lwconfig/comments/tagged_comment_defs.h>
+#include <lwconfig/core/application_values.h>
+#include <lwconfig/externaldocs/external_docs.h>
+#include <lwconfig/namespaces/language.h>
+#include <lwconfig/templates/page_template.h>
+
+namespace lwconfig {
+namespace {
+
+using testing::Each;
+using testing::ErrorOf;
+using testing::Texts;
+using Names = std::vector<std::string>;
+
+/// What reads a file, the names of the items that it then holds, and what writes the file again, if anything.
+struct Reader {
+  std::function<void()> Load;
+  std::function<Names()> Loaded;
+  std::function<void()> Save = [] {};
+};
+
+template <class Set, class Load, class Save, class Name>
+Reader ReaderOf(Load load, Save save, Name name) {
+  const auto set = std::make_shared<Set>();
+  return {[=] { ((*set).*load)(); }, [=] { return Each(*set, name); }, [=] { ((*set).*save)(); }};
+}
+
+Reader OpenTaggedComments() {
+  return ReaderOf<TaggedCommentDefs>(&TaggedCommentDefs::Load, &TaggedCommentDefs::Save,
+                                     &TaggedCommentDef::TagIdentifier);
+}
+Reader OpenModelComments() {
+  return ReaderOf<ModelComments>(&ModelComments::LoadGlobal, &ModelComments::SaveToGlobal,
+                                 &ModelComment::MemberName);
+}
+/// The names are those of the comments in the profiles that could be loaded.
+Reader OpenProfiles() {
+  const auto profiles = std::make_shared<ModelCommentProfiles>();
+  const auto names = [=] {
+    Names all;
+    for (const auto& profile : *profiles) {
+      for (const auto& comment : *profile) all.push_back(comment->MemberName);
+    }
+    return all;
+  };
+  return {[=] { profiles->Load(); }, names, [=] { profiles->Save(); }};
+}
+Reader OpenCommentFiles() {
+  return ReaderOf<CommentFileLocations>(&CommentFileLocations::Load, &CommentFileLocations::Save,
+                                        &CommentFileLocation::AssemblyFileName);
+}
+Reader OpenDocs() {
+  return ReaderOf<ExternalDocs>(&ExternalDocs::Load, &ExternalDocs::Save, &ExternalDoc::NamespaceName);
+}
+Reader OpenLanguages() {
+  return {[] { Languages::Shared(); }, [] { return Each(*Languages::Shared(), &Language::Name); }};
+}
+template <const std::shared_ptr<Collection>& (PageTemplate::*Entries)() const>
+Reader OpenTexts() {
+  const auto pageTemplate = std::make_shared<PageTemplate>();
+  pageTemplate->RootFolder = ConfigPath() + "\\Templates\\T\\";
+  const auto names = [=] {
+    const auto& texts = *((*pageTemplate).*Entries)();
+    Names keys;
+    for (std::int32_t position = 1; position <= texts.Count(); ++position)
+      keys.push_back(texts.KeyAt(position));
+    return keys;
+  };
+  return {[=] { pageTemplate->LoadPhrasesAndScraps("L"); }, names};
+}
+
+struct Format {
+  const char* File;
+  Reader (*Open)();
+  const char* Root;  // the root element's name and attributes; null for lines of "name~text"
+  const char* Tag;
+  const char* Name;      // the attribute that holds an item's name
+  const char* Required;  // the required attributes in the order in which they are read
+  Names OfSameName;      // what is loaded of the items A, B and a
+  int OfSameNameError = 0;
+  bool NeedsRoot = false;  // a file without a root element is an error
+  bool IsWhole = false;    // nothing is kept of a file with an item that cannot be loaded
+
+  std::string Item(const std::string& name, std::size_t attributes = std::string::npos) const {
+    if (Root == nullptr) return name + "~text\r\n";
+    std::string element = std::string("<") + Tag;
+    for (const auto attribute : Split(Required, " ")) {
+      if (attributes-- == 0) break;
+      (element += ' ').append(attribute) += attribute == Name ? "='" + name + "'" : "='2'";
+    }
+    return element + "/>\n";
+  }
+  /// The items in one line each, from line 2.
+  std::string Document(const std::string& items, const std::string& encoding = "UTF-8") const {
+    if (Root == nullptr) return items;
+    const std::string root = Root;
+    return "<?xml version='1.0' encoding='" + encoding + "'?><" + root + ">\n" + items + "</" +
+           root.substr(0, root.find(' ')) + ">";
+  }
+};
+
+constexpr const char* kWords =
+    "Name Caption Overloads Overrides Virtual NotVirtual Abstract Shadows Static Optional OutParam ByRef "
+    "ByVal ReturnTypePrefix ArraySymbol VoidTypeName ParamArray Function Sub ReadOnlyProperty "
+    "WriteOnlyProperty ReadWriteProperty MustInherit NotInheritable ReadOnlyField";
+constexpr const char* kTag = "Hidden Identifier Elementtype Description Format General WrapType";
+constexpr const char* kModel = "MemberType_Namespace MemberName TaggedCommentPrefix TaggedCommentText";
+constexpr const char* kLocation = "AssemblyFileName CommentFilePath";
+constexpr const char* kSet = "ModelCommentProfile Name='P' Description='d'";
+
+const Format kFormats[] = {
+    {"taggedcomments_standard.xml", OpenTaggedComments, "x", "t", "Identifier", kTag, {"B", "a"}},
+    {"taggedcomments_custom.xml", OpenTaggedComments, "x", "t", "Identifier", kTag, {"B", "a"}},
+    {"taggedcomments.xml", OpenTaggedComments, "x", "t", "Identifier", kTag, {"B", "a"}},
+    {"modelcomments.xml", OpenModelComments, kSet, "MC", "MemberName", kModel, {"A", "B", "a"}, 0, true},
+    {"modelcomments/P.xml", OpenProfiles, kSet, "MC", "MemberName", kModel, {"A", "B", "a"}, 0, true, true},
+    {"CommentFileLocations.xml", OpenCommentFiles, "x", "f", "AssemblyFileName", kLocation, {"A", "B", "a"}},
+    {"languages.xml", OpenLanguages, "x", "Language", "Name", kWords, {"A", "B"}, kDuplicateKey},
+    {"ExternalDocs.xml", OpenDocs, "x", "ExternalDoc", "Namespace", "Namespace", {"A", "B"}, kDuplicateKey},
+    {"Templates/T/Phrases/L.txt", OpenTexts<&PageTemplate::Phrases>, "x", "p", "name", "name", {"A", "B"}},
+    {"Templates/T/HTMLScraps/L.txt", OpenTexts<&PageTemplate::Scraps>, "x", "p", "name", "name", {"A", "B"}},
+    {"Templates/T/Phrases/L.txt", OpenTexts<&PageTemplate::Phrases>, nullptr, "", "", "", {"A", "B"}},
+    {"Templates/T/HTMLScraps/L.txt", OpenTexts<&PageTemplate::Scraps>, nullptr, "", "", "", {"A", "B"}},
+};
+
+/// What is expected of one file. The place is that of the error or, where there is none, of the diagnostic;
+/// none for line 0.
+struct Row {
+  std::string Damage;
+  std::string Content;
+  Names Loaded;
+  int Number = 0;  // of the error
+  int Line = 0;
+  int Column = 0;
+  std::string Message{};
+};
+
+std::string Utf16(std::string_view latin) {
+  std::string text = "\xff\xfe";
+  for (const char c : latin) text += {c, '\0'};
+  return text;
+}
+
+std::vector<Row> RowsOf(const Format& format) {
+  const std::string a = format.Item("A");
+  const std::string b = format.Item("B");
+  const std::string all = a + b + format.Item("C");
+  const std::string odd = format.Item("\xdc") + b;  // in Windows-1252
+  const int unusable = format.NeedsRoot ? kInvalidCall : 0;
+  std::vector<Row> rows{
+      {"whole", format.Document(all), {"A", "B", "C"}},
+      {"Windows-1252", format.Document(odd, "Windows-1252"), {"Ü", "B"}},
+      {"UTF-16", Utf16(format.Document(odd, "UTF-16")), {"Ü", "B"}},
+  };
+  const int fault = format.OfSameNameError != 0 ? 4 : 0;
+  rows.push_back({"same name", format.Document(a + b + format.Item("a")), format.OfSameName,
+                  format.OfSameNameError, fault, fault / 2});
+  if (format.Root == nullptr) {
+    rows.push_back({"empty", "", {}});
+    rows.push_back({"cut", a + "B~te", {"A", "B"}});
+    return rows;
+  }
+  const bool isText = std::string_view(format.File).ends_with(".txt");
+  if (!isText) rows.push_back({"empty", "", {}, unusable, 1, 1});
+  rows.push_back({"no XML", "<?xml no document", {}, unusable, 1, isText || unusable == 0 ? 0 : 1});
+  const std::string whole = format.Document(all);
+  rows.push_back({"cut", whole.substr(0, whole.find(b) + 2), {"A"}, 0, 3});
+  const auto required = Split(format.Required, " ");
+  for (std::size_t missing = 0; missing < required.size(); ++missing) {
+    // The attributes after the missing one are missing too, so that the message tells the order of reading.
+    const std::string faulty = format.Item("Z", missing);
+    const std::string message =
+        "needs the attribute \"" + std::string(required[missing]) + "\": it is missing";
+    const auto add = [&](const char* place, const std::string& items, int line, Names before) {
+      if (format.IsWhole) before.clear();
+      rows.push_back(
+          {place + message, format.Document(items), std::move(before), kInvalidCall, line, 2, message});
+    };
+    add("in the middle: ", a + faulty + b, 3, {"A"});
+    if (missing > 0) continue;
+    add("first: ", faulty + a + b, 2, {});
+    add("last: ", a + b + faulty, 4, {"A", "B"});
+  }
+  return rows;
+}
+
+class DamagedFiles : public testing::ConfigurationTest {
+ protected:
+  /// Whether some file of the configuration has this content.
+  bool IsKept(const std::string& content) const {
+    const auto all = std::filesystem::recursive_directory_iterator(Folder.Path());
+    return std::ranges::any_of(all, [&](const auto& entry) {
+      return entry.is_regular_file() &&
+             Folder.Read(std::filesystem::relative(entry.path(), Folder.Path()).string()) == content;
+    });
+  }
+  /// A configuration folder of its own for each row.
+  void Begin(const Format& format, const std::string& folder) {
+    ResetSharedSlots();
+    Diagnostics.clear();
+    mConfig = folder + "/";
+    Folder.Write(mConfig + ".keep", "");
+    Register("ConfigPath", Product(Folder.Path() / folder));
+    if (std::string_view(format.File) == "taggedcomments_custom.xml")
+      Folder.Write(mConfig + "taggedcomments_standard.xml", "<x/>");
+  }
+  void Check(const Format& format, const Row& row) {
+    Folder.Write(mConfig + format.File, row.Content);
+    const Reader reader = format.Open();
+    FilePosition place;
+    if (row.Number != 0) {
+      const auto failure = ErrorOf(reader.Load);
+      EXPECT_EQ(failure.Number(), row.Number) << failure.what();
+      EXPECT_THAT(failure.Description(), ::testing::HasSubstr(row.Message));
+      place = failure.Position();
+    } else {
+      reader.Load();
+      EXPECT_EQ(Diagnostics.size(), row.Line > 0 ? 1U : 0U);
+      if (!Diagnostics.empty()) place = Diagnostics.front().Position;
+    }
+    EXPECT_EQ(place.Line, row.Line);
+    EXPECT_TRUE(row.Column == 0 || place.Column == row.Column) << place.Column;
+    EXPECT_EQ(place.File, row.Line > 0 ? Product(Folder.Path() / (mConfig + format.File)) : "");
+    EXPECT_EQ(reader.Loaded(), row.Loaded);
+    reader.Save();
+    EXPECT_TRUE(row.Line == 0 || IsKept(row.Content)) << "what was not read is lost";
+
+    ResetSharedSlots();
+    if (row.Number != 0) return;
+    const Reader again = format.Open();
+    again.Load();
+    EXPECT_EQ(again.Loaded(), row.Loaded) << "after saving";
+  }
+
+  std::string mConfig;
+};
+
+TEST_F(DamagedFiles, LoadAsFarAsTheyGoAndAreNotLost) {
+  int number = 0;
+  for (const Format& format : kFormats) {
+    for (const Row& row : RowsOf(format)) {
+      SCOPED_TRACE(std::string(format.File) + ", " + row.Damage + ":\n" + row.Content);
+      Begin(format, std::to_string(number++));
+      Check(format, row);
+    }
+    SCOPED_TRACE(std::string(format.File) + ", missing");
+    Begin(format, std::to_string(number++));
+    const Reader reader = format.Open();
+    if (std::string_view(format.File) == "modelcomments.xml") {
+      EXPECT_EQ(ErrorOf(reader.Load).Number(), kInvalidCall);
+    } else {
+      reader.Load();
+    }
+    EXPECT_EQ(reader.Loaded(), Names());
+    EXPECT_TRUE(Diagnostics.empty());
+  }
+}
+
+TEST_F(DamagedFiles, ThatAFailureLeavesUnreadAreNotLostEither) {
+  const Format& format = kFormats[0];
+  const std::string standard = format.Document(format.Item("S"));
+  Write("taggedcomments_standard.xml", standard);
+  Write("taggedcomments_custom.xml", "<x><t/></x>");
+  TaggedCommentDefs definitions;
+  EXPECT_EQ(ErrorOf([&] { definitions.Load(); }).Number(), kInvalidCall);
+  definitions.Save();
+  EXPECT_TRUE(IsKept(standard));
+
+  Write("ExternalDocs.xml", "<x><ExternalDoc Namespace='A'/></x>");
+  Files.Fail(testing::FileOperation::Read, "ExternalDocs.xml", EIO);
+  ExternalDocs docs;
+  EXPECT_EQ(ErrorOf([&] { docs.Load(); }).Number(), kPathFileAccess);
+  EXPECT_EQ(ErrorOf([&] { docs.Save(); }).Number(), kPathFileAccess)
+      << "there is no copy, so nothing is written";
+  EXPECT_EQ(Read("ExternalDocs.xml"), "<x><ExternalDoc Namespace='A'/></x>");
+}
+
+}  // namespace
+}  // namespace lwconfig
