@@ -16,8 +16,10 @@ void ModelComment::SetMemberType(std::int32_t type) {
 
 void ModelComment::Load(const XMLElement& e) {
   AttributeReader in(e);
-  if (const char* olderForm = in.Find("MemberType")) {
-    SetMemberType(Converted(LeadingInteger(olderForm), olderForm));
+  if (in.Find("MemberType") != nullptr) {
+    std::int32_t type = 0;
+    in.Require("MemberType", type, LeadingInteger);
+    SetMemberType(type);
   } else {
     in.Require("MemberType_Namespace", MemberType_Namespace);
   }

@@ -2,6 +2,7 @@
 #include <limits>
 
 #include <lwconfig/core/conversions.h>
+#include <lwconfig/core/string_tools.h>
 #include <lwconfig/namespaces/element_attributes.h>
 #include <lwconfig/platform/host.h>
 
@@ -13,14 +14,10 @@ constexpr char kQuote = '"';
 constexpr std::size_t kMostAttributes = std::numeric_limits<std::int16_t>::max();
 
 std::string ProcessCommandLine() {
-  std::string line;
-  bool isFirst = true;
-  for (const auto& argument : platform::Host<platform::Environment>().ProcessArguments()) {
-    if (!isFirst) line += kSeparator;
-    line += argument;
-    isFirst = false;
-  }
-  return line;
+  Collection arguments;
+  for (const auto& argument : platform::Host<platform::Environment>().ProcessArguments())
+    arguments.Add(argument);
+  return StringTools::JoinCollection(arguments, {&kSeparator, 1});
 }
 
 std::string Trimmed(std::string_view text) {

@@ -1,3 +1,4 @@
+#include <lwconfig/core/string_tools.h>
 #include <lwconfig/namespaces/language.h>
 #include <lwconfig/options/vsnet_options.h>
 
@@ -5,16 +6,12 @@ namespace lwconfig {
 
 Conversion<std::string> StoredOrExcludedLanguages(std::string_view stored) {
   if (stored != "Empty") return {std::string(stored)};
-  std::string names;
-  bool isFirst = true;
+  Collection names;
   const auto languages = Languages::Shared();
   for (const auto& language : *languages) {
-    if (language->IncludeByDefault) continue;
-    if (!isFirst) names += ',';
-    names += language->Name;
-    isFirst = false;
+    if (!language->IncludeByDefault) names.Add(language->Name);
   }
-  return {names};
+  return {StringTools::JoinCollection(names, ",")};
 }
 
 }  // namespace lwconfig

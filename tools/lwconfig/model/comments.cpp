@@ -110,9 +110,18 @@ Node Describe(const ModelComments& profile) {
   return node;
 }
 
+/// The path, as it is stored where the framework's folder cannot be found out.
+std::string ResolvedPath(const CommentFileLocation& location) {
+  try {
+    return location.CommentFilePath();
+  } catch (const Error&) {
+    return location.InternalCommentFilePath();
+  }
+}
+
 Node Describe(const CommentFileLocation& location) {
   Node node{"comment file", location.AssemblyFileName};
-  const std::string path = location.CommentFilePath();
+  const std::string path = ResolvedPath(location);
   node.Summary = {{path, Tone::Link}};
   node.Properties = {
       Unlabelled("AssemblyFileName", location.AssemblyFileName),

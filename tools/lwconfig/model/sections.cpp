@@ -46,6 +46,16 @@ Group DescribeCollection(Root& root, Reporter& reporter) {
   return Describe(*Loaded(reporter, [&] { return (root.*Obtain)(); }));
 }
 
+Group DescribeCommentFiles(Root& root, Reporter& reporter) {
+  const auto locations = Loaded(reporter, [&] { return root.CommentFileLocations(); });
+  try {
+    for (const auto& location : *locations) location->CommentFilePath();
+  } catch (const Error& failure) {
+    reporter.Fail(failure);
+  }
+  return Describe(*locations);
+}
+
 constexpr std::array kSections{
     Section{"paths", "Paths", "where configuration, templates and installation are", DescribePaths, false},
     Section{"namespaces", "NamespaceProfiles", "kinds of code element, and the elements of pages",
@@ -57,8 +67,7 @@ constexpr std::array kSections{
             DescribeCollection<&Root::TaggedCommentDefs>},
     Section{"modelcomments", "ModelCommentProfiles", "descriptions to re-use",
             DescribeCollection<&Root::ModelCommentProfiles>},
-    Section{"commentfiles", "CommentFileLocations", "XML comment files of assemblies",
-            DescribeCollection<&Root::CommentFileLocations>},
+    Section{"commentfiles", "CommentFileLocations", "XML comment files of assemblies", DescribeCommentFiles},
     Section{"languages", "Languages", "how declarations are written", DescribeCollection<&Root::Languages>},
     Section{"externaldocs", "ExternalDocs", "sources of external documentation",
             DescribeCollection<&Root::ExternalDocs>},
