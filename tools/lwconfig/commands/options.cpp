@@ -20,6 +20,7 @@ struct OptionsArguments {
   std::string Name;
   std::string Value;
   bool IsJson = false;
+  StyleOptions Style;
 };
 
 constexpr const char* kFooter =
@@ -58,7 +59,7 @@ void List(const OptionsArguments& arguments, Reporter& reporter) {
                {state.Shown(), state.IsStored ? Tone::Condition : Tone::Plain},
                {state.IsStored ? "yes" : ""}});
   }
-  WriteOutput(arguments.IsJson ? JsonText(json) : table.Text(OutputStyle("auto", 0)), reporter);
+  WriteOutput(arguments.IsJson ? JsonText(json) : table.Text(arguments.Style.Style()), reporter);
 }
 
 void Get(const OptionsArguments& arguments, Reporter& reporter) {
@@ -98,6 +99,7 @@ void AddOptionsCommand(CLI::App& app, Reporter& reporter) {
   options.require_subcommand(0, 1);
   AddConfigurationOption(options, arguments->Folder);
   AddJsonOption(options, arguments->IsJson);
+  AddStyleOptions(options, arguments->Style);
   const auto add = [&](const char* name, const char* about, auto run) -> CLI::App& {
     CLI::App& action = *options.add_subcommand(name, about);
     action.footer(kFooter);

@@ -30,6 +30,7 @@ struct TemplateArguments {
   std::string Profile;
   std::string Supports;
   bool IsJson = false;
+  StyleOptions Style;
 };
 
 constexpr const char* kFooter =
@@ -65,7 +66,7 @@ void List(const TemplateArguments& arguments, Reporter& reporter) {
                {StringTools::JoinCollection(*pageTemplate->NamespaceProfileNames(), ", ")},
                {StringTools::JoinCollection(*pageTemplate->SupportedItemTypes, ", ")}});
   }
-  WriteOutput(arguments.IsJson ? JsonText(json) : table.Text(OutputStyle("auto", 0)), reporter);
+  WriteOutput(arguments.IsJson ? JsonText(json) : table.Text(arguments.Style.Style()), reporter);
 }
 
 /// The folder for a clone, in the product's notation; empty, which is reported, where there cannot be one.
@@ -151,6 +152,7 @@ void AddTemplateCommand(CLI::App& app, Reporter& reporter) {
   command.require_subcommand(0, 1);
   AddConfigurationOption(command, arguments->Folder);
   AddJsonOption(command, arguments->IsJson);
+  AddStyleOptions(command, arguments->Style);
   const auto add = [&](const char* name, const char* about, auto run) -> CLI::App& {
     CLI::App& action = *command.add_subcommand(name, about);
     action.footer(kFooter);

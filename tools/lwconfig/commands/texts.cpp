@@ -24,6 +24,7 @@ struct TextsArguments {
   std::string Name;
   bool IsComparison = false;
   bool IsJson = false;
+  StyleOptions Style;
 };
 
 /// What tells phrases and scraps apart.
@@ -60,7 +61,7 @@ Json Entry(const std::string& name, const std::string& text) {
   return {{"Name", name}, {"Text", text}};
 }
 
-void List(const Collection& texts, bool isJson, Reporter& reporter) {
+void List(const Collection& texts, const TextsArguments& arguments, Reporter& reporter) {
   Table table({"NAME", "TEXT"});
   Json json = Json::array();
   std::int32_t position = 0;
@@ -69,7 +70,7 @@ void List(const Collection& texts, bool isJson, Reporter& reporter) {
     json.push_back(Entry(name, text));
     table.Add({{name}, {text}});
   }
-  WriteOutput(isJson ? JsonText(json) : table.Text(OutputStyle("auto", 0)), reporter);
+  WriteOutput(arguments.IsJson ? JsonText(json) : table.Text(arguments.Style.Style()), reporter);
 }
 
 void LookUp(const Collection& texts, const TextsArguments& arguments, Reporter& reporter) {
@@ -117,7 +118,8 @@ std::string Joined(const std::vector<std::string>& names) {
   return joined;
 }
 
-void Compare(const PageTemplate& pageTemplate, const TextKind& kind, bool isJson, Reporter& reporter) {
+void Compare(const PageTemplate& pageTemplate, const TextKind& kind, const TextsArguments& arguments,
+             Reporter& reporter) {
   std::vector<std::shared_ptr<Collection>> texts;
   Comparison comparison;
   for (const std::string& language : LanguagesOf(pageTemplate, kind)) {
@@ -134,8 +136,8 @@ void Compare(const PageTemplate& pageTemplate, const TextKind& kind, bool isJson
     json.push_back({{"Name", name}, {"In", having}, {"MissingIn", lacking}});
   });
   if (!json.empty()) reporter.Raise(ExitStatus::NotFound);
-  if (isJson) return WriteOutput(JsonText(json), reporter);
-  if (!json.empty()) WriteOutput(table.Text(OutputStyle("auto", 0)), reporter);
+  if (arguments.IsJson) return WriteOutput(JsonText(json), reporter);
+  if (!json.empty()) WriteOutput(table.Text(arguments.Style.Style()), reporter);
 }
 
 void Run(const TextKind& kind, const TextsArguments& arguments, Reporter& reporter) {
@@ -151,13 +153,13 @@ void Run(const TextKind& kind, const TextsArguments& arguments, Reporter& report
   const auto templates = LoadedTemplates(configuration.Root(), reporter);
   const auto pageTemplate = FindTemplate(*templates, arguments.Template, reporter);
   if (!pageTemplate) return;
-  if (arguments.IsComparison) return Compare(*pageTemplate, kind, arguments.IsJson, reporter);
+  if (arguments.IsComparison) return Compare(*pageTemplate, kind, arguments, reporter);
 
   const auto languages = LanguagesOf(*pageTemplate, kind);
   for (const std::string& language : languages) {
     if (!EqualIgnoringCase(language, arguments.Language)) continue;
     const auto texts = TextsOf(*pageTemplate, kind, language, reporter);
-    if (arguments.Name.empty()) return List(*texts, arguments.IsJson, reporter);
+    if (arguments.Name.empty()) return List(*texts, arguments, reporter);
     return LookUp(*texts, arguments, reporter);
   }
   reporter.FailUnknown(ExitStatus::NotFound, arguments.Language, languages);
@@ -177,6 +179,7 @@ void AddTextsCommand(CLI::App& app, Reporter& reporter, const TextKind& kind) {
   command.add_option("NAME", arguments->Name, "the text to look up; all when left out")->type_name("");
   AddConfigurationOption(command, arguments->Folder);
   AddJsonOption(command, arguments->IsJson);
+  AddStyleOptions(command, arguments->Style);
   command.add_flag("--compare", arguments->IsComparison, "list the names that not every language has");
   command.callback([arguments, kind, &reporter] { Run(kind, *arguments, reporter); });
 }
