@@ -1,10 +1,6 @@
 #include "sample_configuration.h"
 
-#include <fstream>
-
-#include <stdlib.h>
-
-#include <lwconfig/platform/files.h>
+#include <algorithm>
 
 namespace lwconfig::bench {
 namespace {
@@ -75,15 +71,6 @@ std::string Template(int number) {
   return text + "\t<NamespaceDef Name=\"LW.Core\" />\n\t<EnabledPlugins />\n</PageTemplate>\n";
 }
 
-void WriteFile(const std::filesystem::path& path, const std::string& text) {
-  std::ofstream(path, std::ios::binary) << text;
-}
-
-std::filesystem::path MakeTemporaryFolder() {
-  std::string pattern = (std::filesystem::temp_directory_path() / "lwconfig-bench-XXXXXX").string();
-  return ::mkdtemp(pattern.data());
-}
-
 }  // namespace
 
 std::optional<platform::RegistryValue> ConfigPathRegistry::Read(platform::Hive, std::string_view,
@@ -96,15 +83,15 @@ std::optional<platform::RegistryKey> ConfigPathRegistry::List(platform::Hive, st
 }
 void ConfigPathRegistry::Apply(const std::vector<platform::RegistryChange>&) {}
 
-SampleConfiguration::SampleConfiguration(int templates) : mFolder(MakeTemporaryFolder()) {
-  std::filesystem::create_directories(mFolder / "Namespaces");
-  WriteFile(mFolder / "Namespaces" / "LW.Core.xml",
+SampleConfiguration::SampleConfiguration(int templates) {
+  std::filesystem::create_directories(mFolder.Path() / "Namespaces");
+  WriteFile(mFolder.Path() / "Namespaces" / "LW.Core.xml",
             "<Profile Name=\"LW.Core\"><lwnamespace Name=\"LW:Module\" Handler=\"\" "
             "Caption=\"Module\"/></Profile>\n");
   for (int number = 0; number < templates; ++number) {
     std::string name = Number(number);
     name.insert(0, 6 - std::min<std::size_t>(6, name.size()), '0');
-    const auto folder = mFolder / "Templates" / ("t" + name);
+    const auto folder = mFolder.Path() / "Templates" / ("t" + name);
     std::filesystem::create_directories(folder);
     for (int layout = 0; layout < kLayouts; ++layout)
       WriteFile(folder / LayoutFile(layout), "<html></html>\n");
@@ -112,15 +99,6 @@ SampleConfiguration::SampleConfiguration(int templates) : mFolder(MakeTemporaryF
     mConfigFiles.push_back(folder / "config.xml");
     WriteFile(mConfigFiles.back(), text);
   }
-}
-
-SampleConfiguration::~SampleConfiguration() {
-  std::error_code ignored;
-  std::filesystem::remove_all(mFolder, ignored);
-}
-
-std::string SampleConfiguration::ConfigPath() const {
-  return platform::Host<platform::Files>().ProductPath(mFolder.string());
 }
 
 }  // namespace lwconfig::bench

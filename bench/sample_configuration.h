@@ -9,6 +9,8 @@
 #include <lwconfig/platform/registry.h>
 #include <lwconfig/platform/service.h>
 
+#include "sample_files.h"
+
 namespace lwconfig::bench {
 
 /// A registry of one value: the configuration folder.
@@ -29,17 +31,14 @@ class ConfigPathRegistry : public platform::Registry {
 class SampleConfiguration {
  public:
   explicit SampleConfiguration(int templates);
-  ~SampleConfiguration();
-  SampleConfiguration(const SampleConfiguration&) = delete;
-  SampleConfiguration& operator=(const SampleConfiguration&) = delete;
 
   /// The host paths of the `config.xml` files, in the order in which they are loaded.
   const std::vector<std::filesystem::path>& ConfigFiles() const { return mConfigFiles; }
   /// The folder in the product's notation.
-  std::string ConfigPath() const;
+  std::string ConfigPath() const { return mFolder.Product(""); }
 
  private:
-  std::filesystem::path mFolder;
+  TemporaryFolder mFolder;
   std::vector<std::filesystem::path> mConfigFiles;
 };
 
