@@ -60,10 +60,9 @@ std::string GetAppValue(std::string_view ValueName, std::string_view DefaultValu
 }
 
 void SetAppValue(std::string_view ValueName, std::string_view value, std::string_view ExtraPath) {
-  const RegistryAccess registry;
-  registry.CreateKey(kCurrentUser, ProductKey(ExtraPath));
-  registry.SetValue(kCurrentUser, ProductKey(ExtraPath), ValueName, std::string(value),
-                    RegistryAccess::kTextType);
+  // Creates the key as well.
+  RegistryAccess().SetValue(kCurrentUser, ProductKey(ExtraPath), ValueName, std::string(value),
+                            RegistryAccess::kTextType);
 }
 
 std::string GetShellFolder(std::int32_t csidl) {

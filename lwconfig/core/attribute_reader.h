@@ -58,7 +58,7 @@ class AttributeReader {
 
   /// The value of the attribute, or null where it is absent. Valid as long as the element.
   const char* Find(const char* name) {
-    if (mNext == mEnd || std::strcmp(mNext->Name, name) != 0) return Search(name);
+    if (mNext == mEnd || *mNext->Name != *name || std::strcmp(mNext->Name, name) != 0) return Search(name);
     ++mFound;
     return (mNext++)->Value;
   }

@@ -29,8 +29,8 @@ class RegistryAccess {
   std::string GetText(std::uint32_t hive, std::string_view keyPath, std::string_view valueName) const;
   /// Creates the key and any missing parents; an existing key is left alone.
   void CreateKey(std::uint32_t hive, std::string_view keyPath) const;
-  /// Writes a text (type 1, or 2 with environment variables) or a number (type 4). Error 5 for other types,
-  /// 13 for data that the type cannot hold.
+  /// Writes a text (type 1, or 2 with environment variables) or a number (type 4), creating the key and any
+  /// missing parents. Error 5 for other types, 13 for data that the type cannot hold.
   void SetValue(std::uint32_t hive, std::string_view keyPath, std::string_view valueName,
                 const RegistryData& value, std::int32_t valueType) const;
 
