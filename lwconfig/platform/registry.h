@@ -29,6 +29,7 @@ struct RegistryKey {
   /// The names of the keys in it.
   std::vector<std::string> Keys;
   std::vector<std::pair<std::string, RegistryValue>> Values;
+  friend bool operator==(const RegistryKey&, const RegistryKey&) = default;
 };
 
 /// One step of a change: that a key or a value shall be there, or not.

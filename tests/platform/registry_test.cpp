@@ -85,6 +85,42 @@ TEST_F(RegistryTest, KeepsEverythingElseByteForByte) {
                             "\r\n[HKEY_CURRENT_USER\\Gone]\r\n\"v\"=\"1\"\r\n");
 }
 
+TEST_F(RegistryTest, MakesSeveralChangesInOneStep) {
+  using Kinds = RegistryChange::Kinds;
+  const auto value = [](std::string key, std::string name, std::string text) {
+    return RegistryChange{Kinds::Value, kUser, std::move(key), std::move(name), Text(std::move(text))};
+  };
+  const auto deleted = [](std::string key, std::string name) {
+    return RegistryChange{Kinds::DeletedValue, kUser, std::move(key), std::move(name), {}};
+  };
+  const RegistryChange noKey{Kinds::DeletedKey, kUser, "k", {}, {}};
+  const std::string begin = "REGEDIT4\r\n[HKCU\\K]\r\n";
+  const std::string other = "[HKCU\\Ka]\r\n\"v\"=\"4\"";
+  const struct {
+    std::vector<RegistryChange> Changes;
+    std::string After;
+  } kRows[] = {
+      {{deleted("k", "V"), value("K", "w", "5")}, begin + "\"w\"=\"5\"\r\n" + other},
+      {{value("K", "v", "5"), deleted("K", "v"), deleted("K", "none")}, begin + other},
+      {{deleted("K", "v"), value("K", "v", "5")}, begin + "\"v\"=\"1\"\r\n\"V\"=\"5\" ; note\r\n" + other},
+      {{noKey}, "REGEDIT4\r\n" + other},
+      {{value("K\\Sub", "v", "5"), noKey, value("K", "v", "6"), value("K", "w", "7")},
+       "REGEDIT4\r\n" + other + "\r\n\r\n[HKEY_CURRENT_USER\\K]\r\n\"v\"=\"6\"\r\n\"w\"=\"7\"\r\n"},
+  };
+  for (const auto& [changes, after] : kRows) {
+    Folder.Write("registry/user.reg", begin + "\"v\"=\"1\"\r\n\"V\"=\"2\" ; note\r\n" + other);
+    Host.Apply(changes);
+    EXPECT_EQ(UserText(), after);
+  }
+  EXPECT_EQ(Host.List(kUser, "none"), std::nullopt);
+  Write("K\\B\\C", "", "");
+  Write("k\\a", "", "");
+  EXPECT_EQ(Host.List(kUser, "K")->Keys, (std::vector<std::string>{"a", "B"}));
+  EXPECT_EQ(Host.List(kUser, "K")->Values[1].first, "w");
+  EXPECT_EQ(Host.List(kUser, "")->Keys, (std::vector<std::string>{"K", "Ka"}));
+  EXPECT_EQ(Host.List(kUser, "K\\B")->Values.size(), 0U);
+}
+
 TEST_F(RegistryTest, SeesEveryChangeAtTheNextRead) {
   const auto textWith = [](int i) { return "REGEDIT4\n[HKCU\\Soft]\n\"v\"=\"" + std::to_string(i) + "\"\n"; };
   for (int i = 1000; i < 1200; ++i) {  // edits in place: the same file, the same size, often the same time

@@ -5,10 +5,14 @@
 #include <nlohmann/json.hpp>
 #include <tests/tools/tool_test.h>
 
+#include <lwconfig/core/text.h>
+
 namespace lwconfig::testing {
 namespace {
 
+using ::testing::Each;
 using ::testing::HasSubstr;
+using ::testing::SizeIs;
 using ::testing::StartsWith;
 
 /// The commands besides `show`, on the small configuration unless a test registers another.
@@ -42,6 +46,14 @@ TEST_F(CommandTest, ListsOptions) {
   EXPECT_THAT(listed.Out, ::testing::ContainsRegex("\nIDEOptions\\.AutoSave +boolean +False +True +yes\n"));
   EXPECT_THAT(listed.Out, ::testing::ContainsRegex("\nVBOptions\\.WrapCharacters +VB +integer +90 +90\n"));
   EXPECT_EQ(RunIn({"options", "list"}).Out, listed.Out);
+  for (const auto& command : std::vector<std::vector<std::string>>{
+           {"options"}, {"phrase", "small", "english"}, {"scrap", "small", "english"}, {"template"}}) {
+    auto arguments = command;
+    arguments.insert(arguments.end(), {"--width", "20", "--color", "always"});
+    EXPECT_THAT(RunIn(arguments).Out, HasSubstr("\x1b[")) << command.front();
+    arguments.back() = "never";
+    EXPECT_THAT(Split(RunIn(arguments).Out, "\n"), Each(SizeIs(::testing::Le(22)))) << command.front();
+  }
 
   const auto json = nlohmann::json::parse(RunIn({"options", "list", "--json"}).Out);
   const auto shown = std::find_if(json.begin(), json.end(),

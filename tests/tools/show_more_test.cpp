@@ -1,3 +1,5 @@
+#include <filesystem>
+
 #include <gmock/gmock.h>
 #include <nlohmann/json.hpp>
 #include <tests/tools/tool_test.h>
@@ -81,6 +83,11 @@ TEST_F(ShowMoreTest, DrawsComments) {
    comment file  C:\Windows\Microsoft.NET\Framework\\a.xml
    set as        %NETPATH%a.xml
 )");
+  Folder.Write("drives/c/Windows/Microsoft.NET/.keep", "");
+  std::filesystem::create_symlink("Framework", Below("drives/c/Windows/Microsoft.NET/Framework"));
+  const auto unresolved = Show({"commentfiles/a.dll"});
+  EXPECT_EQ(unresolved.Out, "a.dll\n   comment file  %NETPATH%a.xml\n");
+  EXPECT_EQ(unresolved.Status, 4) << unresolved.Err;
 }
 
 TEST_F(ShowMoreTest, DrawsLanguagesAndExternalDocumentation) {

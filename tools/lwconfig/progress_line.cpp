@@ -15,7 +15,7 @@ constexpr std::string_view kErasedLine = "\r\x1b[K";
 
 /// The last folder and the file; the folders before say little.
 std::string ShortName(const DiskFile& file) {
-  const std::string path = file.FullPath();
+  std::string path = file.FullPath();
   const std::size_t name = path.rfind('\\');
   if (name == std::string::npos || name == 0) return path;
   std::string shortName = path.substr(path.rfind('\\', name - 1) + 1);

@@ -33,10 +33,6 @@ bool IsBelowAny(std::string_view key, const std::vector<std::string_view>& ances
   return std::ranges::any_of(ancestors, [key](std::string_view ancestor) { return IsBelow(key, ancestor); });
 }
 
-bool PrecedesIgnoringCase(std::string_view a, std::string_view b) {
-  return FoldCase(a) < FoldCase(b);
-}
-
 /// What remains to be done of the changes of one hive, in order: a later one outweighs an earlier one on the
 /// same key or value, and a deleted key all that was done to it before.
 std::vector<const RegistryChange*> LastWords(const std::vector<RegistryChange>& changes, Hive hive) {
@@ -111,6 +107,7 @@ std::optional<RegistryKey> RegistryFile::List(std::string_view key) const {
   const std::string_view trimmed = TrimmedKey(key);
   const std::string prefix = trimmed.empty() ? "" : FoldCase(trimmed) + '\\';
   RegistryKey listed;
+  std::vector<std::string_view> names;
   bool isThere = trimmed.empty() || mKeys.contains(trimmed);
   for (const auto& entry : mKeys) {
     // A key is there as soon as one below it is.
@@ -120,16 +117,16 @@ std::optional<RegistryKey> RegistryFile::List(std::string_view key) const {
     const auto depth = static_cast<std::size_t>(std::ranges::count(prefix, '\\'));
     std::string_view name = entry.first;
     for (std::size_t level = 0; level < depth; ++level) name.remove_prefix(name.find('\\') + 1);
-    listed.Keys.emplace_back(name.substr(0, name.find('\\')));
+    names.push_back(name.substr(0, name.find('\\')));
   }
   if (!isThere) return std::nullopt;
-  std::ranges::sort(listed.Keys, PrecedesIgnoringCase);
-  const auto [first, last] = std::ranges::unique(listed.Keys, EqualIgnoringCase);
-  listed.Keys.erase(first, last);
+  // Of several spellings the one that stands first in the text.
+  std::ranges::sort(names, {}, [](std::string_view name) { return std::pair(FoldCase(name), name.data()); });
+  listed.Keys.assign(names.begin(), std::unique(names.begin(), names.end(), EqualIgnoringCase));
   for (const auto& [id, entry] : mValues) {
     if (EqualIgnoringCase(id.Key, trimmed)) listed.Values.emplace_back(id.Name, entry.Value);
   }
-  std::ranges::sort(listed.Values, PrecedesIgnoringCase, [](const auto& value) { return value.first; });
+  std::ranges::sort(listed.Values, {}, [](const auto& value) { return FoldCase(value.first); });
   return listed;
 }
 

@@ -20,7 +20,6 @@ namespace {
 using platform::Hive;
 using platform::RegistryChange;
 using platform::RegistryPath;
-using platform::RegistryValue;
 using Kinds = RegistryChange::Kinds;
 
 struct RegistryArguments {

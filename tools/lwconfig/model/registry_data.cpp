@@ -97,6 +97,7 @@ std::optional<std::uint32_t> RegistryTypeOf(std::string_view name) {
 
 std::vector<std::string> RegistryTypeNames() {
   std::vector<std::string> names;
+  names.reserve(kTypes.size());
   for (const TypeName& named : kTypes) names.emplace_back(named.Name);
   return names;
 }
