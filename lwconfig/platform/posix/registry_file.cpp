@@ -104,30 +104,37 @@ const RegistryValue* RegistryFile::Find(std::string_view key, std::string_view n
 }
 
 std::optional<RegistryKey> RegistryFile::List(std::string_view key) const {
-  const std::string_view trimmed = TrimmedKey(key);
-  const std::string prefix = trimmed.empty() ? "" : FoldCase(trimmed) + '\\';
-  RegistryKey listed;
-  std::vector<std::string_view> names;
-  bool isThere = trimmed.empty() || mKeys.contains(trimmed);
-  for (const auto& entry : mKeys) {
+  if (mListing.empty()) mListing = Listing();
+  const auto found = mListing.find(FoldCase(TrimmedKey(key)));
+  return found == mListing.end() ? std::nullopt : std::optional(found->second);
+}
+
+std::unordered_map<std::string, RegistryKey> RegistryFile::Listing() const {
+  // In the order of the text, so that a key has the spelling that stands first.
+  std::vector<std::string_view> keys;
+  for (const auto& entry : mKeys) keys.push_back(entry.first);
+  std::ranges::sort(keys, {}, [](std::string_view key) { return key.data(); });
+  std::unordered_map<std::string, RegistryKey> listing;
+  listing[""];
+  std::unordered_set<std::string> met{""};
+  for (std::string_view key : keys) {
     // A key is there as soon as one below it is.
-    const std::string folded = FoldCase(entry.first);
-    if (!folded.starts_with(prefix) || folded.size() == prefix.size()) continue;
-    isThere = true;
-    const auto depth = static_cast<std::size_t>(std::ranges::count(prefix, '\\'));
-    std::string_view name = entry.first;
-    for (std::size_t level = 0; level < depth; ++level) name.remove_prefix(name.find('\\') + 1);
-    names.push_back(name.substr(0, name.find('\\')));
+    while (met.insert(FoldCase(key)).second) {
+      listing[FoldCase(key)];
+      const std::size_t cut = key.rfind('\\');
+      const std::string_view parent = key.substr(0, cut == std::string_view::npos ? 0 : cut);
+      listing[FoldCase(parent)].Keys.emplace_back(key.substr(cut + 1));
+      key = parent;
+    }
   }
-  if (!isThere) return std::nullopt;
-  // Of several spellings the one that stands first in the text.
-  std::ranges::sort(names, {}, [](std::string_view name) { return std::pair(FoldCase(name), name.data()); });
-  listed.Keys.assign(names.begin(), std::unique(names.begin(), names.end(), EqualIgnoringCase));
   for (const auto& [id, entry] : mValues) {
-    if (EqualIgnoringCase(id.Key, trimmed)) listed.Values.emplace_back(id.Name, entry.Value);
+    listing[FoldCase(id.Key)].Values.emplace_back(id.Name, entry.Value);
   }
-  std::ranges::sort(listed.Values, {}, [](const auto& value) { return FoldCase(value.first); });
-  return listed;
+  for (auto& entry : listing) {
+    std::ranges::sort(entry.second.Keys, {}, FoldCase);
+    std::ranges::sort(entry.second.Values, {}, [](const auto& value) { return FoldCase(value.first); });
+  }
+  return listing;
 }
 
 std::string RegistryFile::With(const std::vector<RegistryChange>& changes) const {

@@ -30,7 +30,7 @@ class RegistryFile {
   /// The value, null where it is absent; owned by this object.
   const RegistryValue* Find(std::string_view key, std::string_view name) const;
 
-  /// As `Registry::List`.
+  /// As `Registry::List`. The first call looks at the whole file, later ones at the key alone.
   std::optional<RegistryKey> List(std::string_view key) const;
 
   /// The text with those of the changes made that are for this hive; everything else stays byte for byte.
@@ -74,6 +74,8 @@ class RegistryFile {
   };
 
   void Forget(std::string_view key);
+  /// What each key holds, by its path in folded letter case.
+  std::unordered_map<std::string, RegistryKey> Listing() const;
   /// The removal of each statement for which `isDeleted(key, name)`, with null for the name of a key.
   template <class IsDeleted>
   std::vector<Edit> Deletions(IsDeleted isDeleted) const;
@@ -87,6 +89,7 @@ class RegistryFile {
   std::unordered_map<OwnedId, Entry, Hash, Equal> mValues;
   /// Each key with the end of its last statement, where new values go.
   std::unordered_map<std::string_view, std::size_t, Hash, Equal> mKeys;
+  mutable std::unordered_map<std::string, RegistryKey> mListing;  // empty until it is asked for
 };
 
 }  // namespace lwconfig::platform
