@@ -48,6 +48,7 @@ void CommentFileLocations::Load() {
   const DiskFile file = LocationsFile();
   if (file.Exists()) {
     ReadConfigurationFiles({file}, [&](const DiskFile&, const XMLElement& root) {
+      AttributeReader(root).Skip("Version");
       ForEachChild(root, [&](const XMLElement& child) {
         auto location = std::make_shared<CommentFileLocation>();
         location->Load(child);

@@ -28,6 +28,7 @@ std::shared_ptr<NamespaceDefs> ModelComments::NamespaceDefs() const {
 void ModelComments::Load(const XMLElement& e) {
   mCol.Clear();
   AttributeReader in(e);
+  in.Skip("Version");
   in.Try("Namespace", NamespaceProfile);
   in.Require("Name", Name);
   in.Require("Description", Description);

@@ -3,6 +3,7 @@
 
 #include <lwconfig/core/attribute_reader.h>
 #include <lwconfig/core/diagnostics.h>
+#include <lwconfig/core/inspection.h>
 #include <lwconfig/core/internal/xml_data.h>
 
 namespace lwconfig {
@@ -39,11 +40,32 @@ AttributeReader::AttributeReader(const XMLElement& e) : mElement(e) {
   mFirst = mMany.empty() ? mUsual : mMany.data();
   mEnd = mFirst + count;
   mNext = mFirst;
+  if (e.mDocument->IsInspected()) {
+    e.mDocument->NoteLook(pugi::xml_node(e.Node()).name());
+    mNext = mEnd;  // every look-up then comes to `Search`, which notes it
+  }
+}
+
+void AttributeReader::Skip(const char* name) const {
+  if (!mElement.mDocument->IsInspected()) return;
+  for (const Attribute* attribute = mFirst; attribute != mEnd; ++attribute) {
+    if (NameEquals(attribute->Name, name)) return mElement.mDocument->NoteLook(attribute->Name);
+  }
 }
 
 const char* AttributeReader::Search(const char* name) {
   const auto matches = [name](const Attribute& attribute) { return NameEquals(attribute.Name, name); };
   const Attribute* found = std::find_if(mFirst, mEnd, matches);
+  XMLDocumentData& document = *mElement.mDocument;
+  if (document.IsInspected()) {
+    if (found != mEnd) {
+      document.NoteLook(found->Name);
+    } else {
+      Inspection::Current()->NoteAbsent(Inspection::NameKind::Attribute,
+                                        pugi::xml_node(mElement.Node()).name(), name);
+    }
+    return found != mEnd ? found->Value : nullptr;
+  }
   if (found == mEnd) return nullptr;
   mNext = found + 1;
   ++mFound;
@@ -52,7 +74,9 @@ const char* AttributeReader::Search(const char* name) {
 
 AttributeReader::~AttributeReader() {
   // Each name is looked up once, so that what is there twice is left over.
-  if (mFound < mEnd - mFirst && std::uncaught_exceptions() == 0) TellRepeated();
+  // An inspection tells of what nothing read itself.
+  const bool isInspected = mElement.mDocument->IsInspected();
+  if (mFound < mEnd - mFirst && !isInspected && std::uncaught_exceptions() == 0) TellRepeated();
 }
 
 void AttributeReader::TellRepeated() const {
@@ -69,13 +93,26 @@ void AttributeReader::TellRepeated() const {
 }
 
 void AttributeReader::TellIgnored(const char* name, const char* text, const char* problem) const {
-  Tell(std::string("the attribute \"") + name + "\" is ignored: \"" + text + "\" " + problem);
+  const std::string message =
+      std::string("the attribute \"") + name + "\" is ignored: \"" + text + "\" " + problem;
+  if (Inspection* const inspection = Inspection::Current())
+    return inspection->Tell(Problem::IgnoredValue, mElement, name, message);
+  Tell(message);
 }
 
 void AttributeReader::Tell(const std::string& message) const {
   XMLDocumentData& document = *mElement.mDocument;
   if (!document.SourcePath.empty() && document.OdditiesTold++ < kMostTold)
     Diagnose({mElement.Position(), message});
+}
+
+void AttributeReader::TellDoubt(const char* name, const char* text, std::string_view taken,
+                                const char* doubt) const {
+  Inspection* const inspection = Inspection::Current();
+  if (inspection == nullptr) return;
+  std::string message = std::string("the attribute \"") + name + "\" is taken as " + std::string(taken) +
+                        ": \"" + text + "\" " + doubt;
+  inspection->Tell(Problem::DoubtfulValue, mElement, name, message);
 }
 
 const char* AttributeReader::Required(const char* name) {
@@ -90,6 +127,13 @@ void AttributeReader::Fail(std::int32_t number, const char* name, std::string_vi
   description.append(" the attribute \"").append(name).append("\"");
   if (!element.empty()) description.append(": ").append(found);
   if (!mElement.ParseFailure().empty()) description += " (" + mElement.ParseFailure() + ")";
+  if (Inspection* const inspection = Inspection::Current()) {
+    // Where there is no element at all, that was told.
+    if (element.empty()) return;
+    const bool isMissing = number == kInvalidCall;
+    return inspection->Tell(isMissing ? Problem::MissingAttribute : Problem::InvalidValue, mElement, name,
+                            description);
+  }
   description += "; what stands before is kept";
   Error error(number, std::move(description));
   error.SetPosition(mElement.Position());

@@ -14,7 +14,8 @@ namespace lwconfig {
 
 /// Reads the attributes of one element into members, names matched without regard to letter case. A look-up
 /// starts where the last one ended, so that attributes in file order are found at once; for any other, of
-/// several attributes of one name it finds the first.
+/// several attributes of one name it finds the first. While an inspection is under way it is told of each
+/// failure, and nothing is thrown.
 class AttributeReader {
  public:
   /// The element must outlive the reader.
@@ -25,15 +26,19 @@ class AttributeReader {
   AttributeReader& operator=(const AttributeReader&) = delete;
 
   /// Reads the attribute. Error 5 where it is absent; the member then keeps its value.
-  void Require(const char* name, std::string& member) { Assign(Required(name), member); }
+  void Require(const char* name, std::string& member) {
+    if (const char* text = Required(name)) Assign(text, member);
+  }
   /// As above, converted. The error of a failing conversion is thrown; the member then keeps its value.
   template <class T, class Convert>
   void Require(const char* name, T& member, Convert convert) {
     const char* text = Required(name);
+    if (text == nullptr) return;
     const auto conversion = convert(text);
     if (!conversion)
-      Fail(conversion.ErrorNumber, name, "\"" + std::string(text) + "\" " + conversion.Problem);
+      return Fail(conversion.ErrorNumber, name, "\"" + std::string(text) + "\" " + conversion.Problem);
     member = static_cast<T>(conversion.Value);
+    if (conversion.Problem != nullptr) TellDoubt(name, text, ToText(conversion.Value), conversion.Problem);
   }
 
   /// Reads the attribute; where it is absent the member keeps its value and the result is false.
@@ -50,11 +55,15 @@ class AttributeReader {
     const auto conversion = convert(text);
     if (conversion) {
       member = static_cast<T>(conversion.Value);
+      if (conversion.Problem != nullptr) TellDoubt(name, text, ToText(conversion.Value), conversion.Problem);
     } else {
       TellIgnored(name, text, conversion.Problem);
     }
     return static_cast<bool>(conversion);
   }
+
+  /// Says that the attribute belongs to the element and is not read.
+  void Skip(const char* name) const;
 
   /// The value of the attribute, or null where it is absent. Valid as long as the element.
   const char* Find(const char* name) {
@@ -68,6 +77,7 @@ class AttributeReader {
     // Most attributes are empty, and so is the member.
     if (*text != '\0' || !member.empty()) member = text;
   }
+  /// Null where an inspection was told that it is missing.
   const char* Required(const char* name);
   const char* Search(const char* name);
   void TellRepeated() const;
@@ -75,7 +85,10 @@ class AttributeReader {
   void Tell(const std::string& message) const;
   /// Tells of an optional value that does not convert.
   void TellIgnored(const char* name, const char* text, const char* problem) const;
-  [[noreturn]] void Fail(std::int32_t number, const char* name, std::string_view found) const;
+  /// Tells an inspection under way of a value that is taken, though it may be meant otherwise.
+  void TellDoubt(const char* name, const char* text, std::string_view taken, const char* doubt) const;
+  /// Throws the error; returns where an inspection is told of it instead.
+  void Fail(std::int32_t number, const char* name, std::string_view found) const;
 
   struct Attribute {
     const char* Name;

@@ -4,7 +4,9 @@
 #include <vector>
 
 #include <lwconfig/core/damaged_files.h>
+#include <lwconfig/core/diagnostics.h>
 #include <lwconfig/core/disk_file.h>
+#include <lwconfig/core/inspection.h>
 #include <lwconfig/core/progress.h>
 #include <lwconfig/core/read_ahead.h>
 #include <lwconfig/core/xml_document.h>
@@ -17,12 +19,8 @@ void UseDocument(const DiskFile& file, XMLDocument document, Use& use) {
   const bool isDamaged = !document.ParseFailure().empty() && file.Exists();
   if (isDamaged) document.TellParseFailure();
   const XMLElement root = document.RootElement();
-  try {
-    use(file, root);
-  } catch (Error& failure) {
-    failure.SetPosition(root.Position());
-    throw;
-  }
+  RunStep([&] { use(file, root); }, [&] { return root.Position(); });
+  if (Inspection* const inspection = Inspection::Current()) inspection->EndFile(document, root);
   NoteDamage(file, isDamaged);
 }
 
@@ -30,8 +28,8 @@ void UseDocument(const DiskFile& file, XMLDocument document, Use& use) {
 void TellLeftOut(const std::vector<DiskFile>& files, std::size_t read);
 
 /// Calls `use(file, root)` for each configuration file of the list, with its root element. The first failure
-/// ends the walk; where it has no place in a file yet it gets the file's, and the diagnostics handler is told
-/// how many files are left out. The files are only read.
+/// ends the walk, except while an inspection is under way; where it has no place in a file yet it gets the
+/// file's, and the diagnostics handler is told how many files are left out. The files are only read.
 template <class Use>
 void ReadConfigurationFiles(const std::vector<DiskFile>& files, Use use) {
   ReadAhead documents(files);
@@ -40,7 +38,11 @@ void ReadConfigurationFiles(const std::vector<DiskFile>& files, Use use) {
     for (const DiskFile& file : files) {
       TellProgress({file, read++, files.size()});
       NoteDamage(file, true);  // until it has been used to its end
-      UseDocument(file, documents.Next(), use);
+      if (Inspection* const inspection = Inspection::Current()) inspection->BeginFile(file.FullPath());
+      RunStep([&] { UseDocument(file, documents.Next(), use); },
+              [&] {
+                return FilePosition{file.FullPath(), 0, 0};
+              });
     }
   } catch (const Error&) {
     TellLeftOut(files, read);

@@ -79,7 +79,7 @@ Conversion<std::int32_t> Rounded(double value) {
         rounded <= std::numeric_limits<std::int32_t>::max())) {
     return {0, kOverflow, "is outside the range of a 32-bit integer"};
   }
-  return {static_cast<std::int32_t>(rounded)};
+  return {static_cast<std::int32_t>(rounded), 0, rounded == value ? nullptr : "is no whole number"};
 }
 
 /// The digits of a short number, the common case, read without going through floating point.
@@ -112,7 +112,9 @@ double LeadingNumber(std::string_view text) {
 
 Conversion<std::int32_t> LeadingInteger(std::string_view text) {
   if (const auto plain = PlainDigits(text)) return {*plain};
-  return Rounded(LeadingNumber(text));
+  auto result = Rounded(LeadingNumber(text));
+  if (result && !WholeNumber(text)) result.Problem = "is not a number; only digits at its start count";
+  return result;
 }
 
 Conversion<std::int32_t> StrictInteger(std::string_view text) {
@@ -122,7 +124,9 @@ Conversion<std::int32_t> StrictInteger(std::string_view text) {
 }
 
 Conversion<bool> ExactTrue(std::string_view text) {
-  return {text == "True"};
+  if (text == "True") return {true};
+  const bool saysFalse = text.empty() || EqualIgnoringCase(text, "False") || text == "0";
+  return {false, 0, saysFalse ? nullptr : "is not \"True\", letter case included"};
 }
 
 Conversion<bool> TextToBoolean(std::string_view text) {

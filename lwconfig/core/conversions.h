@@ -9,7 +9,7 @@
 namespace lwconfig {
 
 /// The value of a text, or the error that converting it is: its number, and what is wrong with the text
-/// ("is not a number").
+/// ("is not a number"). Beside a value, `Problem` is why it may be meant otherwise, else null.
 template <class T>
 struct Conversion {
   T Value{};

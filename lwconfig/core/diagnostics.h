@@ -4,6 +4,7 @@
 #include <string>
 
 #include <lwconfig/core/error.h>
+#include <lwconfig/core/problem.h>
 
 namespace lwconfig {
 
@@ -12,6 +13,8 @@ namespace lwconfig {
 struct Diagnostic {
   FilePosition Position;
   std::string Message;
+  lwconfig::Problem Problem = lwconfig::Problem::Other;
+  std::string Suggestion{};  // the text that was most likely meant, if any
 };
 
 using DiagnosticHandler = std::function<void(const Diagnostic&)>;
@@ -19,5 +22,21 @@ using DiagnosticHandler = std::function<void(const Diagnostic&)>;
 /// Sets the handler that is told of diagnostics, an empty one for none; returns the one set before.
 DiagnosticHandler SetDiagnosticHandler(DiagnosticHandler handler);
 void Diagnose(const Diagnostic& diagnostic);
+
+/// While an inspection is under way, tells it of the failure; the load then goes on with what comes next.
+/// Else does nothing and is false: the failure ends the load.
+bool PassOver(const Error& failure);
+
+/// Runs one step of a load. A failure that has no place in a file yet gets `place()`; while an inspection is
+/// under way, it ends with the step.
+template <class Step, class Place>
+void RunStep(Step step, Place place) {
+  try {
+    step();
+  } catch (Error& failure) {
+    failure.SetPosition(place());
+    if (!PassOver(failure)) throw;
+  }
+}
 
 }  // namespace lwconfig

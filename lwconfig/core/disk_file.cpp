@@ -129,11 +129,15 @@ void DiskFile::Open(std::int32_t mode, std::int32_t access, std::int32_t /*share
   }
 }
 
-std::string DiskFile::ReadAll() const {
-  if (mOpen == OpenState::Reading) return DecodeText(mContent);
+std::string DiskFile::ReadAll(std::string* doubt) const {
+  const auto decode = [doubt](std::string bytes) {
+    if (doubt != nullptr) *doubt = EncodingDoubt(bytes);
+    return DecodeText(std::move(bytes));
+  };
+  if (mOpen == OpenState::Reading) return decode(mContent);
   const std::string path = FullPath();
   try {
-    return DecodeText(HostFiles().Read(path));
+    return decode(HostFiles().Read(path));
   } catch (const std::system_error& failure) {
     if (NamesNothing(failure)) return {};
     throw FileError(failure, path);

@@ -52,7 +52,9 @@ class DiskFile : public Counted<DiskFile> {
   bool IsOpen() const { return mOpen != OpenState::Closed; }
   /// The whole content as text without byte-order mark, also of a file that was never opened; empty for one
   /// that does not exist. Error 70 or 75 for one that exists and cannot be read.
-  std::string ReadAll() const;
+  std::string ReadAll() const { return ReadAll(nullptr); }
+  /// As above; says in `doubt`, unless that is null, what `EncodingDoubt` does.
+  std::string ReadAll(std::string* doubt) const;
   /// Appends text (UTF-8) to a file open for writing. The error of the failed `Open` where there was one,
   /// else error 52 when the file is not open for writing; 5 for text that is not valid UTF-8, 75 for a
   /// failing disk. The file on disk keeps its old content until `Close`.

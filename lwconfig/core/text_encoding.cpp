@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <optional>
 
 #include <lwconfig/core/text.h>
@@ -145,6 +146,33 @@ std::string DecodeText(std::string bytes) {
   if (auto text = DecodeByMark(bytes)) return *std::move(text);
   if (auto text = DecodeByDeclaration(bytes)) return *std::move(text);
   return IsValidUtf8(bytes) ? std::move(bytes) : FromWindows1252(bytes);
+}
+
+std::string EncodingDoubt(std::string_view bytes) {
+  const bool isUtf8 = IsValidUtf8(bytes);
+  const std::string readAs = isUtf8 ? "; it is read as UTF-8" : "; it is read as Windows-1252";
+  for (const auto& mark : kByteOrderMarks) {
+    if (!bytes.starts_with(mark.Bytes)) continue;
+    if (mark.UnitSize == 1)
+      return isUtf8 ? "" : "the file begins with the mark of UTF-8 and is not UTF-8" + readAs;
+    return bytes.size() % mark.UnitSize == 0 ? "" : "the last character of the file is cut off";
+  }
+  for (const auto& start : kDeclarationStarts) {
+    if (bytes.starts_with(start.Bytes)) return {};
+  }
+  const std::string declared = DeclaredEncoding(bytes);
+  if (declared.empty() || EqualIgnoringCase(declared, "utf-8")) {
+    if (!isUtf8) return "the file is not UTF-8 and names no other encoding" + readAs;
+    return bytes.find("\xEF\xBF\xBD") == std::string_view::npos
+               ? ""
+               : "the file has the character U+FFFD, which stands for one that was lost";
+  }
+  const std::string named = "the file names the encoding \"" + declared + "\"";
+  if (NamesWideUnits(declared)) return named + " and is in another" + readAs;
+  const bool isAscii = std::ranges::all_of(bytes, [](char c) { return static_cast<signed char>(c) >= 0; });
+  if (NamesWindows1252(declared))
+    return isUtf8 && !isAscii ? named + " and looks like UTF-8; it is read as Windows-1252" : "";
+  return platform::DecodeAs(bytes, declared) ? "" : named + ", in which it cannot be read" + readAs;
 }
 
 }  // namespace lwconfig

@@ -3,6 +3,7 @@
 
 #include <lwconfig/core/diagnostics.h>
 #include <lwconfig/core/disk_file.h>
+#include <lwconfig/core/inspection.h>
 #include <lwconfig/core/internal/xml_data.h>
 #include <lwconfig/core/text.h>
 #include <lwconfig/core/xml_document.h>
@@ -43,6 +44,10 @@ bool IsBlank(const char* text) {
 
 bool XMLDocumentData::Parse() {
   IsDraft = false;
+  if (Inspection::Current() != nullptr && !SourcePath.empty()) {
+    Original = Text;
+    Looked.assign(Text.size(), false);
+  }
   // Fragments are allowed to the parser, so that what stands beside the document element is seen, not
   // skipped.
   constexpr unsigned kKeepAll = pugi::parse_default | pugi::parse_comments | pugi::parse_pi |
@@ -110,7 +115,7 @@ FilePosition XMLDocumentData::PositionOf(std::size_t offset) const {
   // The parser writes into its text, so places are counted in the text as it was: the file's, read once more.
   if (SourcePath.empty() && Original.empty()) return {};  // written here, not read
   std::string reread;
-  const bool isKept = KeepsText || SourcePath.empty();
+  const bool isKept = KeepsText || SourcePath.empty() || IsInspected();
   if (!isKept) {
     DiskFile file;
     file.SetFullPath(SourcePath);
@@ -121,10 +126,18 @@ FilePosition XMLDocumentData::PositionOf(std::size_t offset) const {
     }
     if (reread.size() != Text.size()) return {SourcePath, 0, 0};
   }
+  // Many places of one text are asked for in order, mostly.
+  Place place = isKept && LastPlace.Offset <= offset ? LastPlace : Place{};
   const std::string_view before = std::string_view(isKept ? Original : reread).substr(0, offset);
-  const auto lineStart = before.rfind('\n') + 1;  // 0 where there is no line break
-  return {SourcePath, static_cast<std::int32_t>(std::count(before.begin(), before.end(), '\n') + 1),
-          static_cast<std::int32_t>(CountCharacters(before.substr(lineStart)) + 1)};
+  for (auto end = before.find('\n', place.Offset); end != std::string_view::npos;
+       end = before.find('\n', end + 1)) {
+    ++place.Line;
+    place.LineStart = end + 1;
+  }
+  place.Offset = offset;
+  LastPlace = place;
+  return {SourcePath, place.Line,
+          static_cast<std::int32_t>(CountCharacters(before.substr(place.LineStart)) + 1)};
 }
 
 XMLDocument::XMLDocument() : mData(std::make_shared<XMLDocumentData>()) {}
@@ -152,17 +165,25 @@ bool XMLDocument::LoadXMLWithOption(std::string Text, bool Option, std::string S
 bool XMLDocument::ReadFile(const DiskFile& file) {
   mData = std::make_shared<XMLDocumentData>();
   mData->SourcePath = file.FullPath();
-  mData->Text = file.ReadAll();
+  mData->Text = file.ReadAll(Inspection::Current() != nullptr ? &mData->EncodingDoubt : nullptr);
   return mData->Parse();
 }
 
 const std::string& XMLDocument::ParseFailure() const {
   return mData->ParseFailure;
 }
+const std::string& XMLDocument::EncodingDoubt() const {
+  return mData->EncodingDoubt;
+}
+
+void XMLDocument::SetEncodingDoubt(std::string doubt) {
+  mData->EncodingDoubt = std::move(doubt);
+}
 
 void XMLDocument::TellParseFailure() const {
   if (mData->ParseFailure.empty()) return;
-  Diagnose({mData->ParseFailurePosition, mData->ParseFailure + "; what stands before is read"});
+  Diagnose({mData->ParseFailurePosition, mData->ParseFailure + "; what stands before is read",
+            Problem::NotWellFormed});
 }
 
 std::string XMLDocument::XML() const {

@@ -30,6 +30,9 @@ class XMLDocument {
   bool ReadFile(const DiskFile& file);
   /// What is wrong with the text read last; empty where it was well-formed.
   const std::string& ParseFailure() const;
+  /// What is odd about the encoding of the file read last, as a sentence; empty where nothing is.
+  const std::string& EncodingDoubt() const;
+  void SetEncodingDoubt(std::string doubt);
   /// Tells the diagnostics handler where the file read last is not well-formed, if so.
   void TellParseFailure() const;
   /// The whole document as UTF-8 text with an XML declaration.

@@ -1,5 +1,6 @@
 #include <algorithm>
 
+#include <lwconfig/core/inspection.h>
 #include <lwconfig/core/internal/xml_data.h>
 #include <lwconfig/core/xml_element.h>
 #include <lwconfig/platform/letter_case.h>
@@ -61,10 +62,17 @@ std::string XMLElement::Name() const {
   return xml_node(Node()).name();
 }
 bool XMLElement::IsNamed(std::string_view name) const {
-  return name == xml_node(Node()).name();
+  return name == xml_node(Node()).name() || NoteOtherName(name);
 }
 bool XMLElement::IsNamedIgnoringCase(std::string_view name) const {
-  return EqualIgnoringCase(name, xml_node(Node()).name());
+  return EqualIgnoringCase(name, xml_node(Node()).name()) || NoteOtherName(name);
+}
+
+bool XMLElement::NoteOtherName(std::string_view name) const {
+  if (mDocument->IsInspected()) {
+    Inspection::Current()->NoteAbsent(Inspection::NameKind::Element, xml_node(Node()).parent().name(), name);
+  }
+  return false;
 }
 
 void XMLElement::SetName(std::string_view name) {
@@ -79,8 +87,10 @@ void XMLElement::SetName(std::string_view name) {
 std::string XMLElement::Text() const {
   std::string text;
   bool hasMarkup = false;
+  mDocument->NoteLook(xml_node(Node()).name());
   for (const xml_node part : xml_node(Node()).children()) {
     if (part.type() == pugi::node_pcdata || part.type() == pugi::node_cdata) {
+      mDocument->NoteLook(part.value());
       text += part.value();
     } else {
       hasMarkup = true;
@@ -96,6 +106,7 @@ XMLAttributes XMLElement::Attributes() const {
   return XMLAttributes(*this);
 }
 XMLElements XMLElement::Children() const {
+  mDocument->NoteLook(xml_node(Node()).name());
   return XMLElements(*this);
 }
 
@@ -122,6 +133,12 @@ XMLElement XMLElement::AddElement(std::string_view name, std::string_view text) 
 
 FilePosition XMLElement::Position() const {
   return mDocument->Position(xml_node(Node()).name());
+}
+FilePosition XMLElement::Position(std::string_view attribute) const {
+  for (const xml_attribute candidate : xml_node(Node()).attributes()) {
+    if (EqualIgnoringCase(candidate.name(), attribute)) return mDocument->Position(candidate.name());
+  }
+  return Position();
 }
 const std::string& XMLElement::ParseFailure() const {
   return mDocument->ParseFailure;

@@ -7,6 +7,7 @@
 #include <string>
 #include <string_view>
 
+#include <lwconfig/core/diagnostics.h>
 #include <lwconfig/core/error.h>
 #include <lwconfig/core/keyed_list.h>
 
@@ -71,6 +72,8 @@ class XMLElement {
 
   /// Where the element stands in the file, or text, that it was read from.
   FilePosition Position() const;
+  /// Where the attribute of that name, letter case ignored, stands; the place of the element without one.
+  FilePosition Position(std::string_view attribute) const;
   /// What is wrong with the text that the element was read from; empty where it was well-formed.
   const std::string& ParseFailure() const;
 
@@ -78,6 +81,7 @@ class XMLElement {
 
  private:
   friend class AttributeReader;
+  friend class Inspection;
   friend class XMLAttributes;
   friend class XMLDocument;
   friend class XMLElements;
@@ -88,6 +92,8 @@ class XMLElement {
   /// The node in the document's tree; a draft becomes a tree.
   pugi::xml_node_struct* Node() const;
   bool IsDraft() const;
+  /// Tells an inspection under way of a name that the element might have had; always false.
+  bool NoteOtherName(std::string_view name) const;
 
   std::shared_ptr<XMLDocumentData> mDocument;
   pugi::xml_node_struct* mNode = nullptr;
@@ -145,12 +151,7 @@ class XMLElements {
 template <class Visit>
 void ForEachChild(const XMLElement& e, Visit visit) {
   for (const XMLElement child : e.Children()) {
-    try {
-      visit(child);
-    } catch (Error& failure) {
-      failure.SetPosition(child.Position());
-      throw;
-    }
+    RunStep([&] { visit(child); }, [&] { return child.Position(); });
   }
 }
 

@@ -1,6 +1,7 @@
 #include <algorithm>
 
 #include <lwconfig/core/application_values.h>
+#include <lwconfig/core/attribute_reader.h>
 #include <lwconfig/core/configuration_files.h>
 #include <lwconfig/core/string_tools.h>
 #include <lwconfig/externaldocs/external_docs.h>
@@ -10,6 +11,8 @@ namespace lwconfig {
 namespace {
 
 constexpr std::string_view kDelimiter = "%%";
+constexpr std::string_view kCaption = "LinkCaption";
+constexpr std::string_view kMemberName = "MemberName";
 
 DiskFile SourcesFile() {
   return DiskFile(ConfigPath(), "ExternalDocs", "xml");
@@ -46,8 +49,18 @@ class Placeholders : public Collection {
   void Set(std::string_view name, std::string_view value) { Add(std::string(value), name); }
 };
 
-Placeholders ObjectPlaceholders(const NameParts& name) {
+Placeholders OfObject(const NameParts& name) {
   return Placeholders(name, "Object", "FullName");
+}
+Placeholders OfMember(const NameParts& name) {
+  return Placeholders(name, "Class", "ClassFullName");
+}
+
+std::vector<std::string> Names(const Placeholders& values) {
+  std::vector<std::string> names;
+  for (std::int32_t position = 1; position <= values.Count(); ++position)
+    names.push_back(values.KeyAt(position));
+  return names;
 }
 
 std::string MemberPlaceholder(std::string_view memberName) {
@@ -74,6 +87,7 @@ std::string FormatLink(const ExternalLink& link, const Placeholders& values, std
 void ExternalDocs::Load() {
   if (const DiskFile file = SourcesFile(); file.Exists()) {
     ReadConfigurationFiles({file}, [&](const DiskFile&, const XMLElement& root) {
+      AttributeReader(root).Skip("Version");
       ForEachChild(root, [&](const XMLElement& child) {
         if (!child.IsNamed("ExternalDoc")) return;
         auto source = std::make_shared<ExternalDoc>();
@@ -110,8 +124,8 @@ std::string ExternalDocs::Link(std::string_view ObjectFullName, std::string_view
   if (covered.find('.') == std::string::npos) covered += '.';
   const auto* source = FindSource(covered);
   if (source == nullptr) return {};
-  auto values = ObjectPlaceholders(name);
-  values.Set("LinkCaption", Caption);
+  auto values = OfObject(name);
+  values.Set(kCaption, Caption);
   auto link = FormatLink(*source->ClassLink, values, Caption, IsHelp2);
   mClassLinks.Add(link, key);
   return link;
@@ -131,17 +145,30 @@ std::string ExternalDocs::MemberLink(std::string_view ClassFullName, std::string
   const NameParts name(ClassFullName);
   const auto* source = FindSource(name.Namespace);
   if (source == nullptr) return {};
-  Placeholders values(name, "Class", "ClassFullName");
-  values.Set("MemberName", MemberPlaceholder(MemberName));
-  values.Set("LinkCaption", Caption);
+  auto values = OfMember(name);
+  values.Set(kMemberName, MemberPlaceholder(MemberName));
+  values.Set(kCaption, Caption);
   return FormatLink(*source->DefaultMemberLink, values, Caption, IsHelp2);
 }
 
 std::string ExternalDocs::URL(std::string_view ObjectFullName) const {
   const auto* source = FindSource(ObjectFullName);
   if (source == nullptr) return {};
-  return StringTools::ExpandPlaceholders(source->URLFormat(), ObjectPlaceholders(NameParts(ObjectFullName)),
+  return StringTools::ExpandPlaceholders(source->URLFormat(), OfObject(NameParts(ObjectFullName)),
                                          kDelimiter);
+}
+
+std::vector<std::string> ExternalDocs::ObjectPlaceholders() {
+  auto values = OfObject(NameParts({}));
+  values.Set(kCaption, {});
+  return Names(values);
+}
+
+std::vector<std::string> ExternalDocs::MemberPlaceholders() {
+  auto values = OfMember(NameParts({}));
+  values.Set(kMemberName, {});
+  values.Set(kCaption, {});
+  return Names(values);
 }
 
 void ExternalDocs::ResetLinkCache() {

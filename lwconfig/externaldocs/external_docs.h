@@ -3,6 +3,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include <lwconfig/core/keyed_collection.h>
 #include <lwconfig/core/shared_slots.h>
@@ -44,6 +45,10 @@ class ExternalDocs : public KeyedCollection<ExternalDoc>, public Counted<Externa
   /// The address of the page of an object, without markup; empty where no source covers its whole name.
   std::string URL(std::string_view ObjectFullName) const;
   void ResetLinkCache();
+
+  /// The names of the placeholders that the links to objects, and those to members, fill.
+  static std::vector<std::string> ObjectPlaceholders();
+  static std::vector<std::string> MemberPlaceholders();
 
   /// A copy with sources of its own, without keys, and nothing kept from before.
   std::shared_ptr<ExternalDocs> Clone() const;

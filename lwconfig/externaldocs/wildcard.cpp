@@ -39,6 +39,18 @@ bool IsListed(char32_t character, std::string_view list) {
   return isFound != isNegated;
 }
 
+/// Whether there is a character that `IsListed`.
+bool ListsAny(std::string_view list) {
+  bool listsAny = list.starts_with('!');
+  for (std::size_t at = 0; at < list.size() && !listsAny;) {
+    const char32_t first = TakeCharacter(list, at);
+    char32_t last = first;
+    if (at + 1 < list.size() && list[at] == '-') last = TakeCharacter(list, ++at);
+    listsAny = first <= last;
+  }
+  return listsAny;
+}
+
 /// Matches single characters of a text against the parts of a pattern.
 class PatternReader {
  public:
@@ -66,6 +78,16 @@ class PatternReader {
 };
 
 }  // namespace
+
+bool IsPossibleWildcard(std::string_view pattern) {
+  for (auto open = pattern.find('['); open != kNone; open = pattern.find('[', open)) {
+    const auto close = pattern.find(']', open);
+    if (close == kNone) break;
+    if (!ListsAny(pattern.substr(open + 1, close - open - 1))) return false;
+    open = close;
+  }
+  return true;
+}
 
 bool MatchesWildcard(std::string_view text, std::string_view pattern) {
   const PatternReader reader(pattern);

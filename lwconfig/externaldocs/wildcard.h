@@ -17,4 +17,7 @@ namespace lwconfig {
 /// The time taken grows at most with the length of the text times that of the pattern.
 bool MatchesWildcard(std::string_view text, std::string_view pattern);
 
+/// Whether there is a text that matches the pattern.
+bool IsPossibleWildcard(std::string_view pattern);
+
 }  // namespace lwconfig

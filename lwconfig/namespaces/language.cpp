@@ -1,6 +1,7 @@
 #include <lwconfig/core/application_values.h>
 #include <lwconfig/core/attribute_reader.h>
 #include <lwconfig/core/configuration_files.h>
+#include <lwconfig/core/inspection.h>
 #include <lwconfig/namespaces/language.h>
 
 namespace lwconfig {
@@ -55,11 +56,20 @@ void Language::Load(const XMLElement& e) {
       DataTypes->Add(type.Value, type.Type);
       ReverseDataTypes->Add(type.Type, type.Value);
     } else if (child.IsNamedIgnoringCase("accesstype")) {
-      try {
-        const Translation access(child);
-        AccessTypes->Add(access.Value, access.Type);
-      } catch (const Error&) {
-        // The first word of an access level stays.
+      AttributeReader access(child);
+      const char* type = access.Find("type");
+      const char* value = access.Find("Value");
+      // The first word of an access level stays.
+      if (type != nullptr && value != nullptr && AccessTypes->Item(type) == nullptr) {
+        AccessTypes->Add(value, type);
+      } else if (Inspection* const inspection = Inspection::Current()) {
+        if (type != nullptr && value != nullptr) {
+          inspection->Tell(Problem::DuplicateName, child, "type",
+                           "the word is left out: its access level has one already");
+        } else {
+          inspection->Tell(Problem::MissingAttribute, child, {},
+                           "the word is left out: it needs the attributes \"type\" and \"Value\"");
+        }
       }
     }
   });

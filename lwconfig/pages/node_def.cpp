@@ -1,4 +1,6 @@
 #include <lwconfig/core/attribute_reader.h>
+#include <lwconfig/core/inspection.h>
+#include <lwconfig/core/nearest.h>
 #include <lwconfig/core/string_tools.h>
 #include <lwconfig/pages/node_def.h>
 #include <lwconfig/pages/page_layout.h>
@@ -41,6 +43,20 @@ Conversion<std::int32_t> KeyNumber(std::string_view key) {
   std::size_t second = key.empty() ? 0 : 1;
   while (second < key.size() && (static_cast<unsigned char>(key[second]) & 0xC0) == 0x80) ++second;
   return StrictInteger(key.substr(second));
+}
+
+/// Tells an inspection under way of a layout that the template lacks.
+void TellUnknownLayout(const XMLElement& e, const char* layout, const PageTemplate* pageTemplate) {
+  Inspection* const inspection = Inspection::Current();
+  if (inspection == nullptr) return;
+  std::vector<std::string> known;
+  if (pageTemplate != nullptr) {
+    for (const auto& existing : *pageTemplate->PageLayouts()) known.push_back(existing->FileName);
+  }
+  inspection->Tell(
+      Problem::UnknownLayout, e, "PageLayout",
+      "the node gets no page: no page layout before it has the file \"" + std::string(layout) + "\"",
+      Nearest(layout, known));
 }
 
 std::shared_ptr<PageTemplate> TemplateOf(const std::shared_ptr<TOCDefinition>& definition) {
@@ -114,6 +130,8 @@ void NodeDef::Load(const XMLElement& e, const std::shared_ptr<lwconfig::TOCDefin
   if (layout != nullptr && pageTemplate &&
       StringTools::ObjectKeyExists(*pageTemplate->PageLayouts(), layout)) {
     mPageLayout = layout;
+  } else if (layout != nullptr && *layout != '\0') {
+    TellUnknownLayout(e, layout, pageTemplate.get());
   }
   PageType = kNoPageType;
   in.Try("PageType", PageType, StrictInteger);

@@ -7,6 +7,7 @@
 #include <lwconfig/core/attribute_reader.h>
 #include <lwconfig/core/diagnostics.h>
 #include <lwconfig/core/disk_file.h>
+#include <lwconfig/core/inspection.h>
 #include <lwconfig/core/string_tools.h>
 #include <lwconfig/core/text.h>
 #include <lwconfig/namespaces/namespace_profiles.h>
@@ -120,6 +121,7 @@ class PageTemplate::Loader {
 
   void ReadSettings() {
     AttributeReader& in = mAttributes;
+    in.Skip("RootFolder");  // the template knows where it was found
     in.Require("Name", mTarget.Name);
     in.Require("Description", mTarget.Description);
     in.Try("ObjFillColor", mTarget.objFillColor, LeadingInteger);
@@ -148,8 +150,16 @@ class PageTemplate::Loader {
       layout->Load(child);
       const bool usable = !IsNoLayout(layout->FileName);
       const bool known = StringTools::ObjectKeyExists(*mTarget.PageLayouts(), layout->FileName);
-      if (usable && !known && Folder().HasFile(layout->FileName))
+      const bool hasFile = Folder().HasFile(layout->FileName);
+      if (usable && !known && hasFile) {
         mTarget.PageLayouts()->Add(layout, layout->FileName);
+      } else if (!usable) {
+        TellLeftOut(Problem::ReservedFileName, child, "a file of this name is no page layout");
+      } else if (known) {
+        TellLeftOut(Problem::DuplicateName, child, "a page layout with this file stands before");
+      } else {
+        TellLeftOut(Problem::MissingLayoutFile, child, "the file is not in the folder of the template");
+      }
     } else if (child.IsNamed("TOCDefinition")) {
       auto toc = std::make_shared<TOCDefinition>();
       toc->Load(child, mShared);
@@ -174,6 +184,12 @@ class PageTemplate::Loader {
     }
   }
 
+  /// Tells an inspection under way of a layout that the template does not get.
+  static void TellLeftOut(Problem problem, const XMLElement& e, const char* why) {
+    if (Inspection* const inspection = Inspection::Current())
+      inspection->Tell(problem, e, "FileName", std::string("the page layout is left out: ") + why);
+  }
+
   void UseNamespaceProfile(const std::string& name) {
     if (const auto profile = SharedSlot<NamespaceProfiles>::Obtain()->Item(name)) {
       for (const auto& definition : *profile) mTarget.NamespaceDefs->Add(definition, definition->Name);
@@ -188,7 +204,8 @@ class PageTemplate::Loader {
         node->CementReferences(*toc->NodeDefs);
         mayCircle = mayCircle || IsAheadOf(node->ParentNodeDef().get(), node.get());
       }
-      if (mayCircle) TellCircles(*toc);
+      // An inspection tells of every circle itself.
+      if (mayCircle && Inspection::Current() == nullptr) TellCircles(*toc);
     }
   }
 

@@ -3,6 +3,7 @@
 #include <lwconfig/core/application_values.h>
 #include <lwconfig/core/configuration_files.h>
 #include <lwconfig/core/diagnostics.h>
+#include <lwconfig/core/inspection.h>
 #include <lwconfig/platform/message_box.h>
 #include <lwconfig/templates/page_templates.h>
 
@@ -65,7 +66,7 @@ void PageTemplates::Load() {
     pageTemplate->RootFolder = config.FolderPath();
     pageTemplate->Load(root);
     const auto [first, isNew] = folderOf.try_emplace(FoldCase(pageTemplate->Name), config.FolderPath());
-    if (!isNew) {
+    if (!isNew && Inspection::Current() == nullptr) {  // an inspection tells of it itself
       Diagnose({root.Position(), "there is a template \"" + pageTemplate->Name + "\" in the folder \"" +
                                      first->second + "\" already; its name finds that one only"});
     }

@@ -4,6 +4,7 @@
 #include <lwconfig/core/attribute_reader.h>
 #include <lwconfig/core/disk_file.h>
 #include <lwconfig/core/file_name.h>
+#include <lwconfig/core/inspection.h>
 #include <lwconfig/core/string_tools.h>
 #include <lwconfig/core/text.h>
 #include <lwconfig/core/xml_document.h>
@@ -12,46 +13,90 @@
 namespace lwconfig {
 namespace {
 
-/// Calls `add(name, text)` for every entry of an XML document.
-template <class Add>
-void ReadDocument(const DiskFile& file, std::string text, Add add) {
-  XMLDocument document;
-  document.LoadXMLWithOption(std::move(text), true, file.FullPath());
-  document.TellParseFailure();
-  ForEachChild(document.RootElement(), [&](const XMLElement& child) {
-    AttributeReader in(child);
-    std::string name;
-    in.Require("name", name);
-    add(name, child.Text());
-  });
-}
+/// Takes the entries of one file, the first of each name.
+class EntryReader {
+ public:
+  enum class Keep { Texts, Names };
+  EntryReader(const DiskFile& file, Keep keep, Collection& entries)
+      : mFile(file), mKeep(keep), mEntries(entries), mInspection(Inspection::Current()) {}
 
-/// Calls `add(name, text)` for every line, "name~text". A further "~" ends the text.
-template <class Add>
-void ReadLines(std::string_view text, Add add) {
-  for (auto line : Split(text, "\r\n")) {
-    if (line.empty()) continue;
-    const auto name = line.substr(0, line.find('~'));
-    line.remove_prefix(std::min(name.size() + 1, line.size()));
-    add(name, line.substr(0, line.find('~')));
+  void Read() {
+    if (!mFile.Exists()) return;
+    if (mInspection != nullptr) mInspection->BeginFile(mFile.FullPath());
+    RunStep([this] { ReadText(); }, [this] { return FilePosition{mFile.FullPath(), 0, 0}; });
   }
-}
 
-enum class Keep { Texts, Names };
-
-void ReadEntries(const DiskFile& file, Keep keep, Collection& entries) {
-  if (!file.Exists()) return;
-  std::string text = file.ReadAll();
-  const auto add = [&](std::string_view name, std::string_view entry) {
-    if (!name.empty() && !StringTools::KeyExists(entries, name))
-      entries.Add(std::string(keep == Keep::Names ? name : entry), name);
-  };
-  if (text.starts_with("<?xml")) {
-    ReadDocument(file, std::move(text), add);
-  } else {
-    ReadLines(text, add);
+ private:
+  void ReadText() {
+    std::string doubt;
+    std::string text = mFile.ReadAll(mInspection != nullptr ? &doubt : nullptr);
+    if (text.starts_with("<?xml")) return ReadDocument(std::move(text), std::move(doubt));
+    if (!doubt.empty()) mInspection->Tell({{mFile.FullPath(), 1, 1}, doubt, Problem::DoubtfulEncoding});
+    ReadLines(text);
   }
-}
+
+  void ReadDocument(std::string text, std::string doubt) {
+    XMLDocument document;
+    document.LoadXMLWithOption(std::move(text), true, mFile.FullPath());
+    document.SetEncodingDoubt(std::move(doubt));
+    document.TellParseFailure();
+    const XMLElement root = document.RootElement();
+    ForEachChild(root, [&](const XMLElement& child) {
+      AttributeReader in(child);
+      std::string name;
+      in.Require("name", name);
+      if (!Add(name, child.Text()) && mInspection != nullptr)
+        mInspection->Tell(Problem::DuplicateName, child, "name", Repeated(name));
+    });
+    if (mInspection != nullptr) mInspection->EndFile(document, root);
+  }
+
+  /// One entry a line, "name~text". A further "~" ends the text.
+  void ReadLines(std::string_view text) {
+    std::int32_t number = 0;
+    for (auto line : Split(text, "\r\n")) {
+      ++number;
+      if (line.empty()) continue;
+      const std::string_view whole = line;
+      const auto name = line.substr(0, line.find('~'));
+      line.remove_prefix(std::min(name.size() + 1, line.size()));
+      const bool isNew = Add(name, line.substr(0, line.find('~')));
+      if (mInspection != nullptr) TellLine(number, whole, isNew);
+    }
+  }
+
+  /// False where there is an entry of the name.
+  bool Add(std::string_view name, std::string_view entry) {
+    if (name.empty()) return true;
+    if (StringTools::KeyExists(mEntries, name)) return false;
+    mEntries.Add(std::string(mKeep == Keep::Names ? name : entry), name);
+    return true;
+  }
+
+  void TellLine(std::int32_t number, std::string_view line, bool isNew) {
+    const auto tell = [&](Problem problem, std::string message) {
+      mInspection->Tell({{mFile.FullPath(), number, 1}, std::move(message), problem});
+    };
+    const auto count = std::count(line.begin(), line.end(), '~');
+    if (line.find('\n') != std::string_view::npos) {
+      tell(Problem::LineEnds,
+           "lines that end in a line feed alone are one line; a line ends in carriage return and line feed");
+    } else if (count != 1) {
+      tell(Problem::MalformedLine, count == 0 ? "the line has no \"~\": all of it is a name, without a text"
+                                              : "the text ends at the second \"~\"");
+    }
+    if (!isNew) tell(Problem::DuplicateName, Repeated(line.substr(0, line.find('~'))));
+  }
+
+  static std::string Repeated(std::string_view name) {
+    return "the name \"" + std::string(name) + "\" stands before; only the first text counts";
+  }
+
+  const DiskFile& mFile;
+  const Keep mKeep;
+  Collection& mEntries;
+  Inspection* const mInspection;
+};
 
 DiskFile FileOf(std::string_view rootFolder, std::string_view folder, std::string_view language) {
   CheckBaseName(language);
@@ -74,14 +119,14 @@ void LanguageTexts::Load(std::string_view rootFolder, std::string_view language)
   const DiskFile file = FileOf(rootFolder, mFolder, language);
   mTexts = std::make_shared<Collection>();
   mIncomplete = true;
-  ReadEntries(file, Keep::Texts, *mTexts);
+  EntryReader(file, EntryReader::Keep::Texts, *mTexts).Read();
   mIncomplete = false;
   mLoadedLanguage = language;
 }
 
 std::shared_ptr<Collection> LanguageTexts::Names(std::string_view rootFolder) const {
   auto names = std::make_shared<Collection>();
-  ReadEntries(FileOf(rootFolder, mFolder, mLoadedLanguage), Keep::Names, *names);
+  EntryReader(FileOf(rootFolder, mFolder, mLoadedLanguage), EntryReader::Keep::Names, *names).Read();
   return names;
 }
 

@@ -5,6 +5,8 @@
 #include <tools/lwconfig/view/tree_path.h>
 #include <tools/lwconfig/view/tree_text.h>
 
+#include <lwconfig/core/nearest.h>
+
 namespace lwconfig::tool {
 namespace {
 

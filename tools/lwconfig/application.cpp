@@ -12,14 +12,16 @@
 namespace lwconfig::tool {
 namespace {
 
-constexpr std::array kCommands{AddShowCommand, AddOptionsCommand,  AddPhraseCommand, AddScrapCommand,
-                               AddLinkCommand, AddTemplateCommand, AddInitCommand,   AddRegistryCommand};
+constexpr std::array kCommands{AddShowCommand,  AddOptionsCommand,  AddPhraseCommand,
+                               AddScrapCommand, AddLinkCommand,     AddTemplateCommand,
+                               AddInitCommand,  AddRegistryCommand, AddCheckCommand};
 
 constexpr const char* kFooter = R"(Examples:
   lwconfig show                        everything
   lwconfig show templates              the page templates alone
   lwconfig show --config ./share       the configuration in a folder
   lwconfig show plugins --json         for programs
+  lwconfig check                       what is wrong with it
   lwconfig options set VBOptions.WrapCharacters 72
   lwconfig phrase VBTechDoc --compare  phrases that one language lacks
   lwconfig link System.Windows.Forms.Button --url

@@ -4,9 +4,9 @@
 #include <tools/lwconfig/reporter.h>
 #include <tools/lwconfig/terminal.h>
 #include <tools/lwconfig/view/styled_text.h>
-#include <tools/lwconfig/view/tree_path.h>
 
 #include <lwconfig/core/disk_file.h>
+#include <lwconfig/core/nearest.h>
 
 namespace lwconfig::tool {
 namespace {
@@ -18,20 +18,19 @@ std::string HostPath(const std::string& path) {
   return path.find('\\') != std::string::npos ? NativePath(path) : path;
 }
 
-/// "file:line:column: " as far as the place is known, else "lwconfig: ".
-std::string Place(const FilePosition& position) {
-  if (position.File.empty()) return "lwconfig: ";
-  std::string place = Printable(HostPath(position.File)) + ":";
-  if (position.Line > 0) place += std::to_string(position.Line) + ":" + std::to_string(position.Column) + ":";
-  return place + " ";
-}
-
 bool IsFileError(std::int32_t number) {
   return number == kBadFileName || number == kFileNotFound || number == kPermissionDenied ||
          number == kPathFileAccess || number == kPathNotFound;
 }
 
 }  // namespace
+
+std::string Place(const FilePosition& position) {
+  if (position.File.empty()) return "lwconfig: ";
+  std::string place = Printable(HostPath(position.File)) + ":";
+  if (position.Line > 0) place += std::to_string(position.Line) + ":" + std::to_string(position.Column) + ":";
+  return place + " ";
+}
 
 Reporter::Reporter()
     : mPreviousDiagnosticHandler(SetDiagnosticHandler([this](const Diagnostic& told) { Warn(told); })),

@@ -18,6 +18,7 @@ void AddLinkCommand(CLI::App& app, Reporter& reporter);
 void AddTemplateCommand(CLI::App& app, Reporter& reporter);
 void AddInitCommand(CLI::App& app, Reporter& reporter);
 void AddRegistryCommand(CLI::App& app, Reporter& reporter);
+void AddCheckCommand(CLI::App& app, Reporter& reporter);
 
 /// How a command is to lay out and colour what it prints.
 struct StyleOptions {
@@ -28,6 +29,8 @@ struct StyleOptions {
 
 /// Adds the option that names the configuration folder.
 void AddConfigurationOption(CLI::App& command, std::string& folder);
+/// Adds the option that says when to colour the output.
+void AddColourOption(CLI::App& command, std::string& colour);
 /// Adds the option that asks for JSON.
 void AddJsonOption(CLI::App& command, bool& isJson);
 /// Adds the options for colours and width.

@@ -24,7 +24,4 @@ struct Found {
 /// parent's own tree.
 Found FollowPath(Node root, std::string_view path);
 
-/// The candidate that `name` was most likely meant to be, or empty where none is near.
-std::string Nearest(std::string_view name, const std::vector<std::string>& candidates);
-
 }  // namespace lwconfig::tool

@@ -1,0 +1,63 @@
+#pragma once
+
+#include <cstddef>
+#include <span>
+
+namespace lwconfig {
+
+enum class Severity { Warning, Error };
+
+/// What can be wrong with a configuration, the kinds that a loader rejects first.
+enum class Problem {
+  UnreadableFile,
+  MissingFolder,
+  DamagedRegistry,
+  NotWellFormed,
+  MissingAttribute,
+  InvalidValue,
+  DuplicateKey,
+  NotLoaded,
+
+  IgnoredValue,
+  DoubtfulValue,
+  UnknownNumber,
+  UnreadAttribute,
+  RepeatedAttribute,
+  UnreadElement,
+  UnreadText,
+  DoubtfulEncoding,
+  DuplicateName,
+  MissingLayoutFile,
+  ReservedFileName,
+  MissingStyleSheet,
+  MissingPhrases,
+  UnknownLayout,
+  UnknownParent,
+  ParentLoop,
+  UnknownContents,
+  UnknownProfile,
+  UnknownPlugIn,
+  UnknownCodeElement,
+  UnknownComment,
+  UnknownPlaceholder,
+  ImpossiblePattern,
+  HiddenPattern,
+  BlankInList,
+  LineEnds,
+  MalformedLine,
+  Other,
+};
+
+inline constexpr std::size_t kProblemKinds = static_cast<std::size_t>(Problem::Other) + 1;
+
+struct ProblemKind {
+  lwconfig::Problem Problem;
+  const char* Code;  // by which messages and the documentation name it
+  lwconfig::Severity Severity;
+};
+
+/// Every kind of problem, in the order of `Problem`.
+std::span<const ProblemKind> ProblemKinds();
+const ProblemKind& KindOf(Problem problem);
+
+}  // namespace lwconfig

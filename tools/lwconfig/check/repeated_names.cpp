@@ -1,0 +1,62 @@
+#include <string>
+
+#include <tools/lwconfig/check/rules.h>
+
+#include <lwconfig/core/attribute_reader.h>
+#include <lwconfig/core/disk_file.h>
+#include <lwconfig/platform/letter_case.h>
+
+namespace lwconfig::tool {
+namespace {
+
+/// Tells of an attribute whose value, in this part of the configuration, was met before.
+void CheckAcrossFiles(const RuleInput& input, const XMLElement& e, const char* attribute, const char* prefix,
+                      std::string_view consequence) {
+  const char* name = AttributeReader(e).Find(attribute);
+  if (name == nullptr || *name == '\0') return;
+  const auto [known, isNew] = input.Context.FilesOfNames.emplace(prefix + FoldCase(name), input.File);
+  if (isNew) return;
+  const std::string where = known->second == input.File ? "in this file" : "in " + NativePath(known->second);
+  input.Inspection.Tell(
+      Problem::DuplicateName, e, attribute,
+      "the name \"" + std::string(name) + "\" stands " + where + " before; " + std::string(consequence));
+}
+
+/// Nested definitions: of two of a name the loader keeps the first.
+void CheckSiblings(const RuleInput& input, const XMLElement& parent) {
+  NameSet names;
+  for (const XMLElement child : parent.Children()) {
+    const char* name = AttributeReader(child).Find("Name");
+    if (name == nullptr || *name == '\0' || names.Add(name)) continue;
+    input.Inspection.Tell(
+        Problem::DuplicateName, child, "Name",
+        "a definition \"" + std::string(name) + "\" stands beside this one before; this one is left out");
+  }
+}
+
+}  // namespace
+
+void CheckRepeatedNames(const RuleInput& input) {
+  switch (input.Part) {
+    case Part::Namespaces:
+      ForEachElement(input.Root, [&](const XMLElement& e, const std::string& tag) {
+        if (EqualIgnoringCase(tag, "lwnamespace")) CheckSiblings(input, e);
+      });
+      break;
+    case Part::PlugIns:
+      for (const XMLElement child : input.Root.Children())
+        CheckAcrossFiles(input, child, "Name", "plug-in ", "a template that enables it gets the first");
+      break;
+    case Part::Comments:
+      for (const XMLElement child : input.Root.Children())
+        CheckAcrossFiles(input, child, "Identifier", "comment ", "this one takes the place of the other");
+      break;
+    case Part::Templates:
+      CheckAcrossFiles(input, input.Root, "Name", "template ", "by its name only the first is found");
+      break;
+    default:
+      break;
+  }
+}
+
+}  // namespace lwconfig::tool

@@ -1,0 +1,81 @@
+#pragma once
+
+#include <deque>
+#include <iterator>
+#include <map>
+#include <string>
+
+#include <tools/lwconfig/check/known_names.h>
+
+#include <lwconfig/core/inspection.h>
+#include <lwconfig/core/xml_element.h>
+
+namespace lwconfig::tool {
+
+/// What the rules know besides the file that they look at.
+struct CheckContext {
+  KnownNames Names{};
+  std::map<std::string, std::string> FilesOfNames{};  // where a name, in folded letter case, was met first
+};
+
+/// The parts of a configuration, in the order in which they are checked: what is referred to first.
+enum class Part {
+  Namespaces,
+  PlugIns,
+  Comments,
+  ModelComments,
+  CommentFiles,
+  Languages,
+  ExternalDocs,
+  Templates,
+  Texts
+};
+
+/// Rules look at one configuration file that was loaded, and tell `inspection` what a person would want to
+/// know of it. Loaders tell the rest themselves.
+struct RuleInput {
+  lwconfig::Inspection& Inspection;
+  CheckContext& Context;
+  tool::Part Part;
+  const std::string& File;
+  const XMLElement& Root;
+};
+
+/// Names of other objects that name none, and lists of names with blanks.
+void CheckReferences(const RuleInput& input);
+/// Numbers that stand for nothing.
+void CheckNumbers(const RuleInput& input);
+/// Names that occur twice where loaders accept it.
+void CheckRepeatedNames(const RuleInput& input);
+/// What a template says of its folder, its contents and the parents of its nodes.
+void CheckTemplate(const RuleInput& input);
+/// Patterns that never match.
+void CheckPatterns(const RuleInput& input);
+/// Placeholders that nothing fills.
+void CheckPlaceholders(const RuleInput& input);
+
+/// Calls `visit(element, tag)` for the element and every one below it, in document order, to any depth.
+template <class Visit>
+void ForEachElement(const XMLElement& root, Visit visit) {
+  struct Level {
+    explicit Level(XMLElements elements) : Elements(std::move(elements)), Next(Elements.begin()) {}
+    XMLElements Elements;
+    XMLElements::Iterator Next;
+  };
+  visit(root, root.Name());
+  std::deque<Level> open;  // levels refer to themselves, so they must not move
+  open.emplace_back(root.Children());
+  while (!open.empty()) {
+    Level& level = open.back();
+    if (level.Next == std::default_sentinel) {
+      open.pop_back();
+      continue;
+    }
+    const XMLElement element = *level.Next;
+    ++level.Next;
+    visit(element, element.Name());
+    open.emplace_back(element.Children());
+  }
+}
+
+}  // namespace lwconfig::tool

@@ -1,0 +1,155 @@
+#include <optional>
+#include <string>
+#include <vector>
+
+#include <tools/lwconfig/check/rules.h>
+
+#include <lwconfig/core/attribute_reader.h>
+#include <lwconfig/core/disk_file.h>
+#include <lwconfig/core/nearest.h>
+#include <lwconfig/core/text.h>
+
+namespace lwconfig::tool {
+namespace {
+
+struct NodePlace {
+  XMLElement Element;
+  std::string Key;
+  std::string ParentKey;
+};
+
+/// The nodes directly below an element, and the links between them.
+class NodeTree {
+ public:
+  explicit NodeTree(const XMLElement& owner) {
+    for (const XMLElement child : owner.Children()) {
+      if (child.Name() != "NodeDef") continue;
+      AttributeReader in(child);
+      const char* key = in.Find("Key");
+      const char* parentKey = in.Find("ParentKey");
+      if (key == nullptr || *key == '\0' || mPlaces.Find(key) != nullptr) continue;
+      mPlaces.Add(mNodes.size(), key);
+      mNodes.push_back({child, key, parentKey != nullptr ? parentKey : ""});
+    }
+  }
+
+  bool Empty() const { return mNodes.empty(); }
+
+  void Check(Inspection& inspection) const {
+    std::vector<std::size_t> walks(mNodes.size(), 0);  // which walk has come to a node first, from 1
+    for (std::size_t start = 0; start < mNodes.size(); ++start) {
+      CheckParent(inspection, mNodes[start]);
+      std::optional<std::size_t> at = start;
+      while (at && walks[*at] == 0) {
+        walks[*at] = start + 1;
+        at = ParentOf(*at);
+      }
+      if (at && walks[*at] == start + 1) TellLoop(inspection, *at);
+    }
+  }
+
+ private:
+  std::optional<std::size_t> ParentOf(std::size_t node) const {
+    const std::size_t* place = mPlaces.Find(mNodes[node].ParentKey);
+    return place != nullptr ? std::optional(*place) : std::nullopt;
+  }
+
+  void CheckParent(Inspection& inspection, const NodePlace& node) const {
+    if (node.ParentKey.empty() || mPlaces.Find(node.ParentKey) != nullptr) return;
+    inspection.Tell(Problem::UnknownParent, node.Element, "ParentKey",
+                    "there is no node \"" + node.ParentKey + "\" here; the node stands at the top");
+  }
+
+  void TellLoop(Inspection& inspection, std::size_t first) const {
+    constexpr int kNamed = 5;
+    std::string keys = mNodes[first].Key;
+    auto at = ParentOf(first);
+    for (int named = 1; at && *at != first && named < kNamed; ++named, at = ParentOf(*at))
+      keys += ", " + mNodes[*at].Key;
+    inspection.Tell(Problem::ParentLoop, mNodes[first].Element, "ParentKey",
+                    at == first ? "the parents go round in a loop: " + keys
+                                : "the parents go round in a loop: " + keys + " and so on");
+  }
+
+  std::vector<NodePlace> mNodes;
+  KeyedList<std::size_t> mPlaces;
+};
+
+class TemplateCheck {
+ public:
+  explicit TemplateCheck(const RuleInput& input)
+      : mInspection(input.Inspection), mRoot(input.Root), mFolder(DiskFile(input.File).FolderPath()) {}
+
+  void Run() {
+    CheckNodes();
+    CheckContents();
+    AttributeReader in(mRoot);
+    if (const char* sheet = in.Find("StyleSheet"); sheet != nullptr && *sheet != '\0') CheckStyleSheet(sheet);
+    if (const char* languages = in.Find("Languages")) CheckLanguages(languages);
+  }
+
+ private:
+  void CheckNodes() {
+    const NodeTree loose(mRoot);
+    loose.Check(mInspection);
+    if (!loose.Empty()) mContents.Add("Default");
+    for (const XMLElement child : mRoot.Children()) {
+      if (child.Name() != "TOCDefinition") continue;
+      NodeTree(child).Check(mInspection);
+      if (const char* name = AttributeReader(child).Find("Name")) mContents.Add(name);
+    }
+  }
+
+  void CheckContents() {
+    AttributeReader in(mRoot);
+    for (const char* attribute : {"DefTOCVBProject", "DefTOCVBProjectGroup", "DefTOCMixture",
+                                  "DefTOCComponent", "DefTOCComponentGroup"}) {
+      const char* name = in.Find(attribute);
+      if (name == nullptr || *name == '\0' || mContents.Has(name)) continue;
+      mInspection.Tell(Problem::UnknownContents, mRoot, attribute,
+                       "the template has no contents definition \"" + std::string(name) + "\"",
+                       Nearest(name, mContents.Names()));
+    }
+  }
+
+  void CheckStyleSheet(const std::string& sheet) {
+    if (DiskFile(mFolder + sheet).Exists()) return;
+    mInspection.Tell(Problem::MissingStyleSheet, mRoot, "StyleSheet",
+                     "the folder of the template has no file \"" + sheet + "\"");
+  }
+
+  void CheckLanguages(std::string_view languages) {
+    constexpr std::string_view kBlanks = " \t";
+    DiskFile scraps;
+    scraps.SetFolder(mFolder + "HTMLScraps");
+    const bool hasScraps = scraps.IsFolder();
+    for (std::string_view language : Split(languages, ",")) {
+      language.remove_prefix(std::min(language.find_first_not_of(kBlanks), language.size()));
+      language = language.substr(0, language.find_last_not_of(kBlanks) + 1);
+      if (language.empty()) continue;
+      CheckTexts("Phrases", language);
+      if (hasScraps) CheckTexts("HTMLScraps", language);
+    }
+  }
+
+  void CheckTexts(std::string_view folder, std::string_view language) {
+    const DiskFile file(mFolder + std::string(folder), language, "txt");
+    if (file.Exists()) return;
+    mInspection.Tell(Problem::MissingPhrases, mRoot, "Languages",
+                     "the template has no file \"" + std::string(folder) + "\\" + file.FileName() +
+                         "\" for the language \"" + std::string(language) + "\"");
+  }
+
+  Inspection& mInspection;
+  const XMLElement& mRoot;
+  const std::string mFolder;
+  NameSet mContents;
+};
+
+}  // namespace
+
+void CheckTemplate(const RuleInput& input) {
+  if (input.Part == Part::Templates) TemplateCheck(input).Run();
+}
+
+}  // namespace lwconfig::tool
