@@ -12,8 +12,10 @@ namespace {
 using pugi::xml_attribute;
 using pugi::xml_node;
 
+constexpr const char* kBlanks = " \t\r\n";
+
 bool IsBlank(const char* text) {
-  return text[std::strspn(text, " \t\r\n")] == '\0';
+  return text[std::strspn(text, kBlanks)] == '\0';
 }
 
 Problem ProblemOf(const Error& failure) {
@@ -175,13 +177,16 @@ class Inspection::Walk {
   }
 
   void TellText(xml_node text) {
+    if (!mInspection.IsWanted(Problem::UnreadText, mDocument.SourcePath)) return;
     constexpr std::size_t kShown = 30;
-    Tell(Problem::UnreadText, text.value(), [&] {
-      std::string_view shown = text.value();
-      shown.remove_prefix(shown.find_first_not_of(" \t\r\n"));
-      shown = shown.substr(0, std::min(shown.find_first_of("\r\n"), kShown));
-      return "nothing reads the text \"" + std::string(shown) + "\" in " + Tag(text.parent());
-    });
+    std::string_view shown = text.value();
+    shown.remove_prefix(shown.find_first_not_of(kBlanks));
+    shown = shown.substr(0, std::min(shown.find_first_of("\r\n"), kShown));
+    // The parser has shortened line ends, so the blanks before are counted in the text as it was.
+    const std::size_t start = mDocument.OffsetOf(text.value()).value_or(0);
+    mInspection.mTell({mDocument.PositionOf(mDocument.Original.find_first_not_of(kBlanks, start)),
+                       "nothing reads the text \"" + std::string(shown) + "\" in " + Tag(text.parent()),
+                       Problem::UnreadText});
   }
 
   template <class Message>

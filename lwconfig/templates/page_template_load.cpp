@@ -8,6 +8,7 @@
 #include <lwconfig/core/diagnostics.h>
 #include <lwconfig/core/disk_file.h>
 #include <lwconfig/core/inspection.h>
+#include <lwconfig/core/nearest.h>
 #include <lwconfig/core/string_tools.h>
 #include <lwconfig/core/text.h>
 #include <lwconfig/namespaces/namespace_profiles.h>
@@ -150,15 +151,10 @@ class PageTemplate::Loader {
       layout->Load(child);
       const bool usable = !IsNoLayout(layout->FileName);
       const bool known = StringTools::ObjectKeyExists(*mTarget.PageLayouts(), layout->FileName);
-      const bool hasFile = Folder().HasFile(layout->FileName);
-      if (usable && !known && hasFile) {
+      if (usable && !known && Folder().HasFile(layout->FileName)) {
         mTarget.PageLayouts()->Add(layout, layout->FileName);
-      } else if (!usable) {
-        TellLeftOut(Problem::ReservedFileName, child, "a file of this name is no page layout");
-      } else if (known) {
-        TellLeftOut(Problem::DuplicateName, child, "a page layout with this file stands before");
-      } else {
-        TellLeftOut(Problem::MissingLayoutFile, child, "the file is not in the folder of the template");
+      } else if (Inspection* const inspection = Inspection::Current()) {
+        TellLeftOut(*inspection, child, layout->FileName, usable, known);
       }
     } else if (child.IsNamed("TOCDefinition")) {
       auto toc = std::make_shared<TOCDefinition>();
@@ -184,10 +180,24 @@ class PageTemplate::Loader {
     }
   }
 
-  /// Tells an inspection under way of a layout that the template does not get.
-  static void TellLeftOut(Problem problem, const XMLElement& e, const char* why) {
-    if (Inspection* const inspection = Inspection::Current())
-      inspection->Tell(problem, e, "FileName", std::string("the page layout is left out: ") + why);
+  /// Tells of a layout that the template does not get.
+  void TellLeftOut(Inspection& inspection, const XMLElement& e, const std::string& fileName, bool isUsable,
+                   bool isKnown) {
+    if (fileName.empty()) return;  // that the name is missing was told
+    const std::string leftOut = "the page layout is left out: ";
+    if (!isUsable) {
+      inspection.Tell(Problem::ReservedFileName, e, "FileName",
+                      leftOut + "a file \"" + fileName + "\" is never one");
+    } else if (isKnown) {
+      inspection.Tell(Problem::DuplicateName, e, "FileName",
+                      leftOut + "one with the file \"" + fileName + "\" stands before");
+    } else {
+      std::vector<std::string> names;
+      for (const auto& entry : Folder().Entries()) names.push_back(entry.Name);
+      inspection.Tell(Problem::MissingLayoutFile, e, "FileName",
+                      leftOut + "the folder of the template has no file \"" + fileName + "\"",
+                      Nearest(fileName, names));
+    }
   }
 
   void UseNamespaceProfile(const std::string& name) {
