@@ -112,12 +112,10 @@ void AttributeReader::TellDoubt(const char* name, const char* text, std::string_
   if (inspection == nullptr) return;
   std::string message = std::string("the attribute \"") + name + "\" is taken as " + std::string(taken) +
                         ": \"" + text + "\" " + doubt;
-  const bool meansTrue = taken == "False" && EqualIgnoringCase(text, "True");
-  const bool isNothing = taken == "False" || taken == "0";
-  inspection->Tell(Problem::DoubtfulValue, mElement, name, message,
-                   meansTrue   ? "True"
-                   : isNothing ? std::string_view()
-                               : taken);
+  inspection->Tell(Problem::DoubtfulValue, mElement, name, message, [&] {
+    if (taken == "False") return std::string(EqualIgnoringCase(text, "True") ? "True" : "");
+    return std::string(taken == "0" ? "" : taken);
+  });
 }
 
 const char* AttributeReader::Required(const char* name) {

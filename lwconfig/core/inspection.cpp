@@ -66,14 +66,22 @@ void Inspection::Tell(const Diagnostic& diagnostic) {
   if (IsWanted(diagnostic.Problem, diagnostic.Position.File)) mTell(diagnostic);
 }
 
+void Inspection::Tell(Problem problem, const FilePosition& position, std::string_view message) {
+  Diagnostic told;
+  told.Position = position;
+  told.Message = message;
+  told.Problem = problem;
+  Tell(told);
+}
+
 void Inspection::Tell(Problem problem, const XMLElement& e, std::string_view attribute,
-                      std::string_view message, std::string_view suggestion) {
+                      std::string_view message, const std::function<std::string()>& suggest) {
   if (!IsWanted(problem, e.mDocument->SourcePath)) return;
-  mTell({e.Position(attribute), std::string(message), problem, std::string(suggestion)});
+  mTell({e.Position(attribute), std::string(message), problem, suggest ? suggest() : std::string()});
 }
 
 void Inspection::Tell(const Error& failure) {
-  Tell({failure.Position(), failure.Description(), ProblemOf(failure)});
+  Tell(ProblemOf(failure), failure.Position(), failure.Description());
 }
 
 void Inspection::BeginFile(const std::string& path) {
@@ -110,7 +118,11 @@ std::string Inspection::NearestAbsent(NameKind kind, std::string_view parent, st
 class Inspection::Walk {
  public:
   Walk(Inspection& inspection, const XMLDocumentData& document)
-      : mInspection(inspection), mDocument(document) {}
+      : mInspection(inspection), mDocument(document) {
+    // What the parser made of a tag that it could not finish is nothing to speak of.
+    if (!document.ParseFailure.empty())
+      mEnd = std::string_view(document.Original).rfind('<', document.ParsedLength);
+  }
 
   /// Without recursion, since elements nest to any depth.
   void Run(xml_node root) {
@@ -132,6 +144,7 @@ class Inspection::Walk {
  private:
   /// Whether to look at what is inside.
   bool Visit(xml_node node) {
+    if (mDocument.OffsetOf(node.name()).value_or(0) > mEnd) return false;
     if (node.type() == pugi::node_pcdata || node.type() == pugi::node_cdata) {
       if (!IsBlank(node.value()) && !mDocument.IsLookedAt(node.value())) TellText(node);
       return false;
@@ -147,15 +160,19 @@ class Inspection::Walk {
   }
 
   void TellAttributes(xml_node element) {
+    // Few names are read, however many there are.
+    std::vector<const char*> read;
     for (const xml_attribute attribute : element.attributes()) {
-      if (!mDocument.IsLookedAt(attribute.name())) TellAttribute(element, attribute);
+      if (mDocument.IsLookedAt(attribute.name())) read.push_back(attribute.name());
+    }
+    for (const xml_attribute attribute : element.attributes()) {
+      if (!mDocument.IsLookedAt(attribute.name())) TellAttribute(element, attribute, read);
     }
   }
 
-  void TellAttribute(xml_node element, xml_attribute attribute) {
-    const bool isRepeated = std::ranges::any_of(element.attributes(), [&](xml_attribute other) {
-      return mDocument.IsLookedAt(other.name()) && EqualIgnoringCase(other.name(), attribute.name());
-    });
+  void TellAttribute(xml_node element, xml_attribute attribute, const std::vector<const char*>& read) {
+    const bool isRepeated = std::ranges::any_of(
+        read, [&](const char* other) { return EqualIgnoringCase(other, attribute.name()); });
     if (isRepeated) {
       Tell(Problem::RepeatedAttribute, attribute.name(), [&] {
         return Quoted(attribute) + " stands in " + Tag(element) + " before; only the first counts";
@@ -206,12 +223,13 @@ class Inspection::Walk {
 
   Inspection& mInspection;
   const XMLDocumentData& mDocument;
+  std::size_t mEnd = std::string_view::npos;  // where the text goes wrong
 };
 
 void Inspection::EndFile(const XMLDocument& document, const XMLElement& root) {
   const XMLDocumentData& data = *root.mDocument;
   if (const std::string& doubt = document.EncodingDoubt(); !doubt.empty())
-    Tell({{data.SourcePath, 1, 1}, doubt, Problem::DoubtfulEncoding});
+    Tell(Problem::DoubtfulEncoding, {data.SourcePath, 1, 1}, doubt);
   if (!data.IsInspected()) return;  // it was empty
   Walk(*this, data).Run(pugi::xml_node(root.Node()));
   if (mInspect) mInspect(data.SourcePath, root);

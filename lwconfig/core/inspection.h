@@ -41,10 +41,11 @@ class Inspection {
   static Inspection* Current() { return gCurrent; }
 
   void Tell(const Diagnostic& diagnostic);
+  void Tell(Problem problem, const FilePosition& position, std::string_view message);
   /// As above with the place of an attribute of the element; that of the element where it has none of that
-  /// name, or none is named. The message is made only where it is told.
+  /// name, or none is named. `suggest`, which may take its time, is only called where the problem is told.
   void Tell(Problem problem, const XMLElement& e, std::string_view attribute, std::string_view message,
-            std::string_view suggestion = {});
+            const std::function<std::string()>& suggest = nullptr);
   void Tell(const Error& failure);
 
   /// Called by what reads files: before a file is read, and after it was loaded where it is a document.

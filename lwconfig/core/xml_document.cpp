@@ -126,18 +126,20 @@ FilePosition XMLDocumentData::PositionOf(std::size_t offset) const {
     }
     if (reread.size() != Text.size()) return {SourcePath, 0, 0};
   }
-  // Many places of one text are asked for in order, mostly.
+  // Many places of one text are asked for in order, mostly; its lines may be of any length.
   Place place = isKept && LastPlace.Offset <= offset ? LastPlace : Place{};
-  const std::string_view before = std::string_view(isKept ? Original : reread).substr(0, offset);
-  for (auto end = before.find('\n', place.Offset); end != std::string_view::npos;
-       end = before.find('\n', end + 1)) {
-    ++place.Line;
-    place.LineStart = end + 1;
+  std::string_view between = isKept ? Original : reread;
+  between = between.substr(0, offset);
+  between.remove_prefix(std::min(place.Offset, between.size()));
+  if (const auto lineEnd = between.rfind('\n'); lineEnd != std::string_view::npos) {
+    place.Line += static_cast<std::int32_t>(std::ranges::count(between, '\n'));
+    place.Column = 1;
+    between.remove_prefix(lineEnd + 1);
   }
+  place.Column += static_cast<std::int32_t>(CountCharacters(between));
   place.Offset = offset;
-  LastPlace = place;
-  return {SourcePath, place.Line,
-          static_cast<std::int32_t>(CountCharacters(before.substr(place.LineStart)) + 1)};
+  if (isKept) LastPlace = place;
+  return {SourcePath, place.Line, place.Column};
 }
 
 XMLDocument::XMLDocument() : mData(std::make_shared<XMLDocumentData>()) {}

@@ -49,14 +49,15 @@ Conversion<std::int32_t> KeyNumber(std::string_view key) {
 void TellUnknownLayout(const XMLElement& e, const char* layout, const PageTemplate* pageTemplate) {
   Inspection* const inspection = Inspection::Current();
   if (inspection == nullptr) return;
-  std::vector<std::string> known;
-  if (pageTemplate != nullptr) {
-    for (const auto& existing : *pageTemplate->PageLayouts()) known.push_back(existing->FileName);
-  }
   inspection->Tell(
       Problem::UnknownLayout, e, "PageLayout",
-      "the node gets no page: no page layout before it has the file \"" + std::string(layout) + "\"",
-      Nearest(layout, known));
+      "the node gets no page: no page layout before it has the file \"" + std::string(layout) + "\"", [&] {
+        std::vector<std::string> known;
+        if (pageTemplate != nullptr) {
+          for (const auto& existing : *pageTemplate->PageLayouts()) known.push_back(existing->FileName);
+        }
+        return Nearest(layout, known);
+      });
 }
 
 std::shared_ptr<PageTemplate> TemplateOf(const std::shared_ptr<TOCDefinition>& definition) {

@@ -192,11 +192,12 @@ class PageTemplate::Loader {
       inspection.Tell(Problem::DuplicateName, e, "FileName",
                       leftOut + "one with the file \"" + fileName + "\" stands before");
     } else {
-      std::vector<std::string> names;
-      for (const auto& entry : Folder().Entries()) names.push_back(entry.Name);
       inspection.Tell(Problem::MissingLayoutFile, e, "FileName",
-                      leftOut + "the folder of the template has no file \"" + fileName + "\"",
-                      Nearest(fileName, names));
+                      leftOut + "the folder of the template has no file \"" + fileName + "\"", [&] {
+                        std::vector<std::string> names;
+                        for (const auto& entry : Folder().Entries()) names.push_back(entry.Name);
+                        return Nearest(fileName, names);
+                      });
     }
   }
 

@@ -31,7 +31,7 @@ class EntryReader {
     std::string doubt;
     std::string text = mFile.ReadAll(mInspection != nullptr ? &doubt : nullptr);
     if (text.starts_with("<?xml")) return ReadDocument(std::move(text), std::move(doubt));
-    if (!doubt.empty()) mInspection->Tell({{mFile.FullPath(), 1, 1}, doubt, Problem::DoubtfulEncoding});
+    if (!doubt.empty()) mInspection->Tell(Problem::DoubtfulEncoding, {mFile.FullPath(), 1, 1}, doubt);
     ReadLines(text);
   }
 
@@ -74,8 +74,8 @@ class EntryReader {
   }
 
   void TellLine(std::int32_t number, std::string_view line, bool isNew) {
-    const auto tell = [&](Problem problem, std::string message) {
-      mInspection->Tell({{mFile.FullPath(), number, 1}, std::move(message), problem});
+    const auto tell = [&](Problem problem, std::string_view message) {
+      mInspection->Tell(problem, {mFile.FullPath(), number, 1}, message);
     };
     const auto count = std::count(line.begin(), line.end(), '~');
     if (line.find('\n') != std::string_view::npos) {

@@ -57,8 +57,8 @@ struct XMLDocumentData {
   /// The last place that was counted, from which counting goes on.
   struct Place {
     std::size_t Offset = 0;
-    std::size_t LineStart = 0;
     std::int32_t Line = 1;
+    std::int32_t Column = 1;
   };
   mutable Place LastPlace{};
   XMLDraft Draft;

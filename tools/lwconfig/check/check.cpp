@@ -37,7 +37,7 @@ class Checker {
       if (isRegistered || !folder.empty()) CheckParts(Configuration(folder, reporter).Root());
     } catch (const Error& failure) {
       if (failure.Number() == kPathNotFound) {
-        Add(Problem::MissingFolder, failure.Position(), failure.Description());
+        mInspection.Tell(Problem::MissingFolder, failure.Position(), failure.Description());
       } else {
         mInspection.Tell(failure);
       }
@@ -46,10 +46,6 @@ class Checker {
   }
 
  private:
-  void Add(Problem problem, const FilePosition& position, const std::string& message) {
-    mInspection.Tell({position, message, problem});
-  }
-
   void Inspect(const std::string& file, const XMLElement& root) {
     // Tagged comments refer to each other, also to those in the file that is read later.
     if (mPart == Part::Comments) {
@@ -74,11 +70,12 @@ class Checker {
         platform::Host<platform::Registry>().Read(hive, kProductKey, kFolderValue);
         isMachineRead = true;
       } catch (const platform::RegistryFormatError& damage) {
-        Add(Problem::DamagedRegistry,
+        mInspection.Tell(
+            Problem::DamagedRegistry,
             {platform::Host<platform::Files>().ProductPath(damage.File), damage.Line, damage.Column},
             std::string("the registry file is damaged: ") + damage.what());
       } catch (const std::system_error& failure) {
-        Add(Problem::UnreadableFile, {}, failure.what());
+        mInspection.Tell(Problem::UnreadableFile, {}, failure.what());
       }
     }
     return isMachineRead;
@@ -87,7 +84,8 @@ class Checker {
   /// Whether a folder of the configuration is there; tells if not.
   bool Has(const std::string& folder, const char* consequence) {
     if (IsFolder(folder)) return true;
-    Add(Problem::MissingFolder, {folder, 0, 0}, std::string("there is no such folder; ") + consequence);
+    mInspection.Tell(Problem::MissingFolder, {folder, 0, 0},
+                     std::string("there is no such folder; ") + consequence);
     return false;
   }
 
@@ -133,8 +131,7 @@ class Checker {
     for (const auto& profile : *root.NamespaceProfiles()) {
       mContext.Names.Profiles.Add(profile->Name);
       const auto definitions = profile->AllNamespaceDefs();
-      for (const auto& definition : *definitions)
-        mContext.Names.CodeElements.Add(definition->Name);
+      for (const auto& definition : *definitions) mContext.Names.CodeElements.Add(definition->Name);
     }
   }
 

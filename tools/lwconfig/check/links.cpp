@@ -1,6 +1,8 @@
 #include <algorithm>
+#include <optional>
 #include <string>
 #include <string_view>
+#include <unordered_set>
 #include <vector>
 
 #include <tools/lwconfig/check/rules.h>
@@ -15,16 +17,31 @@ namespace {
 
 constexpr std::string_view kDelimiter = "%%";
 
-/// Whether every name that the later pattern matches is matched by the earlier one: it is a beginning of the
-/// other, followed by any run of characters.
-bool Hides(std::string_view earlier, std::string_view later) {
-  if (!earlier.ends_with('*')) return false;
-  earlier.remove_suffix(1);
-  return earlier.find_first_of("*?#[") == std::string_view::npos && later.starts_with(earlier);
-}
+/// The patterns that are a beginning followed by any run of characters, without that "*".
+class Beginnings {
+ public:
+  void Add(std::string_view pattern) {
+    if (pattern.empty() || pattern.find_first_of("*?#[") != pattern.size() - 1 || !pattern.ends_with('*'))
+      return;
+    pattern.remove_suffix(1);
+    if (pattern.size() <= kLongest) mKnown.emplace(pattern);
+  }
+  /// The pattern that matches every name that this one does, if there is one.
+  std::optional<std::string> Covering(std::string_view pattern) const {
+    for (std::size_t length = 0; length <= std::min(pattern.size(), kLongest); ++length) {
+      const std::string beginning(pattern.substr(0, length));
+      if (mKnown.contains(beginning)) return beginning + "*";
+    }
+    return std::nullopt;
+  }
+
+ private:
+  static constexpr std::size_t kLongest = 200;  // names of namespaces are shorter
+  std::unordered_set<std::string> mKnown;
+};
 
 void CheckSourcePatterns(const RuleInput& input) {
-  std::vector<std::string> earlier;
+  Beginnings earlier;
   for (const XMLElement source : input.Root.Children()) {
     const char* pattern =
         source.Name() == "ExternalDoc" ? AttributeReader(source).Find("Namespace") : nullptr;
@@ -33,13 +50,14 @@ void CheckSourcePatterns(const RuleInput& input) {
       input.Inspection.Tell(Problem::ImpossiblePattern, source, "Namespace",
                             "no name can match \"" + std::string(pattern) + "\"");
     }
-    for (const std::string& first : earlier) {
-      if (!Hides(first, pattern) || EqualIgnoringCase(first, pattern)) continue;
-      input.Inspection.Tell(Problem::HiddenPattern, source, "Namespace",
-                            "the source is never used: \"" + first + "\" stands before and matches as much");
-      break;
+    // The same pattern twice is a key used twice, which was told.
+    const auto covering = earlier.Covering(pattern);
+    if (covering && !EqualIgnoringCase(*covering, pattern)) {
+      input.Inspection.Tell(
+          Problem::HiddenPattern, source, "Namespace",
+          "the source is never used: \"" + *covering + "\" stands before and matches as much");
     }
-    if (Hides(pattern, pattern)) earlier.emplace_back(pattern);
+    earlier.Add(pattern);
   }
 }
 
@@ -72,7 +90,7 @@ void CheckFormat(const RuleInput& input, const XMLElement& e, const char* attrib
     input.Inspection.Tell(Problem::UnknownPlaceholder, e, attribute,
                           isClosed ? "nothing fills the placeholder \"%%" + name + "%%\""
                                    : "a placeholder begins here and does not end: \"%%" + name + "\"",
-                          isClosed ? Nearest(name, known) : std::string());
+                          [&] { return isClosed ? Nearest(name, known) : std::string(); });
     // The operations take the second delimiter of a name that nothing fills for the first of the next.
     if (isKnown(at + 1)) --at;
   }
@@ -102,7 +120,7 @@ void CheckCommentFiles(const RuleInput& input) {
       if (EqualIgnoringCase(pieces[at], kNetPath)) continue;
       input.Inspection.Tell(Problem::UnknownPlaceholder, file, "CommentFilePath",
                             "nothing fills the placeholder \"%" + std::string(pieces[at]) + "%\"",
-                            Nearest(pieces[at], {std::string(kNetPath)}));
+                            [&] { return Nearest(pieces[at], {std::string(kNetPath)}); });
     }
   }
 }

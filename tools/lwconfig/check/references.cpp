@@ -90,7 +90,7 @@ class ReferenceCheck {
         mInput.Inspection.Tell(
             Problem::BlankInList, e, attribute,
             "the blank beside \"" + std::string(name) + "\" belongs to the name; it is not found without it",
-            std::string(name));
+            [&] { return std::string(name); });
       }
       CheckName(e, attribute, name, sort);
     }
@@ -104,7 +104,7 @@ class ReferenceCheck {
     if (names.Has(name) || (known.Profiles.Empty() && &sort != &kPlugIns && &sort != &kComments)) return;
     mInput.Inspection.Tell(sort.Problem, e, attribute,
                            std::string("there is no ") + sort.What + " \"" + std::string(name) + "\"",
-                           Nearest(name, names.Names()));
+                           [&] { return Nearest(name, names.Names()); });
   }
 
   const RuleInput& mInput;

@@ -108,7 +108,7 @@ class TemplateCheck {
       if (name == nullptr || *name == '\0' || mContents.Has(name)) continue;
       mInspection.Tell(Problem::UnknownContents, mRoot, attribute,
                        "the template has no contents definition \"" + std::string(name) + "\"",
-                       Nearest(name, mContents.Names()));
+                       [&] { return Nearest(name, mContents.Names()); });
     }
   }
 
