@@ -10,6 +10,10 @@ bool LoadXMLWithOption(XMLDocument& self, std::string text, bool option) {
   return self.LoadXMLWithOption(std::move(text), option);
 }
 
+std::string ReadAll(const DiskFile& self) {
+  return self.ReadAll();
+}
+
 void Open(DiskFile& self, std::int32_t mode, std::int32_t access, std::int32_t share,
           const Variant& /*length*/) {
   self.Open(mode, access, share);
@@ -106,7 +110,7 @@ const ClassInfo& ClassOf<DiskFile>() {
                I::Property<&DiskFile::FullPath, &DiskFile::SetFullPath>("FullPath"),
                I::Get<&DiskFile::Exists>("Exists"), I::Get<&DiskFile::IsFolder>("IsFolder"),
                I::Method<Open>("Open", "Mode", "Access", "Share", "RecordLength"),
-               I::Get<&DiskFile::IsOpen>("IsOpen"), I::Get<&DiskFile::ReadAll>("ReadAll"),
+               I::Get<&DiskFile::IsOpen>("IsOpen"), I::Get<ReadAll>("ReadAll"),
                I::Method<&DiskFile::Write>("Write", "Text"), I::Method<&DiskFile::Close>("Close"),
                I::Method<&DiskFile::Delete>("Delete"), I::Method<Files>("Files", "Pattern", "Mode"));
   static const ClassInfo info = I::Class("DiskFile", kSlots);
