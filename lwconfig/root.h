@@ -30,15 +30,21 @@ class Root : public Counted<Root> {
  public:
   static constexpr const char* kClassName = "Root";
 
+  /// The sources of external documentation.
   std::shared_ptr<lwconfig::ExternalDocs> ExternalDocs();
-  /// A missing languages file leaves them empty.
+  /// The programming languages; none where their file is missing.
   std::shared_ptr<lwconfig::Languages> Languages();
+  /// The plug-ins of the configuration.
   std::shared_ptr<lwconfig::PlugIns> PlugIns();
+  /// The model comment profiles.
   std::shared_ptr<lwconfig::ModelCommentProfiles> ModelCommentProfiles();
-  /// Loads the namespace profiles first where they are not loaded yet.
+  /// The catalogue of page templates. Loads the namespace profiles first where they are not loaded yet.
   std::shared_ptr<lwconfig::PageTemplates> PageTemplates();
+  /// The namespace profiles.
   std::shared_ptr<lwconfig::NamespaceProfiles> NamespaceProfiles();
+  /// The types of tagged comment.
   std::shared_ptr<lwconfig::TaggedCommentDefs> TaggedCommentDefs();
+  /// The comment files of .NET assemblies.
   std::shared_ptr<lwconfig::CommentFileLocations> CommentFileLocations();
 
   /// Make the given object itself the shared one, until the next reset or replacement. Error 91 for none.
@@ -72,7 +78,8 @@ class Root : public Counted<Root> {
   std::shared_ptr<PageTemplate> GetDefaultTemplate(std::string_view NamespaceProfile,
                                                    std::string_view Supports = {});
 
-  /// Shared by every `Root` of the process, in memory only.
+  /// The toolbar style of tools that have none of their own: shared by every `Root` of the process, in memory
+  /// only.
   LWToolBarStyleEnum DefaultToolbarStyle() const;
   void SetDefaultToolbarStyle(LWToolBarStyleEnum style);
   /// A flag for clients, shared by every `Root` of the process; a reset leaves it.

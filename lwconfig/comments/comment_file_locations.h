@@ -16,7 +16,7 @@ class CommentFileLocation : public Counted<CommentFileLocation> {
  public:
   static constexpr const char* kClassName = "CommentFileLocation";
 
-  std::string AssemblyFileName;
+  std::string AssemblyFileName;  // the assembly that the comment file belongs to
 
   /// The path of the comment file, each "%NetPath%" in it, in any letter case, replaced by the .NET Framework
   /// folder of this machine, which ends with a backslash.
@@ -27,8 +27,9 @@ class CommentFileLocation : public Counted<CommentFileLocation> {
 
   /// Reads a `CommentFile` element. Both attributes are required: error 5 ends the load.
   void Load(const XMLElement& e);
-  /// The caller has named `e`.
+  /// Writes all that is stored into the element, which the caller has named.
   void Save(XMLElement& e) const;
+  /// A copy, the path as it was set.
   std::shared_ptr<CommentFileLocation> Clone() const;
 
  private:
@@ -46,6 +47,7 @@ class CommentFileLocations : public KeyedCollection<CommentFileLocation>,
   /// Replaces the list by that of the file `CommentFileLocations.xml` of the configuration; empty where there
   /// is no such file. A failing location ends the load; those before it stay, and `Dirty` is not cleared.
   void Load();
+  /// Writes the list to that file; then it is not dirty.
   void Save();
   /// A list of copies, not dirty.
   std::shared_ptr<CommentFileLocations> Clone() const;

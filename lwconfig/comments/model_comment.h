@@ -11,17 +11,20 @@
 namespace lwconfig {
 
 /// Where the text of a model comment is added to an existing comment.
-enum mcInsertionPointEnum : std::int32_t { ctPrefix = 2, ctSuffix = 3 };
+enum mcInsertionPointEnum : std::int32_t {
+  ctPrefix = 2,  // before the existing text
+  ctSuffix = 3,  // after the existing text
+};
 
 /// Kinds of member that a model comment applies to.
 enum mcMemberTypeEnum : std::int32_t {
-  mtMethod = 1,
-  mtProperty = 2,
-  mtEvent = 3,
-  mtEnumeration = 4,
-  mtUDT = 5,
-  mtInterface = 6,
-  mtModule = 7,
+  mtMethod = 1,       // `LW:Method`
+  mtProperty = 2,     // `LW:Property`
+  mtEvent = 3,        // `LW:Event`
+  mtEnumeration = 4,  // `LW:Enumeration`
+  mtUDT = 5,          // structures, `LW:Structure`
+  mtInterface = 6,    // `LW:ImplementedInterface`
+  mtModule = 7,       // `LW:Module`
 };
 
 /// A description to re-use for every member of a kind and name, in any project.
@@ -29,13 +32,13 @@ class ModelComment : public Counted<ModelComment> {
  public:
   static constexpr const char* kClassName = "ModelComment";
 
-  std::string MemberType_Namespace;  // code element names, such as "LW:Method"
-  std::string MemberName;            // may hold the wildcards ? and *
-  std::string TaggedCommentPrefix;   // the `TagIdentifier` of the comment that the text fills
-  std::string TaggedCommentText;
-  Variant Tag;  // free for the caller; neither saved nor copied
-  bool OnlyIfBlank = false;
-  mcInsertionPointEnum InsertionPoint = ctPrefix;
+  std::string MemberType_Namespace;                // code element names, such as "LW:Method"
+  std::string MemberName;                          // name of the members; may hold the wildcards ? and *
+  std::string TaggedCommentPrefix;                 // the `TagIdentifier` of the comment that the text fills
+  std::string TaggedCommentText;                   // the text of the comment
+  Variant Tag;                                     // free for the caller; neither saved nor copied
+  bool OnlyIfBlank = false;                        // whether only members without such a comment get it
+  mcInsertionPointEnum InsertionPoint = ctPrefix;  // where the text goes in a comment that is there
 
   /// The member kind set last, as of `mcMemberTypeEnum`; any number is kept.
   std::int32_t MemberType() const { return mMemberType; }
@@ -45,7 +48,9 @@ class ModelComment : public Counted<ModelComment> {
   /// Reads an `MC` element, the older form with a "MemberType" too. A missing kind of member, "MemberName",
   /// "TaggedCommentPrefix" or "TaggedCommentText" is error 5, which ends the load.
   void Load(const XMLElement& e);
+  /// Writes the comment into the element, which the caller has named.
   void Save(XMLElement& e) const;
+  /// A copy of all properties but `Tag`.
   std::shared_ptr<ModelComment> Clone() const;
 
  private:

@@ -19,14 +19,14 @@ class ModelComments : public KeyedCollection<ModelComment>, public Counted<Model
   std::string NamespaceProfile;  // the namespace profile whose element names the comments use
   std::string FileName;          // the file that `LoadFromFile` read last
   std::string Name;              // the key in `ModelCommentProfiles`
-  std::string Description;
-  bool IsPopulated = false;  // a `LoadFromFile` has finished
+  std::string Description;       // what the set is for
+  bool IsPopulated = false;      // whether a `LoadFromFile` has finished
 
   /// Whether the set has changed since it was loaded or saved. Kept by the callers: no change of the set or
   /// of a comment sets it.
   bool Dirty() const { return mDirty; }
   void SetDirty(bool dirty);
-  /// Raised when `SetDirty` has changed the value.
+  /// Raised when setting `Dirty` has changed its value.
   Event<> DirtyStateChanged;
 
   /// The shared namespace profile that `NamespaceProfile` names; null where it is unknown. Error 91 while the
@@ -36,6 +36,7 @@ class ModelComments : public KeyedCollection<ModelComment>, public Counted<Model
   /// Replaces the comments by those of a `ModelCommentProfile` element, with its name and description, which
   /// are required: error 5 ends the load. A failing comment ends it too; the comments before it stay.
   void Load(const XMLElement& e);
+  /// Writes the set with its comments into the element, which the caller has named.
   void Save(XMLElement& e) const;
   /// A set of copies. Only namespace profile, name and description are carried over.
   std::shared_ptr<ModelComments> Clone() const;

@@ -17,7 +17,7 @@ class TaggedCommentDefs : public KeyedCollection<TaggedCommentDef>, public Count
 
   std::string DefaultDesignerProgID;  // for definitions that name no editing control of their own
   std::string FileName;               // the file loaded last
-  bool IsPopulated = false;           // a `LoadFrom` has finished
+  bool IsPopulated = false;           // whether a `LoadFrom` has finished
 
   /// Replaces the set by the custom and then the standard definitions of the configuration; by those of the
   /// older single file where there is no standard file.
@@ -32,6 +32,7 @@ class TaggedCommentDefs : public KeyedCollection<TaggedCommentDef>, public Count
   /// not exist adds nothing. A failing definition ends the load; those before it stay, and `IsPopulated` is
   /// left as it was.
   void LoadFrom(std::string_view FileName);
+  /// Writes all definitions to one file, in the order of the set.
   void SaveTo(std::string_view FileName) const;
   /// Writes the standard definitions, the custom ones or both to one file, in the order of the set.
   void SaveToEx(std::string_view FileName, bool IncludeStandard, bool IncludeCustom) const;

@@ -25,16 +25,20 @@ class DiskFile : public Counted<DiskFile> {
   DiskFile(std::string_view folder, std::string_view baseName, std::string_view extension);
   explicit DiskFile(std::string_view fullPath) { SetFullPath(fullPath); }
 
+  /// The folder part of the path, with or without a backslash at its end.
   void SetFolder(std::string_view folder);
   /// The folder part, ending with a backslash; empty when there is none.
   const std::string& FolderPath() const { return mFolder; }
+  /// The file name without its extension.
   const std::string& BaseName() const { return mBaseName; }
   void SetBaseName(std::string_view baseName);
+  /// The extension without a dot in front.
   const std::string& Extension() const { return mExtension; }
-  /// With or without a leading dot.
+  /// With or without a dot in front.
   void SetExtension(std::string_view extension);
   /// Base name and extension, without folder.
   std::string FileName() const;
+  /// Folder, base name and extension, as one path.
   std::string FullPath() const { return mFolder + FileName(); }
   /// Splits the path; the extension is what follows the last dot of the file name.
   void SetFullPath(std::string_view path);
@@ -49,6 +53,7 @@ class DiskFile : public Counted<DiskFile> {
   /// `IsOpen` false and raises nothing. Error 5 for other modes.
   void Open(std::int32_t mode, std::int32_t access, std::int32_t share = 1,
             std::int32_t recordLength = 32767);
+  /// Whether the last `Open` succeeded and no `Close` followed.
   bool IsOpen() const { return mOpen != OpenState::Closed; }
   /// The whole content as text without byte-order mark, also of a file that was never opened; empty for one
   /// that does not exist. Error 70 or 75 for one that exists and cannot be read.

@@ -28,7 +28,8 @@ class KeyedCollection {
     const Pointer* item = mCol.Find(Key);
     return item != nullptr ? *item : nullptr;
   }
-  /// Error 5 for an unknown key, 9 for a position out of range.
+  /// Removes the item at that position or under that key. Error 5 for an unknown key, 9 for a position out of
+  /// range.
   virtual void Remove(const ItemKey& Key) { mCol.Remove(Key); }
   /// Inserts `obj` before the item that `Before` names, else after the one that `After` names, else at the
   /// end. An empty key is none. Error 457 for a key that is present, 5 or 9 where `Before` or `After` names
@@ -38,10 +39,12 @@ class KeyedCollection {
     if (!obj) throw Error(kObjectNotSet, "No object was given to add to the collection");
     mCol.Add(std::move(obj), Key, Before, After);
   }
+  /// The number of items.
   std::int32_t Count() const { return mCol.Count(); }
   /// The key of the item at a position from 1 to `Count`; empty where it has none.
   const std::string& KeyAt(std::int32_t position) const { return mCol.KeyAt(position); }
 
+  /// The items, from the first to the last.
   auto begin() const { return mCol.begin(); }
   auto end() const { return mCol.end(); }
 
@@ -54,17 +57,21 @@ class Collection : public Counted<Collection> {
  public:
   static constexpr const char* kClassName = "Collection";
 
-  /// The string at that position or under that key, or null; valid until the collection changes.
+  /// The string at that position or under that key, or null. A reference lasts until the collection changes.
   const std::string* Item(const ItemKey& Key) const { return mCol.Find(Key); }
+  /// As of every collection.
   void Remove(const ItemKey& Key) { mCol.Remove(Key); }
-  /// As `KeyedCollection::Add`.
+  /// As of every collection.
   void Add(std::string Item, std::string_view Key = {}, const ItemKey& Before = {},
            const ItemKey& After = {}) {
     mCol.Add(std::move(Item), Key, Before, After);
   }
+  /// The number of items.
   std::int32_t Count() const { return mCol.Count(); }
+  /// As of `KeyedCollection`.
   const std::string& KeyAt(std::int32_t position) const { return mCol.KeyAt(position); }
 
+  /// The items, from the first to the last.
   auto begin() const { return mCol.begin(); }
   auto end() const { return mCol.end(); }
 

@@ -26,7 +26,9 @@ struct XMLDraftElement;
 /// One attribute. A handle: it stays valid as long as it is held, and copies refer to the same attribute.
 class XMLAttribute {
  public:
+  /// The name as written in the file.
   std::string Name() const;
+  /// The value, entities resolved.
   std::string Value() const;
 
  private:
@@ -60,7 +62,9 @@ class XMLElement {
   /// The character data directly inside the element, joined; what was written in it where the document was
   /// loaded so.
   std::string Text() const;
+  /// The attributes, in the order of the file.
   XMLAttributes Attributes() const;
+  /// The child elements, in the order of the file.
   XMLElements Children() const;
 
   /// Appends an attribute. The value comes back exactly as it was set: control characters other than tab and
@@ -134,9 +138,11 @@ class XMLElements {
     pugi::xml_node_struct* mNode;
   };
 
+  /// The number of child elements.
   std::int32_t Count() const;
   /// The child at a position from 1. Error 9 where there is none.
   XMLElement Item(std::int32_t position) const;
+  /// The child elements, from the first to the last.
   Iterator begin() const;
   std::default_sentinel_t end() const { return {}; }
 

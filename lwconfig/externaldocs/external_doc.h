@@ -15,9 +15,13 @@ class ExternalDoc : public Counted<ExternalDoc> {
  public:
   static constexpr const char* kClassName = "ExternalDoc";
 
-  std::string
-      NamespaceName;  // pattern of the names documented (see `MatchesWildcard`); key in `ExternalDocs`
+  /// Pattern of the names documented, with letter case: "?" is any one character, "*" any run of them, "#" a
+  /// digit, "[a-z]" one of a list, "[!a-z]" one that is not; see `MatchesWildcard`. The key in
+  /// `ExternalDocs`.
+  std::string NamespaceName;
+  /// Formats of links to classes and other objects.
   Owned<ExternalLink> ClassLink = std::make_shared<ExternalLink>();
+  /// Formats of links to their members.
   Owned<ExternalLink> DefaultMemberLink = std::make_shared<ExternalLink>();
 
   // The formats of `ClassLink`. Error 91 while that is null.
@@ -31,7 +35,7 @@ class ExternalDoc : public Counted<ExternalDoc> {
   /// Reads an `ExternalDoc` element. "Namespace" is required: error 5 ends the load where it is missing. The
   /// first child element, whatever its name, holds the default member link.
   void Load(const XMLElement& e);
-  /// The caller has named `e`.
+  /// Writes all that is stored into the element, which the caller has named.
   void Save(XMLElement& e) const;
   /// A copy with links of its own.
   std::shared_ptr<ExternalDoc> Clone() const;

@@ -44,6 +44,7 @@ class ExternalDocs : public KeyedCollection<ExternalDoc>, public Counted<Externa
                          std::string_view Caption, bool IsHelp2) const;
   /// The address of the page of an object, without markup; empty where no source covers its whole name.
   std::string URL(std::string_view ObjectFullName) const;
+  /// Forgets the answers kept by `Link` and `IsLinkAvailable`.
   void ResetLinkCache();
 
   /// The names of the placeholders that the links to objects, and those to members, fill.

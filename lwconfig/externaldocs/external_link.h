@@ -20,7 +20,7 @@ class ExternalLink : public Counted<ExternalLink> {
 
   /// Reads the formats off an element of any name; one that is absent keeps its value.
   void Load(const XMLElement& e);
-  /// The caller has named `e`.
+  /// Writes all that is stored into the element, which the caller has named.
   void Save(XMLElement& e) const;
   /// Copies the formats into `Target`. Error 91 where it is null.
   void Clone(const std::shared_ptr<ExternalLink>& Target) const;

@@ -32,6 +32,7 @@ class ElementAttributes : public Counted<ElementAttributes> {
   /// names none.
   std::string AttributeName(const ItemKey& Index) const;
   std::string AttributeData(const ItemKey& Index) const;
+  /// The number of attributes.
   std::int16_t Count() const { return static_cast<std::int16_t>(mAttributes.size()); }
 
  private:

@@ -18,14 +18,14 @@ class ElementAttributeDef : public Counted<ElementAttributeDef> {
  public:
   static constexpr const char* kClassName = "ElementAttributeDef";
 
-  std::string Name;  // the key in `ElementAttributeDefs`
-  std::string Description;
-  std::string HelpTopic;
-  std::string EditType;
-  std::string ListSource;
-  std::string ListValues;
-  std::string DefaultValue;
-  bool Mandatory = false;
+  std::string Name;          // the key in `ElementAttributeDefs`
+  std::string Description;   // what the attribute is for
+  std::string HelpTopic;     // page that tells about it
+  std::string EditType;      // how its value is edited
+  std::string ListSource;    // where a list of values comes from
+  std::string ListValues;    // the values to choose from
+  std::string DefaultValue;  // value where none is given
+  bool Mandatory = false;    // whether it must be given
 
   /// The element that the attribute belongs to, or null for a common attribute of all elements.
   std::shared_ptr<lwconfig::ElementDef> ElementDef() const { return mElementDef.Object(); }
@@ -53,12 +53,13 @@ class ElementDef : public Counted<ElementDef>, public std::enable_shared_from_th
  public:
   static constexpr const char* kClassName = "ElementDef";
 
-  std::string Name;
-  std::string Description;
-  std::string Category;
-  std::string DesignerProgID;
-  std::string Namespaces;
-  bool ScrapsOnly = false;
+  std::string Name;            // the name of the element
+  std::string Description;     // what the element is for
+  std::string Category;        // the category under which it is offered
+  std::string DesignerProgID;  // component that edits it
+  std::string Namespaces;      // code element names
+  bool ScrapsOnly = false;     // whether it may stand in scraps only
+  /// The attributes that it takes, filed under their names.
   Owned<lwconfig::ElementAttributeDefs> ElementAttributeDefs =
       std::make_shared<lwconfig::ElementAttributeDefs>();
 

@@ -16,39 +16,41 @@ class Language : public Counted<Language> {
  public:
   static constexpr const char* kClassName = "Language";
 
-  std::string Name;  // the key in `Languages`
-  std::string Caption;
-  bool IncludeFlag = false;  // for the generator's use while it runs; never loaded
-  std::string OverloadsWord;
-  std::string OverridesWord;
-  std::string VirtualWord;
-  std::string NotVirtualWord;
-  std::string AbstractWord;
-  std::string ShadowsWord;
-  std::string StaticWord;
-  std::string OptionalWord;
-  std::string OutParamWord;
-  std::string ByRefWord;
-  std::string ByValWord;
-  std::string ReturnTypePrefix;
-  std::string ArraySymbol;
-  std::string VoidTypeName;
-  std::string ParamArrayWord;
-  std::string FunctionWord;
-  std::string SubWord;
-  std::string ParameterDelimiter = ",";
-  bool IncludeByDefault = false;
-  std::string MustInheritWord;
-  std::string NotInheritableWord;
-  std::string ReadOnlyPropertyWord;
-  std::string WriteOnlyPropertyWord;
-  std::string ReadWritePropertyWord;
-  std::string ReadOnlyFieldKeyword;
-  // Translations: of type names into the language and back, and of access levels into its words.
+  std::string Name;                      // the key in `Languages`
+  std::string Caption;                   // the name that users read
+  bool IncludeFlag = false;              // for the generator's use while it runs; never loaded
+  std::string OverloadsWord;             // keyword of an overloading member
+  std::string OverridesWord;             // keyword of an overriding member
+  std::string VirtualWord;               // keyword of a member that may be overridden
+  std::string NotVirtualWord;            // keyword of a member that may not be overridden
+  std::string AbstractWord;              // keyword of a member without an implementation
+  std::string ShadowsWord;               // keyword of a member that hides an inherited one
+  std::string StaticWord;                // keyword of a member of the type rather than the instance
+  std::string OptionalWord;              // keyword of an optional parameter
+  std::string OutParamWord;              // keyword of an output parameter
+  std::string ByRefWord;                 // keyword of a parameter passed by reference
+  std::string ByValWord;                 // keyword of a parameter passed by value
+  std::string ReturnTypePrefix;          // text before a return type
+  std::string ArraySymbol;               // symbol after an array type
+  std::string VoidTypeName;              // name of the empty return type
+  std::string ParamArrayWord;            // keyword of a parameter list of variable length
+  std::string FunctionWord;              // keyword of a procedure with a result
+  std::string SubWord;                   // keyword of a procedure without a result
+  std::string ParameterDelimiter = ",";  // text between parameters
+  bool IncludeByDefault = false;         // whether the language is used unless the user decides otherwise
+  std::string MustInheritWord;           // keyword of a type that must be derived from
+  std::string NotInheritableWord;        // keyword of a type that may not be derived from
+  std::string ReadOnlyPropertyWord;      // keyword of a property to read only
+  std::string WriteOnlyPropertyWord;     // keyword of a property to write only
+  std::string ReadWritePropertyWord;     // keyword of a property to read and write
+  std::string ReadOnlyFieldKeyword;      // keyword of a field to read only
+  /// The language's text for each neutral type name, filed under it.
   Owned<Collection> DataTypes = std::make_shared<Collection>();
+  /// The neutral name of each type, filed under the language's text.
   Owned<Collection> ReverseDataTypes = std::make_shared<Collection>();
+  /// The language's word for each access level, filed under its neutral name.
   Owned<Collection> AccessTypes = std::make_shared<Collection>();
-  std::string MultiDimensionalArraySymbol;
+  std::string MultiDimensionalArraySymbol;  // symbol after an array type of more than one dimension
 
   /// Reads a `Language` element. All words but `ParameterDelimiter` and `MultiDimensionalArraySymbol` are
   /// required: error 5 ends the load. So does a data type that cannot be added to either table, with 457

@@ -6,9 +6,9 @@
 #include <string_view>
 
 #include <lwconfig/core/instance_count.h>
-#include <lwconfig/core/variant.h>
 #include <lwconfig/core/keyed_collection.h>
 #include <lwconfig/core/object_reference.h>
+#include <lwconfig/core/variant.h>
 #include <lwconfig/core/xml_element.h>
 #include <lwconfig/namespaces/element_def.h>
 
@@ -26,27 +26,27 @@ class NamespaceDef : public Counted<NamespaceDef> {
   NamespaceDef& operator=(const NamespaceDef&) = delete;
   ~NamespaceDef();
 
-  std::string Name;  // such as "LW:Module"; the key among its siblings
-  std::string Handler;
-  std::string Caption;
-  std::string CommenterCaption;
-  std::string CaptionPlural;
-  bool ProvideIncludeFlag = false;
-  bool DefaultIncludeFlag = false;
-  bool Tree_AlwaysPopulate = false;
-  bool Tree_AlwaysExpand = false;
-  std::string Tree_Icon;
-  bool Tree_ShowInSelect = false;
-  bool Tree_AllowExclude = true;
-  std::string Tree_CaptionTemplate;
-  bool Tree_Select_AlwaysPopulate = false;
-  bool Tree_ShowFolder = false;
-  bool Tree_ShowFolderInSelect = false;
-  std::string FileNameFormat;
-  std::string Flags;
-  std::string ID;
-  std::int32_t Counter = 0;  // for the generator's use while it runs
-  bool IncludeFlag = false;  // for the generator's use while it runs
+  std::string Name;                         // such as "LW:Module"; the key among its siblings
+  std::string Handler;                      // kept for the plug-in that offers the elements
+  std::string Caption;                      // what users call such an element
+  std::string CommenterCaption;             // what the comment editors call it
+  std::string CaptionPlural;                // what users call several
+  bool ProvideIncludeFlag = false;          // whether users may include or leave out such elements
+  bool DefaultIncludeFlag = false;          // what `ResetIncludeFlag` makes of `IncludeFlag`
+  bool Tree_AlwaysPopulate = false;         // in the item tree: fill the node at once
+  bool Tree_AlwaysExpand = false;           // in the item tree: open the node at once
+  std::string Tree_Icon;                    // in the item tree: name of the icon
+  bool Tree_ShowInSelect = false;           // in the item tree: shown while users select
+  bool Tree_AllowExclude = true;            // in the item tree: users may leave an item out
+  std::string Tree_CaptionTemplate;         // in the item tree: caption of an item
+  bool Tree_Select_AlwaysPopulate = false;  // in the item tree: fill the node at once while users select
+  bool Tree_ShowFolder = false;             // in the item tree: items stand below a folder
+  bool Tree_ShowFolderInSelect = false;     // in the item tree: items stand below a folder while users select
+  std::string FileNameFormat;               // file name of the pages of such elements
+  std::string Flags;                        // free text
+  std::string ID;                           // free text
+  std::int32_t Counter = 0;                 // for the generator's use while it runs
+  bool IncludeFlag = false;                 // for the generator's use while it runs
 
   /// Withdrawn: error 13 with the source "Tag no longer supported".
   AnyObject Tag() const;
@@ -89,11 +89,12 @@ class NamespaceDefs : public KeyedCollection<NamespaceDef>,
  public:
   static constexpr const char* kClassName = "NamespaceDefs";
 
-  std::string Name;  // the key in `NamespaceProfiles`
-  std::string Caption;
-  std::string CommenterCaption;
-  bool IsFile = false;
-  std::string Supports;
+  std::string Name;              // the key in `NamespaceProfiles`
+  std::string Caption;           // what users call the profile
+  std::string CommenterCaption;  // what the comment editors call it
+  bool IsFile = false;           // whether its sources are files
+  std::string Supports;          // item types, joined by ","
+  /// The elements that the profile offers.
   Owned<lwconfig::ElementDefs> ElementDefs = std::make_shared<lwconfig::ElementDefs>();
 
   /// As of every collection, but failures are ignored: where the key is present nothing is added.
@@ -103,6 +104,7 @@ class NamespaceDefs : public KeyedCollection<NamespaceDef>,
   /// Reads a profile from its root element. A failing definition, or two top-level ones of one name (error
   /// 457), end the load; what was read before is kept.
   void Load(const XMLElement& e);
+  /// Resets the include flag of every definition, at any depth.
   void ResetIncludeFlags();
   /// The definitions at any depth with that caption, or name, without regard to letter case, each before
   /// those nested in it. They are appended to `col`, without keys, and `col` is the result; a new collection

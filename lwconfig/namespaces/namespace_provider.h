@@ -35,26 +35,35 @@ class INamespaceProvider : public Counted<INamespaceProvider> {
   /// The root item that the moniker names.
   virtual AnyObject GetRootItem(std::shared_ptr<lwconfig::NamespaceDef>& NamespaceDef,
                                 std::string_view Moniker);
+  /// The item with that fully qualified name.
   virtual AnyObject GetObjectFromQualifiedName(std::string_view QualifiedName);
   /// The definition of the profile that describes `obj`.
   virtual AnyObject GetNamespaceDefFromObject(std::shared_ptr<lwconfig::NamespaceDefs>& NamespaceDefs,
                                               AnyObject& obj);
+  /// Adds a root item to the provider's own.
   virtual void AddRootItem(AnyObject& RootItem);
   /// Writes content of the type to an output file.
   virtual void StreamContent(AnyObject& OutputFile, std::string_view ContentType);
+  /// The provider's name.
   virtual std::string Name() const;
   /// Tells that the file was created for the item, and whether it is core content.
   virtual void ContentCreated(AnyObject& Item, std::shared_ptr<lwconfig::NamespaceDef>& NamespaceDef,
                               std::string_view FileName, bool CoreContent);
+  /// Tells that a root item is about to be processed.
   virtual void BeforeProcessRootItem(AnyObject& RootItem);
+  /// Tells that a root item has been processed.
   virtual void AfterProcessRootItem(AnyObject& RootItem);
+  /// Tells that an item is about to be processed.
   virtual void BeforeProcessItem(AnyObject& Item, AnyObject& RootItem);
+  /// Tells that an item has been processed.
   virtual void AfterProcessItem(AnyObject& Item, AnyObject& RootItem);
+  /// The provider's module items.
   virtual AnyObject GetModuleItems();
   /// Lets the user pick a source and returns its moniker.
   virtual std::string BrowseForMoniker(std::string_view Flags);
   /// Whether the moniker names a usable source; if not, the reason is put into `Message`.
   virtual bool VerifyMoniker(std::string_view Moniker, std::string& Message);
+  /// The moniker of a root item.
   virtual std::string GetMonikerFromRootItem(AnyObject& RootItem);
   /// The moniker relative to the file.
   virtual Variant MakeMonikerRelative(std::string_view Moniker, std::string_view RelativeToFileName);

@@ -20,19 +20,19 @@ class PlugIn : public Counted<PlugIn> {
   /// Takes the next plug-in number of the process for its key.
   PlugIn();
 
-  std::string Name;
-  std::string Description;
-  bool ExtendsWizard = false;
-  std::string WizardProgID;
-  bool ExtendsContent = false;
-  std::string ContentProgID;
-  bool ExtendsTableOfContents = false;
-  std::string TableOfContentsProgID;
+  std::string Name;                     // the name by which templates enable it
+  std::string Description;              // what the plug-in does
+  bool ExtendsWizard = false;           // whether it takes part in the wizard
+  std::string WizardProgID;             // component that serves the wizard
+  bool ExtendsContent = false;          // whether it takes part in the content of pages
+  std::string ContentProgID;            // component that serves the content
+  bool ExtendsTableOfContents = false;  // whether it takes part in tables of contents
+  std::string TableOfContentsProgID;    // component that serves tables of contents
   std::string Key;  // "P" and a number: identifies the object, not the plug-in; neither read nor written
 
   /// Reads a `PlugIn` element. All eight attributes are required: error 5 ends the load where one is missing.
   void Load(const XMLElement& e);
-  /// The caller has named `e`.
+  /// Writes all that is stored into the element, which the caller has named.
   void Save(XMLElement& e) const;
   /// A copy with a key of its own.
   std::shared_ptr<PlugIn> Clone() const;
@@ -48,6 +48,7 @@ class PlugIns : public KeyedCollection<PlugIn>, public Counted<PlugIns> {
   /// Replaces the list by the plug-ins of every "*.xml" file in the folder; none where there is no such
   /// folder. A failing element ends the load, and the plug-ins before it are kept.
   void LoadFrom(std::string_view Folder);
+  /// A list of copies, each filed under its own key.
   std::shared_ptr<PlugIns> Clone() const;
 };
 

@@ -7,34 +7,38 @@
 
 namespace lwconfig {
 
+/// How much a comment editor shows at once.
 enum CommentEditorViewEnum : std::int32_t {
-  CommentEditViewFull = 0,
-  CommentEditViewCombo = 1,
+  CommentEditViewFull = 0,   // every comment
+  CommentEditViewCombo = 1,  // one comment, chosen from a list
 };
 
+/// The window in which comments are edited.
 enum LWVSWindowStyleEnum : std::int32_t {
-  LWVSWindowStyleDocumentWindow = 0,
-  LWVSWindowStyleToolWindow = 1,
-  LWVSWindowStyleExternal = 2,
+  LWVSWindowStyleDocumentWindow = 0,  // a document window
+  LWVSWindowStyleToolWindow = 1,      // a tool window
+  LWVSWindowStyleExternal = 2,        // a window outside the editor
 };
 
+/// Where the comments of a block of code stand.
 enum BlockPositionEnum : std::int32_t {
-  BlockPositionInside = 0,
-  BlockPositionOutside = 1,
+  BlockPositionInside = 0,   // inside the block
+  BlockPositionOutside = 1,  // outside the block
 };
 
+/// Where comments are kept.
 enum CommentModeEnum : std::int32_t {
-  ModeDocComments = 0,
-  ModeVBCode = 1,
-  ModeCommentFile = 2,
+  ModeDocComments = 0,  // in XML documentation comments
+  ModeVBCode = 1,       // in Visual Basic comments
+  ModeCommentFile = 2,  // in a comment file
 };
 
 /// The commands that the product's tools send each other.
 enum LWIPCCommandEnum : std::int32_t {
-  LWIPCIsLWProjectSelected = 100,
-  LWIPCOpenLWProject = 101,
-  LWIPCIsFileLoaded = 102,
-  LWIPCReloadVBProject = 103,
+  LWIPCIsLWProjectSelected = 100,  // asks whether a project is selected
+  LWIPCOpenLWProject = 101,        // opens a project
+  LWIPCIsFileLoaded = 102,         // asks whether a file is loaded
+  LWIPCReloadVBProject = 103,      // loads a Visual Basic project anew
 };
 
 /// Without members: publishes the enumerations that the product's tools share.

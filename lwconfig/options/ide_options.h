@@ -19,8 +19,11 @@ class IDEOptions : public OptionSet, public Counted<IDEOptions> {
   Option<bool, ExactTrue> PreserveChosenContentType{*this, "", "PreserveChosenContentType", true};
   Option<bool, ExactTrue> NoProjectPropertiesHeaders{*this, "", "NoProjectPropertiesHeaders", true};
   Option<LWToolBarStyleEnum> ToolbarStyle{*this, "", "ToolbarStyle", ToolbarStyleOffice2003};
+  /// Where nothing is stored, the documents folder of the user.
   Option<std::string> DefaultPath{*this, "", "DefaultPath", [] { return GetShellFolder(kDocumentsFolder); }};
+  /// Where nothing is stored, the full view on a display wider than 1024 pixels.
   Option<CommentEditorViewEnum> CommentEditorView{*this, "", "CommentEditorView", UsualCommentEditorView};
+
   Option<bool, ExactTrue> AutoSave{*this, "", "AutoSave", false};
   Option<std::int32_t> AutoSaveInterval{*this, "", "AutoSaveInterval", 3};
   Option<bool, ExactTrue> SaveLayoutOnExit{*this, "", "SaveLayoutOnExit", true};

@@ -13,10 +13,12 @@ class SpellingOptions : public OptionSet, public Counted<SpellingOptions> {
   static constexpr const char* kClassName = "SpellingOptions";
 
   Option<bool, ExactTrue> DynamicSpell{*this, "", "DynamicSpell", true};
+  /// Where nothing is stored, the file of that purpose in the common folder of the maker's products.
   Option<std::string> CustomDictionary{*this, "", "CustomDictionary",
                                        [] { return CommonPath() + "Custom.dct"; }};
   Option<std::string> PrimaryDictionary{*this, "", "PrimaryDictionary",
                                         [] { return CommonPath() + "Corvantis.dct"; }};
+
   Option<bool, ExactTrue> IgnoreMixedCase{*this, "Spelling", "IgnoreMixedCase", true};
   Option<bool, ExactTrue> IgnoreNumbers{*this, "Spelling", "IgnoreNumbers", true};
   Option<bool, ExactTrue> IgnoreUpperCase{*this, "Spelling", "IgnoreUpperCase", true};

@@ -4,10 +4,11 @@
 
 namespace lwconfig {
 
+/// How toolbars look.
 enum LWToolBarStyleEnum : std::int32_t {
-  ToolbarStyleOfficeXP = 0,
-  ToolbarStyleOffice2003 = 1,
-  ToolbarStyleOffice2003NoThemes = 2,
+  ToolbarStyleOfficeXP = 0,            // flat
+  ToolbarStyleOffice2003 = 1,          // in the colours of the desktop theme
+  ToolbarStyleOffice2003NoThemes = 2,  // the same without themes
 };
 
 }  // namespace lwconfig

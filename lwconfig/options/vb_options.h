@@ -30,7 +30,9 @@ class VBOptions : public OptionSet, public Counted<VBOptions> {
   Option<bool, ExactTrue> IncludeSpace{*this, "VB", "IncludeSpace", true};
   Option<std::string> PreviewTemplate{*this, "VB", "PreviewTemplate", "Platform SDK style"};
   Option<std::string> VBAPreviewTemplate{*this, "VBA", "VBAPreviewTemplate", "VB Technical Documentation"};
+  /// Is written like every option and never read: it always is `ModeVBCode`.
   VBCommentModeOption VBCommentMode{*this, "VB", "VBCommentMode", ModeVBCode};
+
   Option<bool> ExternalWindow{*this, "VB", "ExternalWindow", false};
   Option<bool> FollowCodePane{*this, "VB", "FollowCodePane", false};
   Option<bool> Grouped{*this, "VB", "Grouped", true};

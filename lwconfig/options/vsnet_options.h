@@ -15,8 +15,11 @@ class VSNETOptions : public OptionSet, public Counted<VSNETOptions> {
  public:
   static constexpr const char* kClassName = "VSNETOptions";
 
+  /// Languages that are not edited on a full page, joined by ","; while none are stored, all those of the
+  /// configuration that are not included by default.
   Option<std::string, StoredOrExcludedLanguages> FullPageEditExcludedLanguages{
       *this, "VSNET", "FullPageEditExcludedLanguages", "Empty"};
+
   Option<LWToolBarStyleEnum> ToolbarStyle{*this, "VSNET", "ToolbarStyle", ToolbarStyleOffice2003NoThemes};
   Option<bool, ExactTrue> CodeViewCollapsed{*this, "VSNET", "CodeViewCollapsed", false};
   Option<CommentEditorViewEnum> CommentEditorView{*this, "VSNET", "CommentEditorView", CommentEditViewCombo};

@@ -16,19 +16,23 @@ class NodeDefs;
 class PageLayout;
 class TOCDefinition;
 
-/// Kinds of node: `ntSmart` repeats for every code element of one kind, `ntPlugIn` is produced by a plug-in.
-enum NodeTypeEnum : std::int32_t { ntStandard = 0, ntSmart = 1, ntPlugIn = 2 };
+/// Kinds of node.
+enum NodeTypeEnum : std::int32_t {
+  ntStandard = 0,  // stands for itself
+  ntSmart = 1,     // repeats for every code element of one kind
+  ntPlugIn = 2,    // is produced by a plug-in
+};
 
 /// Kinds of item on whose existence a node depends; 0 is none.
 enum DependantOnEnum : std::int32_t {
-  depMethods = 1,
-  depProperties = 2,
-  depEvents = 3,
-  depEnumerations = 4,
-  depUDTs = 5,
-  depLibraries = 6,
-  depInterfaces = 7,
-  depProjects = 8,
+  depMethods = 1,       // `LW:Method`
+  depProperties = 2,    // `LW:Property`
+  depEvents = 3,        // `LW:Event`
+  depEnumerations = 4,  // `LW:Enumeration`
+  depUDTs = 5,          // structures, `LW:Structure`
+  depLibraries = 6,     // `LW:Library`
+  depInterfaces = 7,    // `LW:ImplementedInterface`
+  depProjects = 8,      // `LW:Project`
 };
 
 /// One node of a contents tree. Nodes form the tree through parent keys; parent and owner are not kept alive.
@@ -39,28 +43,38 @@ class NodeDef : public Counted<NodeDef> {
   /// Takes the next node number of the process for its key.
   NodeDef();
 
-  std::string Key;  // "N" and a number; the key in `NodeDefs`
-  NodeTypeEnum NodeType = ntStandard;
-  bool UseCustomIcon = false;
-  bool MarkAsNew = false;
-  std::string NodeCaptionTemplate;
-  std::string PlugInName;
-  std::string PlugInData;
+  std::string Key;                     // "N" and a number; the key in `NodeDefs`
+  NodeTypeEnum NodeType = ntStandard;  // what the node stands for
+  bool UseCustomIcon = false;          // whether the icon is `NodeIconIndex` rather than a book or a page
+  bool MarkAsNew = false;              // whether the contents show the node as new
+  std::string NodeCaptionTemplate;     // caption; may hold phrases and variables in %%
+  std::string PlugInName;              // of an `ntPlugIn` node: the plug-in that generates it
+  std::string PlugInData;              // of an `ntPlugIn` node: data for the plug-in, kept as it is
+  /// Kind of item that must exist for the node to be generated; 0 for none, -1 where the file had no usable
+  /// value.
   DependantOnEnum DependantOn{};
+  /// Code element name of these items; follows from `DependantOn` where the file has none.
   std::string DependantOnNamespace;
-  std::string DependantOnNamespace_Filter;
-  std::int32_t DependantCount = 1;
+  std::string DependantOnNamespace_Filter;  // filter for these items, kept as it is
+  std::int32_t DependantCount = 1;          // how many such items there must be at least
+  /// Whether the nodes below are generated even when this one is not.
   bool DependantStillProcessChildren = false;
-  std::string FileNameTemplate;
-  PageTypeEnum PageType = pgStandard;  // not saved
+  std::string FileNameTemplate;  // file name of the node's page; may hold variables in %%
+  /// Of an `ntSmart` node: kind of code element for which it repeats; not saved; -1 where the file had no
+  /// usable value.
+  PageTypeEnum PageType = pgStandard;
+  /// Of an `ntSmart` node: code element names for which it repeats; follows from `PageType` where the file
+  /// has none.
   std::string PageTypeNamespace;
-  std::string PageTypeNamespaceFilter;
-  bool LinkToPage = true;
-  bool IsDefaultTopic = false;
+  std::string PageTypeNamespaceFilter;  // filter for these elements, kept as it is
+  bool LinkToPage = true;               // whether the node links to its page
+  bool IsDefaultTopic = false;          // whether its page is the default topic of the help file
 
+  /// The key of the parent node; empty for a root node.
   const std::string& ParentKey() const { return mParentKey; }
   /// Does not change the parent until `CementReferences` runs.
   void SetParentKey(std::string key) { mParentKey = std::move(key); }
+  /// The icon of the help file that a node with `UseCustomIcon` shows.
   std::int32_t NodeIconIndex() const { return mNodeIconIndex; }
   void SetNodeIconIndex(std::int32_t index) { mNodeIconIndex = index; }
   /// The linked parent, or null.
@@ -93,7 +107,7 @@ class NodeDef : public Counted<NodeDef> {
   /// second character on: error 5, 13 or 6 ends the load otherwise. Node numbers taken later lie above the
   /// key's.
   void Load(const XMLElement& e, const std::shared_ptr<lwconfig::TOCDefinition>& TOCDefinition);
-  /// Only a linked parent is saved.
+  /// Names the element `NodeDef` and writes the node into it. Only a linked parent is saved.
   void Save(XMLElement& e) const;
   /// A copy with the same key, parent and definition. Fails as `PageLayout` does.
   std::shared_ptr<NodeDef> Clone() const;

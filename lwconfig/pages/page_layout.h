@@ -17,16 +17,16 @@ class PageLayout : public Counted<PageLayout> {
  public:
   static constexpr const char* kClassName = "PageLayout";
 
-  std::string Name;
-  std::string FileName;  // within the template folder; the key in `PageLayouts`
-  PageTypeEnum PageType = pgStandard;
-  std::string TitleTemplate;  // file-name template of the pages produced, with variables in %%
-  std::string NodeTag;        // for the caller's use; neither loaded nor saved
-  std::string ControlTag;     // for the caller's use; neither loaded nor saved
-  std::string Namespace;      // code element names, joined by ","
-  std::string DependantOnNamespace;
-  std::string DependantOnNamespace_Filter;
-  std::int32_t DependantCount = -1;
+  std::string Name;                         // kept for other tools
+  std::string FileName;                     // within the template folder; the key in `PageLayouts`
+  PageTypeEnum PageType = pgStandard;       // kind of page; -1 where the file had no usable value
+  std::string TitleTemplate;                // file-name template of the pages produced, with variables in %%
+  std::string NodeTag;                      // for the caller's use; neither loaded nor saved
+  std::string ControlTag;                   // for the caller's use; neither loaded nor saved
+  std::string Namespace;                    // code element names, joined by ","
+  std::string DependantOnNamespace;         // code element name of the items that the page depends on
+  std::string DependantOnNamespace_Filter;  // filter for these items, kept as it is
+  std::int32_t DependantCount = -1;         // how many of them the page depends on
 
   /// Whether `FileName` ends in the extension of a help project, contents, index or similar file.
   bool IsHTMLHelpProjectFile() const;
@@ -36,6 +36,7 @@ class PageLayout : public Counted<PageLayout> {
   /// Reads a `PageLayout` element. "Name", "FileName" and "TitleTemplate" are required: error 5 ends the load
   /// where one is missing, and what was read before it is kept.
   void Load(const XMLElement& e);
+  /// Names the element `PageLayout` and writes all properties but the two tags into it.
   void Save(XMLElement& e) const;
   /// Fills what follows from the file name and page type: an empty `Namespace`, and a `TitleTemplate` that is
   /// empty or holds a title from an older file. `Load` ends with it.

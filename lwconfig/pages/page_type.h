@@ -7,22 +7,22 @@ namespace lwconfig {
 
 /// Kinds of page: a standard page not tied to a kind of code element, or one produced per code element.
 enum PageTypeEnum : std::int32_t {
-  pgStandard = 0,
-  pgobject = 1,
-  pgcollection = 2,
-  pgMethod = 3,
-  pgProperty = 4,
-  pgEvent = 5,
-  pgEnumeration = 6,
-  pgUDT = 7,
-  pgLibrary = 8,
-  pgDeclaration = 9,
-  pgProject = 10,
-  pgModule = 11,
-  pgInterface = 12,
-  pgProjectGroup = 13,
-  pgSourceCode = 14,
-  pgExample = 15,
+  pgStandard = 0,       // not tied to a kind of code element
+  pgobject = 1,         // an object: a class or module
+  pgcollection = 2,     // a collection object
+  pgMethod = 3,         // a method
+  pgProperty = 4,       // a property
+  pgEvent = 5,          // an event
+  pgEnumeration = 6,    // an enumeration
+  pgUDT = 7,            // a structure
+  pgLibrary = 8,        // a library
+  pgDeclaration = 9,    // a declare statement
+  pgProject = 10,       // a project
+  pgModule = 11,        // a module
+  pgInterface = 12,     // an implemented interface
+  pgProjectGroup = 13,  // a project group
+  pgSourceCode = 14,    // source code
+  pgExample = 15,       // an example
 };
 
 /// No usable page type was found in the file.

@@ -18,8 +18,9 @@ class TOCDefinition : public Counted<TOCDefinition>, public std::enable_shared_f
  public:
   static constexpr const char* kClassName = "TOCDefinition";
 
-  std::string Name;  // the key in `TOCDefinitions`
-  std::string Description;
+  std::string Name;         // the key in `TOCDefinitions`
+  std::string Description;  // what it is for
+  /// Its nodes, filed under their keys.
   Owned<lwconfig::NodeDefs> NodeDefs = std::make_shared<lwconfig::NodeDefs>();
 
   /// The template that owns this definition, or null.
@@ -32,7 +33,7 @@ class TOCDefinition : public Counted<TOCDefinition>, public std::enable_shared_f
   /// Reads a `TOCDefinition` element of the template. "Name" and "Description" are required; a missing one
   /// (error 5), a failing node or a key used twice (457) ends the load, and the nodes before it are kept.
   void Load(const XMLElement& e, const std::shared_ptr<lwconfig::PageTemplate>& PageTemplate);
-  /// The caller has named `e`.
+  /// Writes all that is stored into the element, which the caller has named.
   void Save(XMLElement& e) const;
   /// A deep copy that belongs to the given template.
   std::shared_ptr<TOCDefinition> Clone(const std::shared_ptr<lwconfig::PageTemplate>& PageTemplate) const;

@@ -12,12 +12,13 @@ namespace lwconfig {
 
 class PageTemplate;
 
+/// Kinds of value that a variable can have.
 enum VariableDefTypeEnum : std::int32_t {
-  vdtText = 0,
-  vdtHTML = 1,
-  vdtNumber = 2,
-  vdtDate = 3,
-  vdtColor = 4
+  vdtText = 0,    // plain text
+  vdtHTML = 1,    // markup
+  vdtNumber = 2,  // a number
+  vdtDate = 3,    // a date
+  vdtColor = 4,   // a colour
 };
 
 /// A variable that a template's pages use and a user can set.
@@ -25,16 +26,18 @@ class VariableDef : public Counted<VariableDef> {
  public:
   static constexpr const char* kClassName = "VariableDef";
 
-  std::string Name;  // the key in `VariableDefs`
-  std::string Description;
-  VariableDefTypeEnum VariableDefType = vdtText;
-  std::string Caption;
-  std::string DefaultValue;  // as text; not checked against the type
+  std::string Name;                               // the key in `VariableDefs`
+  std::string Description;                        // what users are told about it
+  VariableDefTypeEnum VariableDefType = vdtText;  // kind of value
+  std::string Caption;                            // what users are asked
+  std::string DefaultValue;                       // as text; not checked against the type
 
+  /// A copy of all properties.
   std::shared_ptr<VariableDef> Clone() const;
   /// Reads a `VariableDef` element. "Name" and "Description" are required: error 5 ends the load where one is
   /// missing. An empty caption becomes the name. `PageTemplate` is accepted and not used.
   void Load(const XMLElement& e, const std::shared_ptr<PageTemplate>& PageTemplate);
+  /// Names the element `VariableDef` and writes the properties into it.
   void Save(XMLElement& e) const;
 };
 

@@ -30,39 +30,39 @@ class PageTemplate : public Counted<PageTemplate>, public std::enable_shared_fro
   PageTemplate(const PageTemplate&) = delete;
   PageTemplate& operator=(const PageTemplate&) = delete;
 
-  std::string RootFolder;  // the template's folder, with trailing backslash
-  std::string Name;
-  std::string Description;
-  // Colours of object relationship diagrams: of objects, and of collection objects.
-  std::int32_t objFillColor = 0;
-  std::int32_t objTextColor = 0;
-  std::int32_t objBorderColor = 0;
-  std::int32_t colFillColor = 0;
-  std::int32_t colTextColor = 0;
-  std::int32_t colBorderColor = 0;
-  bool UseDropShadow = false;
-  bool CenterCaptions = false;
-  std::int32_t BorderWidth = 0;
-  bool DiagramBold = true;
-  bool UseDiagramShapes = false;
+  std::string RootFolder;           // the template's folder, with trailing backslash
+  std::string Name;                 // the key by which users know the template
+  std::string Description;          // what the template is for
+  std::int32_t objFillColor = 0;    // relationship diagrams: colour that fills an object
+  std::int32_t objTextColor = 0;    // relationship diagrams: colour of the text of an object
+  std::int32_t objBorderColor = 0;  // relationship diagrams: colour of the border of an object
+  std::int32_t colFillColor = 0;    // relationship diagrams: colour that fills a collection object
+  std::int32_t colTextColor = 0;    // relationship diagrams: colour of the text of a collection object
+  std::int32_t colBorderColor = 0;  // relationship diagrams: colour of the border of a collection object
+  bool UseDropShadow = false;       // whether diagram items have a drop shadow
+  bool CenterCaptions = false;      // whether captions of diagram items are centred
+  std::int32_t BorderWidth = 0;     // width of the borders of diagram items
+  bool DiagramBold = true;          // whether captions in diagrams are bold
+  bool UseDiagramShapes = false;    // whether diagrams use shapes
+  /// The tables of contents, filed under their names.
   Owned<lwconfig::TOCDefinitions> TOCDefinitions = std::make_shared<lwconfig::TOCDefinitions>();
+  /// The variables, filed under their names.
   Owned<lwconfig::VariableDefs> VariableDefs = std::make_shared<lwconfig::VariableDefs>();
-  // Names of the default contents definitions: for a single project, several projects, a mixture of source
-  // and compiled components, a compiled component, several of them.
-  std::string DefTOCVBProject;
-  std::string DefTOCVBProjectGroup;
-  std::string DefTOCMixture;
-  std::string DefTOCComponent;
-  std::string DefTOCComponentGroup;
+  std::string DefTOCVBProject;       // name of the default contents definition for a single project
+  std::string DefTOCVBProjectGroup;  // name of the default contents definition for several projects
+  std::string DefTOCMixture;         // name of that for source projects and compiled components together
+  std::string DefTOCComponent;       // name of that for a single compiled component
+  std::string DefTOCComponentGroup;  // name of that for several compiled components
   Owned<Collection> EnabledPlugins =
       std::make_shared<Collection>();  // plug-in names, each filed under itself
+  /// The definitions of its namespace profiles.
   Owned<lwconfig::NamespaceDefs> NamespaceDefs = std::make_shared<lwconfig::NamespaceDefs>();
-  bool NoStandardSupport = false;
-  std::string TemplateCategory;
-  std::string Supports;
-  std::string StyleSheet;  // relative path
-  std::string Version;     // as read; a save writes the current one
-  std::string Languages;
+  bool NoStandardSupport = false;  // kept for other tools
+  std::string TemplateCategory;    // the category under which the template is offered
+  std::string Supports;            // free text
+  std::string StyleSheet;          // relative path of the style sheet
+  std::string Version;             // version of the file as read; a save writes the current one
+  std::string Languages;           // free text
   Owned<Collection> SupportedItemTypes = std::make_shared<Collection>();  // each filed under itself
 
   /// The layouts, filed under their file names.
@@ -105,6 +105,7 @@ class PageTemplate : public Counted<PageTemplate>, public std::enable_shared_fro
   /// Reads the root element of `config.xml`; `RootFolder` has been set. "Name" and "Description" are
   /// required. A failure ends the load, and what was read before it is kept.
   void Load(const XMLElement& e);
+  /// Names the element `PageTemplate` and writes the template into it, in the current version of the format.
   void Save(XMLElement& e) const;
   /// A copy with layouts, variables and contents definitions of its own. It shares the namespace definitions
   /// and profile names with this template, and has no phrases or scraps.
