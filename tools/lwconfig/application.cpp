@@ -12,9 +12,9 @@
 namespace lwconfig::tool {
 namespace {
 
-constexpr std::array kCommands{AddShowCommand,  AddOptionsCommand,  AddPhraseCommand,
-                               AddScrapCommand, AddLinkCommand,     AddTemplateCommand,
-                               AddInitCommand,  AddRegistryCommand, AddCheckCommand};
+constexpr std::array kCommands{AddShowCommand,  AddOptionsCommand,  AddPhraseCommand, AddScrapCommand,
+                               AddLinkCommand,  AddTemplateCommand, AddInitCommand,   AddRegistryCommand,
+                               AddCheckCommand, AddDescribeCommand};
 
 constexpr const char* kFooter = R"(Examples:
   lwconfig show                        everything
@@ -28,6 +28,7 @@ constexpr const char* kFooter = R"(Examples:
   lwconfig template clone VBTechDoc "House style" House
   lwconfig registry import settings.reg
   lwconfig init ~/lexiwend             a configuration of one's own, to begin with
+  lwconfig describe PageTemplate       what programs can do with a class
 
 Environment:
   LWCONFIG_REGISTRY  folder of machine.reg and user.reg, which name the configuration

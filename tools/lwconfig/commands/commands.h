@@ -19,6 +19,7 @@ void AddTemplateCommand(CLI::App& app, Reporter& reporter);
 void AddInitCommand(CLI::App& app, Reporter& reporter);
 void AddRegistryCommand(CLI::App& app, Reporter& reporter);
 void AddCheckCommand(CLI::App& app, Reporter& reporter);
+void AddDescribeCommand(CLI::App& app, Reporter& reporter);
 
 /// How a command is to lay out and colour what it prints.
 struct StyleOptions {

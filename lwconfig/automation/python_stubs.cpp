@@ -1,0 +1,205 @@
+#include <algorithm>
+
+#include <lwconfig/automation/contracts.h>
+#include <lwconfig/automation/published.h>
+#include <lwconfig/automation/python_stubs.h>
+#include <lwconfig/automation/signature.h>
+
+namespace lwconfig::automation {
+namespace {
+
+using Text = std::string;
+
+constexpr std::size_t kColumns = 110;
+
+// Names of the module stand with the module's, because members often have the names of classes.
+constexpr const char* kBeginning = R"("""The configuration object model of Lexiwend.
+
+Written by `lwconfig describe --stubs`; not to be edited. Positions count from 1 in the published members, such as
+`Item`, and from 0 between square brackets. What the published members call null is `None` here. Arguments that are
+passed by reference come back behind the result, as a tuple.
+"""
+
+from collections.abc import Callable, Iterator
+from enum import IntEnum
+from types import TracebackType
+from typing import Any, Literal, overload
+
+import lwconfig
+
+class Error(Exception):
+    """A failure of the library, with its place in a file where it has one."""
+
+    number: int
+    description: str
+    source: str
+    file: str
+    line: int
+    column: int
+
+class Connection:
+    """A handler that is connected to an event, as long as this object lives or until it is closed."""
+
+    def close(self) -> None: ...
+    def __enter__(self) -> Connection: ...
+    def __exit__(
+        self, kind: type[BaseException] | None, value: BaseException | None, trace: TracebackType | None
+    ) -> None: ...
+
+def set_message_box_handler(handler: Callable[[str, str, str], object] | None) -> None:
+    """Message boxes of the library go to `handler(title, text, icon)`, or to standard error for None."""
+
+def NativePath(path: str) -> str:
+    """The path of this system for a path in the product's notation."""
+
+)";
+
+/// The contract as a documentation string, with so many blanks in front.
+Text DocText(std::string_view contract, std::size_t indent) {
+  if (contract.empty()) return {};
+  const Text margin(indent, ' ');
+  Text text = margin + "\"\"\"";
+  std::size_t used = indent + 3;
+  while (!contract.empty()) {
+    const auto end = contract.find_first_of(" \n");
+    const auto word = contract.substr(0, end);
+    if (used + word.size() > kColumns) {
+      while (text.back() == ' ') text.pop_back();
+      text += "\n" + margin;
+      used = indent;
+    }
+    for (const char c : word) text += c == '\\' ? Text("\\\\") : Text(1, c);
+    used += word.size();
+    if (end == std::string_view::npos) break;
+    if (contract[end] == '\n') {
+      text += "\n\n" + margin;
+      used = indent;
+      contract.remove_prefix(contract.find_first_not_of('\n', end));
+    } else {
+      text += ' ';
+      ++used;
+      contract.remove_prefix(end + 1);
+    }
+  }
+  return text + "\"\"\"\n";
+}
+
+Text TypeText(const TypeInfo& type) {
+  switch (type.Kind) {
+    case ValueKind::None:
+      return "None";
+    case ValueKind::Boolean:
+      return "bool";
+    case ValueKind::Integer16:
+    case ValueKind::Integer32:
+      return "int";
+    case ValueKind::Enumeration:
+      return Text("lwconfig.") + type.Enumeration().Name + " | int";
+    case ValueKind::Text:
+      return "str";
+    case ValueKind::Object:
+      return Text("lwconfig.") + type.Class().Name();
+    default:
+      return "Any";
+  }
+}
+
+Text OrNone(const TypeInfo& type) {
+  return TypeText(type) + (type.Kind == ValueKind::Object ? " | None" : "");
+}
+
+Text ParameterText(const ParameterInfo& parameter) {
+  return Text(parameter.Name) + ": " + OrNone(parameter.Type) + (parameter.IsOptional ? " = ..." : "");
+}
+
+/// By-reference arguments come back behind the result.
+Text ResultText(const MemberInfo& slot) {
+  Text result = TypeText(slot.Result) + (slot.Id == kDefaultMemberId ? " | None" : "");
+  bool isTuple = false;
+  for (const ParameterInfo& parameter : slot.Parameters()) {
+    if (!parameter.IsByReference) continue;
+    isTuple = true;
+    result += ", " + OrNone(parameter.Type);
+  }
+  return isTuple ? "tuple[" + result + "]" : result;
+}
+
+Text FunctionText(const Text& name, const MemberInfo& slot, std::string_view contract) {
+  Text text = "    def " + name + "(self";
+  for (const ParameterInfo& parameter : slot.Parameters()) text += ", " + ParameterText(parameter);
+  text += ") -> " + ResultText(slot) + ":";
+  return contract.empty() ? text + " ...\n" : text + "\n" + DocText(contract, 8);
+}
+
+Text MemberText(const ClassInfo& info, const ClassInfo::Member& member) {
+  const auto contract = Contract(info.Name(), member.Name);
+  const Text name = member.Name;
+  if (member.Method != nullptr) return FunctionText(name, *member.Method, contract);
+  if (!ParametersOf(member).empty()) return FunctionText(name, *member.Get, contract);
+  if (member.Let == nullptr && member.Set == nullptr)
+    return "    @property\n" + FunctionText(name, *member.Get, contract);
+  return "    " + name + ": " + TypeText(TypeOf(member)) + "\n" + DocText(contract, 4);
+}
+
+/// What Python adds to a class with a default member, and to one that can be enumerated.
+Text ContainerText(const ClassInfo& info) {
+  const ClassInfo::Member* item = info.Find(kDefaultMemberId);
+  if (item == nullptr) return {};
+  Text text = FunctionText("__call__", *item->Get, {});
+  if (!info.IsCollection()) return text;
+  const Text type = TypeText(item->Get->Result);
+  return text + "    def __len__(self) -> int: ...\n    def __iter__(self) -> Iterator[" + type +
+         "]: ...\n    def __reversed__(self) -> Iterator[" + type +
+         "]: ...\n    def __contains__(self, item: object) -> bool: ...\n    @overload\n"
+         "    def __getitem__(self, key: int | str) -> " +
+         type + ": ...\n    @overload\n    def __getitem__(self, key: slice) -> list[" + type + "]: ...\n";
+}
+
+Text EventsText(const ClassInfo& info) {
+  if (info.Events().empty()) return {};
+  Text names;
+  Text about = "Calls the handler at every event of that name, as long as the connection lives.\n\n";
+  for (const EventInfo& event : info.Events()) {
+    names += (names.empty() ? "\"" : ", \"") + Text(event.Name) + "\"";
+    about += Text("`") + event.Name + "`: " + Text(Contract(info.Name(), event.Name)) + "\n\n";
+  }
+  about.erase(about.find_last_not_of('\n') + 1);
+  return "    def on(self, event: Literal[" + names +
+         "], handler: Callable[[], object]) -> lwconfig.Connection:\n" + DocText(about, 8);
+}
+
+Text ClassText(const ClassInfo& info) {
+  Text text = Text("class ") + info.Name() + ":\n" + DocText(Contract(info.Name()), 4) + "\n";
+  if (info.IsCreatable()) text += "    def __init__(self) -> None: ...\n";
+  for (const auto& member : info.Members()) {
+    if (member.Id != kNewEnumId) text += MemberText(info, member);
+  }
+  return text + EventsText(info) + ContainerText(info) + "\n";
+}
+
+Text EnumerationText(const EnumInfo& info) {
+  const Text name = info.Name;
+  Text text = "class " + name + "(IntEnum):\n" + DocText(Contract(name), 4) + "\n";
+  for (const EnumMember& member : info.Members) {
+    text += Text("    ") + member.Name + " = " + std::to_string(member.Value);
+    const auto meaning = Contract(name, member.Name);
+    text += meaning.empty() ? Text("\n") : "  # " + Text(meaning) + "\n";
+  }
+  text += "\n";
+  for (const EnumMember& member : info.Members) {
+    text += Text(member.Name) + " = " + name + "." + member.Name + "\n";
+  }
+  return text + "\n";
+}
+
+}  // namespace
+
+std::string PythonStubs() {
+  Text text = kBeginning;
+  for (const EnumInfo* info : PublishedEnumerations()) text += EnumerationText(*info);
+  for (const ClassInfo* info : PublishedClasses()) text += ClassText(*info);
+  text.pop_back();
+  return text;
+}
+
+}  // namespace lwconfig::automation

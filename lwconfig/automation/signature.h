@@ -1,0 +1,21 @@
+#pragma once
+
+#include <string>
+
+#include <lwconfig/automation/class_info.h>
+
+namespace lwconfig::automation {
+
+/// Published members as people read them.
+
+/// The type that a member gives, or takes where it is only set; `None` for a method without a result.
+TypeInfo TypeOf(const ClassInfo::Member& member);
+/// The parameters of the member, without the new value of a property.
+std::span<const ParameterInfo> ParametersOf(const ClassInfo::Member& member);
+
+/// `Add(obj As PageLayout, [Key As Text])`, `Phrase(Name As Text) As Text`, `Name As Text`.
+std::string SignatureText(const ClassInfo::Member& member);
+/// "method", or the accessors of a property: "get", "get, let", "get, let, set".
+std::string AccessText(const ClassInfo::Member& member);
+
+}  // namespace lwconfig::automation
