@@ -8,16 +8,17 @@ BUILD = build/release
 CXX_FILES = find . -path ./build -prune -o -path ./.git -prune -o \( -name '*.h' -o -name '*.cpp' \) -print0
 
 .DEFAULT_GOAL := help
-.PHONY: help demo build test bench format check format-check install packages check-packages
+.PHONY: help demo build test bench generate format check format-check install packages check-packages
 
 help:
-	@echo 'make demo     show the starter configuration as a tree'
-	@echo 'make build    build everything into $(BUILD)'
-	@echo 'make test     build everything and run the tests'
-	@echo 'make bench    build and run the benchmarks'
-	@echo 'make install  install below PREFIX ($(PREFIX)), staged below DESTDIR'
-	@echo 'make format   format the C++ files in place'
-	@echo 'make check    format, clang-tidy, tests with sanitizers, and no warnings from clang or gcc'
+	@echo 'make demo      show the starter configuration as a tree'
+	@echo 'make build     build everything into $(BUILD)'
+	@echo 'make test      build everything and run the tests'
+	@echo 'make bench     build and run the benchmarks'
+	@echo 'make install   install below PREFIX ($(PREFIX)), staged below DESTDIR'
+	@echo 'make generate  write the reference manual, the interface description and the Python stubs anew'
+	@echo 'make format    format the C++ files in place'
+	@echo 'make check     format, clang-tidy, tests with sanitizers, and no warnings from clang or gcc'
 	@echo
 	@echo 'demo, build, test, bench and install need the Debian packages that tools/install-dependencies'
 	@echo 'names, check a few more; what is missing is installed with apt-get.'
@@ -46,6 +47,10 @@ bench: build
 install: build
 	cmake --install $(BUILD) --prefix $(PREFIX)
 	if [ -z "$(DESTDIR)" ] && [ "$$(id -u)" = 0 ]; then ldconfig; fi
+
+generate: packages
+	cmake --preset release
+	cmake --build --preset release --target generate
 
 format: check-packages
 	$(CXX_FILES) | xargs -0 clang-format-14 -i

@@ -67,7 +67,7 @@ def read_class(lines, members):
     """Fills `members` with the contracts in the body of a class."""
     comment, group, code, beside = [], "", "", []
     public = True
-    members_set = {}
+    setters = {}  # what is said of `SetName`, which is told of `Name`
 
     def end_member():
         nonlocal comment, group, code, beside
@@ -81,7 +81,7 @@ def read_class(lines, members):
                 group = ""
             if "(" not in code.split("=")[0].split("{")[0]:
                 text = " ".join(filter(None, [text, initial_value(code)]))
-            (members_set if names[-1].startswith("Set") else members).setdefault(names[-1], text)
+            (setters if names[-1].startswith("Set") else members).setdefault(names[-1], text)
         if not code.startswith("template <"):
             comment = []
         code, beside = "", []
@@ -106,7 +106,7 @@ def read_class(lines, members):
             if mark:
                 beside.append(remark)
 
-    for name, text in members_set.items():
+    for name, text in setters.items():
         of = name[len("Set"):]
         if of not in members:
             members[name] = text

@@ -47,7 +47,7 @@ class Root : public Counted<Root> {
   /// The comment files of .NET assemblies.
   std::shared_ptr<lwconfig::CommentFileLocations> CommentFileLocations();
 
-  /// Make the given object itself the shared one, until the next reset or replacement. Error 91 for none.
+  /// Makes the given object itself the shared one, until the next reset or replacement. Error 91 for none.
   void ReplaceTaggedCommentDefs(std::shared_ptr<lwconfig::TaggedCommentDefs> replacement);
   void ReplaceModelCommentProfiles(std::shared_ptr<lwconfig::ModelCommentProfiles> replacement);
   void ReplaceExternalDocs(std::shared_ptr<lwconfig::ExternalDocs> replacement);

@@ -39,13 +39,14 @@ class TaggedCommentDef : public Counted<TaggedCommentDef> {
  public:
   static constexpr const char* kClassName = "TaggedCommentDef";
 
-  std::string TagIdentifier;  // such as "##MODULE_DESCRIPTION"; the key in `TaggedCommentDefs`
+  std::string TagIdentifier;  // prefix of the comments, such as "##MODULE_DESCRIPTION"; the key in
+                              // `TaggedCommentDefs`
   ElementTypeEnum ElementType = etUnspecified;  // kind of code element that the comment belongs to
   std::string Description;                      // what the comment is for
   std::string Format;                           // kept for other tools
   bool IsGeneral = false;       // whether comments of this type become part of the general description
   WrapTypeEnum WrapType{};      // how several comments of this type on one element are joined; 0 says nothing
-  std::string DesignerProgID;   // empty: the default of the set
+  std::string DesignerProgID;   // component that edits the comments; empty for the default of the set
   std::string DesignFlags;      // editing features that the comment editors provide or deny
   bool Hidden = false;          // whether the wizard leaves the type out of its list
   std::string LegacyFor;        // the `TagIdentifier` of the type that replaces this one

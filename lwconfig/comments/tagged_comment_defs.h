@@ -15,7 +15,7 @@ class TaggedCommentDefs : public KeyedCollection<TaggedCommentDef>, public Count
  public:
   static constexpr const char* kClassName = "TaggedCommentDefs";
 
-  std::string DefaultDesignerProgID;  // for definitions that name no editing control of their own
+  std::string DefaultDesignerProgID;  // component that edits comments whose definition names none
   std::string FileName;               // the file loaded last
   bool IsPopulated = false;           // whether a `LoadFrom` has finished
 

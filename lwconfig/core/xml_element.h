@@ -107,7 +107,7 @@ class XMLElement {
 /// The attributes of one element, looked up by name without regard to letter case.
 class XMLAttributes {
  public:
-  /// Error 5 where the element has no such attribute, with the element's place.
+  /// The attribute of that name. Error 5 where the element has no such attribute, with the element's place.
   XMLAttribute Item(const ItemKey& Key) const;
   /// The attribute, or nothing.
   std::optional<XMLAttribute> Find(const ItemKey& Key) const;

@@ -16,7 +16,7 @@ class ExternalDoc : public Counted<ExternalDoc> {
   static constexpr const char* kClassName = "ExternalDoc";
 
   /// Pattern of the names documented, with letter case: "?" is any one character, "*" any run of them, "#" a
-  /// digit, "[a-z]" one of a list, "[!a-z]" one that is not; see `MatchesWildcard`. The key in
+  /// digit, "[a-z]" one of a list, "[!a-z]" one that is not. The key in
   /// `ExternalDocs`.
   std::string NamespaceName;
   /// Formats of links to classes and other objects.

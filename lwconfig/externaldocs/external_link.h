@@ -14,9 +14,9 @@ class ExternalLink : public Counted<ExternalLink> {
  public:
   static constexpr const char* kClassName = "ExternalLink";
 
-  std::string HTMLHelp1LinkFormat;  // complete markup
-  std::string Help2LinkFormat;      // complete markup
-  std::string URLFormat;            // address only
+  std::string HTMLHelp1LinkFormat;  // complete markup of a link in HTML Help 1
+  std::string Help2LinkFormat;      // complete markup of a link in Help 2
+  std::string URLFormat;            // address of the page, without markup
 
   /// Reads the formats off an element of any name; one that is absent keeps its value.
   void Load(const XMLElement& e);

@@ -26,19 +26,19 @@ class NamespaceDef : public Counted<NamespaceDef> {
   NamespaceDef& operator=(const NamespaceDef&) = delete;
   ~NamespaceDef();
 
-  std::string Name;                         // such as "LW:Module"; the key among its siblings
-  std::string Handler;                      // kept for the plug-in that offers the elements
-  std::string Caption;                      // what users call such an element
-  std::string CommenterCaption;             // what the comment editors call it
-  std::string CaptionPlural;                // what users call several
-  bool ProvideIncludeFlag = false;          // whether users may include or leave out such elements
-  bool DefaultIncludeFlag = false;          // what `ResetIncludeFlag` makes of `IncludeFlag`
-  bool Tree_AlwaysPopulate = false;         // in the item tree: fill the node at once
-  bool Tree_AlwaysExpand = false;           // in the item tree: open the node at once
-  std::string Tree_Icon;                    // in the item tree: name of the icon
-  bool Tree_ShowInSelect = false;           // in the item tree: shown while users select
-  bool Tree_AllowExclude = true;            // in the item tree: users may leave an item out
-  std::string Tree_CaptionTemplate;         // in the item tree: caption of an item
+  std::string Name;                  // name of the kind, such as "LW:Module"; the key among its siblings
+  std::string Handler;               // kept for the plug-in that offers the elements
+  std::string Caption;               // what users call such an element
+  std::string CommenterCaption;      // what the comment editors call it
+  std::string CaptionPlural;         // what users call several
+  bool ProvideIncludeFlag = false;   // whether users may include or leave out such elements
+  bool DefaultIncludeFlag = false;   // what `ResetIncludeFlag` makes of `IncludeFlag`
+  bool Tree_AlwaysPopulate = false;  // in the item tree: fill the node at once
+  bool Tree_AlwaysExpand = false;    // in the item tree: open the node at once
+  std::string Tree_Icon;             // in the item tree: name of the icon
+  bool Tree_ShowInSelect = false;    // in the item tree: shown while users select
+  bool Tree_AllowExclude = true;     // in the item tree: users may leave an item out
+  std::string Tree_CaptionTemplate;  // in the item tree: caption of an item
   bool Tree_Select_AlwaysPopulate = false;  // in the item tree: fill the node at once while users select
   bool Tree_ShowFolder = false;             // in the item tree: items stand below a folder
   bool Tree_ShowFolderInSelect = false;     // in the item tree: items stand below a folder while users select

@@ -30,7 +30,7 @@ class VariableDef : public Counted<VariableDef> {
   std::string Description;                        // what users are told about it
   VariableDefTypeEnum VariableDefType = vdtText;  // kind of value
   std::string Caption;                            // what users are asked
-  std::string DefaultValue;                       // as text; not checked against the type
+  std::string DefaultValue;  // value where the user sets none, as text; not checked against the type
 
   /// A copy of all properties.
   std::shared_ptr<VariableDef> Clone() const;

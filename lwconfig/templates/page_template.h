@@ -48,13 +48,13 @@ class PageTemplate : public Counted<PageTemplate>, public std::enable_shared_fro
   Owned<lwconfig::TOCDefinitions> TOCDefinitions = std::make_shared<lwconfig::TOCDefinitions>();
   /// The variables, filed under their names.
   Owned<lwconfig::VariableDefs> VariableDefs = std::make_shared<lwconfig::VariableDefs>();
-  std::string DefTOCVBProject;       // name of the default contents definition for a single project
-  std::string DefTOCVBProjectGroup;  // name of the default contents definition for several projects
-  std::string DefTOCMixture;         // name of that for source projects and compiled components together
-  std::string DefTOCComponent;       // name of that for a single compiled component
-  std::string DefTOCComponentGroup;  // name of that for several compiled components
-  Owned<Collection> EnabledPlugins =
-      std::make_shared<Collection>();  // plug-in names, each filed under itself
+  std::string DefTOCVBProject;       // default contents definition for a single project
+  std::string DefTOCVBProjectGroup;  // default contents definition for several projects
+  std::string DefTOCMixture;         // default contents definition for sources and components together
+  std::string DefTOCComponent;       // default contents definition for a single compiled component
+  std::string DefTOCComponentGroup;  // default contents definition for several compiled components
+  /// The names of the plug-ins that the template enables, each filed under itself.
+  Owned<Collection> EnabledPlugins = std::make_shared<Collection>();
   /// The definitions of its namespace profiles.
   Owned<lwconfig::NamespaceDefs> NamespaceDefs = std::make_shared<lwconfig::NamespaceDefs>();
   bool NoStandardSupport = false;  // kept for other tools
@@ -63,7 +63,8 @@ class PageTemplate : public Counted<PageTemplate>, public std::enable_shared_fro
   std::string StyleSheet;          // relative path of the style sheet
   std::string Version;             // version of the file as read; a save writes the current one
   std::string Languages;           // free text
-  Owned<Collection> SupportedItemTypes = std::make_shared<Collection>();  // each filed under itself
+  /// Item types that the template supports, such as "source", each filed under itself.
+  Owned<Collection> SupportedItemTypes = std::make_shared<Collection>();
 
   /// The layouts, filed under their file names.
   const Owned<lwconfig::PageLayouts>& PageLayouts() const { return mPageLayouts; }

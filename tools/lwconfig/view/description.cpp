@@ -120,8 +120,10 @@ std::string DescriptionText(const Description& described, const TextStyle& style
   writer.Paragraphs(described.Contract, 2);
   writer.Blank();
   for (const MemberDescription& member : described.Members) {
-    writer.Add(Headline(member.Signature, member.Kind), 2);
-    writer.Paragraphs(automation::Summary(member.Contract), 6);
+    // The meaning of an enumeration's value is a few words.
+    const bool isValue = member.Kind.empty();
+    writer.Add(Headline(member.Signature, isValue ? member.Contract : member.Kind), 2);
+    if (!isValue) writer.Paragraphs(automation::Summary(member.Contract), 6);
   }
   return std::move(writer).Text();
 }

@@ -1,0 +1,28 @@
+# Compares the files in the tree that are written from the published interface with what they should hold, or, with
+# WRITE on, writes them.
+#   cmake -D COMMAND=<lwconfig> -D SOURCE_DIR=<tree> [-D WRITE=ON] -P generated.cmake
+cmake_minimum_required(VERSION 3.25)
+
+set(files com/LWConfigObjects.idl docs/reference.md python/lwconfig.pyi)
+set(options --idl --markdown --stubs)
+
+set(stale "")
+foreach(file option IN ZIP_LISTS files options)
+  execute_process(COMMAND ${COMMAND} describe ${option} OUTPUT_VARIABLE wanted COMMAND_ERROR_IS_FATAL ANY)
+  set(path ${SOURCE_DIR}/${file})
+  if(WRITE)
+    file(WRITE ${path} "${wanted}")
+    continue()
+  endif()
+  set(found "")
+  if(EXISTS ${path})
+    file(READ ${path} found)
+  endif()
+  if(NOT found STREQUAL wanted)
+    list(APPEND stale ${file})
+  endif()
+endforeach()
+if(stale)
+  list(JOIN stale ", " names)
+  message(FATAL_ERROR "Differs from the published interface: ${names}. `make generate` writes it anew.")
+endif()

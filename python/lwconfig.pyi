@@ -1,0 +1,2013 @@
+"""The configuration object model of Lexiwend.
+
+Written by `lwconfig describe --stubs`; not to be edited. Positions count from 1 in the published members, such as
+`Item`, and from 0 between square brackets. What the published members call null is `None` here. Arguments that are
+passed by reference come back behind the result, as a tuple.
+"""
+
+from collections.abc import Callable, Iterator
+from enum import IntEnum
+from types import TracebackType
+from typing import Any, Literal, overload
+
+import lwconfig
+
+class Error(Exception):
+    """A failure of the library, with its place in a file where it has one."""
+
+    number: int
+    description: str
+    source: str
+    file: str
+    line: int
+    column: int
+
+class Connection:
+    """A handler that is connected to an event, as long as this object lives or until it is closed."""
+
+    def close(self) -> None: ...
+    def __enter__(self) -> Connection: ...
+    def __exit__(
+        self, kind: type[BaseException] | None, value: BaseException | None, trace: TracebackType | None
+    ) -> None: ...
+
+def set_message_box_handler(handler: Callable[[str, str, str], object] | None) -> None:
+    """Message boxes of the library go to `handler(title, text, icon)`, or to standard error for None."""
+
+def NativePath(path: str) -> str:
+    """The path of this system for a path in the product's notation."""
+
+class PageTypeEnum(IntEnum):
+    """Kinds of page: a standard page not tied to a kind of code element, or one produced per code element."""
+
+    pgStandard = 0  # not tied to a kind of code element
+    pgobject = 1  # an object: a class or module
+    pgcollection = 2  # a collection object
+    pgMethod = 3  # a method
+    pgProperty = 4  # a property
+    pgEvent = 5  # an event
+    pgEnumeration = 6  # an enumeration
+    pgUDT = 7  # a structure
+    pgLibrary = 8  # a library
+    pgDeclaration = 9  # a declare statement
+    pgProject = 10  # a project
+    pgModule = 11  # a module
+    pgInterface = 12  # an implemented interface
+    pgProjectGroup = 13  # a project group
+    pgSourceCode = 14  # source code
+    pgExample = 15  # an example
+
+pgStandard = PageTypeEnum.pgStandard
+pgobject = PageTypeEnum.pgobject
+pgcollection = PageTypeEnum.pgcollection
+pgMethod = PageTypeEnum.pgMethod
+pgProperty = PageTypeEnum.pgProperty
+pgEvent = PageTypeEnum.pgEvent
+pgEnumeration = PageTypeEnum.pgEnumeration
+pgUDT = PageTypeEnum.pgUDT
+pgLibrary = PageTypeEnum.pgLibrary
+pgDeclaration = PageTypeEnum.pgDeclaration
+pgProject = PageTypeEnum.pgProject
+pgModule = PageTypeEnum.pgModule
+pgInterface = PageTypeEnum.pgInterface
+pgProjectGroup = PageTypeEnum.pgProjectGroup
+pgSourceCode = PageTypeEnum.pgSourceCode
+pgExample = PageTypeEnum.pgExample
+
+class NodeTypeEnum(IntEnum):
+    """Kinds of node."""
+
+    ntStandard = 0  # stands for itself
+    ntSmart = 1  # repeats for every code element of one kind
+    ntPlugIn = 2  # is produced by a plug-in
+
+ntStandard = NodeTypeEnum.ntStandard
+ntSmart = NodeTypeEnum.ntSmart
+ntPlugIn = NodeTypeEnum.ntPlugIn
+
+class DependantOnEnum(IntEnum):
+    """Kinds of item on whose existence a node depends; 0 is none."""
+
+    depMethods = 1  # `LW:Method`
+    depProperties = 2  # `LW:Property`
+    depEvents = 3  # `LW:Event`
+    depEnumerations = 4  # `LW:Enumeration`
+    depUDTs = 5  # structures, `LW:Structure`
+    depLibraries = 6  # `LW:Library`
+    depInterfaces = 7  # `LW:ImplementedInterface`
+    depProjects = 8  # `LW:Project`
+
+depMethods = DependantOnEnum.depMethods
+depProperties = DependantOnEnum.depProperties
+depEvents = DependantOnEnum.depEvents
+depEnumerations = DependantOnEnum.depEnumerations
+depUDTs = DependantOnEnum.depUDTs
+depLibraries = DependantOnEnum.depLibraries
+depInterfaces = DependantOnEnum.depInterfaces
+depProjects = DependantOnEnum.depProjects
+
+class VariableDefTypeEnum(IntEnum):
+    """Kinds of value that a variable can have."""
+
+    vdtText = 0  # plain text
+    vdtHTML = 1  # markup
+    vdtNumber = 2  # a number
+    vdtDate = 3  # a date
+    vdtColor = 4  # a colour
+
+vdtText = VariableDefTypeEnum.vdtText
+vdtHTML = VariableDefTypeEnum.vdtHTML
+vdtNumber = VariableDefTypeEnum.vdtNumber
+vdtDate = VariableDefTypeEnum.vdtDate
+vdtColor = VariableDefTypeEnum.vdtColor
+
+class ElementTypeEnum(IntEnum):
+    """Kinds of code element that a comment can belong to. There is no 7."""
+
+    etUnspecified = 0  # no kind in particular
+    etProjectGroup = 1  # a project group
+    etProject = 2  # a project
+    etModule = 3  # a module
+    etBlock = 4  # a method or property
+    etVariable = 5  # a variable
+    etParameter = 6  # a parameter
+    etEvent = 8  # an event
+    etEnumeration = 9  # an enumeration
+    etEnumerationMember = 10  # a member of an enumeration
+    etUDT = 11  # a structure
+    etUDTMember = 12  # a member of a structure
+    etDeclaration = 13  # a declaration
+    etInterface = 14  # an implemented interface
+
+etUnspecified = ElementTypeEnum.etUnspecified
+etProjectGroup = ElementTypeEnum.etProjectGroup
+etProject = ElementTypeEnum.etProject
+etModule = ElementTypeEnum.etModule
+etBlock = ElementTypeEnum.etBlock
+etVariable = ElementTypeEnum.etVariable
+etParameter = ElementTypeEnum.etParameter
+etEvent = ElementTypeEnum.etEvent
+etEnumeration = ElementTypeEnum.etEnumeration
+etEnumerationMember = ElementTypeEnum.etEnumerationMember
+etUDT = ElementTypeEnum.etUDT
+etUDTMember = ElementTypeEnum.etUDTMember
+etDeclaration = ElementTypeEnum.etDeclaration
+etInterface = ElementTypeEnum.etInterface
+
+class WrapTypeEnum(IntEnum):
+    """How several comments of one type on one element are joined."""
+
+    WrapNone = 1  # one after the other
+    WrapBreak = 2  # each on a new line
+    WrapParagraph = 3  # each in a paragraph
+
+WrapNone = WrapTypeEnum.WrapNone
+WrapBreak = WrapTypeEnum.WrapBreak
+WrapParagraph = WrapTypeEnum.WrapParagraph
+
+class mcInsertionPointEnum(IntEnum):
+    """Where the text of a model comment is added to an existing comment."""
+
+    ctPrefix = 2  # before the existing text
+    ctSuffix = 3  # after the existing text
+
+ctPrefix = mcInsertionPointEnum.ctPrefix
+ctSuffix = mcInsertionPointEnum.ctSuffix
+
+class mcMemberTypeEnum(IntEnum):
+    """Kinds of member that a model comment applies to."""
+
+    mtMethod = 1  # `LW:Method`
+    mtProperty = 2  # `LW:Property`
+    mtEvent = 3  # `LW:Event`
+    mtEnumeration = 4  # `LW:Enumeration`
+    mtUDT = 5  # structures, `LW:Structure`
+    mtInterface = 6  # `LW:ImplementedInterface`
+    mtModule = 7  # `LW:Module`
+
+mtMethod = mcMemberTypeEnum.mtMethod
+mtProperty = mcMemberTypeEnum.mtProperty
+mtEvent = mcMemberTypeEnum.mtEvent
+mtEnumeration = mcMemberTypeEnum.mtEnumeration
+mtUDT = mcMemberTypeEnum.mtUDT
+mtInterface = mcMemberTypeEnum.mtInterface
+mtModule = mcMemberTypeEnum.mtModule
+
+class LWToolBarStyleEnum(IntEnum):
+    """How toolbars look."""
+
+    ToolbarStyleOfficeXP = 0  # flat
+    ToolbarStyleOffice2003 = 1  # in the colours of the desktop theme
+    ToolbarStyleOffice2003NoThemes = 2  # the same without themes
+
+ToolbarStyleOfficeXP = LWToolBarStyleEnum.ToolbarStyleOfficeXP
+ToolbarStyleOffice2003 = LWToolBarStyleEnum.ToolbarStyleOffice2003
+ToolbarStyleOffice2003NoThemes = LWToolBarStyleEnum.ToolbarStyleOffice2003NoThemes
+
+class CommentEditorViewEnum(IntEnum):
+    """How much a comment editor shows at once."""
+
+    CommentEditViewFull = 0  # every comment
+    CommentEditViewCombo = 1  # one comment, chosen from a list
+
+CommentEditViewFull = CommentEditorViewEnum.CommentEditViewFull
+CommentEditViewCombo = CommentEditorViewEnum.CommentEditViewCombo
+
+class LWVSWindowStyleEnum(IntEnum):
+    """The window in which comments are edited."""
+
+    LWVSWindowStyleDocumentWindow = 0  # a document window
+    LWVSWindowStyleToolWindow = 1  # a tool window
+    LWVSWindowStyleExternal = 2  # a window outside the editor
+
+LWVSWindowStyleDocumentWindow = LWVSWindowStyleEnum.LWVSWindowStyleDocumentWindow
+LWVSWindowStyleToolWindow = LWVSWindowStyleEnum.LWVSWindowStyleToolWindow
+LWVSWindowStyleExternal = LWVSWindowStyleEnum.LWVSWindowStyleExternal
+
+class BlockPositionEnum(IntEnum):
+    """Where the comments of a block of code stand."""
+
+    BlockPositionInside = 0  # inside the block
+    BlockPositionOutside = 1  # outside the block
+
+BlockPositionInside = BlockPositionEnum.BlockPositionInside
+BlockPositionOutside = BlockPositionEnum.BlockPositionOutside
+
+class CommentModeEnum(IntEnum):
+    """Where comments are kept."""
+
+    ModeDocComments = 0  # in XML documentation comments
+    ModeVBCode = 1  # in Visual Basic comments
+    ModeCommentFile = 2  # in a comment file
+
+ModeDocComments = CommentModeEnum.ModeDocComments
+ModeVBCode = CommentModeEnum.ModeVBCode
+ModeCommentFile = CommentModeEnum.ModeCommentFile
+
+class LWIPCCommandEnum(IntEnum):
+    """The commands that the product's tools send each other."""
+
+    LWIPCIsLWProjectSelected = 100  # asks whether a project is selected
+    LWIPCOpenLWProject = 101  # opens a project
+    LWIPCIsFileLoaded = 102  # asks whether a file is loaded
+    LWIPCReloadVBProject = 103  # loads a Visual Basic project anew
+
+LWIPCIsLWProjectSelected = LWIPCCommandEnum.LWIPCIsLWProjectSelected
+LWIPCOpenLWProject = LWIPCCommandEnum.LWIPCOpenLWProject
+LWIPCIsFileLoaded = LWIPCCommandEnum.LWIPCIsFileLoaded
+LWIPCReloadVBProject = LWIPCCommandEnum.LWIPCReloadVBProject
+
+class Root:
+    """The way into the configuration. Every `Root` of the process hands out the same objects, created and
+    loaded on first request; when the last `Root` goes, the next one loads afresh. An error raised while a
+    collection loads is thrown on; what was loaded stays shared, and the next request returns it. Nothing is
+    saved by itself. For use from one thread."""
+
+    def __init__(self) -> None: ...
+    @property
+    def ExternalDocs(self) -> lwconfig.ExternalDocs:
+        """The sources of external documentation."""
+    @property
+    def Languages(self) -> lwconfig.Languages:
+        """The programming languages; none where their file is missing."""
+    @property
+    def PlugIns(self) -> lwconfig.PlugIns:
+        """The plug-ins of the configuration."""
+    @property
+    def ModelCommentProfiles(self) -> lwconfig.ModelCommentProfiles:
+        """The model comment profiles."""
+    @property
+    def PageTemplates(self) -> lwconfig.PageTemplates:
+        """The catalogue of page templates. Loads the namespace profiles first where they are not loaded yet."""
+    @property
+    def NamespaceProfiles(self) -> lwconfig.NamespaceProfiles:
+        """The namespace profiles."""
+    @property
+    def TaggedCommentDefs(self) -> lwconfig.TaggedCommentDefs:
+        """The types of tagged comment."""
+    @property
+    def TemplatePath(self) -> str:
+        """The templates folder; "\\Templates" while no configuration is registered."""
+    @property
+    def AppPath(self) -> str:
+        """The installation folder as registered, or empty."""
+    @property
+    def CommentFileLocations(self) -> Any:
+        """The comment files of .NET assemblies."""
+    @property
+    def DotNetPath(self) -> str:
+        """The folder of the newest .NET Framework version, with trailing backslash."""
+    def ResetLWConfig(self) -> None:
+        """Drops every shared object, so that the next request loads afresh. Whoever holds one keeps it."""
+    @property
+    def ConfigPath(self) -> str:
+        """The configuration folder without trailing backslash, or empty."""
+    def ReplaceTaggedCommentDefs(self, TaggedCommentDefs: lwconfig.TaggedCommentDefs | None) -> None:
+        """Makes the given object itself the shared one, until the next reset or replacement. Error 91 for
+        none."""
+    def ReplaceModelCommentProfiles(self, ModelCommentProfiles: lwconfig.ModelCommentProfiles | None) -> None:
+        """Makes the given object itself the shared one, until the next reset or replacement. Error 91 for
+        none."""
+    def ReplaceExternalDocs(self, ExternalDocs: lwconfig.ExternalDocs | None) -> None:
+        """Makes the given object itself the shared one, until the next reset or replacement. Error 91 for
+        none."""
+    def ReplaceCommentFileLocations(self, CommentFileLocations: lwconfig.CommentFileLocations | None) -> None:
+        """Makes the given object itself the shared one, until the next reset or replacement. Error 91 for
+        none."""
+    @property
+    def VSNETOptions(self) -> lwconfig.VSNETOptions:
+        """The user's options. They hold no values: each read and write goes to the registry."""
+    @property
+    def VBOptions(self) -> lwconfig.VBOptions:
+        """The user's options. They hold no values: each read and write goes to the registry."""
+    @property
+    def LWCommenterOptions(self) -> lwconfig.LWCommenterOptions:
+        """The user's options. They hold no values: each read and write goes to the registry."""
+    @property
+    def IDEOptions(self) -> lwconfig.IDEOptions:
+        """The user's options. They hold no values: each read and write goes to the registry."""
+    @property
+    def SpellingOptions(self) -> lwconfig.SpellingOptions:
+        """The user's options. They hold no values: each read and write goes to the registry."""
+    def GetDefaultTemplate(self, NamespaceProfile: str, Supports: str = ...) -> lwconfig.PageTemplate:
+        """The first template, in catalogue order, that lists the namespace profile and, unless `Supports` is
+        empty, whose item types joined by "," contain it; both without regard to letter case. Null where there
+        is none."""
+    DefaultToolbarStyle: lwconfig.LWToolBarStyleEnum | int
+    """The toolbar style of tools that have none of their own: shared by every `Root` of the process, in
+    memory only."""
+    ReloadFlag: bool
+    """A flag for clients, shared by every `Root` of the process; a reset leaves it."""
+
+class PageTemplates:
+    """The catalogue of page templates: one for every folder below the templates folder that holds a
+    `config.xml`."""
+
+    def __init__(self) -> None: ...
+    TemplateFolder: str
+    """The folder under which templates are found and saved; `Load` sets it from the configuration path."""
+    def Item(self, Key: Any) -> lwconfig.PageTemplate | None:
+        """As of every collection; where no item has the key, a text also finds the first template of that
+        name, letter case ignored.
+
+        Every collection: the item at that position or under that key, or null."""
+    def Remove(self, Key: Any) -> None:
+        """Removes the item at that position or under that key. Error 5 for an unknown key, 9 for a position
+        out of range."""
+    def Add(self, obj: lwconfig.PageTemplate | None, Key: str = ..., Before: Any = ..., After: Any = ...) -> None:
+        """As of every collection, but a key that is present is told by a message box: nothing is added or
+        raised.
+
+        Every collection: inserts `obj` before the item that `Before` names, else after the one that `After`
+        names, else at the end. An empty key is none. Error 457 for a key that is present, 5 or 9 where
+        `Before` or `After` names no item, 91 for no object; nothing is then added."""
+    @property
+    def Count(self) -> int:
+        """The number of items."""
+    def Load(self) -> None:
+        """Replaces the catalogue by the templates on disk, without keys, in folder name order. A missing
+        templates folder is told by a message box and gives an empty catalogue. A failing template ends the
+        load, and the templates before it are kept."""
+    def Save(self) -> None:
+        """Saves every template, in order. The first failure ends the save."""
+    def SaveTemplate(self, pt: lwconfig.PageTemplate | None) -> None:
+        """Writes the template's `config.xml` in its folder, created when missing. An older `config.xml` is
+        first copied to `config.xml.bak`, the one backup kept; when that fails, `config.xml` is not touched."""
+    def __call__(self, Key: Any) -> lwconfig.PageTemplate | None: ...
+    def __len__(self) -> int: ...
+    def __iter__(self) -> Iterator[lwconfig.PageTemplate]: ...
+    def __reversed__(self) -> Iterator[lwconfig.PageTemplate]: ...
+    def __contains__(self, item: object) -> bool: ...
+    @overload
+    def __getitem__(self, key: int | str) -> lwconfig.PageTemplate: ...
+    @overload
+    def __getitem__(self, key: slice) -> list[lwconfig.PageTemplate]: ...
+
+class PageTemplate:
+    """One look and feel of the generated documentation: a folder of page layouts and the settings in its
+    `config.xml`."""
+
+    def __init__(self) -> None: ...
+    RootFolder: str
+    """The template's folder, with trailing backslash."""
+    Name: str
+    """The key by which users know the template."""
+    Description: str
+    """What the template is for."""
+    objFillColor: int
+    """Relationship diagrams: colour that fills an object."""
+    objTextColor: int
+    """Relationship diagrams: colour of the text of an object."""
+    objBorderColor: int
+    """Relationship diagrams: colour of the border of an object."""
+    colFillColor: int
+    """Relationship diagrams: colour that fills a collection object."""
+    colTextColor: int
+    """Relationship diagrams: colour of the text of a collection object."""
+    colBorderColor: int
+    """Relationship diagrams: colour of the border of a collection object."""
+    UseDropShadow: bool
+    """Whether diagram items have a drop shadow."""
+    CenterCaptions: bool
+    """Whether captions of diagram items are centred."""
+    BorderWidth: int
+    """Width of the borders of diagram items."""
+    DiagramBold: bool
+    """Whether captions in diagrams are bold. At first True."""
+    UseDiagramShapes: bool
+    """Whether diagrams use shapes."""
+    TOCDefinitions: lwconfig.TOCDefinitions
+    """The tables of contents, filed under their names."""
+    VariableDefs: lwconfig.VariableDefs
+    """The variables, filed under their names."""
+    DefTOCVBProject: str
+    """Default contents definition for a single project."""
+    DefTOCVBProjectGroup: str
+    """Default contents definition for several projects."""
+    DefTOCMixture: str
+    """Default contents definition for sources and components together."""
+    DefTOCComponent: str
+    """Default contents definition for a single compiled component."""
+    DefTOCComponentGroup: str
+    """Default contents definition for several compiled components."""
+    EnabledPlugins: lwconfig.Collection
+    """The names of the plug-ins that the template enables, each filed under itself."""
+    NamespaceDefs: lwconfig.NamespaceDefs
+    """The definitions of its namespace profiles."""
+    NoStandardSupport: bool
+    """Kept for other tools."""
+    TemplateCategory: str
+    """The category under which the template is offered."""
+    Supports: str
+    """Free text."""
+    StyleSheet: str
+    """Relative path of the style sheet."""
+    Version: str
+    """Version of the file as read; a save writes the current one."""
+    Languages: str
+    """Free text."""
+    SupportedItemTypes: lwconfig.Collection
+    """Item types that the template supports, such as "source", each filed under itself."""
+    PageLayouts: lwconfig.PageLayouts
+    """The layouts, filed under their file names. When set: replaces the layouts; the template listens to the
+    new collection only."""
+    @property
+    def PlugIns(self) -> lwconfig.PlugIns:
+        """The shared plug-ins that the template enables, filed under their names. Built on the first request
+        and then kept. Two plug-ins of one enabled name are error 457; the list keeps the first."""
+    @property
+    def NamespaceProfileNames(self) -> lwconfig.Collection:
+        """The names of the namespace profiles that the template uses, in load order, known or not."""
+    def SupportsItemType(self, Name: str) -> bool:
+        """Whether the item type is among `SupportedItemTypes`, letter case ignored."""
+    def Clone(self) -> lwconfig.PageTemplate:
+        """A copy with layouts, variables and contents definitions of its own. It shares the namespace
+        definitions and profile names with this template, and has no phrases or scraps."""
+    def Load(self, e: lwconfig.XMLElement | None) -> None:
+        """Reads the root element of `config.xml`; `RootFolder` has been set. "Name" and "Description" are
+        required. A failure ends the load, and what was read before it is kept."""
+    def Save(self, e: lwconfig.XMLElement | None) -> None:
+        """Names the element `PageTemplate` and writes the template into it, in the current version of the
+        format."""
+    Scraps: lwconfig.Collection
+    """The fixed texts of the loaded output language, filed under their names: short phrases, and scraps of
+    HTML. Null before the first load. When set: the loaded language is left as it was."""
+    Phrases: lwconfig.Collection
+    """The fixed texts of the loaded output language, filed under their names: short phrases, and scraps of
+    HTML. Null before the first load. When set: the loaded language is left as it was."""
+    def ScrapNames(self) -> lwconfig.Collection:
+        """The names in the file of the loaded language, each filed under itself, read anew on every call."""
+    def PhraseNames(self) -> lwconfig.Collection:
+        """The names in the file of the loaded language, each filed under itself, read anew on every call."""
+    def LoadPhrasesAndScraps(self, Language: str) -> None:
+        """Loads the phrases and then the scraps of a language, unless they are the loaded ones (letter case
+        counts); none where it has no file. Error 52 for a language that would lead out of their folders, 5
+        for an element without a name. A failure ends the load, and the texts before it are kept."""
+    def Phrase(self, Name: str) -> str:
+        """The phrase of that name, letter case ignored; "!MISSING PHRASE 'Name'!" where there is none."""
+    def Scrap(self, Name: str) -> str:
+        """The scrap of that name, letter case ignored; "!MISSING Scrap 'Name'!" where there is none."""
+    def on(self, event: Literal["PageLayoutsChange"], handler: Callable[[], object]) -> lwconfig.Connection:
+        """Calls the handler at every event of that name, as long as the connection lives.
+
+        `PageLayoutsChange`: Raised after every `Add` to `PageLayouts` that succeeded."""
+
+class PageLayouts:
+    """The layouts of a template, filed under their file names."""
+
+    def __init__(self) -> None: ...
+    def Item(self, Key: Any) -> lwconfig.PageLayout | None:
+        """The item at that position or under that key, or null."""
+    def Remove(self, Key: Any) -> None:
+        """Removes the item at that position or under that key. Error 5 for an unknown key, 9 for a position
+        out of range."""
+    def Add(self, obj: lwconfig.PageLayout | None, Key: str = ..., Before: Any = ..., After: Any = ...) -> None:
+        """Inserts `obj` before the item that `Before` names, else after the one that `After` names, else at
+        the end. An empty key is none. Error 457 for a key that is present, 5 or 9 where `Before` or `After`
+        names no item, 91 for no object; nothing is then added."""
+    @property
+    def Count(self) -> int:
+        """The number of items."""
+    def on(self, event: Literal["ContentsChange"], handler: Callable[[], object]) -> lwconfig.Connection:
+        """Calls the handler at every event of that name, as long as the connection lives.
+
+        `ContentsChange`: Raised at the end of every `Add` that succeeded."""
+    def __call__(self, Key: Any) -> lwconfig.PageLayout | None: ...
+    def __len__(self) -> int: ...
+    def __iter__(self) -> Iterator[lwconfig.PageLayout]: ...
+    def __reversed__(self) -> Iterator[lwconfig.PageLayout]: ...
+    def __contains__(self, item: object) -> bool: ...
+    @overload
+    def __getitem__(self, key: int | str) -> lwconfig.PageLayout: ...
+    @overload
+    def __getitem__(self, key: slice) -> list[lwconfig.PageLayout]: ...
+
+class PageLayout:
+    """One file of a template folder: a page from which output pages are produced, or a help project file."""
+
+    def __init__(self) -> None: ...
+    Name: str
+    """Kept for other tools."""
+    FileName: str
+    """Within the template folder; the key in `PageLayouts`."""
+    PageType: lwconfig.PageTypeEnum | int
+    """Kind of page; -1 where the file had no usable value. At first `pgStandard`."""
+    TitleTemplate: str
+    """File-name template of the pages produced, with variables in %%."""
+    NodeTag: str
+    """For the caller's use; neither loaded nor saved."""
+    ControlTag: str
+    """For the caller's use; neither loaded nor saved."""
+    Namespace: str
+    """Code element names, joined by ","."""
+    DependantOnNamespace: str
+    """Code element name of the items that the page depends on."""
+    DependantOnNamespace_Filter: str
+    """Filter for these items, kept as it is."""
+    DependantCount: int
+    """How many of them the page depends on. At first `-1`."""
+    @property
+    def IsHTMLHelpProjectFile(self) -> bool:
+        """Whether `FileName` ends in the extension of a help project, contents, index or similar file."""
+    def Clone(self) -> Any:
+        """A copy of all stored properties."""
+    def Load(self, e: lwconfig.XMLElement | None) -> None:
+        """Reads a `PageLayout` element. "Name", "FileName" and "TitleTemplate" are required: error 5 ends the
+        load where one is missing, and what was read before it is kept."""
+    def Save(self, e: lwconfig.XMLElement | None) -> None:
+        """Names the element `PageLayout` and writes all properties but the two tags into it."""
+
+class TOCDefinitions:
+    """The contents definitions of a template, filed under their names."""
+
+    def __init__(self) -> None: ...
+    def Item(self, Key: Any) -> lwconfig.TOCDefinition | None:
+        """The item at that position or under that key, or null."""
+    def Remove(self, Key: Any) -> None:
+        """Removes the item at that position or under that key. Error 5 for an unknown key, 9 for a position
+        out of range."""
+    def Add(self, obj: lwconfig.TOCDefinition | None, Key: str = ..., Before: Any = ..., After: Any = ...) -> None:
+        """Inserts `obj` before the item that `Before` names, else after the one that `After` names, else at
+        the end. An empty key is none. Error 457 for a key that is present, 5 or 9 where `Before` or `After`
+        names no item, 91 for no object; nothing is then added."""
+    @property
+    def Count(self) -> int:
+        """The number of items."""
+    def __call__(self, Key: Any) -> lwconfig.TOCDefinition | None: ...
+    def __len__(self) -> int: ...
+    def __iter__(self) -> Iterator[lwconfig.TOCDefinition]: ...
+    def __reversed__(self) -> Iterator[lwconfig.TOCDefinition]: ...
+    def __contains__(self, item: object) -> bool: ...
+    @overload
+    def __getitem__(self, key: int | str) -> lwconfig.TOCDefinition: ...
+    @overload
+    def __getitem__(self, key: slice) -> list[lwconfig.TOCDefinition]: ...
+
+class TOCDefinition:
+    """One table of contents of a template: the tree of its nodes."""
+
+    def __init__(self) -> None: ...
+    Name: str
+    """The key in `TOCDefinitions`."""
+    Description: str
+    """What it is for."""
+    NodeDefs: lwconfig.NodeDefs
+    """Its nodes, filed under their keys."""
+    PageTemplate: lwconfig.PageTemplate
+    """The template that owns this definition, or null. When set: the template is not kept alive."""
+    def Load(self, e: lwconfig.XMLElement | None, PageTemplate: lwconfig.PageTemplate | None) -> None:
+        """Reads a `TOCDefinition` element of the template. "Name" and "Description" are required; a missing
+        one (error 5), a failing node or a key used twice (457) ends the load, and the nodes before it are
+        kept."""
+    def Save(self, e: lwconfig.XMLElement | None) -> None:
+        """Writes all that is stored into the element, which the caller has named."""
+    def Clone(self, PageTemplate: lwconfig.PageTemplate | None) -> lwconfig.TOCDefinition:
+        """A deep copy that belongs to the given template."""
+
+class NodeDefs:
+    """The nodes of a contents definition, flat, filed under their keys."""
+
+    def __init__(self) -> None: ...
+    def Item(self, Key: Any) -> lwconfig.NodeDef | None:
+        """The item at that position or under that key, or null."""
+    def Remove(self, Key: Any) -> None:
+        """Removes the item at that position or under that key. Error 5 for an unknown key, 9 for a position
+        out of range."""
+    def Add(self, obj: lwconfig.NodeDef | None, Key: str = ..., Before: Any = ..., After: Any = ...) -> None:
+        """Inserts `obj` before the item that `Before` names, else after the one that `After` names, else at
+        the end. An empty key is none. Error 457 for a key that is present, 5 or 9 where `Before` or `After`
+        names no item, 91 for no object; nothing is then added."""
+    @property
+    def Count(self) -> int:
+        """The number of items."""
+    def Clone(self, TOCDefinition: lwconfig.TOCDefinition | None = ...) -> lwconfig.NodeDefs:
+        """A deep copy whose nodes belong to the given definition and have each other as parents."""
+    def __call__(self, Key: Any) -> lwconfig.NodeDef | None: ...
+    def __len__(self) -> int: ...
+    def __iter__(self) -> Iterator[lwconfig.NodeDef]: ...
+    def __reversed__(self) -> Iterator[lwconfig.NodeDef]: ...
+    def __contains__(self, item: object) -> bool: ...
+    @overload
+    def __getitem__(self, key: int | str) -> lwconfig.NodeDef: ...
+    @overload
+    def __getitem__(self, key: slice) -> list[lwconfig.NodeDef]: ...
+
+class NodeDef:
+    """One node of a contents tree. Nodes form the tree through parent keys; parent and owner are not kept
+    alive."""
+
+    def __init__(self) -> None: ...
+    Key: str
+    """"N" and a number; the key in `NodeDefs`."""
+    NodeType: lwconfig.NodeTypeEnum | int
+    """What the node stands for. At first `ntStandard`."""
+    UseCustomIcon: bool
+    """Whether the icon is `NodeIconIndex` rather than a book or a page."""
+    MarkAsNew: bool
+    """Whether the contents show the node as new."""
+    NodeCaptionTemplate: str
+    """Caption; may hold phrases and variables in %%."""
+    PlugInName: str
+    """Of an `ntPlugIn` node: the plug-in that generates it."""
+    PlugInData: str
+    """Of an `ntPlugIn` node: data for the plug-in, kept as it is."""
+    DependantOn: lwconfig.DependantOnEnum | int
+    """Kind of item that must exist for the node to be generated; 0 for none, -1 where the file had no usable
+    value."""
+    DependantOnNamespace: str
+    """Code element name of these items; follows from `DependantOn` where the file has none."""
+    DependantOnNamespace_Filter: str
+    """Filter for these items, kept as it is."""
+    DependantCount: int
+    """How many such items there must be at least. At first `1`."""
+    DependantStillProcessChildren: bool
+    """Whether the nodes below are generated even when this one is not."""
+    FileNameTemplate: str
+    """File name of the node's page; may hold variables in %%."""
+    PageType: lwconfig.PageTypeEnum | int
+    """Of an `ntSmart` node: kind of code element for which it repeats; not saved; -1 where the file had no
+    usable value. At first `pgStandard`."""
+    PageTypeNamespace: str
+    """Of an `ntSmart` node: code element names for which it repeats; follows from `PageType` where the file
+    has none."""
+    PageTypeNamespaceFilter: str
+    """Filter for these elements, kept as it is."""
+    LinkToPage: bool
+    """Whether the node links to its page. At first True."""
+    IsDefaultTopic: bool
+    """Whether its page is the default topic of the help file."""
+    ParentKey: str
+    """The key of the parent node; empty for a root node. When set: does not change the parent until
+    `CementReferences` runs."""
+    NodeIconIndex: int
+    """The icon of the help file that a node with `UseCustomIcon` shows."""
+    ParentNodeDef: lwconfig.NodeDef
+    """The linked parent, or null. When set: links the parent, or null for none, and sets `ParentKey` to its
+    key."""
+    TOCDefinition: lwconfig.TOCDefinition
+    """The definition that the node belongs to, or null."""
+    PageLayout: lwconfig.PageLayout
+    """The layout of the node's page in the template of its definition, or null where it has none there. Error
+    91 for a node without a definition, or whose definition has no template. When set: refers to the layout by
+    its file name; null for none."""
+    def ActualIconIndex(self, HasChildren: bool) -> int:
+        """The icon index of the node in the help file, collapsed and expanded."""
+    def ActualExpandedIconIndex(self, HasChildren: bool) -> int:
+        """The icon index of the node in the help file, collapsed and expanded."""
+    def CementReferences(self, NodeDefs: lwconfig.NodeDefs | None) -> None:
+        """Links the node to the one in `NodeDefs` that its parent key names. Where there is none it becomes a
+        root node; one without a parent key stays as it is."""
+    def Load(self, e: lwconfig.XMLElement | None, TOCDefinition: lwconfig.TOCDefinition | None) -> None:
+        """Reads a `NodeDef` element as a member of the definition. "Key" is required and has a number from
+        its second character on: error 5, 13 or 6 ends the load otherwise. Node numbers taken later lie above
+        the key's."""
+    def Save(self, e: lwconfig.XMLElement | None) -> None:
+        """Names the element `NodeDef` and writes the node into it. Only a linked parent is saved."""
+    def Clone(self) -> lwconfig.NodeDef:
+        """A copy with the same key, parent and definition. Fails as `PageLayout` does."""
+
+class VariableDefs:
+    """The variables of a template, filed under their names."""
+
+    def __init__(self) -> None: ...
+    def Item(self, Key: Any) -> lwconfig.VariableDef | None:
+        """The item at that position or under that key, or null."""
+    def Remove(self, Key: Any) -> None:
+        """Removes the item at that position or under that key. Error 5 for an unknown key, 9 for a position
+        out of range."""
+    def Add(self, obj: lwconfig.VariableDef | None, Key: str = ..., Before: Any = ..., After: Any = ...) -> None:
+        """Inserts `obj` before the item that `Before` names, else after the one that `After` names, else at
+        the end. An empty key is none. Error 457 for a key that is present, 5 or 9 where `Before` or `After`
+        names no item, 91 for no object; nothing is then added."""
+    @property
+    def Count(self) -> int:
+        """The number of items."""
+    def __call__(self, Key: Any) -> lwconfig.VariableDef | None: ...
+    def __len__(self) -> int: ...
+    def __iter__(self) -> Iterator[lwconfig.VariableDef]: ...
+    def __reversed__(self) -> Iterator[lwconfig.VariableDef]: ...
+    def __contains__(self, item: object) -> bool: ...
+    @overload
+    def __getitem__(self, key: int | str) -> lwconfig.VariableDef: ...
+    @overload
+    def __getitem__(self, key: slice) -> list[lwconfig.VariableDef]: ...
+
+class VariableDef:
+    """A variable that a template's pages use and a user can set."""
+
+    def __init__(self) -> None: ...
+    Name: str
+    """The key in `VariableDefs`."""
+    Description: str
+    """What users are told about it."""
+    VariableDefType: lwconfig.VariableDefTypeEnum | int
+    """Kind of value. At first `vdtText`."""
+    Caption: str
+    """What users are asked."""
+    DefaultValue: str
+    """Value where the user sets none, as text; not checked against the type."""
+    def Clone(self) -> lwconfig.VariableDef:
+        """A copy of all properties."""
+    def Load(self, e: lwconfig.XMLElement | None, PageTemplate: lwconfig.PageTemplate | None) -> None:
+        """Reads a `VariableDef` element. "Name" and "Description" are required: error 5 ends the load where
+        one is missing. An empty caption becomes the name. `PageTemplate` is accepted and not used."""
+    def Save(self, e: lwconfig.XMLElement | None) -> None:
+        """Names the element `VariableDef` and writes the properties into it."""
+
+class TaggedCommentDefs:
+    """Every type of tagged comment, filed under its prefix."""
+
+    def __init__(self) -> None: ...
+    DefaultDesignerProgID: str
+    """Component that edits comments whose definition names none."""
+    FileName: str
+    """The file loaded last."""
+    IsPopulated: bool
+    """Whether a `LoadFrom` has finished."""
+    def Item(self, Key: Any) -> lwconfig.TaggedCommentDef | None:
+        """The item at that position or under that key, or null."""
+    def Remove(self, Key: Any) -> None:
+        """Removes the item at that position or under that key. Error 5 for an unknown key, 9 for a position
+        out of range."""
+    def Add(self, obj: lwconfig.TaggedCommentDef | None, Key: str = ..., Before: Any = ..., After: Any = ...) -> None:
+        """Inserts `obj` before the item that `Before` names, else after the one that `After` names, else at
+        the end. An empty key is none. Error 457 for a key that is present, 5 or 9 where `Before` or `After`
+        names no item, 91 for no object; nothing is then added."""
+    @property
+    def Count(self) -> int:
+        """The number of items."""
+    def Load(self) -> None:
+        """Replaces the set by the custom and then the standard definitions of the configuration; by those of
+        the older single file where there is no standard file."""
+    def Save(self) -> None:
+        """Saves the standard and then the custom definitions to their files, and turns the older single file
+        into "taggedcomments.xml.bak"; that this fails is ignored. A failing save ends it: what follows is
+        left untouched."""
+    def SaveEx(self, IncludeStandard: bool, IncludeCustom: bool) -> None:
+        """As `Save`, of the chosen files only; the older file stays."""
+    def LoadFrom(self, FileName: str) -> None:
+        """Adds the definitions of a file at the end, each in place of one with the same prefix. A file that
+        does not exist adds nothing. A failing definition ends the load; those before it stay, and
+        `IsPopulated` is left as it was."""
+    def SaveTo(self, FileName: str) -> None:
+        """Writes all definitions to one file, in the order of the set."""
+    def SaveToEx(self, FileName: str, IncludeStandard: bool, IncludeCustom: bool) -> None:
+        """Writes the standard definitions, the custom ones or both to one file, in the order of the set."""
+    def Clone(self) -> lwconfig.TaggedCommentDefs:
+        """A set of copies, filed under their prefixes."""
+    def ItemFromXMLTagName(self, XMLTagName: str) -> lwconfig.TaggedCommentDef:
+        """The first definition that lists the XML documentation tag, letter case ignored; null where none
+        does. Blanks beside a comma are part of the names."""
+    def __call__(self, Key: Any) -> lwconfig.TaggedCommentDef | None: ...
+    def __len__(self) -> int: ...
+    def __iter__(self) -> Iterator[lwconfig.TaggedCommentDef]: ...
+    def __reversed__(self) -> Iterator[lwconfig.TaggedCommentDef]: ...
+    def __contains__(self, item: object) -> bool: ...
+    @overload
+    def __getitem__(self, key: int | str) -> lwconfig.TaggedCommentDef: ...
+    @overload
+    def __getitem__(self, key: slice) -> list[lwconfig.TaggedCommentDef]: ...
+
+class TaggedCommentDef:
+    """One type of tagged comment: how it is recognised in source code, what it belongs to and how it is
+    edited."""
+
+    def __init__(self) -> None: ...
+    TagIdentifier: str
+    """Prefix of the comments, such as "##MODULE_DESCRIPTION"; the key in `TaggedCommentDefs`."""
+    ElementType: lwconfig.ElementTypeEnum | int
+    """Kind of code element that the comment belongs to. At first `etUnspecified`."""
+    Description: str
+    """What the comment is for."""
+    Format: str
+    """Kept for other tools."""
+    IsGeneral: bool
+    """Whether comments of this type become part of the general description."""
+    WrapType: lwconfig.WrapTypeEnum | int
+    """How several comments of this type on one element are joined; 0 says nothing."""
+    DesignerProgID: str
+    """Component that edits the comments; empty for the default of the set."""
+    DesignFlags: str
+    """Editing features that the comment editors provide or deny."""
+    Hidden: bool
+    """Whether the wizard leaves the type out of its list."""
+    LegacyFor: str
+    """The `TagIdentifier` of the type that replaces this one."""
+    TabName: str
+    """Tab of the comment editors that shows the comment."""
+    Tip: str
+    """Help shown above the space to edit the comment."""
+    Flags: str
+    """Free text; a load makes an empty one "-"."""
+    Standard: bool
+    """Whether it is not made by the user, which decides the file it is saved to. At first True."""
+    Namespace: str
+    """Code element names, separated by commas."""
+    Icon: str
+    """Name of the icon. At first `"other"`."""
+    GroupName: str
+    """Group under which the type is listed."""
+    XMLCommentTypes: str
+    """Tag names of XML documentation comments, separated by commas."""
+    def Load(self, e: lwconfig.XMLElement | None) -> None:
+        """Reads a `TaggedComment` element. "Hidden", "Identifier", "ElementType", "Description", "Format",
+        "General" and "WrapType" are required: error 5 ends the load where one is missing. Values outside the
+        enumerations are kept."""
+    def Save(self, e: lwconfig.XMLElement | None) -> None:
+        """Writes all that is stored into the element, which the caller has named."""
+    def Clone(self) -> lwconfig.TaggedCommentDef:
+        """A copy of all properties."""
+
+class ModelCommentProfiles:
+    """Every model comment profile of the configuration, filed under its name. Each has a file of its own."""
+
+    def __init__(self) -> None: ...
+    Dirty: bool
+    """Whether something was added or removed since the profiles were loaded or saved."""
+    def Item(self, Key: Any) -> lwconfig.ModelComments | None:
+        """The item at that position or under that key, or null."""
+    def Remove(self, Key: Any) -> None:
+        """As of every collection; then the profiles are dirty.
+
+        Every collection: removes the item at that position or under that key. Error 5 for an unknown key, 9
+        for a position out of range."""
+    def Add(self, obj: lwconfig.ModelComments | None, Key: str = ..., Before: Any = ..., After: Any = ...) -> None:
+        """As of every collection; then the profiles are dirty.
+
+        Every collection: inserts `obj` before the item that `Before` names, else after the one that `After`
+        names, else at the end. An empty key is none. Error 457 for a key that is present, 5 or 9 where
+        `Before` or `After` names no item, 91 for no object; nothing is then added."""
+    @property
+    def Count(self) -> int:
+        """The number of items."""
+    def Load(self) -> None:
+        """Adds the profile of every "*.xml" file in the "modelcomments" folder of the configuration; none
+        where there is no such folder. A failing profile, or two of one name (error 457), end the load; the
+        profiles before it stay, and `Dirty` is left as it was."""
+    def Save(self) -> None:
+        """Writes every profile to the file of its name in that folder, created when missing; other files
+        there stay. The first failure ends the save: the files before it stay written. Error 52 for a profile
+        without a name, or with one that would lead out of the folder or begins with a dot, which would hide
+        its file."""
+    def Clone(self) -> lwconfig.ModelCommentProfiles:
+        """A collection of copies, dirty unless it is empty."""
+    def __call__(self, Key: Any) -> lwconfig.ModelComments | None: ...
+    def __len__(self) -> int: ...
+    def __iter__(self) -> Iterator[lwconfig.ModelComments]: ...
+    def __reversed__(self) -> Iterator[lwconfig.ModelComments]: ...
+    def __contains__(self, item: object) -> bool: ...
+    @overload
+    def __getitem__(self, key: int | str) -> lwconfig.ModelComments: ...
+    @overload
+    def __getitem__(self, key: slice) -> list[lwconfig.ModelComments]: ...
+
+class ModelComments:
+    """A model comment profile: model comments in order, without keys, for one namespace profile."""
+
+    def __init__(self) -> None: ...
+    NamespaceProfile: str
+    """The namespace profile whose element names the comments use."""
+    FileName: str
+    """The file that `LoadFromFile` read last."""
+    Name: str
+    """The key in `ModelCommentProfiles`."""
+    Description: str
+    """What the set is for."""
+    IsPopulated: bool
+    """Whether a `LoadFromFile` has finished."""
+    Dirty: bool
+    """Whether the set has changed since it was loaded or saved. Kept by the callers: no change of the set or
+    of a comment sets it."""
+    @property
+    def NamespaceDefs(self) -> lwconfig.NamespaceDefs:
+        """The shared namespace profile that `NamespaceProfile` names; null where it is unknown. Error 91
+        while the shared namespace profiles have not been asked for."""
+    def Item(self, Key: Any) -> lwconfig.ModelComment | None:
+        """The item at that position or under that key, or null."""
+    def Remove(self, Key: Any) -> None:
+        """Removes the item at that position or under that key. Error 5 for an unknown key, 9 for a position
+        out of range."""
+    def Add(self, obj: lwconfig.ModelComment | None, Key: str = ..., Before: Any = ..., After: Any = ...) -> None:
+        """Inserts `obj` before the item that `Before` names, else after the one that `After` names, else at
+        the end. An empty key is none. Error 457 for a key that is present, 5 or 9 where `Before` or `After`
+        names no item, 91 for no object; nothing is then added."""
+    @property
+    def Count(self) -> int:
+        """The number of items."""
+    def Save(self, e: lwconfig.XMLElement | None) -> None:
+        """Writes the set with its comments into the element, which the caller has named."""
+    def Load(self, e: lwconfig.XMLElement | None) -> None:
+        """Replaces the comments by those of a `ModelCommentProfile` element, with its name and description,
+        which are required: error 5 ends the load. A failing comment ends it too; the comments before it stay."""
+    def Clone(self) -> lwconfig.ModelComments:
+        """A set of copies. Only namespace profile, name and description are carried over."""
+    def LoadGlobal(self) -> None:
+        """From and to the file `modelcomments.xml` of the configuration."""
+    def SaveToGlobal(self) -> None:
+        """From and to the file `modelcomments.xml` of the configuration."""
+    def LoadFromFile(self, FileName: str) -> None:
+        """Replaces the set by that of a file; then it is populated and not dirty, without an event. A missing
+        or malformed file has no "Name" and fails as `Load` does."""
+    def SaveToFile(self, FileName: str) -> None:
+        """Writes the set to a file; then it is not dirty. `FileName` stays as it was."""
+    def on(self, event: Literal["DirtyStateChanged"], handler: Callable[[], object]) -> lwconfig.Connection:
+        """Calls the handler at every event of that name, as long as the connection lives.
+
+        `DirtyStateChanged`: Raised when setting `Dirty` has changed its value."""
+    def __call__(self, Key: Any) -> lwconfig.ModelComment | None: ...
+    def __len__(self) -> int: ...
+    def __iter__(self) -> Iterator[lwconfig.ModelComment]: ...
+    def __reversed__(self) -> Iterator[lwconfig.ModelComment]: ...
+    def __contains__(self, item: object) -> bool: ...
+    @overload
+    def __getitem__(self, key: int | str) -> lwconfig.ModelComment: ...
+    @overload
+    def __getitem__(self, key: slice) -> list[lwconfig.ModelComment]: ...
+
+class ModelComment:
+    """A description to re-use for every member of a kind and name, in any project."""
+
+    def __init__(self) -> None: ...
+    MemberType_Namespace: str
+    """Code element names, such as "LW:Method"."""
+    MemberName: str
+    """Name of the members; may hold the wildcards ? and *."""
+    TaggedCommentPrefix: str
+    """The `TagIdentifier` of the comment that the text fills."""
+    TaggedCommentText: str
+    """The text of the comment."""
+    Tag: Any
+    """Free for the caller; neither saved nor copied."""
+    OnlyIfBlank: bool
+    """Whether only members without such a comment get it."""
+    InsertionPoint: lwconfig.mcInsertionPointEnum | int
+    """Where the text goes in a comment that is there. At first `ctPrefix`."""
+    MemberType: lwconfig.ElementTypeEnum | int
+    """The member kind set last, as of `mcMemberTypeEnum`; any number is kept. When set: also sets
+    `MemberType_Namespace`, where the kind is of the enumeration."""
+    def Save(self, e: lwconfig.XMLElement | None) -> None:
+        """Writes the comment into the element, which the caller has named."""
+    def Load(self, e: lwconfig.XMLElement | None) -> None:
+        """Reads an `MC` element, the older form with a "MemberType" too. A missing kind of member,
+        "MemberName", "TaggedCommentPrefix" or "TaggedCommentText" is error 5, which ends the load."""
+    def Clone(self) -> lwconfig.ModelComment:
+        """A copy of all properties but `Tag`."""
+
+class CommentFileLocations:
+    """The comment files that the user has made known, in order, without keys; an assembly may occur
+    repeatedly."""
+
+    def __init__(self) -> None: ...
+    Dirty: bool
+    """Kept by the callers; a load and a save clear it."""
+    def Item(self, Key: Any) -> lwconfig.CommentFileLocation | None:
+        """The item at that position or under that key, or null."""
+    def Remove(self, Key: Any) -> None:
+        """Removes the item at that position or under that key. Error 5 for an unknown key, 9 for a position
+        out of range."""
+    def Add(self, Item: lwconfig.CommentFileLocation | None, Key: str = ..., Before: Any = ..., After: Any = ...) -> None:
+        """Inserts `obj` before the item that `Before` names, else after the one that `After` names, else at
+        the end. An empty key is none. Error 457 for a key that is present, 5 or 9 where `Before` or `After`
+        names no item, 91 for no object; nothing is then added."""
+    @property
+    def Count(self) -> int:
+        """The number of items."""
+    def Load(self) -> None:
+        """Replaces the list by that of the file `CommentFileLocations.xml` of the configuration; empty where
+        there is no such file. A failing location ends the load; those before it stay, and `Dirty` is not
+        cleared."""
+    def Save(self) -> None:
+        """Writes the list to that file; then it is not dirty."""
+    def Clone(self) -> lwconfig.CommentFileLocations:
+        """A list of copies, not dirty."""
+    def __call__(self, Key: Any) -> lwconfig.CommentFileLocation | None: ...
+    def __len__(self) -> int: ...
+    def __iter__(self) -> Iterator[lwconfig.CommentFileLocation]: ...
+    def __reversed__(self) -> Iterator[lwconfig.CommentFileLocation]: ...
+    def __contains__(self, item: object) -> bool: ...
+    @overload
+    def __getitem__(self, key: int | str) -> lwconfig.CommentFileLocation: ...
+    @overload
+    def __getitem__(self, key: slice) -> list[lwconfig.CommentFileLocation]: ...
+
+class CommentFileLocation:
+    """Where the XML comment file of one .NET assembly is."""
+
+    def __init__(self) -> None: ...
+    AssemblyFileName: str
+    """The assembly that the comment file belongs to."""
+    CommentFilePath: str
+    """The path of the comment file, each "%NetPath%" in it, in any letter case, replaced by the .NET
+    Framework folder of this machine, which ends with a backslash."""
+    @property
+    def InternalCommentFilePath(self) -> str:
+        """The path as it was set."""
+    def Load(self, e: lwconfig.XMLElement | None) -> None:
+        """Reads a `CommentFile` element. Both attributes are required: error 5 ends the load."""
+    def Save(self, e: lwconfig.XMLElement | None) -> None:
+        """Writes all that is stored into the element, which the caller has named."""
+    def Clone(self) -> lwconfig.CommentFileLocation:
+        """A copy, the path as it was set."""
+
+class Languages:
+    """The languages, filed under their names."""
+
+    def __init__(self) -> None: ...
+    def Item(self, Key: Any) -> lwconfig.Language | None:
+        """The language under that key or at that position; the first one where there is none such. Error 5
+        for a key, 9 for a position, while there is no language at all."""
+    def Remove(self, Key: Any) -> None:
+        """Removes the item at that position or under that key. Error 5 for an unknown key, 9 for a position
+        out of range."""
+    def Add(self, Item: lwconfig.Language | None, Key: str = ..., Before: Any = ..., After: Any = ...) -> None:
+        """Inserts `obj` before the item that `Before` names, else after the one that `After` names, else at
+        the end. An empty key is none. Error 457 for a key that is present, 5 or 9 where `Before` or `After`
+        names no item, 91 for no object; nothing is then added."""
+    @property
+    def Count(self) -> int:
+        """The number of items."""
+    def Load(self, e: lwconfig.XMLElement | None) -> None:
+        """Replaces the languages by the `Language` children of the element. A failing language, or two of one
+        name (error 457), end the load; the languages before it stay."""
+    def __call__(self, Key: Any) -> lwconfig.Language | None: ...
+    def __len__(self) -> int: ...
+    def __iter__(self) -> Iterator[lwconfig.Language]: ...
+    def __reversed__(self) -> Iterator[lwconfig.Language]: ...
+    def __contains__(self, item: object) -> bool: ...
+    @overload
+    def __getitem__(self, key: int | str) -> lwconfig.Language: ...
+    @overload
+    def __getitem__(self, key: slice) -> list[lwconfig.Language]: ...
+
+class Language:
+    """How declarations are written in one programming language."""
+
+    def __init__(self) -> None: ...
+    Name: str
+    """The key in `Languages`."""
+    Caption: str
+    """The name that users read."""
+    IncludeFlag: bool
+    """For the generator's use while it runs; never loaded."""
+    OverloadsWord: str
+    """Keyword of an overloading member."""
+    OverridesWord: str
+    """Keyword of an overriding member."""
+    VirtualWord: str
+    """Keyword of a member that may be overridden."""
+    NotVirtualWord: str
+    """Keyword of a member that may not be overridden."""
+    AbstractWord: str
+    """Keyword of a member without an implementation."""
+    ShadowsWord: str
+    """Keyword of a member that hides an inherited one."""
+    StaticWord: str
+    """Keyword of a member of the type rather than the instance."""
+    OptionalWord: str
+    """Keyword of an optional parameter."""
+    OutParamWord: str
+    """Keyword of an output parameter."""
+    ByRefWord: str
+    """Keyword of a parameter passed by reference."""
+    ByValWord: str
+    """Keyword of a parameter passed by value."""
+    ReturnTypePrefix: str
+    """Text before a return type."""
+    ArraySymbol: str
+    """Symbol after an array type."""
+    VoidTypeName: str
+    """Name of the empty return type."""
+    ParamArrayWord: str
+    """Keyword of a parameter list of variable length."""
+    FunctionWord: str
+    """Keyword of a procedure with a result."""
+    SubWord: str
+    """Keyword of a procedure without a result."""
+    ParameterDelimiter: str
+    """Text between parameters. At first `","`."""
+    IncludeByDefault: bool
+    """Whether the language is used unless the user decides otherwise."""
+    MustInheritWord: str
+    """Keyword of a type that must be derived from."""
+    NotInheritableWord: str
+    """Keyword of a type that may not be derived from."""
+    ReadOnlyPropertyWord: str
+    """Keyword of a property to read only."""
+    WriteOnlyPropertyWord: str
+    """Keyword of a property to write only."""
+    ReadWritePropertyWord: str
+    """Keyword of a property to read and write."""
+    ReadOnlyFieldKeyword: str
+    """Keyword of a field to read only."""
+    DataTypes: lwconfig.Collection
+    """The language's text for each neutral type name, filed under it."""
+    ReverseDataTypes: lwconfig.Collection
+    """The neutral name of each type, filed under the language's text."""
+    AccessTypes: lwconfig.Collection
+    """The language's word for each access level, filed under its neutral name."""
+    MultiDimensionalArraySymbol: str
+    """Symbol after an array type of more than one dimension."""
+    def Load(self, e: lwconfig.XMLElement | None) -> None:
+        """Reads a `Language` element. All words but `ParameterDelimiter` and `MultiDimensionalArraySymbol`
+        are required: error 5 ends the load. So does a data type that cannot be added to either table, with
+        457 where its name or text is repeated; an access type that cannot be added is passed over."""
+
+class NamespaceProfiles:
+    """Every namespace profile of the configuration, filed under its name."""
+
+    def __init__(self) -> None: ...
+    def Item(self, Key: Any) -> lwconfig.NamespaceDefs | None:
+        """The item at that position or under that key, or null."""
+    def Remove(self, Key: Any) -> None:
+        """Removes the item at that position or under that key. Error 5 for an unknown key, 9 for a position
+        out of range."""
+    def Add(self, Item: lwconfig.NamespaceDefs | None, Key: str = ..., Before: Any = ..., After: Any = ...) -> None:
+        """Inserts `obj` before the item that `Before` names, else after the one that `After` names, else at
+        the end. An empty key is none. Error 457 for a key that is present, 5 or 9 where `Before` or `After`
+        names no item, 91 for no object; nothing is then added."""
+    @property
+    def Count(self) -> int:
+        """The number of items."""
+    def Load(self) -> None:
+        """Adds the profile of every "*.xml" file in the "Namespaces" folder of the configuration. A missing
+        folder is told by a message box and adds nothing. Two profiles of one name are error 457, which ends
+        the load; the profiles before it are kept. A profile without a name has no key."""
+    def __call__(self, Key: Any) -> lwconfig.NamespaceDefs | None: ...
+    def __len__(self) -> int: ...
+    def __iter__(self) -> Iterator[lwconfig.NamespaceDefs]: ...
+    def __reversed__(self) -> Iterator[lwconfig.NamespaceDefs]: ...
+    def __contains__(self, item: object) -> bool: ...
+    @overload
+    def __getitem__(self, key: int | str) -> lwconfig.NamespaceDefs: ...
+    @overload
+    def __getitem__(self, key: slice) -> list[lwconfig.NamespaceDefs]: ...
+
+class NamespaceDefs:
+    """A namespace profile, or the nested definitions of one: definitions filed under their names."""
+
+    def __init__(self) -> None: ...
+    Name: str
+    """The key in `NamespaceProfiles`."""
+    Caption: str
+    """What users call the profile."""
+    CommenterCaption: str
+    """What the comment editors call it."""
+    IsFile: bool
+    """Whether its sources are files."""
+    Supports: str
+    """Item types, joined by ","."""
+    ElementDefs: lwconfig.ElementDefs
+    """The elements that the profile offers."""
+    def Item(self, Key: Any) -> lwconfig.NamespaceDef | None:
+        """The item at that position or under that key, or null."""
+    def Remove(self, Key: Any) -> None:
+        """Removes the item at that position or under that key. Error 5 for an unknown key, 9 for a position
+        out of range."""
+    def Add(self, Item: lwconfig.NamespaceDef | None, Key: str = ..., Before: Any = ..., After: Any = ...) -> None:
+        """As of every collection, but failures are ignored: where the key is present nothing is added.
+
+        Every collection: inserts `obj` before the item that `Before` names, else after the one that `After`
+        names, else at the end. An empty key is none. Error 457 for a key that is present, 5 or 9 where
+        `Before` or `After` names no item, 91 for no object; nothing is then added."""
+    @property
+    def Count(self) -> int:
+        """The number of items."""
+    def Load(self, e: lwconfig.XMLElement | None) -> None:
+        """Reads a profile from its root element. A failing definition, or two top-level ones of one name
+        (error 457), end the load; what was read before is kept."""
+    def ResetIncludeFlags(self) -> None:
+        """Resets the include flag of every definition, at any depth."""
+    def GetNamespaceDefsByCaption(self, Caption: str, col: lwconfig.NamespaceDefs | None = ...) -> tuple[lwconfig.NamespaceDefs, lwconfig.NamespaceDefs | None]:
+        """The definitions at any depth with that caption, or name, without regard to letter case, each before
+        those nested in it. They are appended to `col`, without keys, and `col` is the result; a new
+        collection where it is null."""
+    def GetNamespaceDefsByName(self, Name: str, col: lwconfig.NamespaceDefs | None = ...) -> tuple[lwconfig.NamespaceDefs, lwconfig.NamespaceDefs | None]:
+        """The definitions at any depth with that caption, or name, without regard to letter case, each before
+        those nested in it. They are appended to `col`, without keys, and `col` is the result; a new
+        collection where it is null."""
+    def AllNamespaceDefs(self, col: lwconfig.NamespaceDefs | None = ...) -> tuple[lwconfig.NamespaceDefs, lwconfig.NamespaceDefs | None]:
+        """The definitions at any depth, filed under their names in `col`, or a new collection where it is
+        null; of several with one name the first, each before those nested in it."""
+    def __call__(self, Key: Any) -> lwconfig.NamespaceDef | None: ...
+    def __len__(self) -> int: ...
+    def __iter__(self) -> Iterator[lwconfig.NamespaceDef]: ...
+    def __reversed__(self) -> Iterator[lwconfig.NamespaceDef]: ...
+    def __contains__(self, item: object) -> bool: ...
+    @overload
+    def __getitem__(self, key: int | str) -> lwconfig.NamespaceDef: ...
+    @overload
+    def __getitem__(self, key: slice) -> list[lwconfig.NamespaceDef]: ...
+
+class NamespaceDef:
+    """One kind of code element that can be documented, with the kinds that lie below it, to any depth."""
+
+    def __init__(self) -> None: ...
+    Name: str
+    """Name of the kind, such as "LW:Module"; the key among its siblings."""
+    Handler: str
+    """Kept for the plug-in that offers the elements."""
+    Caption: str
+    """What users call such an element."""
+    CommenterCaption: str
+    """What the comment editors call it."""
+    CaptionPlural: str
+    """What users call several."""
+    ProvideIncludeFlag: bool
+    """Whether users may include or leave out such elements."""
+    DefaultIncludeFlag: bool
+    """What `ResetIncludeFlag` makes of `IncludeFlag`."""
+    Tree_AlwaysPopulate: bool
+    """In the item tree: fill the node at once."""
+    Tree_AlwaysExpand: bool
+    """In the item tree: open the node at once."""
+    Tree_Icon: str
+    """In the item tree: name of the icon."""
+    Tree_ShowInSelect: bool
+    """In the item tree: shown while users select."""
+    Tree_AllowExclude: bool
+    """In the item tree: users may leave an item out. At first True."""
+    Tree_CaptionTemplate: str
+    """In the item tree: caption of an item."""
+    Tree_Select_AlwaysPopulate: bool
+    """In the item tree: fill the node at once while users select."""
+    Tree_ShowFolder: bool
+    """In the item tree: items stand below a folder."""
+    Tree_ShowFolderInSelect: bool
+    """In the item tree: items stand below a folder while users select."""
+    FileNameFormat: str
+    """File name of the pages of such elements."""
+    Flags: str
+    """Free text."""
+    ID: str
+    """Free text."""
+    Counter: int
+    """For the generator's use while it runs."""
+    IncludeFlag: bool
+    """For the generator's use while it runs."""
+    Tag: Any
+    """Withdrawn: error 13 with the source "Tag no longer supported"."""
+    NamespaceDefs: lwconfig.NamespaceDefs
+    """The profile that the definition belongs to, or null. When set: the profile is not kept alive."""
+    ChildNamespaceDefs: lwconfig.NamespaceDefs
+    """The nested definitions, filed under their names; created empty when there are none. Never null."""
+    def Load(self, e: lwconfig.XMLElement | None) -> None:
+        """Reads a definition element and every element nested in it. "Name", "Handler" and "Caption" are
+        required: error 5 ends the load where one is missing, and the definitions complete before it are kept.
+        Of nested siblings with one name the first stays."""
+    def ResetIncludeFlag(self) -> None:
+        """Sets `IncludeFlag` to `DefaultIncludeFlag`, here and in every nested definition."""
+    def ResetCounters(self) -> None:
+        """Sets `Counter` to 0, here and in every nested definition."""
+
+class ElementDefs:
+    """The elements of a namespace profile, in file order, without keys."""
+
+    def __init__(self) -> None: ...
+    def Item(self, Key: Any) -> lwconfig.ElementDef | None:
+        """The item at that position or under that key, or null."""
+    def Remove(self, Key: Any) -> None:
+        """Removes the item at that position or under that key. Error 5 for an unknown key, 9 for a position
+        out of range."""
+    def Add(self, Item: lwconfig.ElementDef | None, Key: str = ..., Before: Any = ..., After: Any = ...) -> None:
+        """Inserts `obj` before the item that `Before` names, else after the one that `After` names, else at
+        the end. An empty key is none. Error 457 for a key that is present, 5 or 9 where `Before` or `After`
+        names no item, 91 for no object; nothing is then added."""
+    @property
+    def Count(self) -> int:
+        """The number of items."""
+    def Load(self, e: lwconfig.XMLElement | None, NamespaceProfile: lwconfig.NamespaceDefs | None) -> None:
+        """Reads an `lwelements` element of the profile. Common attributes reach the elements that follow
+        them. A failure ends the load, and the elements before it are kept."""
+    def __call__(self, Key: Any) -> lwconfig.ElementDef | None: ...
+    def __len__(self) -> int: ...
+    def __iter__(self) -> Iterator[lwconfig.ElementDef]: ...
+    def __reversed__(self) -> Iterator[lwconfig.ElementDef]: ...
+    def __contains__(self, item: object) -> bool: ...
+    @overload
+    def __getitem__(self, key: int | str) -> lwconfig.ElementDef: ...
+    @overload
+    def __getitem__(self, key: slice) -> list[lwconfig.ElementDef]: ...
+
+class ElementDef:
+    """One element that a namespace profile offers."""
+
+    def __init__(self) -> None: ...
+    Name: str
+    """The name of the element."""
+    Description: str
+    """What the element is for."""
+    Category: str
+    """The category under which it is offered."""
+    DesignerProgID: str
+    """Component that edits it."""
+    Namespaces: str
+    """Code element names."""
+    ScrapsOnly: bool
+    """Whether it may stand in scraps only."""
+    ElementAttributeDefs: lwconfig.ElementAttributeDefs
+    """The attributes that it takes, filed under their names."""
+    NamespaceProfile: lwconfig.NamespaceDefs
+    """The profile that the element belongs to, or null. When set: the profile is not kept alive."""
+    def Load(self, e: lwconfig.XMLElement | None, Parent: lwconfig.NamespaceDefs | None, CommonAttributes: lwconfig.ElementAttributeDefs | None) -> None:
+        """Reads an `lwelement` element of the profile `Parent`, then adds copies of those common attributes
+        that the element does not define itself. "Name" is required (error 5); a repeated attribute is error
+        457. Either ends the load, and the attributes before it are kept."""
+
+class ElementAttributeDefs:
+    """The attributes of an element, filed under their names."""
+
+    def __init__(self) -> None: ...
+    def Item(self, Key: Any) -> lwconfig.ElementAttributeDef | None:
+        """The item at that position or under that key, or null."""
+    def Remove(self, Key: Any) -> None:
+        """Removes the item at that position or under that key. Error 5 for an unknown key, 9 for a position
+        out of range."""
+    def Add(self, Item: lwconfig.ElementAttributeDef | None, Key: str = ..., Before: Any = ..., After: Any = ...) -> None:
+        """Inserts `obj` before the item that `Before` names, else after the one that `After` names, else at
+        the end. An empty key is none. Error 457 for a key that is present, 5 or 9 where `Before` or `After`
+        names no item, 91 for no object; nothing is then added."""
+    @property
+    def Count(self) -> int:
+        """The number of items."""
+    def __call__(self, Key: Any) -> lwconfig.ElementAttributeDef | None: ...
+    def __len__(self) -> int: ...
+    def __iter__(self) -> Iterator[lwconfig.ElementAttributeDef]: ...
+    def __reversed__(self) -> Iterator[lwconfig.ElementAttributeDef]: ...
+    def __contains__(self, item: object) -> bool: ...
+    @overload
+    def __getitem__(self, key: int | str) -> lwconfig.ElementAttributeDef: ...
+    @overload
+    def __getitem__(self, key: slice) -> list[lwconfig.ElementAttributeDef]: ...
+
+class ElementAttributeDef:
+    """One attribute that an element takes."""
+
+    def __init__(self) -> None: ...
+    Name: str
+    """The key in `ElementAttributeDefs`."""
+    Description: str
+    """What the attribute is for."""
+    HelpTopic: str
+    """Page that tells about it."""
+    EditType: str
+    """How its value is edited."""
+    ListSource: str
+    """Where a list of values comes from."""
+    ListValues: str
+    """The values to choose from."""
+    DefaultValue: str
+    """Value where none is given."""
+    Mandatory: bool
+    """Whether it must be given."""
+    ElementDef: lwconfig.ElementDef
+    """The element that the attribute belongs to, or null for a common attribute of all elements. When set:
+    the element is not kept alive."""
+    def Load(self, e: lwconfig.XMLElement | None) -> None:
+        """Reads an `attribute` element. "Name" and "Description" are required: error 5 ends the load."""
+    def Clone(self, ElementDef: lwconfig.ElementDef | None) -> Any:
+        """A copy that belongs to the given element."""
+
+class ElementAttributes:
+    """Splits one line of text, an attribute list or a command line, into names and values."""
+
+    def __init__(self) -> None: ...
+    def Parse(self, CommandLine: str = ...) -> int:
+        """Replaces the attributes by those of the text, or of the arguments of this process where it is
+        empty; keeps them where those are empty too. Returns the new `Count`. More than 32,767 attributes are
+        error 6, and the old ones stay.
+
+        A text with "=" is split at blanks. An attribute is `name=value`, or a text that is name and value at
+        once; a name loses one leading "-" or "/". Blanks inside double quotes do not split, and a quote that
+        is not closed lasts to the end; three quotes in a row are one quote, which only a name keeps. Every
+        blank ends an attribute, so that two in a row enclose an empty one, and the end of the text adds an
+        empty one. A text without "=" is one attribute, blanks included."""
+    def AttributeName(self, Index: Any) -> str:
+        """The name, or the value, of one attribute; empty where `Index` names none. A number other than 0,
+        also as a text, is a position from 1. Any other text, and the number 0 as the text "0", is a name,
+        letter case ignored, and the first attribute of that name counts. A text that only begins with a
+        number other than 0 names none."""
+    def AttributeData(self, Index: Any) -> str:
+        """The name, or the value, of one attribute; empty where `Index` names none. A number other than 0,
+        also as a text, is a position from 1. Any other text, and the number 0 as the text "0", is a name,
+        letter case ignored, and the first attribute of that name counts. A text that only begins with a
+        number other than 0 names none."""
+    @property
+    def Count(self) -> int:
+        """The number of attributes."""
+
+class INamespaceProvider:
+    """What a provider of documentable items implements: it knows one kind of source, described by a namespace
+    profile, finds its items and takes part in generation. A source is named by a moniker, a text that only
+    the provider understands. Arguments that are references to objects or to a changeable string may be
+    replaced.
+
+    This class itself does nothing and returns nothing: null, empty or false."""
+
+    def __init__(self) -> None: ...
+    def GetItems(self, NamespaceDef: lwconfig.NamespaceDef | None, ParentItem: Any, Filter: str = ...) -> tuple[Any, lwconfig.NamespaceDef | None, Any]:
+        """The items of the kind `NamespaceDef` below `ParentItem`, narrowed by `Filter` where it is not
+        empty."""
+    @property
+    def DocumentDataProvider(self) -> Any:
+        """The provider's data for the generator."""
+    def Initialise(self, LWProject: Any) -> tuple[None, Any]:
+        """Hands over the generator's project."""
+    def GetRootItem(self, NamespaceDef: lwconfig.NamespaceDef | None, Moniker: str) -> tuple[Any, lwconfig.NamespaceDef | None]:
+        """The root item that the moniker names."""
+    def GetObjectFromQualifiedName(self, QualifiedName: str) -> Any:
+        """The item with that fully qualified name."""
+    def GetNamespaceDefFromObject(self, NamespaceDefs: lwconfig.NamespaceDefs | None, obj: Any) -> tuple[Any, lwconfig.NamespaceDefs | None, Any]:
+        """The definition of the profile that describes `obj`."""
+    def AddRootItem(self, RootItem: Any) -> tuple[None, Any]:
+        """Adds a root item to the provider's own."""
+    def StreamContent(self, OutputFile: Any, ContentType: str) -> tuple[None, Any]:
+        """Writes content of the type to an output file."""
+    @property
+    def Name(self) -> str:
+        """The provider's name."""
+    def ContentCreated(self, Item: Any, NamespaceDef: lwconfig.NamespaceDef | None, FileName: str, CoreContent: bool) -> tuple[None, Any, lwconfig.NamespaceDef | None]:
+        """Tells that the file was created for the item, and whether it is core content."""
+    def BeforeProcessRootItem(self, RootItem: Any) -> tuple[None, Any]:
+        """Tells that a root item is about to be processed."""
+    def AfterProcessRootItem(self, RootItem: Any) -> tuple[None, Any]:
+        """Tells that a root item has been processed."""
+    def BeforeProcessItem(self, Item: Any, RootItem: Any) -> tuple[None, Any, Any]:
+        """Tells that an item is about to be processed."""
+    def AfterProcessItem(self, Item: Any, RootItem: Any) -> tuple[None, Any, Any]:
+        """Tells that an item has been processed."""
+    def GetModuleItems(self) -> Any:
+        """The provider's module items."""
+    def BrowseForMoniker(self, Flags: str) -> str:
+        """Lets the user pick a source and returns its moniker."""
+    def VerifyMoniker(self, Moniker: str, Message: str) -> tuple[bool, str]:
+        """Whether the moniker names a usable source; if not, the reason is put into `Message`."""
+    def GetMonikerFromRootItem(self, RootItem: Any) -> tuple[str, Any]:
+        """The moniker of a root item."""
+    def MakeMonikerRelative(self, Moniker: str, RelativeToFileName: str) -> Any:
+        """The moniker relative to the file."""
+    def MakeMonikerAbsolute(self, Moniker: str, RelativeToFileName: str) -> Any:
+        """The inverse of `MakeMonikerRelative`."""
+
+class PlugIns:
+    """Plug-ins, filed under their keys; the same name may occur several times."""
+
+    def __init__(self) -> None: ...
+    def Item(self, Key: Any) -> lwconfig.PlugIn | None:
+        """The item at that position or under that key, or null."""
+    def Remove(self, Key: Any) -> None:
+        """Removes the item at that position or under that key. Error 5 for an unknown key, 9 for a position
+        out of range."""
+    def Add(self, obj: lwconfig.PlugIn | None, Key: str = ..., Before: Any = ..., After: Any = ...) -> None:
+        """Inserts `obj` before the item that `Before` names, else after the one that `After` names, else at
+        the end. An empty key is none. Error 457 for a key that is present, 5 or 9 where `Before` or `After`
+        names no item, 91 for no object; nothing is then added."""
+    @property
+    def Count(self) -> int:
+        """The number of items."""
+    def Load(self) -> None:
+        """Replaces the list by the plug-ins of every file in the "PlugIns" folder of the configuration."""
+    def LoadFrom(self, Folder: str) -> None:
+        """Replaces the list by the plug-ins of every "*.xml" file in the folder; none where there is no such
+        folder. A failing element ends the load, and the plug-ins before it are kept."""
+    def Clone(self) -> lwconfig.PlugIns:
+        """A list of copies, each filed under its own key."""
+    def __call__(self, Key: Any) -> lwconfig.PlugIn | None: ...
+    def __len__(self) -> int: ...
+    def __iter__(self) -> Iterator[lwconfig.PlugIn]: ...
+    def __reversed__(self) -> Iterator[lwconfig.PlugIn]: ...
+    def __contains__(self, item: object) -> bool: ...
+    @overload
+    def __getitem__(self, key: int | str) -> lwconfig.PlugIn: ...
+    @overload
+    def __getitem__(self, key: slice) -> list[lwconfig.PlugIn]: ...
+
+class PlugIn:
+    """A plug-in: for wizard, content and table of contents, whether it takes part and the component that
+    serves it."""
+
+    def __init__(self) -> None: ...
+    Name: str
+    """The name by which templates enable it."""
+    Description: str
+    """What the plug-in does."""
+    ExtendsWizard: bool
+    """Whether it takes part in the wizard."""
+    WizardProgID: str
+    """Component that serves the wizard."""
+    ExtendsContent: bool
+    """Whether it takes part in the content of pages."""
+    ContentProgID: str
+    """Component that serves the content."""
+    ExtendsTableOfContents: bool
+    """Whether it takes part in tables of contents."""
+    TableOfContentsProgID: str
+    """Component that serves tables of contents."""
+    Key: str
+    """"P" and a number: identifies the object, not the plug-in; neither read nor written."""
+    def Load(self, e: lwconfig.XMLElement | None) -> None:
+        """Reads a `PlugIn` element. All eight attributes are required: error 5 ends the load where one is
+        missing."""
+    def Save(self, e: lwconfig.XMLElement | None) -> None:
+        """Writes all that is stored into the element, which the caller has named."""
+    def Clone(self) -> lwconfig.PlugIn:
+        """A copy with a key of its own."""
+
+class ExternalDocs:
+    """The sources of external documentation, filed under their name patterns, and the links to their pages.
+    The first source in order whose pattern covers a name is the one used. The namespace of a full name is
+    what stands before its last ".", its short name what follows."""
+
+    def __init__(self) -> None: ...
+    Dirty: bool
+    """For the caller's use; a `Load` or `Save` that succeeds clears it."""
+    def Item(self, Key: Any) -> lwconfig.ExternalDoc | None:
+        """The item at that position or under that key, or null."""
+    def Remove(self, Key: Any) -> None:
+        """Removes the item at that position or under that key. Error 5 for an unknown key, 9 for a position
+        out of range."""
+    def Add(self, Item: lwconfig.ExternalDoc | None, Key: str = ..., Before: Any = ..., After: Any = ...) -> None:
+        """Inserts `obj` before the item that `Before` names, else after the one that `After` names, else at
+        the end. An empty key is none. Error 457 for a key that is present, 5 or 9 where `Before` or `After`
+        names no item, 91 for no object; nothing is then added."""
+    @property
+    def Count(self) -> int:
+        """The number of items."""
+    def Load(self) -> None:
+        """Adds the sources of `ExternalDocs.xml` in the configuration folder, if there is such a file, in
+        whatever letter case. A source without a name pattern (error 5) or with one that is present (error
+        457) ends the load, and the sources before it are kept."""
+    def Save(self) -> None:
+        """Writes all sources to `ExternalDocs.xml` in the configuration folder, in the letter case that the
+        file has. When that fails, the old file stays whole."""
+    def Link(self, ObjectFullName: str, Caption: str, IsHelp2: bool, AdditionalKey: str = ...) -> str:
+        """The link to the page of a class or other object; empty where no source covers its namespace, to
+        which "." is appended when it has none. Answers are kept until `ResetLinkCache`, for every object,
+        caption and additional key without regard to letter case; neither `IsHelp2` nor a change of the
+        sources matters to them."""
+    def IsLinkAvailable(self, ClassFullName: str) -> bool:
+        """Whether a source covers the namespace of the class. Where one does, the answer is kept until
+        `ResetLinkCache`; from a pattern that is a single blank it is kept as false."""
+    def MemberLink(self, ClassFullName: str, MemberName: str, Caption: str, IsHelp2: bool) -> str:
+        """The link to the page of a class member, up to its first "("; empty where no source covers the
+        namespace of the class."""
+    def URL(self, ObjectFullName: str) -> str:
+        """The address of the page of an object, without markup; empty where no source covers its whole name."""
+    def Clone(self) -> lwconfig.ExternalDocs:
+        """A copy with sources of its own, without keys, and nothing kept from before."""
+    def ResetLinkCache(self) -> None:
+        """Forgets the answers kept by `Link` and `IsLinkAvailable`."""
+    def __call__(self, Key: Any) -> lwconfig.ExternalDoc | None: ...
+    def __len__(self) -> int: ...
+    def __iter__(self) -> Iterator[lwconfig.ExternalDoc]: ...
+    def __reversed__(self) -> Iterator[lwconfig.ExternalDoc]: ...
+    def __contains__(self, item: object) -> bool: ...
+    @overload
+    def __getitem__(self, key: int | str) -> lwconfig.ExternalDoc: ...
+    @overload
+    def __getitem__(self, key: slice) -> list[lwconfig.ExternalDoc]: ...
+
+class ExternalDoc:
+    """One source of external documentation: which names it documents and how links to its pages are written."""
+
+    def __init__(self) -> None: ...
+    NamespaceName: str
+    """Pattern of the names documented, with letter case: "?" is any one character, "*" any run of them, "#" a
+    digit, "[a-z]" one of a list, "[!a-z]" one that is not. The key in `ExternalDocs`."""
+    ClassLink: lwconfig.ExternalLink
+    """Formats of links to classes and other objects."""
+    DefaultMemberLink: lwconfig.ExternalLink
+    """Formats of links to their members."""
+    URLFormat: str
+    """The formats of `ClassLink`. Error 91 while that is null."""
+    HTMLHelp1LinkFormat: str
+    """The formats of `ClassLink`. Error 91 while that is null."""
+    Help2LinkFormat: str
+    """The formats of `ClassLink`. Error 91 while that is null."""
+    def Load(self, e: lwconfig.XMLElement | None) -> None:
+        """Reads an `ExternalDoc` element. "Namespace" is required: error 5 ends the load where it is missing.
+        The first child element, whatever its name, holds the default member link."""
+    def Save(self, e: lwconfig.XMLElement | None) -> None:
+        """Writes all that is stored into the element, which the caller has named."""
+    def Clone(self) -> lwconfig.ExternalDoc:
+        """A copy with links of its own."""
+
+class ExternalLink:
+    """The formats from which a link into external documentation is built, with placeholders in %%. An empty
+    format is none."""
+
+    def __init__(self) -> None: ...
+    HTMLHelp1LinkFormat: str
+    """Complete markup of a link in HTML Help 1."""
+    Help2LinkFormat: str
+    """Complete markup of a link in Help 2."""
+    URLFormat: str
+    """Address of the page, without markup."""
+    def Load(self, e: lwconfig.XMLElement | None) -> None:
+        """Reads the formats off an element of any name; one that is absent keeps its value."""
+    def Save(self, e: lwconfig.XMLElement | None) -> None:
+        """Writes all that is stored into the element, which the caller has named."""
+    def Clone(self, Target: lwconfig.ExternalLink | None) -> None:
+        """Copies the formats into `Target`. Error 91 where it is null."""
+
+class VSNETOptions:
+    """The user's options of the commenting add-in for Visual Studio .NET."""
+
+    def __init__(self) -> None: ...
+    FullPageEditExcludedLanguages: str
+    """Languages that are not edited on a full page, joined by ","; while none are stored, all those of the
+    configuration that are not included by default."""
+    ToolbarStyle: lwconfig.LWToolBarStyleEnum | int
+    """The application value `ToolbarStyle` of the section `VSNET`. At first `ToolbarStyleOffice2003NoThemes`."""
+    CodeViewCollapsed: bool
+    """The application value `CodeViewCollapsed` of the section `VSNET`. At first False."""
+    CommentEditorView: lwconfig.CommentEditorViewEnum | int
+    """The application value `CommentEditorView` of the section `VSNET`. At first `CommentEditViewCombo`."""
+    CommentWindowStyle: lwconfig.LWVSWindowStyleEnum | int
+    """The application value `CommentWindowStyle` of the section `VSNET`. At first
+    `LWVSWindowStyleDocumentWindow`."""
+    AppendUnTagged: bool
+    """The application value `AppendUnTagged` of the section `VSNET`. At first False."""
+    WrapCharacters: int
+    """The application value `WrapCharacters` of the section `VSNET`. At first `90`."""
+    BlockTagPosition: lwconfig.BlockPositionEnum | int
+    """The application value `BlockTagPosition` of the section `VSNET`. At first `BlockPositionOutside`."""
+    IncludeSpace: bool
+    """The application value `IncludeSpace` of the section `VSNET`. At first True."""
+    PreviewTemplate: str
+    """The application value `PreviewTemplate` of the section `VSNET`. At first `"Microsoft .NET Framework SDK
+    Style"`."""
+    VBNETCommentMode: lwconfig.CommentModeEnum | int
+    """The application value `VBNETCommentMode` of the section `VSNET`. At first `ModeDocComments`."""
+    FollowCodePane: bool
+    """The application value `FollowCodePane` of the section `VSNET`. At first False."""
+    Grouped: bool
+    """The application value `Grouped` of the section `VSNET`. At first True."""
+    ShowProtected: bool
+    """The application value `ShowProtected` of the section `VSNET`. At first False."""
+    ShowFriend: bool
+    """The application value `ShowFriend` of the section `VSNET`. At first False."""
+    ShowPrivate: bool
+    """The application value `ShowPrivate` of the section `VSNET`. At first False."""
+    XMLCommentLineBreak: int
+    """The application value `XMLCommentLineBreak` of the section `VSNET`. At first `66`."""
+    AutoExpand: bool
+    """The application value `AutoExpand` of the section `VSNET`. At first True."""
+
+class VBOptions:
+    """The user's options of the commenting add-in for Visual Basic 6, with some for VBA editors."""
+
+    def __init__(self) -> None: ...
+    ToolbarStyle: lwconfig.LWToolBarStyleEnum | int
+    """The application value `ToolbarStyle` of the section `VB`. At first `ToolbarStyleOffice2003NoThemes`."""
+    CodeViewCollapsed: bool
+    """The application value `CodeViewCollapsed` of the section `VB`. At first False."""
+    CommentEditorView: lwconfig.CommentEditorViewEnum | int
+    """The application value `CommentEditorView` of the section `VB`. At first `CommentEditViewCombo`."""
+    SaveAsRelatedDocument: bool
+    """The application value `SaveAsRelatedDocument` of the section `VB`. At first True."""
+    MaxContinuedLines: int
+    """The application value `MaxContinuedLines` of the section `VB`. At first `24`."""
+    WrapWhitespace: int
+    """The application value `WrapWhitespace` of the section `VB`. At first `10`."""
+    WrapCharacters: int
+    """The application value `WrapCharacters` of the section `VB`. At first `90`."""
+    BlockTagPosition: lwconfig.BlockPositionEnum | int
+    """The application value `BlockTagPosition` of the section `VB`. At first `BlockPositionOutside`."""
+    IncludeSpace: bool
+    """The application value `IncludeSpace` of the section `VB`. At first True."""
+    PreviewTemplate: str
+    """The application value `PreviewTemplate` of the section `VB`. At first `"Platform SDK style"`."""
+    VBAPreviewTemplate: str
+    """The application value `VBAPreviewTemplate` of the section `VBA`. At first `"VB Technical
+    Documentation"`."""
+    VBCommentMode: lwconfig.CommentModeEnum | int
+    """Is written like every option and never read: it always is `ModeVBCode`. The application value
+    `VBCommentMode` of the section `VB`. At first `ModeVBCode`."""
+    ExternalWindow: bool
+    """The application value `ExternalWindow` of the section `VB`. At first False."""
+    FollowCodePane: bool
+    """The application value `FollowCodePane` of the section `VB`. At first False."""
+    Grouped: bool
+    """The application value `Grouped` of the section `VB`. At first True."""
+    VBAShowFriend: bool
+    """The application value `ShowFriend` of the section `VBA`. At first True."""
+    VBAShowPrivate: bool
+    """The application value `ShowPrivate` of the section `VBA`. At first True."""
+    ShowFriend: bool
+    """The application value `ShowFriend` of the section `VB`. At first False."""
+    ShowPrivate: bool
+    """The application value `ShowPrivate` of the section `VB`. At first False."""
+    XMLCommentLineBreak: int
+    """The application value `XMLCommentLineBreak` of the section `VB`. At first `66`."""
+
+class LWCommenterOptions:
+    """The user's options of the Lexiwend Commenter."""
+
+    def __init__(self) -> None: ...
+    Grouped: bool
+    """The application value `Grouped` of the section `LWCommenter`. At first True."""
+    ShowProtected: bool
+    """The application value `ShowProtected` of the section `LWCommenter`. At first False."""
+    ShowFriend: bool
+    """The application value `ShowFriend` of the section `LWCommenter`. At first False."""
+    ShowPrivate: bool
+    """The application value `ShowPrivate` of the section `LWCommenter`. At first False."""
+    AutoExpand: bool
+    """The application value `AutoExpand` of the section `LWCommenter`. At first True."""
+    PreviewTemplate: str
+    """The application value `PreviewTemplate` of the section `LWCommenter`. At first empty."""
+
+class IDEOptions:
+    """The user's options of the product's own environment."""
+
+    def __init__(self) -> None: ...
+    PreserveChosenContentType: bool
+    """The application value `PreserveChosenContentType`. At first True."""
+    NoProjectPropertiesHeaders: bool
+    """The application value `NoProjectPropertiesHeaders`. At first True."""
+    ToolbarStyle: lwconfig.LWToolBarStyleEnum | int
+    """The application value `ToolbarStyle`. At first `ToolbarStyleOffice2003`."""
+    DefaultPath: str
+    """Where nothing is stored, the documents folder of the user. The application value `DefaultPath`."""
+    CommentEditorView: lwconfig.CommentEditorViewEnum | int
+    """Where nothing is stored, the full view on a display wider than 1024 pixels. The application value
+    `CommentEditorView`."""
+    AutoSave: bool
+    """The application value `AutoSave`. At first False."""
+    AutoSaveInterval: int
+    """The application value `AutoSaveInterval`. At first `3`."""
+    SaveLayoutOnExit: bool
+    """The application value `SaveLayoutOnExit`. At first True."""
+    InternalHelp: bool
+    """The application value `InternalHelp` of the section `IDE`. At first True."""
+
+class SpellingOptions:
+    """The user's options of the spelling checker."""
+
+    def __init__(self) -> None: ...
+    DynamicSpell: bool
+    """The application value `DynamicSpell`. At first True."""
+    CustomDictionary: str
+    """Where nothing is stored, the file of that purpose in the common folder of the maker's products. The
+    application value `CustomDictionary`."""
+    PrimaryDictionary: str
+    """Where nothing is stored, the file of that purpose in the common folder of the maker's products. The
+    application value `PrimaryDictionary`."""
+    IgnoreMixedCase: bool
+    """The application value `IgnoreMixedCase` of the section `Spelling`. At first True."""
+    IgnoreNumbers: bool
+    """The application value `IgnoreNumbers` of the section `Spelling`. At first True."""
+    IgnoreUpperCase: bool
+    """The application value `IgnoreUpperCase` of the section `Spelling`. At first True."""
+    AlwaysSuggest: bool
+    """The application value `AlwaysSuggest` of the section `Spelling`. At first True."""
+
+class CommonEnums:
+    """Without members: publishes the enumerations that the product's tools share."""
+
+    def __init__(self) -> None: ...
+
+class Collection:
+    """The plain keyed collection of strings."""
+
+    def __init__(self) -> None: ...
+    def Item(self, Key: Any) -> str | None:
+        """The string at that position or under that key, or null. A reference lasts until the collection
+        changes."""
+    def Remove(self, Key: Any) -> None:
+        """Removes the item at that position or under that key. Error 5 for an unknown key, 9 for a position
+        out of range."""
+    def Add(self, Item: str, Key: str = ..., Before: Any = ..., After: Any = ...) -> None:
+        """Inserts `obj` before the item that `Before` names, else after the one that `After` names, else at
+        the end. An empty key is none. Error 457 for a key that is present, 5 or 9 where `Before` or `After`
+        names no item, 91 for no object; nothing is then added."""
+    @property
+    def Count(self) -> int:
+        """The number of items."""
+    def __call__(self, Key: Any) -> str | None: ...
+    def __len__(self) -> int: ...
+    def __iter__(self) -> Iterator[str]: ...
+    def __reversed__(self) -> Iterator[str]: ...
+    def __contains__(self, item: object) -> bool: ...
+    @overload
+    def __getitem__(self, key: int | str) -> str: ...
+    @overload
+    def __getitem__(self, key: slice) -> list[str]: ...
+
+class XMLDocument:
+    """One XML document, parsed or to be written. No document types are processed, no entities beyond the five
+    of XML expanded and nothing is fetched; elements may nest to any depth."""
+
+    def __init__(self) -> None: ...
+    @property
+    def RootElement(self) -> lwconfig.XMLElement:
+        """The document element; on a new document, or one whose text held none, an element without a name for
+        the caller to name and fill. Never none."""
+    def LoadXML(self, Text: str) -> bool:
+        """Replaces the document by the one in `Text`. False when the text is not well-formed: the document is
+        then the part before the fault. Elements taken from the document before stay what they were."""
+    def LoadXMLWithOption(self, Text: str, Option: bool) -> bool:
+        """As `LoadXML`. With `Option`, the text of an element is what was written in it, white space
+        included; in an element with markup inside, such as HTML, the markup is part of the text, and nothing
+        is resolved. `SourcePath` is the file that the text was read from, if any, which errors then name as
+        their place."""
+    @property
+    def XML(self) -> str:
+        """The whole document as UTF-8 text with an XML declaration."""
+
+class XMLElement:
+    """One element of a document. A handle: it stays valid as long as it is held, and copies refer to the same
+    element."""
+
+    Name: str
+    """The tag name as written in the file. When set: error 5 for a text that is no XML name."""
+    @property
+    def Text(self) -> str:
+        """The character data directly inside the element, joined; what was written in it where the document
+        was loaded so."""
+    @property
+    def Attributes(self) -> lwconfig.XMLAttributes:
+        """The attributes, in the order of the file."""
+    @property
+    def Children(self) -> lwconfig.XMLElements:
+        """The child elements, in the order of the file."""
+    def AddAttribute(self, Name: str, Value: str) -> lwconfig.XMLAttribute:
+        """Appends an attribute. Error 5 for a value with a NUL character, which no file can hold."""
+    def AddElement(self, Name: str, Text: str) -> lwconfig.XMLElement:
+        """Appends a child element with this tag name and text. Error 5 as above."""
+
+class XMLElements:
+    """The child elements of one element, in document order."""
+
+    def Item(self, Key: int) -> lwconfig.XMLElement | None:
+        """The child at a position from 1. Error 9 where there is none."""
+    @property
+    def Count(self) -> int:
+        """The number of child elements."""
+    def __call__(self, Key: int) -> lwconfig.XMLElement | None: ...
+    def __len__(self) -> int: ...
+    def __iter__(self) -> Iterator[lwconfig.XMLElement]: ...
+    def __reversed__(self) -> Iterator[lwconfig.XMLElement]: ...
+    def __contains__(self, item: object) -> bool: ...
+    @overload
+    def __getitem__(self, key: int | str) -> lwconfig.XMLElement: ...
+    @overload
+    def __getitem__(self, key: slice) -> list[lwconfig.XMLElement]: ...
+
+class XMLAttributes:
+    """The attributes of one element, looked up by name without regard to letter case."""
+
+    def Item(self, Key: Any) -> lwconfig.XMLAttribute | None:
+        """The attribute of that name. Error 5 where the element has no such attribute, with the element's
+        place."""
+    def __call__(self, Key: Any) -> lwconfig.XMLAttribute | None: ...
+
+class XMLAttribute:
+    """One attribute. A handle: it stays valid as long as it is held, and copies refer to the same attribute."""
+
+    @property
+    def Value(self) -> str:
+        """The value, entities resolved."""
+
+class DiskFile:
+    """One path on disk, held as folder, base name and extension, and the file there while it is open. Paths
+    are in the product's notation: backslashes, slashes accepted, repeated separators taken as one."""
+
+    def __init__(self) -> None: ...
+    Folder: str
+    """The folder part of the path, with or without a backslash at its end."""
+    @property
+    def FolderPath(self) -> str:
+        """The folder part, ending with a backslash; empty when there is none."""
+    BaseName: str
+    """The file name without its extension."""
+    Extension: str
+    """The extension without a dot in front. When set: with or without a dot in front."""
+    @property
+    def FileName(self) -> str:
+        """Base name and extension, without folder."""
+    FullPath: str
+    """Folder, base name and extension, as one path. When set: splits the path; the extension is what follows
+    the last dot of the file name."""
+    @property
+    def Exists(self) -> bool:
+        """Whether a file, not a folder, exists at the full path."""
+    @property
+    def IsFolder(self) -> bool:
+        """Whether the full path names an existing folder."""
+    def Open(self, Mode: int, Access: int, Share: int, RecordLength: Any) -> None:
+        """Opens the file: (3, 1) an existing file for reading, (4, 2) for writing from its start, whatever
+        stood in it. `share` and `recordLength` are accepted and have no effect. A file that cannot be opened
+        leaves `IsOpen` false and raises nothing. Error 5 for other modes."""
+    @property
+    def IsOpen(self) -> bool:
+        """Whether the last `Open` succeeded and no `Close` followed."""
+    @property
+    def ReadAll(self) -> str:
+        """The whole content as text without byte-order mark, also of a file that was never opened; empty for
+        one that does not exist. Error 70 or 75 for one that exists and cannot be read."""
+    def Write(self, Text: str) -> None:
+        """Appends text (UTF-8) to a file open for writing. The error of the failed `Open` where there was
+        one, else error 52 when the file is not open for writing; 5 for text that is not valid UTF-8, 75 for a
+        failing disk. The file on disk keeps its old content until `Close`."""
+    def Close(self) -> None:
+        """Closes the file. What was written is made durable and put in place in one step; when that fails,
+        the error of the file layer is raised and the old content stays."""
+    def Delete(self) -> None:
+        """Deletes the file. Error 53 when there is none."""
+    def Files(self, Pattern: str, Mode: int) -> lwconfig.DiskFiles:
+        """The entries of the folder that match the pattern, in name order without regard to letter case,
+        without hidden ones. `mode` is accepted and has no effect. A folder that does not exist has none;
+        error 70 or 75 for one that cannot be listed."""
+
+class DiskFiles:
+    """The files of a folder listing, as callers get them, without keys."""
+
+    def __init__(self) -> None: ...
+    def Item(self, Key: Any) -> lwconfig.DiskFile | None:
+        """The item at that position or under that key, or null."""
+    @property
+    def Count(self) -> int:
+        """The number of items."""
+    def __call__(self, Key: Any) -> lwconfig.DiskFile | None: ...
+    def __len__(self) -> int: ...
+    def __iter__(self) -> Iterator[lwconfig.DiskFile]: ...
+    def __reversed__(self) -> Iterator[lwconfig.DiskFile]: ...
+    def __contains__(self, item: object) -> bool: ...
+    @overload
+    def __getitem__(self, key: int | str) -> lwconfig.DiskFile: ...
+    @overload
+    def __getitem__(self, key: slice) -> list[lwconfig.DiskFile]: ...
+
+class RegistryAccess:
+    """The registry. Hives are 0x80000001 (current user) and 0x80000002 (local machine); any other is error 5.
+    A registry that cannot be read or written is error 70 or 75, with file, line and column where one is
+    damaged."""
+
+    def __init__(self) -> None: ...
+    def GetValue(self, Hive: int, KeyPath: str, ValueName: str) -> Any:
+        """The value; nothing where key or value are absent. A value that is neither a text nor a number is
+        given as the hexadecimal digits of its bytes."""
+    def CreateKey(self, Hive: int, KeyPath: str) -> None:
+        """Creates the key and any missing parents; an existing key is left alone."""
+    def SetValue(self, Hive: int, KeyPath: str, ValueName: str, Value: Any, ValueType: int) -> None:
+        """Writes a text (type 1, or 2 with environment variables) or a number (type 4). Error 5 for other
+        types, 13 for data that the type cannot hold."""
+
+class StringTools:
+    """Text and collection helpers."""
+
+    def __init__(self) -> None: ...
+    def KeyExists(self, Collection: lwconfig.Collection | None, Key: str) -> bool:
+        """Whether the collection holds an item under the key."""
+    def JoinCollection(self, Collection: lwconfig.Collection | None, Separator: str) -> str:
+        """The items joined with the separator, in order."""
+    def Piece(self, Text: str, Separator: str, Index: int) -> str:
+        """The `index`-th piece, from 1, of the text split at the separator; empty where there is none."""
+    def ObjectKeyExists(self, Collection: Any, Key: str) -> bool:
+        """Whether a collection object yields an item for the key."""
+    def SplitToCollection(self, Text: str, Separator: str) -> lwconfig.Collection:
+        """The pieces of the text split at the separator, in order, without keys."""
+    def ExpandPlaceholders(self, Format: str, Values: lwconfig.Collection | None, Delimiter: str) -> str:
+        """Replaces each placeholder, a name between two delimiters, by the value filed under that name. A
+        name that has no value and a lone delimiter are copied unchanged; values are not expanded again."""

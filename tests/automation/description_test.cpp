@@ -1,0 +1,108 @@
+#include <set>
+
+#include <gmock/gmock.h>
+
+#include <lwconfig/automation/contracts.h>
+#include <lwconfig/automation/idl.h>
+#include <lwconfig/automation/published.h>
+#include <lwconfig/automation/python_stubs.h>
+#include <lwconfig/automation/signature.h>
+
+namespace lwconfig::automation {
+namespace {
+
+using ::testing::HasSubstr;
+using ::testing::StartsWith;
+
+TEST(Contracts, ComeFromTheHeaders) {
+  const struct {
+    const char* What;
+    const char* Owner;
+    const char* Member;
+    const char* Text;
+  } kRows[] = {
+      {"of a class", "VariableDefs", "", "The variables of a template, filed under their names."},
+      {"beside a member", "PageTemplate", "RootFolder", "The template's folder, with trailing backslash."},
+      {"above several members", "Root", "VBOptions",
+       "The user's options. They hold no values: each read and write goes to the registry."},
+      {"with the value at first", "PageLayout", "DependantCount",
+       "How many of them the page depends on. At first `-1`."},
+      {"of getter and setter", "NodeDef", "ParentKey",
+       "The key of the parent node; empty for a root node. When set: does not change the parent until "
+       "`CementReferences` runs."},
+      {"of a setter alone", "DiskFile", "Folder",
+       "The folder part of the path, with or without a backslash at its end."},
+      {"of the base", "VariableDefs", "Count", "The number of items."},
+      {"of base and class", "ModelCommentProfiles", "Remove",
+       "As of every collection; then the profiles are dirty.\n\nEvery collection: removes the item at that "
+       "position "
+       "or under that key. Error 5 for an unknown key, 9 for a position out of range."},
+      {"of an option", "VBOptions", "VBAShowFriend",
+       "The application value `ShowFriend` of the section `VBA`. At first True."},
+      {"of an option with a computed default", "IDEOptions", "DefaultPath",
+       "Where nothing is stored, the documents folder of the user. The application value `DefaultPath`."},
+      {"of an event", "PageLayouts", "ContentsChange", "Raised at the end of every `Add` that succeeded."},
+      {"of a value", "NodeTypeEnum", "ntSmart", "repeats for every code element of one kind"},
+      {"of nothing", "VariableDefs", "Colour", ""}};
+  for (const auto& row : kRows) EXPECT_EQ(Contract(row.Owner, row.Member), row.Text) << row.What;
+  EXPECT_EQ(Summary(Contract("Root", "VBOptions")), "The user's options.");
+}
+
+TEST(Contracts, TellAboutEverythingPublished) {
+  for (const ClassInfo* info : PublishedClasses()) {
+    EXPECT_NE(Contract(info->Name()), "") << info->Name();
+    for (const auto& member : info->Members())
+      EXPECT_NE(Contract(info->Name(), member.Name), "") << info->Name() << "." << member.Name;
+    for (const EventInfo& event : info->Events())
+      EXPECT_NE(Contract(info->Name(), event.Name), "") << info->Name() << "." << event.Name;
+  }
+  for (const EnumInfo* info : PublishedEnumerations()) {
+    EXPECT_NE(Contract(info->Name), "") << info->Name;
+    for (const EnumMember& member : info->Members)
+      EXPECT_NE(Contract(info->Name, member.Name), "") << info->Name << "." << member.Name;
+  }
+}
+
+TEST(Identities, AreOneForEachName) {
+  std::set<std::string_view> seen{Identity("LWConfigObjects")};
+  const auto add = [&](const std::string& name) {
+    EXPECT_EQ(Identity(name).size(), 36U) << name;
+    EXPECT_TRUE(seen.insert(Identity(name)).second) << name;
+  };
+  for (const ClassInfo* info : PublishedClasses()) {
+    const std::string name = info->Name();
+    add("class." + name);
+    add("interface._" + name);
+    add("events.__" + name);
+  }
+  for (const EnumInfo* info : PublishedEnumerations()) add(std::string("enumeration.") + info->Name);
+  EXPECT_EQ(Identity("class.Nothing"), "");
+}
+
+TEST(InterfaceDescription, DeclaresEveryKindOfMember) {
+  const std::string idl = InterfaceDescription();
+  for (const char* declaration :
+       {"HRESULT NewEnum([out, retval] IUnknown** Result);", "HRESULT Tag([in] VARIANT Value);",
+        "HRESULT Add([in] _PageLayout* obj, [in, optional, defaultvalue(\"\")] BSTR Key, [in, optional] "
+        "VARIANT "
+        "Before, [in, optional] VARIANT After);",
+        "HRESULT AllNamespaceDefs([in, out, optional, defaultvalue(0)] _NamespaceDefs** col, [out, retval] "
+        "_NamespaceDefs** Result);",
+        "HRESULT VerifyMoniker([in] BSTR Moniker, [in, out] BSTR* Message, [out, retval] VARIANT_BOOL* "
+        "Result);",
+        "HRESULT MemberType([in] ElementTypeEnum Value);", "void DirtyStateChanged();"})
+    EXPECT_THAT(idl, HasSubstr(declaration));
+}
+
+TEST(PythonStubs, TellWhatPythonMakesOfMembers) {
+  const std::string stubs = PythonStubs();
+  for (const char* declaration :
+       {"    def VerifyMoniker(self, Moniker: str, Message: str) -> tuple[bool, str]:\n",
+        "    def Phrase(self, Name: str) -> str:\n", "    @property\n    def ConfigPath(self) -> str:\n",
+        "    def __call__(self, Key: Any) -> lwconfig.PageLayout | None: ...\n",
+        "    PageType: lwconfig.PageTypeEnum | int\n", "\npgMethod = PageTypeEnum.pgMethod\n"})
+    EXPECT_THAT(stubs, HasSubstr(declaration));
+}
+
+}  // namespace
+}  // namespace lwconfig::automation
