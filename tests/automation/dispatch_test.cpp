@@ -181,6 +181,13 @@ TEST_F(DispatchTest, ReachesItemsByPositionKeyAndDefaultMember) {
   EXPECT_TRUE(items->Clone()->Next(next));
 }
 
+TEST_F(DispatchTest, AddedAttributesAreGivenBack) {
+  const AnyObject element = Get(New("XMLDocument"), "RootElement");
+  Call(element, "AddAttribute", {std::string("a"), std::string("1")});
+  const AnyObject second = Get(element, "AddAttribute", {std::string("A"), std::string("2")});
+  EXPECT_EQ(Text(Call(second, "Value")), "2");
+}
+
 TEST_F(DispatchTest, ByReferenceArgumentsComeBack) {
   const AnyObject profile = New("NamespaceDefs");
   const AnyObject definition = New("NamespaceDef");
