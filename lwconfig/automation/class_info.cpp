@@ -13,15 +13,14 @@ std::uint32_t Hash(std::string_view name) {
 
 /// What the values that hold enumerators have as their class.
 const ClassInfo& EnumeratorClass() {
-  static const ClassInfo info("Enumerator", nullptr, {}, {});
+  static const ClassInfo info("Enumerator", {});
   return info;
 }
 
 }  // namespace
 
-ClassInfo::ClassInfo(const char* name, Creator create, std::span<const MemberInfo> slots,
-                     std::span<const EventInfo> events)
-    : mName(name), mCreate(create), mSlots(slots), mEvents(events) {
+ClassInfo::ClassInfo(const char* name, std::span<const MemberInfo> slots, ClassExtras extras)
+    : mName(name), mSlots(slots), mExtras(extras) {
   std::int32_t lastId = 0;
   for (const MemberInfo& slot : slots) {
     auto place =
@@ -46,11 +45,17 @@ ClassInfo::ClassInfo(const char* name, Creator create, std::span<const MemberInf
 }
 
 AnyObject ClassInfo::Create() const {
-  if (mCreate == nullptr) {
+  if (!IsCreatable()) {
     throw Error(kCannotCreateObject, std::string("Objects of the class ") + mName +
                                          " cannot be created; other objects hand them out");
   }
-  return {mCreate(), this};
+  return {mExtras.Create(), this};
+}
+
+AnyObject ClassInfo::Implement(Implementation implementation) const {
+  if (!IsImplementable())
+    throw Error(kCannotCreateObject, std::string("The class ") + mName + " is not one that others implement");
+  return {mExtras.Implement(std::move(implementation)), this};
 }
 
 const ClassInfo::Member* ClassInfo::Find(std::string_view name) const {
@@ -66,10 +71,10 @@ const ClassInfo::Member* ClassInfo::Find(std::int32_t id) const {
 }
 
 const EventInfo* ClassInfo::FindEvent(std::string_view name) const {
-  const auto found = std::find_if(mEvents.begin(), mEvents.end(), [&](const EventInfo& event) {
+  const auto found = std::find_if(mExtras.Events.begin(), mExtras.Events.end(), [&](const EventInfo& event) {
     return EqualIgnoringCase(event.Name, name);
   });
-  return found == mEvents.end() ? nullptr : &*found;
+  return found == mExtras.Events.end() ? nullptr : &*found;
 }
 
 std::shared_ptr<Enumerator> EnumeratorIn(const Variant& value) {

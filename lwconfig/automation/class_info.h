@@ -6,6 +6,7 @@
 #include <functional>
 #include <memory>
 #include <span>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -85,9 +86,31 @@ struct MemberInfo {
   }
 };
 
+/// What faces want to know of a collection beyond its published members.
+struct CollectionInfo {
+  /// Whether the key names an item, where `Item` may answer with another.
+  bool (*Contains)(const std::shared_ptr<void>& self, const ItemKey& key) = nullptr;
+  /// The key at a position from 1 to `Count`; empty where the item has none.
+  std::string (*KeyAt)(const std::shared_ptr<void>& self, std::int32_t position) = nullptr;
+};
+
+/// The members that somebody else's object has in place of those of a class that others may implement.
+/// Returns false for a member that it does not have; that of the class is then used. By-reference arguments
+/// may be replaced.
+using Implementation =
+    std::function<bool(std::string_view member, std::span<Variant> arguments, Variant& result)>;
+
 struct EventInfo {
   const char* Name;
   Connection (*Connect)(const std::shared_ptr<void>& self, std::function<void()> handler);
+};
+
+/// What a class may have beyond its slots.
+struct ClassExtras {
+  std::shared_ptr<void> (*Create)() = nullptr;  // null where the objects come from other objects only
+  std::span<const EventInfo> Events{};          // they live as long as the process
+  CollectionInfo Collection{};
+  std::shared_ptr<void> (*Implement)(Implementation) = nullptr;  // of a contract that others implement
 };
 
 /// A published class. Its interface has the name of the class after an underscore.
@@ -102,35 +125,35 @@ class ClassInfo {
     const MemberInfo* Let = nullptr;
     const MemberInfo* Set = nullptr;
   };
-  using Creator = std::shared_ptr<void> (*)();
 
-  /// `create` is null for a class whose objects come from other objects only. `slots` and `events` live as
-  /// long as the process.
-  ClassInfo(const char* name, Creator create, std::span<const MemberInfo> slots,
-            std::span<const EventInfo> events);
+  /// The slots live as long as the process.
+  ClassInfo(const char* name, std::span<const MemberInfo> slots, ClassExtras extras = {});
   ClassInfo(const ClassInfo&) = delete;
   ClassInfo& operator=(const ClassInfo&) = delete;
 
   const char* Name() const { return mName; }
-  bool IsCreatable() const { return mCreate != nullptr; }
+  bool IsCreatable() const { return mExtras.Create != nullptr; }
   /// A new object; error 429 where clients cannot create one.
   AnyObject Create() const;
+  /// An object of the class with somebody else's members; error 429 where the class is not one to implement.
+  AnyObject Implement(Implementation implementation) const;
+  bool IsImplementable() const { return mExtras.Implement != nullptr; }
   /// In interface order.
   std::span<const MemberInfo> Slots() const { return mSlots; }
-  std::span<const EventInfo> Events() const { return mEvents; }
+  std::span<const EventInfo> Events() const { return mExtras.Events; }
   /// In interface order, each property once.
   const std::vector<Member>& Members() const { return mMembers; }
   /// The member of that name, letter case ignored, or null.
   const Member* Find(std::string_view name) const;
   const Member* Find(std::int32_t id) const;
   const EventInfo* FindEvent(std::string_view name) const;
-  bool IsCollection() const { return Find(kNewEnumId) != nullptr; }
+  bool IsCollection() const { return mNewEnum != nullptr; }
+  const CollectionInfo& Collection() const { return mExtras.Collection; }
 
  private:
   const char* mName;
-  Creator mCreate;
   std::span<const MemberInfo> mSlots;
-  std::span<const EventInfo> mEvents;
+  ClassExtras mExtras;
   std::vector<Member> mMembers;
   KeyIndex mByName;
   std::vector<const Member*> mById;  // those from 0 on

@@ -121,8 +121,8 @@ Operation Describe(const ClassInfo& info, const MemberInfo& slot, const Argument
               problem.Where());
 }
 
-Variant Call(const AnyObject& object, const ClassInfo& info, const MemberInfo& slot,
-             const Arguments& arguments) {
+Variant Call(const AnyObject& object, const MemberInfo& slot, const Arguments& arguments) {
+  const ClassInfo& info = *object.Class;
   ArgumentArray values;
   if (slot.ParameterCount != 0 || !arguments.Ordered.empty() || !arguments.Named.empty())
     values = Place(info, slot, arguments);
@@ -147,8 +147,8 @@ Variant InvokeMember(const AnyObject& object, const ClassInfo& info, const Class
   const bool indexesResult = slot.Kind == kPropertyGet && slot.ParameterCount == 0 &&
                              slot.Result.Kind != ValueKind::Enumerator &&
                              (!arguments.Ordered.empty() || !arguments.Named.empty());
-  if (!indexesResult) return Call(object, info, slot, arguments);
-  const Variant result = Call(object, info, slot, {});
+  if (!indexesResult) return Call(object, slot, arguments);
+  const Variant result = Call(object, slot, {});
   const auto* held = std::get_if<AnyObject>(&result);
   if (held == nullptr) {
     throw Error(kWrongArgumentCount, FullName(info, slot.Name) + " takes no arguments, " +
@@ -179,6 +179,11 @@ Variant Invoke(const AnyObject& object, std::int32_t id, unsigned kinds, Argumen
                                                            : " has no member number " + std::to_string(id)));
   }
   return InvokeMember(object, info, *found, kinds, arguments);
+}
+
+Variant Invoke(const AnyObject& object, const MemberInfo& slot, Arguments arguments) {
+  CheckedClass(object);
+  return Call(object, slot, arguments);
 }
 
 Connection Connect(const AnyObject& object, std::string_view event, std::function<void()> handler) {

@@ -37,6 +37,9 @@ struct Arguments {
 Variant Invoke(const AnyObject& object, std::string_view member, unsigned kinds, Arguments arguments = {});
 Variant Invoke(const AnyObject& object, std::int32_t id, unsigned kinds, Arguments arguments = {});
 
+/// As above for one slot of the object's class.
+Variant Invoke(const AnyObject& object, const MemberInfo& slot, Arguments arguments = {});
+
 /// Connects a handler to the object's event of that name, letter case ignored, as long as the result lives.
 /// Error 459 where there is none.
 [[nodiscard]] Connection Connect(const AnyObject& object, std::string_view event,

@@ -91,15 +91,23 @@ class Interface {
     return all;
   }
 
-  /// Describes the class; `slots` and `events` must be static.
+  /// Describes the class; `slots` and `events` must be static. `implement` makes objects with somebody else's
+  /// members.
   template <std::size_t N, std::size_t M = 0>
   static ClassInfo Class(const char* name, const SlotList<N>& slots,
-                         const std::array<EventInfo, M>& events = std::array<EventInfo, 0>{}) {
-    ClassInfo::Creator create = nullptr;
-    if constexpr (std::is_default_constructible_v<T>) {
-      create = [] { return std::shared_ptr<void>(std::make_shared<T>()); };
+                         const std::array<EventInfo, M>& events = std::array<EventInfo, 0>{},
+                         decltype(ClassExtras::Implement) implement = nullptr) {
+    ClassExtras extras{.Events = events, .Implement = implement};
+    if constexpr (std::is_default_constructible_v<T>)
+      extras.Create = [] { return std::shared_ptr<void>(std::make_shared<T>()); };
+    if constexpr (requires(const T& t) { t.Contains(ItemKey()), t.KeyAt(1); }) {
+      extras.Collection = {
+          [](const std::shared_ptr<void>& self, const ItemKey& key) { return Self(self).Contains(key); },
+          [](const std::shared_ptr<void>& self, std::int32_t position) {
+            return Self(self).KeyAt(position);
+          }};
     }
-    return ClassInfo(name, create, slots, events);
+    return ClassInfo(name, slots, extras);
   }
 
   /// A property to read and write: one data member, or the functions to get and set it.

@@ -28,6 +28,8 @@ class KeyedCollection {
     const Pointer* item = mCol.Find(Key);
     return item != nullptr ? *item : nullptr;
   }
+  /// Whether the key names an item.
+  virtual bool Contains(const ItemKey& Key) const { return mCol.Find(Key) != nullptr; }
   /// Removes the item at that position or under that key. Error 5 for an unknown key, 9 for a position out of
   /// range.
   virtual void Remove(const ItemKey& Key) { mCol.Remove(Key); }
@@ -59,6 +61,7 @@ class Collection : public Counted<Collection> {
 
   /// The string at that position or under that key, or null. A reference lasts until the collection changes.
   const std::string* Item(const ItemKey& Key) const { return mCol.Find(Key); }
+  bool Contains(const ItemKey& Key) const { return Item(Key) != nullptr; }
   /// As of every collection.
   void Remove(const ItemKey& Key) { mCol.Remove(Key); }
   /// As of every collection.

@@ -20,6 +20,7 @@ class PageTemplates : public KeyedCollection<PageTemplate>, public Counted<PageT
   /// As of every collection; where no item has the key, a text also finds the first template of that name,
   /// letter case ignored.
   Pointer Item(const ItemKey& Key) const override;
+  bool Contains(const ItemKey& Key) const override { return Item(Key) != nullptr; }
   /// As of every collection, but a key that is present is told by a message box: nothing is added or raised.
   void Add(Pointer obj, std::string_view Key = {}, const ItemKey& Before = {},
            const ItemKey& After = {}) override;

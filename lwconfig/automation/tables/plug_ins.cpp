@@ -1,3 +1,4 @@
+#include <lwconfig/automation/implemented_provider.h>
 #include <lwconfig/automation/publish.h>
 #include <lwconfig/automation/published.h>
 
@@ -59,7 +60,8 @@ const ClassInfo& ClassOf<INamespaceProvider>() {
                                                                    "RelativeToFileName"),
                I::Method<&INamespaceProvider::MakeMonikerAbsolute>("MakeMonikerAbsolute", "Moniker",
                                                                    "RelativeToFileName"));
-  static const ClassInfo info = I::Class("INamespaceProvider", kSlots);
+  static const ClassInfo info =
+      I::Class("INamespaceProvider", kSlots, std::array<EventInfo, 0>{}, ImplementProvider);
   return info;
 }
 
