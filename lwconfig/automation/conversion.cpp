@@ -12,9 +12,9 @@ namespace lwconfig::automation {
 namespace {
 
 std::string NumberText(double number) {
-  std::array<char, 32> digits;
-  const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), number).ptr;
-  return {digits.data(), end};
+  std::array<char, 32> digits{};
+  std::to_chars(digits.data(), digits.data() + digits.size() - 1, number);
+  return digits.data();
 }
 
 [[noreturn]] void FailConversion(const Variant& value, const char* wanted) {

@@ -1,0 +1,24 @@
+#pragma once
+
+#include <pybind11/pybind11.h>
+
+#include <lwconfig/automation/class_info.h>
+
+namespace lwconfig::python {
+
+/// Calls of published members with Python's arguments. None for an argument that may be left out leaves it
+/// out. Failures are set as Python exceptions, and the result is then null or -1.
+
+/// The slot's result; where it has by-reference parameters a tuple of the result and these.
+PyObject* CallSlot(PyObject* self, const automation::MemberInfo& slot, PyObject* const* arguments,
+                   std::size_t count, PyObject* names = nullptr);
+PyObject* GetProperty(PyObject* self, const automation::MemberInfo& getter);
+/// `value` is null for a deletion, which is refused.
+int SetProperty(PyObject* self, const automation::ClassInfo::Member& member, PyObject* value);
+
+/// A callable object that is a method of its class.
+pybind11::object MakeMethod(const automation::MemberInfo& slot);
+/// Makes the type of such objects.
+void PrepareMethods();
+
+}  // namespace lwconfig::python

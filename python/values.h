@@ -1,0 +1,24 @@
+#pragma once
+
+#include <pybind11/pybind11.h>
+
+#include <lwconfig/automation/class_info.h>
+#include <lwconfig/core/variant.h>
+
+namespace lwconfig::python {
+
+/// Values on their way between Python and the published interface. Texts that are not valid UTF-8 keep their
+/// bytes through Python's surrogates. Failures are Python exceptions (`error_already_set`).
+
+/// None is no object; integers beyond 32 bits are doubles; objects of no published class pass as they are.
+Variant FromPython(pybind11::handle value);
+
+/// No object, empty and Null are None; an integer of an enumeration is its member, where it has one.
+pybind11::object ToPython(const Variant& value, const automation::TypeInfo& type = {});
+
+/// The IntEnum of an enumeration; made when first asked for.
+pybind11::object EnumerationType(const automation::EnumInfo& info);
+
+pybind11::str ToPythonText(std::string_view text);
+
+}  // namespace lwconfig::python
