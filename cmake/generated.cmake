@@ -3,7 +3,7 @@
 #   cmake -D COMMAND=<lwconfig> -D SOURCE_DIR=<tree> [-D WRITE=ON] -P generated.cmake
 cmake_minimum_required(VERSION 3.25)
 
-set(files com/LWConfigObjects.idl docs/reference.md python/lwconfig.pyi)
+set(files com/LWConfigObjects.idl docs/reference.md python/lwconfig/__init__.pyi)
 set(options --idl --markdown --stubs)
 
 set(stale "")

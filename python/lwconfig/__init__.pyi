@@ -1872,9 +1872,13 @@ class XMLElement:
     def Children(self) -> lwconfig.XMLElements:
         """The child elements, in the order of the file."""
     def AddAttribute(self, Name: str, Value: str) -> lwconfig.XMLAttribute:
-        """Appends an attribute. Error 5 for a value with a NUL character, which no file can hold."""
+        """Appends an attribute. The value comes back exactly as it was set: control characters other than tab
+        and line breaks are written as references too, which XML 1.0 does not provide for and this library
+        reads. Error 5 for a name that is no XML name, and for a value with a NUL character, which no file can
+        hold."""
     def AddElement(self, Name: str, Text: str) -> lwconfig.XMLElement:
-        """Appends a child element with this tag name and text. Error 5 as above."""
+        """Appends a child element with this tag name and text, which comes back in the same way. Error 5 as
+        above."""
 
 class XMLElements:
     """The child elements of one element, in document order."""
@@ -1991,8 +1995,8 @@ class RegistryAccess:
     def CreateKey(self, Hive: int, KeyPath: str) -> None:
         """Creates the key and any missing parents; an existing key is left alone."""
     def SetValue(self, Hive: int, KeyPath: str, ValueName: str, Value: Any, ValueType: int) -> None:
-        """Writes a text (type 1, or 2 with environment variables) or a number (type 4). Error 5 for other
-        types, 13 for data that the type cannot hold."""
+        """Writes a text (type 1, or 2 with environment variables) or a number (type 4), creating the key and
+        any missing parents. Error 5 for other types, 13 for data that the type cannot hold."""
 
 class StringTools:
     """Text and collection helpers."""
