@@ -16,6 +16,11 @@ install(DIRECTORY lwconfig DESTINATION ${CMAKE_INSTALL_INCLUDEDIR} FILES_MATCHIN
 
 set_target_properties(lwconfig-cli PROPERTIES INSTALL_RPATH "\$ORIGIN/${lib_below_bin}")
 install(TARGETS lwconfig-cli)
+install(FILES share/completion/lwconfig.bash RENAME lwconfig
+        DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions)
+install(FILES share/completion/_lwconfig DESTINATION ${CMAKE_INSTALL_DATADIR}/zsh/site-functions)
+install(FILES share/completion/lwconfig.fish DESTINATION ${CMAKE_INSTALL_DATADIR}/fish/vendor_completions.d)
+install(FILES docs/lwconfig.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
 install(DIRECTORY share/starter DESTINATION ${CMAKE_INSTALL_DATADIR}/lwconfig PATTERN .gitattributes EXCLUDE)
 
 install(EXPORT lwconfig NAMESPACE lwconfig:: FILE lwconfig-config.cmake DESTINATION ${package_dir})

@@ -12,9 +12,10 @@
 namespace lwconfig::tool {
 namespace {
 
-constexpr std::array kCommands{AddShowCommand,  AddOptionsCommand,  AddPhraseCommand, AddScrapCommand,
-                               AddLinkCommand,  AddTemplateCommand, AddInitCommand,   AddRegistryCommand,
-                               AddCheckCommand, AddDescribeCommand};
+constexpr std::array kCommands{AddShowCommand,     AddCheckCommand,      AddGetCommand,    AddListCommand,
+                               AddEditCommands,    AddOptionsCommand,    AddPhraseCommand, AddScrapCommand,
+                               AddLinkCommand,     AddTemplateCommand,   AddInitCommand,   AddRegistryCommand,
+                               AddDescribeCommand, AddCompletionCommands};
 
 constexpr const char* kFooter = R"(Examples:
   lwconfig show                        everything
@@ -22,7 +23,8 @@ constexpr const char* kFooter = R"(Examples:
   lwconfig show --config ./share       the configuration in a folder
   lwconfig show plugins --json         for programs
   lwconfig check                       what is wrong with it
-  lwconfig options set VBOptions.WrapCharacters 72
+  lwconfig get 'PageTemplates[VBTechDoc].PageLayouts[1].TitleTemplate'
+  lwconfig set VBOptions.WrapCharacters 72
   lwconfig phrase VBTechDoc --compare  phrases that one language lacks
   lwconfig link System.Windows.Forms.Button --url
   lwconfig template clone VBTechDoc "House style" House
@@ -63,7 +65,9 @@ class HelpFormatter final : public CLI::Formatter {
 
 std::vector<std::string> CommandNames(const CLI::App& app) {
   std::vector<std::string> names;
-  for (const auto* command : app.get_subcommands({})) names.push_back(command->get_name());
+  for (const auto* command : app.get_subcommands({})) {
+    if (!command->get_group().empty()) names.push_back(command->get_name());
+  }
   return names;
 }
 

@@ -56,6 +56,10 @@ void Reporter::EraseProgress() {
   if (mProgress) mProgress->Erase();
 }
 
+void Reporter::WriteLine(const std::string& text) const {
+  if (!mIsQuiet) std::fputs((text + "\n").c_str(), stderr);
+}
+
 void Reporter::Note(std::string_view text) {
   WriteLine("lwconfig: note: " + Printable(text));
 }
@@ -66,8 +70,7 @@ void Reporter::Fail(const Error& failure) {
 }
 
 void Reporter::Fail(ExitStatus status, std::string_view text) {
-  WriteLine("lwconfig: error: " + Printable(text));
-  Raise(status);
+  FailAt(status, {}, text);
 }
 
 void Reporter::FailUnknown(ExitStatus status, std::string_view wanted,
@@ -77,7 +80,13 @@ void Reporter::FailUnknown(ExitStatus status, std::string_view wanted,
   if (nearest.empty()) nearest = Nearest(wanted, otherNames);
   std::string text = "there is no '" + std::string(wanted) + "'";
   if (!nearest.empty()) text += "; did you mean '" + nearest + "'?";
-  Fail(status, text);
+  FailAt(status, {}, text, existing);
+}
+
+void Reporter::FailAt(ExitStatus status, const FilePosition& position, std::string_view text,
+                      const std::vector<std::string>& existing) {
+  WriteLine(Place(position) + "error: " + Printable(text));
+  Raise(status);
   if (!existing.empty()) WriteLine("What there is:");
   for (std::size_t at = 0; at < std::min(existing.size(), kNamesListed); ++at) {
     WriteLine("  " + Printable(existing[at]));
@@ -87,7 +96,7 @@ void Reporter::FailUnknown(ExitStatus status, std::string_view wanted,
 }
 
 void Reporter::Raise(ExitStatus status) {
-  mStatus = std::max(mStatus, status);
+  if (!mIsQuiet) mStatus = std::max(mStatus, status);
 }
 
 void Reporter::Warn(const Diagnostic& diagnostic) {

@@ -37,11 +37,17 @@ class Reporter {
   /// `otherNames`.
   void FailUnknown(ExitStatus status, std::string_view wanted, const std::vector<std::string>& existing,
                    const std::vector<std::string>& otherNames = {});
+  /// Something wrong at a place in a file, or, where that has no name, in the command line. `existing` is
+  /// what there is instead.
+  void FailAt(ExitStatus status, const FilePosition& position, std::string_view text,
+              const std::vector<std::string>& existing = {});
   /// Raises the exit status and tells nothing.
   void Raise(ExitStatus status);
 
   /// Makes the terminal ready for output.
   void EraseProgress();
+  /// Nothing is told, and the status stays as it is, from now on.
+  void BeQuiet() { mIsQuiet = true; }
 
   ExitStatus Status() const { return mStatus; }
 
@@ -51,6 +57,7 @@ class Reporter {
   void Warn(const platform::Message& message);
 
   ExitStatus mStatus = ExitStatus::Done;
+  bool mIsQuiet = false;
   DiagnosticHandler mPreviousDiagnosticHandler;
   platform::MessageBoxHandler mPreviousMessageBoxHandler;
   ProgressHandler mPreviousProgressHandler;

@@ -11,6 +11,10 @@ namespace lwconfig::tool {
 
 /// Each adds one command: its options, its help and what it does. `reporter` outlives `app`.
 void AddShowCommand(CLI::App& app, Reporter& reporter);
+void AddGetCommand(CLI::App& app, Reporter& reporter);
+void AddListCommand(CLI::App& app, Reporter& reporter);
+/// 'set', 'add', 'remove', 'call' and 'apply'.
+void AddEditCommands(CLI::App& app, Reporter& reporter);
 void AddOptionsCommand(CLI::App& app, Reporter& reporter);
 void AddPhraseCommand(CLI::App& app, Reporter& reporter);
 void AddScrapCommand(CLI::App& app, Reporter& reporter);
@@ -20,6 +24,8 @@ void AddInitCommand(CLI::App& app, Reporter& reporter);
 void AddRegistryCommand(CLI::App& app, Reporter& reporter);
 void AddCheckCommand(CLI::App& app, Reporter& reporter);
 void AddDescribeCommand(CLI::App& app, Reporter& reporter);
+/// 'completion', and the hidden 'complete' that its scripts call.
+void AddCompletionCommands(CLI::App& app, Reporter& reporter);
 
 /// How a command is to lay out and colour what it prints.
 struct StyleOptions {

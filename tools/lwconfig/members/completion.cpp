@@ -1,0 +1,121 @@
+#include <tools/lwconfig/members/completion.h>
+#include <tools/lwconfig/members/items.h>
+#include <tools/lwconfig/members/listing.h>
+#include <tools/lwconfig/members/value.h>
+
+#include <lwconfig/automation/conversion.h>
+#include <lwconfig/automation/published.h>
+#include <lwconfig/platform/letter_case.h>
+
+namespace lwconfig::tool {
+namespace {
+
+using automation::ClassInfo;
+using automation::ValueKind;
+
+bool Begins(std::string_view text, std::string_view beginning) {
+  return text.size() >= beginning.size() && EqualIgnoringCase(text.substr(0, beginning.size()), beginning);
+}
+
+const automation::MemberInfo* WritingSlot(const ClassInfo::Member& member) {
+  return member.Let != nullptr ? member.Let : member.Set;
+}
+
+/// Whether the member itself, not what is below it, is wanted.
+bool IsWanted(const ClassInfo::Member& member, PathUse use, bool isCollection) {
+  switch (use) {
+    case PathUse::Read:
+      return member.Get != nullptr;
+    case PathUse::Write:
+      return WritingSlot(member) != nullptr;
+    case PathUse::Add:
+      return isCollection;
+    case PathUse::Call:
+      return member.Method != nullptr;
+    case PathUse::Remove:
+      break;
+  }
+  return false;
+}
+
+void OfferMembers(const AnyObject& object, const std::string& base, std::string_view partial, PathUse use,
+                  std::vector<Candidate>& candidates) {
+  const std::string before = base.empty() ? "" : base + ".";
+  for (const auto& member : object.Class->Members()) {
+    if (member.Id == automation::kNewEnumId || !Begins(member.Name, partial)) continue;
+    const ClassInfo* held = nullptr;
+    if (member.Get != nullptr && member.Get->ParameterCount == 0) {
+      // The one object that is handed out as a value of any type.
+      if (member.Get->Result.Kind == ValueKind::Object) held = &member.Get->Result.Class();
+      if (member.Get->Result.Kind == ValueKind::Variant) held = automation::FindClass(member.Name);
+    }
+    const bool isCollection = held != nullptr && held->IsCollection();
+    const std::string text = before + member.Name;
+    const char* about = held != nullptr ? held->Name() : automation::TypeName(MainSlot(member).Result);
+    if (IsWanted(member, use, isCollection)) candidates.push_back({text, about});
+    if (held != nullptr) candidates.push_back({text + (isCollection ? "[" : "."), about});
+  }
+}
+
+void OfferItems(Model& model, const AnyObject& collection, const UnfinishedPath& path,
+                std::vector<Candidate>& candidates) {
+  if (!collection.Class->IsCollection()) return;
+  for (const Item& item : ItemsOf(model, collection)) {
+    const bool hasKey = !item.Key.empty();
+    const std::string key = hasKey ? WrittenKey(item.Key, path.Quote) : std::to_string(item.Position);
+    if (!Begins(hasKey ? item.Key : key, path.Partial)) continue;
+    const auto* object = std::get_if<AnyObject>(&item.Value);
+    const char* about = object != nullptr && object->Class != nullptr ? object->Class->Name() : "Text";
+    candidates.push_back({path.Base + "[" + key + "]", about});
+  }
+}
+
+std::vector<Candidate> ValuesOf(const automation::TypeInfo& type, const std::string& before) {
+  std::vector<Candidate> candidates;
+  for (const std::string& value : PossibleValues(type))
+    candidates.push_back({before + value, automation::TypeName(type)});
+  return candidates;
+}
+
+}  // namespace
+
+std::vector<Candidate> CompletePath(Model& model, std::string_view text, PathUse use) {
+  std::vector<Candidate> candidates;
+  const UnfinishedPath path = SplitUnfinished(text);
+  const AnyObject object = model.FollowToObject(ParsePath(path.Base)).back();
+  if (path.IsItem) {
+    OfferItems(model, object, path, candidates);
+  } else {
+    OfferMembers(object, path.Base, path.Partial, use, candidates);
+  }
+  return candidates;
+}
+
+std::vector<Candidate> CompleteValue(Model& model, const std::string& text) {
+  const MemberPath path = ParsePath(text);
+  if (path.Steps.empty() || path.Steps.back().IsItem()) return {};
+  const AnyObject object = model.FollowToObject(path, path.Steps.size() - 1, {model.Root()}).back();
+  const auto* slot = WritingSlot(Model::Find(object, path, path.Steps.back()));
+  return slot != nullptr ? ValuesOf(slot->ParameterList[0].Type, "") : std::vector<Candidate>();
+}
+
+std::vector<Candidate> CompleteMember(Model& model, const std::string& path, std::string_view text) {
+  const AnyObject collection = model.FollowToObject(ParsePath(path)).back();
+  const ClassInfo* itemClass = ItemClass(*collection.Class);
+  if (itemClass == nullptr) return {};
+  const auto equals = text.find('=');
+  std::vector<Candidate> candidates;
+  for (const auto& member : itemClass->Members()) {
+    const auto* slot = WritingSlot(member);
+    if (slot == nullptr || !Begins(member.Name, text.substr(0, equals))) continue;
+    const std::string before = std::string(member.Name) + "=";
+    if (equals == std::string_view::npos) {
+      candidates.push_back({before, automation::TypeName(slot->ParameterList[0].Type)});
+    } else if (before.size() == equals + 1) {
+      return ValuesOf(slot->ParameterList[0].Type, before);
+    }
+  }
+  return candidates;
+}
+
+}  // namespace lwconfig::tool

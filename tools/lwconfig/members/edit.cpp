@@ -1,0 +1,182 @@
+#include <array>
+#include <memory>
+
+#include <tools/lwconfig/members/edit.h>
+#include <tools/lwconfig/members/items.h>
+#include <tools/lwconfig/members/value.h>
+
+#include <lwconfig/automation/conversion.h>
+#include <lwconfig/automation/errors.h>
+
+namespace lwconfig::tool {
+namespace {
+
+using automation::ClassInfo;
+using automation::kMethod;
+using automation::MemberInfo;
+
+/// A path that has to end in a member.
+const PathStep& LastMember(const MemberPath& path, const char* wanted) {
+  if (path.Steps.empty() || path.Steps.back().IsItem()) {
+    throw Fault(ExitStatus::Usage, std::string("the path of a ") + wanted + " was expected")
+        .At(path.Text, path.Steps.empty() ? 0 : path.Steps.back().Offset);
+  }
+  return path.Steps.back();
+}
+
+}  // namespace
+
+Variant Editor::Typed(const std::string& text, const automation::TypeInfo& type) {
+  return TypedValue(text, type,
+                    [this](const MemberPath& path) { return mModel.FollowToObject(path).back(); });
+}
+
+std::vector<Result> Editor::Run(const Edit& edit) {
+  switch (edit.Kind) {
+    case EditKind::Set:
+      Set(ParsePath(edit.Path), edit.Values.at(0), {mModel.Root()});
+      break;
+    case EditKind::Add:
+      Add(edit);
+      break;
+    case EditKind::Remove:
+      Remove(ParsePath(edit.Path));
+      break;
+    case EditKind::Call:
+      return Call(edit);
+  }
+  return {};
+}
+
+void Editor::Set(const MemberPath& path, const std::string& value, Way from) {
+  const PathStep& last = LastMember(path, "property");
+  const Way way = mModel.FollowToObject(path, path.Steps.size() - 1, std::move(from));
+  const ClassInfo::Member& member = Model::Find(way.back(), path, last);
+  const MemberInfo* slot = member.Let != nullptr ? member.Let : member.Set;
+  if (slot == nullptr || !last.Arguments.empty()) {
+    throw Fault(ExitStatus::Usage, std::string(way.back().Class->Name()) + "." + member.Name +
+                                       (member.Method != nullptr ? " is a method" : " can only be read"))
+        .At(path.Text, last.Offset);
+  }
+  mKeeper.Note(way);
+  std::array<Variant, 1> argument{Typed(value, slot->ParameterList[0].Type)};
+  const bool isObject = std::holds_alternative<AnyObject>(argument[0]);
+  mModel.Invoke(way.back(), member.Name, isObject ? automation::kPropertySet : automation::kPropertyLet,
+                argument);
+}
+
+void Editor::Add(const Edit& edit) {
+  const MemberPath path = ParsePath(edit.Path);
+  const Way way = mModel.FollowToObject(path);
+  const ClassInfo& collection = *way.back().Class;
+  if (!collection.IsCollection() || collection.Find("Add") == nullptr) {
+    throw Fault(ExitStatus::Usage, std::string("nothing can be added to a ") + collection.Name())
+        .At(edit.Path, path.Steps.empty() ? 0 : path.Steps.back().Offset);
+  }
+  const ClassInfo* itemClass = ItemClass(collection);
+  if (itemClass == nullptr) return AddText(way, edit);
+  const AnyObject item = itemClass->Create();
+  Way itemWay = way;
+  itemWay.push_back(item);
+  mKeeper.Note(itemWay);
+  for (const std::string& value : edit.Values) {
+    const auto equals = value.find('=');
+    if (equals == std::string::npos)
+      throw Fault(ExitStatus::Usage, "MEMBER=VALUE was expected, not '" + value + "'").At(value, 0);
+    try {
+      Set(ParsePath(value.substr(0, equals)), value.substr(equals + 1), itemWay);
+    } catch (const Fault& fault) {
+      // Members stand at the start of the word, values at its end.
+      if (fault.Word() != value.substr(0, equals)) throw;
+      Fault placed = fault;
+      throw placed.Move(value);
+    }
+  }
+  std::string key = edit.Key;
+  const char* property = KeyProperty(*itemClass);
+  if (key.empty() && property != nullptr)
+    key = automation::ToText(mModel.Invoke(item, property, automation::kPropertyGet));
+  Insert(way, item, key, edit);
+}
+
+void Editor::AddText(const Way& way, const Edit& edit) {
+  if (edit.Values.size() != 1)
+    throw Fault(ExitStatus::Usage,
+                "one text was expected, because " + edit.Path + " is a collection of texts");
+  mKeeper.Note(way);
+  const std::string& text = edit.Values.front();
+  Insert(way, text, edit.Key.empty() ? text : edit.Key, edit);
+}
+
+Variant Editor::Neighbour(const AnyObject& collection, const std::string& text) {
+  if (text.empty()) return Missing{};
+  const KeyOrPosition key = ParseValue(text);
+  if (std::holds_alternative<std::monostate>(FindItem(mModel, collection, key)))
+    throw Fault(ExitStatus::NotFound, "there is no item '" + text + "' to add beside").At(text, 0);
+  return KeyArgument(mModel, collection, key);
+}
+
+void Editor::Insert(const Way& way, Variant item, const std::string& key, const Edit& edit) {
+  if (!key.empty() && !std::holds_alternative<std::monostate>(FindItem(mModel, way.back(), key)))
+    throw Fault(ExitStatus::Invalid, "there is an item '" + key + "' in " + edit.Path + " already");
+  std::array<Variant, 4> arguments{std::move(item), key, Neighbour(way.back(), edit.Before),
+                                   Neighbour(way.back(), edit.After)};
+  mModel.Invoke(way.back(), "Add", kMethod, arguments);
+}
+
+void Editor::Remove(const MemberPath& path) {
+  if (path.Steps.empty() || !path.Steps.back().IsItem()) {
+    throw Fault(ExitStatus::Usage, "the path of an item was expected, such as COLLECTION[KEY]")
+        .At(path.Text, path.Steps.empty() ? 0 : path.Steps.back().Offset);
+  }
+  const std::size_t before = path.Steps.size() - 1;
+  const Way way = mModel.FollowToObject(path, before, {mModel.Root()});
+  mKeeper.NoteRemoval(way);
+  static_cast<void>(mModel.Follow(path));
+  const auto& key = path.Steps.back().Arguments.front().Value;
+  std::array<Variant, 1> argument{KeyArgument(mModel, way.back(), key)};
+  mModel.Invoke(way.back(), "Remove", kMethod, argument);
+}
+
+std::vector<Result> Editor::Call(const Edit& edit) {
+  const MemberPath path = ParsePath(edit.Path);
+  const PathStep& last = LastMember(path, "method");
+  const Way way = mModel.FollowToObject(path, path.Steps.size() - 1, {mModel.Root()});
+  const ClassInfo::Member& member = Model::Find(way.back(), path, last);
+  if (member.Method == nullptr || !last.Arguments.empty()) {
+    throw Fault(ExitStatus::Usage, member.Method != nullptr
+                                       ? std::string("the arguments of a method follow its path")
+                                       : std::string(member.Name) + " is a property; 'lwconfig get' reads it")
+        .At(edit.Path, last.Offset);
+  }
+  const auto parameters = member.Method->Parameters();
+  std::vector<Variant> arguments;
+  for (const std::string& value : edit.Values) {
+    const bool isDeclared = arguments.size() < parameters.size();
+    arguments.push_back(isDeclared ? Typed(value, parameters[arguments.size()].Type) : Variant(value));
+  }
+  // Arguments that are left out can still be given back.
+  const std::size_t given = arguments.size();
+  for (std::size_t at = given; at < parameters.size() && parameters[at].IsOptional; ++at)
+    arguments.emplace_back(Missing{});
+  if (edit.IsSaved) mKeeper.Note(way);
+  Variant result;
+  try {
+    result = mModel.Invoke(way.back(), member.Name, kMethod, arguments);
+  } catch (const Error& failure) {
+    if (failure.Number() != automation::kArgumentNotOptional &&
+        failure.Number() != automation::kWrongArgumentCount)
+      throw;
+    throw Fault(ExitStatus::Usage, failure.Description()).At(edit.Path, last.Offset);
+  }
+  std::vector<Result> results;
+  if (member.Method->Result.Kind != automation::ValueKind::None)
+    results.push_back({{}, std::move(result), member.Method->Result});
+  for (std::size_t at = 0; at < arguments.size(); ++at) {
+    if (parameters[at].IsByReference)
+      results.push_back({std::string(parameters[at].Name), arguments[at], parameters[at].Type});
+  }
+  return results;
+}
+
+}  // namespace lwconfig::tool

@@ -1,0 +1,97 @@
+#include <algorithm>
+#include <array>
+#include <utility>
+
+#include <tools/lwconfig/members/items.h>
+#include <tools/lwconfig/model/describe.h>
+
+#include <lwconfig/automation/conversion.h>
+#include <lwconfig/automation/dispatch.h>
+#include <lwconfig/platform/letter_case.h>
+
+namespace lwconfig::tool {
+
+using automation::ClassInfo;
+using automation::kPropertyGet;
+
+std::int32_t CountOf(Model& model, const AnyObject& collection) {
+  return automation::ToInteger32(model.Invoke(collection, "Count", kPropertyGet));
+}
+
+Variant KeyArgument(Model& model, const AnyObject& collection, const KeyOrPosition& key) {
+  if (const auto* text = std::get_if<std::string>(&key)) return *text;
+  const auto position = std::get<std::int32_t>(key);
+  return position < 0 ? position + 1 + CountOf(model, collection) : position;
+}
+
+namespace {
+
+/// Templates are also known by the names of their folders.
+Variant FindByFolder(Model& model, const AnyObject& collection, std::string_view name) {
+  if (std::string_view(collection.Class->Name()) != "PageTemplates") return {};
+  const auto enumerator = automation::Enumerate(collection);
+  for (Variant value; enumerator->Next(value);) {
+    const Variant folder = model.Invoke(std::get<AnyObject>(value), "RootFolder", kPropertyGet);
+    if (EqualIgnoringCase(FolderName(std::get<std::string>(folder)), name)) return value;
+  }
+  return {};
+}
+
+}  // namespace
+
+Variant FindItem(Model& model, const AnyObject& collection, const KeyOrPosition& key) {
+  std::array<Variant, 1> argument{KeyArgument(model, collection, key)};
+  Variant item = model.Invoke(collection, "Item", kPropertyGet, argument);
+  const bool isItem = ObjectIn(item) != nullptr || std::holds_alternative<std::string>(item);
+  if (isItem) return item;
+  const auto* name = std::get_if<std::string>(&key);
+  return name != nullptr ? FindByFolder(model, collection, *name) : Variant();
+}
+
+std::vector<Item> ItemsOf(Model& model, const AnyObject& collection) {
+  std::vector<Item> items;
+  const auto enumerator = automation::Enumerate(collection);
+  for (Variant value; enumerator && enumerator->Next(value);) {
+    Item item{static_cast<std::int32_t>(items.size()) + 1, {}, value};
+    if (const auto* text = std::get_if<std::string>(&value)) {
+      item.Key = *text;
+    } else if (const auto* object = ObjectIn(value)) {
+      if (const char* property = KeyProperty(*object->Class))
+        item.Key = automation::ToText(model.Invoke(*object, property, kPropertyGet));
+    }
+    if (!item.Key.empty() && FindItem(model, collection, item.Key) != value) item.Key.clear();
+    items.push_back(std::move(item));
+  }
+  return items;
+}
+
+const char* KeyProperty(const ClassInfo& itemClass) {
+  constexpr std::array<std::pair<std::string_view, const char*>, 15> kKeys{{
+      {"PageTemplate", "Name"},
+      {"PageLayout", "FileName"},
+      {"TOCDefinition", "Name"},
+      {"NodeDef", "Key"},
+      {"VariableDef", "Name"},
+      {"TaggedCommentDef", "TagIdentifier"},
+      {"ModelComments", "Name"},
+      {"ExternalDoc", "NamespaceName"},
+      {"Language", "Name"},
+      {"NamespaceDefs", "Name"},
+      {"NamespaceDef", "Name"},
+      {"ElementDef", "Name"},
+      {"ElementAttributeDef", "Name"},
+      {"PlugIn", "Key"},
+      {"XMLAttribute", "Name"},
+  }};
+  const auto found = std::ranges::find(kKeys, itemClass.Name(), [](const auto& row) { return row.first; });
+  return found == kKeys.end() ? nullptr : found->second;
+}
+
+const ClassInfo* ItemClass(const ClassInfo& collection) {
+  const ClassInfo::Member* add = collection.Find("Add");
+  if (add == nullptr || add->Method == nullptr) return nullptr;
+  const auto& type = add->Method->Parameters().front().Type;
+  return type.Kind == automation::ValueKind::Object ? &type.Class() : nullptr;
+}
+
+}  // namespace lwconfig::tool

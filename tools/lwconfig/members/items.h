@@ -1,0 +1,28 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include <tools/lwconfig/members/model.h>
+
+namespace lwconfig::tool {
+
+/// One item of a collection.
+struct Item {
+  std::int32_t Position;
+  std::string Key;  // that finds this item; empty where there is none
+  Variant Value;
+};
+std::int32_t CountOf(Model& model, const AnyObject& collection);
+std::vector<Item> ItemsOf(Model& model, const AnyObject& collection);
+/// The argument that names an item: positions from the end become those from the start.
+Variant KeyArgument(Model& model, const AnyObject& collection, const KeyOrPosition& key);
+/// The item; an empty value where there is none.
+Variant FindItem(Model& model, const AnyObject& collection, const KeyOrPosition& key);
+
+/// The property that gives the items of this class their key; null where items have none.
+const char* KeyProperty(const automation::ClassInfo& itemClass);
+/// The class of the items that can be added to the collection; null where they are texts.
+const automation::ClassInfo* ItemClass(const automation::ClassInfo& collection);
+
+}  // namespace lwconfig::tool

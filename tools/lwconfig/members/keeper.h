@@ -1,0 +1,27 @@
+#pragma once
+
+#include <vector>
+
+#include <tools/lwconfig/members/model.h>
+
+namespace lwconfig::tool {
+
+/// Remembers what has to be saved after changes, and saves it through the members that the model has for it.
+class Keeper {
+ public:
+  explicit Keeper(Model& model) : mModel(model) {}
+
+  /// The last object of `way` is to be changed. Throws a `Fault` where nothing would keep the change.
+  void Note(const Way& way);
+  /// An item of the collection at the end of `way` is to be removed. Throws a `Fault` also where a removed
+  /// item would stay on disk.
+  void NoteRemoval(const Way& way);
+  /// Saves what was noted, each file once, in the order of the notes.
+  void Save();
+
+ private:
+  Model& mModel;
+  std::vector<AnyObject> mChanged;
+};
+
+}  // namespace lwconfig::tool

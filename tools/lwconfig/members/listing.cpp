@@ -1,0 +1,188 @@
+#include <optional>
+
+#include <tools/lwconfig/members/items.h>
+#include <tools/lwconfig/members/listing.h>
+#include <tools/lwconfig/members/value.h>
+#include <tools/lwconfig/view/table.h>
+
+#include <lwconfig/automation/conversion.h>
+#include <lwconfig/core/error.h>
+
+namespace lwconfig::tool {
+namespace {
+
+using automation::ClassInfo;
+using automation::MemberInfo;
+using automation::ValueKind;
+
+bool IsCollection(const AnyObject* object) {
+  return object != nullptr && object->Class->IsCollection();
+}
+
+/// The value of a property without arguments; nothing for methods, for properties that fail, and for the
+/// objects of the root, which a listing does not load.
+std::optional<Variant> Peek(Model& model, const AnyObject& object, const ClassInfo::Member& member) {
+  if (member.Get == nullptr || member.Get->ParameterCount > 0) return std::nullopt;
+  const ValueKind kind = member.Get->Result.Kind;
+  if (kind == ValueKind::Enumerator) return std::nullopt;
+  if (object == model.Root() && (kind == ValueKind::Object || kind == ValueKind::Variant))
+    return std::nullopt;
+  try {
+    return model.Invoke(object, member.Name, automation::kPropertyGet);
+  } catch (const Error&) {
+    return std::nullopt;
+  }
+}
+
+std::string PeekText(Model& model, const Variant& value, const automation::TypeInfo& type) {
+  const AnyObject* object = ObjectIn(value);
+  if (!IsCollection(object)) return object != nullptr ? "" : ValueText(value, type);
+  return std::to_string(CountOf(model, *object)) + " items";
+}
+
+const char* ResultType(const ClassInfo::Member& member) {
+  return automation::TypeName(member.Method != nullptr || member.Get != nullptr
+                                  ? MainSlot(member).Result
+                                  : MainSlot(member).ParameterList[0].Type);
+}
+
+template <class Use>
+void ForEachMember(const ClassInfo& info, Use use) {
+  for (const auto& member : info.Members()) {
+    if (member.Id != automation::kNewEnumId) use(member);
+  }
+}
+
+std::string MemberTable(Model& model, const AnyObject& object, const TextStyle& style) {
+  Table table({"NAME", "KIND", "TYPE", "VALUE"});
+  ForEachMember(*object.Class, [&](const ClassInfo::Member& member) {
+    const auto value = Peek(model, object, member);
+    const std::string text = value ? PeekText(model, *value, member.Get->Result) : std::string();
+    table.Add({{SignatureOf(member), Tone::Title},
+               {KindOf(member), Tone::Quiet},
+               {ResultType(member), Tone::Quiet},
+               {text}});
+  });
+  return table.Text(style);
+}
+
+std::string ItemTable(Model& model, const AnyObject& collection, const TextStyle& style) {
+  Table table({"POSITION", "KEY", "ITEM"});
+  for (const Item& item : ItemsOf(model, collection)) {
+    const AnyObject* object = ObjectIn(item.Value);
+    table.Add({{std::to_string(item.Position)},
+               {item.Key, Tone::Title},
+               {object != nullptr ? object->Class->Name() : ValueText(item.Value, {}), Tone::Quiet}});
+  }
+  return table.Text(style);
+}
+
+/// The properties with their values; of objects below it the class and, of collections, the count.
+Json Properties(Model& model, const AnyObject& object) {
+  Json json = Json::object();
+  ForEachMember(*object.Class, [&](const ClassInfo::Member& member) {
+    const auto value = Peek(model, object, member);
+    if (!value) return;
+    json[member.Name] = ValueJson(*value);
+    if (const AnyObject* held = ObjectIn(*value); IsCollection(held))
+      json[member.Name]["Count"] = CountOf(model, *held);
+  });
+  return json;
+}
+
+Json ItemsJson(Model& model, const AnyObject& collection) {
+  Json json = Json::array();
+  for (const Item& item : ItemsOf(model, collection)) {
+    const AnyObject* object = ObjectIn(item.Value);
+    json.push_back(object != nullptr ? Properties(model, *object) : ValueJson(item.Value));
+  }
+  return json;
+}
+
+}  // namespace
+
+const MemberInfo& MainSlot(const ClassInfo::Member& member) {
+  for (const MemberInfo* slot : {member.Method, member.Get, member.Let}) {
+    if (slot != nullptr) return *slot;
+  }
+  return *member.Set;
+}
+
+const char* KindOf(const ClassInfo::Member& member) {
+  if (member.Method != nullptr) return "method";
+  if (member.Get == nullptr) return "write-only";
+  return member.Let != nullptr || member.Set != nullptr ? "property" : "read-only";
+}
+
+std::string SignatureOf(const ClassInfo::Member& member) {
+  if (member.Method == nullptr && (member.Get == nullptr || member.Get->ParameterCount == 0))
+    return member.Name;
+  std::string text;
+  for (const auto& parameter : MainSlot(member).Parameters()) {
+    const std::string name(parameter.Name);
+    text += (text.empty() ? "" : ", ") + (parameter.IsOptional ? "[" + name + "]" : name);
+  }
+  return std::string(member.Name) + "(" + text + ")";
+}
+
+std::string GotText(Model& model, const Place& place, const TextStyle& style) {
+  const AnyObject* object = ObjectIn(place.Value);
+  if (object == nullptr) return ValueText(place.Value, place.Type) + "\n";
+  if (!IsCollection(object)) return MemberTable(model, *object, style);
+  std::string text;
+  for (const Item& item : ItemsOf(model, *object)) {
+    const bool isText = std::holds_alternative<std::string>(item.Value);
+    text += (isText             ? std::get<std::string>(item.Value)
+             : item.Key.empty() ? std::to_string(item.Position)
+                                : item.Key) +
+            "\n";
+  }
+  return text;
+}
+
+std::string ListedText(Model& model, const AnyObject& object, const TextStyle& style) {
+  std::string text = MemberTable(model, object, style);
+  if (IsCollection(&object)) text += "\n" + ItemTable(model, object, style);
+  return text;
+}
+
+Json ValueJson(const Variant& value) {
+  struct ToJson {
+    Json operator()(bool flag) const { return flag; }
+    Json operator()(std::int16_t number) const { return number; }
+    Json operator()(std::int32_t number) const { return number; }
+    Json operator()(double number) const { return number; }
+    Json operator()(const std::string& text) const { return text; }
+    Json operator()(const AnyObject& object) const {
+      if (!object) return nullptr;
+      return {{"Class", object.Class != nullptr ? object.Class->Name() : ""}};
+    }
+    Json operator()(std::monostate) const { return nullptr; }
+    Json operator()(Null) const { return nullptr; }
+    Json operator()(Missing) const { return nullptr; }
+  };
+  return std::visit(ToJson{}, value);
+}
+
+Json GotJson(Model& model, const Place& place) {
+  const AnyObject* object = ObjectIn(place.Value);
+  if (object == nullptr) return ValueJson(place.Value);
+  return IsCollection(object) ? ItemsJson(model, *object) : Properties(model, *object);
+}
+
+Json ListedJson(Model& model, const AnyObject& object) {
+  Json json{{"Class", object.Class->Name()}, {"Members", Json::array()}};
+  ForEachMember(*object.Class, [&](const ClassInfo::Member& member) {
+    Json described{{"Name", member.Name}, {"Kind", KindOf(member)}, {"Type", ResultType(member)}};
+    if (const auto value = Peek(model, object, member)) described["Value"] = ValueJson(*value);
+    json["Members"].push_back(std::move(described));
+  });
+  if (!IsCollection(&object)) return json;
+  json["Items"] = Json::array();
+  for (const Item& item : ItemsOf(model, object))
+    json["Items"].push_back(
+        {{"Position", item.Position}, {"Key", item.Key}, {"Item", ValueJson(item.Value)}});
+  return json;
+}
+
+}  // namespace lwconfig::tool

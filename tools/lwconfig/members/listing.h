@@ -1,0 +1,28 @@
+#pragma once
+
+#include <string>
+
+#include <tools/lwconfig/members/model.h>
+#include <tools/lwconfig/view/node.h>
+#include <tools/lwconfig/view/tree_text.h>
+
+namespace lwconfig::tool {
+
+/// "property", "read-only", "write-only" or "method".
+const char* KindOf(const automation::ClassInfo::Member& member);
+/// The slot that tells the member's type and parameters.
+const automation::MemberInfo& MainSlot(const automation::ClassInfo::Member& member);
+/// "Item(Key)", "Add(obj, [Key], [Before], [After])", "Name".
+std::string SignatureOf(const automation::ClassInfo::Member& member);
+
+/// A value as 'get' prints it: a line; for a collection a line for each item; else the members of the object.
+std::string GotText(Model& model, const Place& place, const TextStyle& style);
+/// The members of the object with their values, then the items of a collection.
+std::string ListedText(Model& model, const AnyObject& object, const TextStyle& style);
+
+/// A value; of an object its properties, where objects have a class only; of a collection its items.
+Json GotJson(Model& model, const Place& place);
+Json ListedJson(Model& model, const AnyObject& object);
+Json ValueJson(const Variant& value);
+
+}  // namespace lwconfig::tool

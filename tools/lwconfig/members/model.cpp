@@ -1,0 +1,177 @@
+#include <memory>
+#include <utility>
+
+#include <tools/lwconfig/members/items.h>
+#include <tools/lwconfig/members/model.h>
+#include <tools/lwconfig/members/value.h>
+
+#include <lwconfig/automation/dispatch.h>
+#include <lwconfig/automation/errors.h>
+#include <lwconfig/automation/published.h>
+#include <lwconfig/core/error_reporter.h>
+
+namespace lwconfig::tool {
+namespace {
+
+using automation::ClassInfo;
+using automation::kPropertyGet;
+
+/// Nobody needs its reports: the failure itself reaches the user.
+class ErrorComponent final : public platform::Component {
+ public:
+  void Receive(std::string_view /*text*/) override {}
+};
+
+std::string Before(const MemberPath& path, std::size_t offset) {
+  return offset == 0 ? "" : " in " + path.Text.substr(0, offset);
+}
+
+}  // namespace
+
+const AnyObject* ObjectIn(const Variant& value) {
+  const auto* object = std::get_if<AnyObject>(&value);
+  return object != nullptr && *object && object->Class != nullptr ? object : nullptr;
+}
+
+Model::Model(Reporter& reporter)
+    : mReporter(reporter),
+      mPreviousComponent(platform::RegisterComponent(std::string(kErrorComponent),
+                                                     [] { return std::make_unique<ErrorComponent>(); })),
+      mRoot(automation::ToAnyObject(std::make_shared<lwconfig::Root>())) {}
+
+Model::~Model() {
+  platform::RegisterComponent(std::string(kErrorComponent), std::move(mPreviousComponent));
+}
+
+Variant Model::Invoke(const AnyObject& object, const char* member, unsigned kinds,
+                      std::span<Variant> arguments) {
+  try {
+    return automation::Invoke(object, member, kinds, {arguments, {}});
+  } catch (const ReportedError& reported) {
+    const Error& cause = reported.Cause();
+    Error told(cause.Number(),
+               cause.Description() + " (error " + std::to_string(cause.Number()) + " of " + cause.Source() +
+                   " in " + object.Class->Name() + "." + member + ")",
+               cause.Where());
+    told.SetPosition(cause.Position());
+    throw told;
+  }
+}
+
+Variant Model::Get(const AnyObject& object, const ClassInfo::Member& member, std::span<Variant> arguments) {
+  if (object != mRoot) return Invoke(object, member.Name, kPropertyGet, arguments);
+  // These take their code elements from the namespace profiles. A failure in those must not end their load.
+  if (std::string_view(member.Name) == "PageTemplates" ||
+      std::string_view(member.Name) == "ModelCommentProfiles")
+    Get(object, *object.Class->Find("NamespaceProfiles"), {});
+  try {
+    return Invoke(object, member.Name, kPropertyGet, arguments);
+  } catch (const Error& failure) {
+    mReporter.Fail(failure);
+  }
+  return Invoke(object, member.Name, kPropertyGet, arguments);  // what could be loaded
+}
+
+const ClassInfo::Member& Model::Find(const AnyObject& object, const MemberPath& path, const PathStep& step) {
+  if (const auto* found = object.Class->Find(step.Name)) return *found;
+  std::vector<std::string> names;
+  for (const auto& member : object.Class->Members()) {
+    if (member.Id != automation::kNewEnumId) names.emplace_back(member.Name);
+  }
+  throw Fault::Unknown(ExitStatus::NotFound, "member", step.Name, std::string(" of ") + object.Class->Name(),
+                       std::move(names))
+      .At(path.Text, step.Offset);
+}
+
+void Model::TakeItem(const MemberPath& path, const PathStep& step, Place& place) {
+  const AnyObject& collection = place.Way.back();
+  if (!collection.Class->IsCollection()) {
+    throw Fault(ExitStatus::NotFound, path.Text.substr(0, step.Offset) + " is a " + collection.Class->Name() +
+                                          ", which has no items")
+        .At(path.Text, step.Offset);
+  }
+  const auto& key = step.Arguments.front();
+  place.Value = FindItem(*this, collection, key.Value);
+  place.Type = {};
+  if (!std::holds_alternative<std::monostate>(place.Value)) return;
+  std::vector<std::string> keys;
+  const auto items = ItemsOf(*this, collection);
+  for (const Item& item : items) {
+    if (!item.Key.empty()) keys.push_back(item.Key);
+  }
+  const auto* position = std::get_if<std::int32_t>(&key.Value);
+  if (position == nullptr) {
+    throw Fault::Unknown(ExitStatus::NotFound, "item", std::get<std::string>(key.Value),
+                         Before(path, step.Offset), std::move(keys))
+        .At(path.Text, key.Offset);
+  }
+  throw Fault(ExitStatus::NotFound, "there is no item " + std::to_string(*position) +
+                                        Before(path, step.Offset) + ", which has " +
+                                        std::to_string(items.size()))
+      .At(path.Text, key.Offset);
+}
+
+void Model::Take(const MemberPath& path, const PathStep& step, Place& place) {
+  if (step.IsItem()) return TakeItem(path, step, place);
+  const AnyObject object = place.Way.back();
+  const ClassInfo::Member& member = Find(object, path, step);
+  if (member.Get == nullptr) {
+    throw Fault(ExitStatus::Usage, std::string(member.Name) + (member.Method != nullptr
+                                                                   ? " is a method; 'lwconfig call' calls it"
+                                                                   : " can only be set"))
+        .At(path.Text, step.Offset);
+  }
+  const auto parameters = member.Get->Parameters();
+  std::vector<Variant> arguments;
+  for (const PathValue& argument : step.Arguments) {
+    const bool isDeclared = arguments.size() < parameters.size();
+    const auto type =
+        isDeclared ? parameters[arguments.size()].Type : automation::TypeInfo{automation::ValueKind::Variant};
+    arguments.push_back(TypedArgument(argument, type, path.Text));
+  }
+  try {
+    place.Value = Get(object, member, arguments);
+    place.Type = arguments.size() > parameters.size() ? automation::TypeInfo{} : member.Get->Result;
+  } catch (const Error& failure) {
+    if (failure.Number() < automation::kNamedArgumentNotFound ||
+        failure.Number() > automation::kWrongArgumentCount)
+      throw;
+    throw Fault(ExitStatus::Usage, failure.Description()).At(path.Text, step.Offset);
+  }
+}
+
+Place Model::Follow(const MemberPath& path, std::size_t steps, Way from) {
+  Place place{std::move(from), {}, {}};
+  place.Value = place.Way.back();
+  for (std::size_t at = 0; at < steps; ++at) {
+    const PathStep& step = path.Steps[at];
+    if (at > 0) {
+      const AnyObject* object = ObjectIn(place.Value);
+      if (object == nullptr) {
+        const bool isObject = std::holds_alternative<AnyObject>(place.Value);
+        throw Fault(ExitStatus::NotFound, path.Text.substr(0, step.Offset) +
+                                              (isObject ? " is null" : " is not an object") +
+                                              " and has no members")
+            .At(path.Text, step.Offset);
+      }
+      place.Way.push_back(*object);
+    }
+    Take(path, step, place);
+  }
+  return place;
+}
+
+Way Model::FollowToObject(const MemberPath& path, std::size_t steps, Way from) {
+  Place place = Follow(path, steps, std::move(from));
+  const AnyObject* object = ObjectIn(place.Value);
+  if (object == nullptr) {
+    const std::size_t end = steps < path.Steps.size() ? path.Steps[steps].Offset : path.Text.size();
+    const bool isNull = std::holds_alternative<AnyObject>(place.Value);
+    throw Fault(ExitStatus::NotFound, path.Text.substr(0, end) + (isNull ? " is null" : " is not an object"))
+        .At(path.Text, steps == 0 ? 0 : path.Steps[steps - 1].Offset);
+  }
+  if (steps > 0) place.Way.push_back(*object);
+  return std::move(place.Way);
+}
+
+}  // namespace lwconfig::tool

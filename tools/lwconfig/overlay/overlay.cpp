@@ -1,0 +1,163 @@
+#include <algorithm>
+#include <functional>
+#include <memory>
+#include <system_error>
+#include <utility>
+
+#include <tools/lwconfig/overlay/difference.h>
+#include <tools/lwconfig/overlay/overlay.h>
+
+#include <lwconfig/core/error.h>
+#include <lwconfig/core/text.h>
+
+namespace lwconfig::tool {
+namespace {
+
+using platform::FileReplacement;
+using platform::RegistryValue;
+
+/// What was done, and how it is taken back: from the last step to the first.
+class Undoable {
+ public:
+  void Did(std::string what, std::function<void()> undo) {
+    mDone.emplace_back(std::move(what), std::move(undo));
+  }
+  /// The names of what could not be taken back.
+  std::string TakeBack() {
+    std::string failed;
+    for (auto step = mDone.rbegin(); step != mDone.rend(); ++step) {
+      try {
+        step->second();
+      } catch (const std::exception&) {
+        failed += (failed.empty() ? "" : ", ") + step->first;
+      }
+    }
+    return failed;
+  }
+
+ private:
+  std::vector<std::pair<std::string, std::function<void()>>> mDone;
+};
+
+std::optional<std::string> Content(platform::Files& files, std::string_view path) {
+  if (files.Kind(path) != platform::EntryKind::File) return std::nullopt;
+  return files.Read(path);
+}
+
+void Put(platform::Files& files, const std::string& path, const std::optional<std::string>& content) {
+  if (!content) return files.Remove(path);
+  const auto replacement = files.Replace(path);
+  replacement->Write(*content);
+  replacement->Commit();
+}
+
+std::string HiveName(platform::Hive hive) {
+  return hive == platform::Hive::CurrentUser ? "HKEY_CURRENT_USER" : "HKEY_LOCAL_MACHINE";
+}
+
+/// A value as the registry editor writes it.
+std::string ValueLine(const std::string& name, const RegistryValue& value) {
+  std::string line = "\"" + name + "\"=";
+  if (const auto* text = std::get_if<std::string>(&value.Data)) {
+    line += '"';
+    for (const char c : *text) {
+      if (c == '"' || c == '\\') line += '\\';
+      line += c;
+    }
+    return line + "\"";
+  }
+  if (const auto* number = std::get_if<std::uint32_t>(&value.Data))
+    return line + "dword:" + std::to_string(*number);
+  return line + "hex(" + std::to_string(value.Type) + ")";
+}
+
+}  // namespace
+
+Overlay::Overlay()
+    : mBaseFiles(platform::Host<platform::Files>()),
+      mBaseRegistry(platform::Host<platform::Registry>()),
+      mFiles(mBaseFiles),
+      mRegistry(mBaseRegistry),
+      mFilesScope(mFiles),
+      mRegistryScope(mRegistry) {}
+
+std::vector<std::string> Overlay::Names() const {
+  std::vector<std::string> names;
+  for (const FileChange& change : mFiles.Changes())
+    names.push_back((change.New ? "wrote " : "removed ") + mBaseFiles.NativePath(change.Path));
+  for (const ValueChange& change : mRegistry.Changes())
+    names.push_back("set " + HiveName(change.Hive) + "\\" + change.Key + "\\" + change.Name);
+  return names;
+}
+
+std::string Overlay::Difference() const {
+  const auto files = mFiles.Changes();
+  std::string text;
+  for (const FileChange& change : files) {
+    const std::string path = mBaseFiles.NativePath(change.Path);
+    const auto copied = std::ranges::find_if(files, [&](const FileChange& other) {
+      return &other != &change && change.New && other.Old == change.New;
+    });
+    if (copied != files.end()) {
+      text += "copy " + mBaseFiles.NativePath(copied->Path) + " as it is to " + path + "\n";
+      continue;
+    }
+    text += "--- " + (change.Old ? path : "/dev/null") + "\n+++ " + (change.New ? path : "/dev/null") + "\n" +
+            UnifiedDifference(DecodeText(change.Old.value_or("")), DecodeText(change.New.value_or("")));
+  }
+  for (const ValueChange& change : mRegistry.Changes()) {
+    const std::string key = "[" + HiveName(change.Hive) + "\\" + change.Key + "]\n";
+    text += "--- registry\n+++ registry\n " + key;
+    if (change.Old) text += "-" + ValueLine(change.Name, *change.Old) + "\n";
+    text += "+" + ValueLine(change.Name, change.New) + "\n";
+  }
+  return text;
+}
+
+void Overlay::WriteOut() {
+  const auto changes = mFiles.Changes();
+  const auto folders = mFiles.Folders();
+  std::vector<std::unique_ptr<FileReplacement>> replacements;
+  Undoable undoable;
+  std::string_view path;
+  try {
+    for (const std::string& folder : folders) mBaseFiles.MakeFolders(path = folder);
+    for (const FileChange& change : changes) {
+      path = change.Path;
+      auto& replacement = replacements.emplace_back(change.New ? mBaseFiles.Replace(path) : nullptr);
+      if (Content(mBaseFiles, path) != change.Old)
+        throw Error(kPathFileAccess, "The file has been changed by somebody else in the meantime");
+      if (!replacement) continue;
+      if (!change.Old && !change.PermissionsOf.empty()) replacement->TakePermissionsOf(change.PermissionsOf);
+      replacement->Write(*change.New);
+    }
+    for (std::size_t at = 0; at < changes.size(); ++at) {
+      const FileChange& change = changes[at];
+      path = change.Path;
+      change.New ? replacements[at]->Commit() : mBaseFiles.Remove(path);
+      undoable.Did(mBaseFiles.NativePath(path), [&] { Put(mBaseFiles, change.Path, change.Old); });
+    }
+    path = {};
+    for (const ValueChange& change : mRegistry.Changes()) {
+      mBaseRegistry.Write(change.Hive, change.Key, change.Name, change.New);
+      undoable.Did(change.Key + "\\" + change.Name, [this, change] {
+        mBaseRegistry.Write(change.Hive, change.Key, change.Name, change.Old.value_or(RegistryValue{1, ""}));
+      });
+    }
+  } catch (const std::exception& problem) {
+    const auto* system = dynamic_cast<const std::system_error*>(&problem);
+    const auto* known = dynamic_cast<const Error*>(&problem);
+    const Error failure = known != nullptr    ? *known
+                          : system != nullptr ? FileError(*system, path)
+                                              : Error(kPathFileAccess, problem.what());
+    replacements.clear();
+    const std::string lost = undoable.TakeBack();
+    Error told(failure.Number(), failure.Description() + (lost.empty() ? "; everything is as it was"
+                                                                       : "; not put back: " + lost));
+    told.SetPosition(failure.Position().File.empty() ? FilePosition{std::string(path), 0, 0}
+                                                     : failure.Position());
+    throw told;
+  }
+}
+
+}  // namespace lwconfig::tool

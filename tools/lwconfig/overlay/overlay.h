@@ -1,0 +1,39 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include <tools/lwconfig/overlay/overlay_files.h>
+#include <tools/lwconfig/overlay/overlay_registry.h>
+
+#include <lwconfig/platform/service.h>
+
+namespace lwconfig::tool {
+
+/// A trial run: while it lives, everything that the library writes to files and registry stays in memory.
+class Overlay {
+ public:
+  Overlay();
+
+  bool IsEmpty() const { return mFiles.Changes().empty() && mRegistry.Changes().empty(); }
+  /// The changes as a unified diff, paths as the host has them, registry values in their editor's notation.
+  std::string Difference() const;
+  /// Writes the changes: every file durably, in order, then the registry values. The new content of all files
+  /// is on the disk before the first one is replaced. When a step fails, what was replaced before is put
+  /// back, and the failure is thrown; where that fails too its text says so. A registry value that did not
+  /// exist is put back as an empty text, which reads as the default. A file that somebody else has changed in
+  /// the meantime is such a failure.
+  void WriteOut();
+  /// What was changed, one line for each file and value.
+  std::vector<std::string> Names() const;
+
+ private:
+  platform::Files& mBaseFiles;
+  platform::Registry& mBaseRegistry;
+  OverlayFiles mFiles;
+  OverlayRegistry mRegistry;
+  platform::ScopedHost<platform::Files> mFilesScope;
+  platform::ScopedHost<platform::Registry> mRegistryScope;
+};
+
+}  // namespace lwconfig::tool

@@ -1,0 +1,144 @@
+#include <algorithm>
+#include <system_error>
+#include <utility>
+
+#include <tools/lwconfig/overlay/overlay_files.h>
+
+#include <lwconfig/platform/letter_case.h>
+
+namespace lwconfig::tool {
+namespace {
+
+using platform::EntryKind;
+using platform::FolderEntry;
+
+[[noreturn]] void FailMissing(std::string_view path) {
+  throw std::system_error(std::make_error_code(std::errc::no_such_file_or_directory), std::string(path));
+}
+
+std::string_view WithoutSeparator(std::string_view path) {
+  while (path.ends_with('\\') || path.ends_with('/')) path.remove_suffix(1);
+  return path;
+}
+
+std::string_view NameOf(std::string_view path) {
+  return path.substr(path.find_last_of("\\/") + 1);
+}
+std::string_view FolderOf(std::string_view path) {
+  return WithoutSeparator(path.substr(0, path.find_last_of("\\/") + 1));
+}
+
+class OverlayReplacement final : public platform::FileReplacement {
+ public:
+  OverlayReplacement(OverlayFiles& files, std::string_view path) : mFiles(files), mPath(path) {}
+  void Write(std::string_view bytes) override { mContent += bytes; }
+  void TakePermissionsOf(std::string_view path) override { mPermissionsOf = path; }
+  void Commit() override { mFiles.Store(mPath, std::move(mContent), std::move(mPermissionsOf)); }
+
+ private:
+  OverlayFiles& mFiles;
+  const std::string mPath;
+  std::string mContent;
+  std::string mPermissionsOf;
+};
+
+}  // namespace
+
+std::vector<FileChange> OverlayFiles::Changes() const {
+  std::vector<FileChange> changes;
+  for (const Entry& entry : mEntries) {
+    if (entry.Change.Old != entry.Change.New) changes.push_back(entry.Change);
+  }
+  return changes;
+}
+
+FileChange* OverlayFiles::Find(const std::string& hostPath) {
+  const auto found = std::ranges::find_if(
+      mEntries, [&](const Entry& entry) { return EqualIgnoringCase(entry.HostPath, hostPath); });
+  return found == mEntries.end() ? nullptr : &found->Change;
+}
+
+bool OverlayFiles::IsMadeFolder(std::string_view folder) const {
+  const std::string_view wanted = WithoutSeparator(folder);
+  return std::ranges::any_of(mFolders, [&](std::string_view made) {
+    made = WithoutSeparator(made);
+    const bool isBelow =
+        made.size() == wanted.size() || (made.size() > wanted.size() && made[wanted.size()] == '\\');
+    return isBelow && EqualIgnoringCase(made.substr(0, wanted.size()), wanted);
+  });
+}
+
+EntryKind OverlayFiles::Kind(std::string_view path) {
+  const std::string hostPath = NativePath(path);
+  const std::lock_guard lock(mMutex);
+  if (const FileChange* change = Find(hostPath)) return change->New ? EntryKind::File : EntryKind::Missing;
+  return IsMadeFolder(path) ? EntryKind::Folder : mBase.Kind(path);
+}
+
+std::string OverlayFiles::Read(std::string_view path) {
+  const std::string hostPath = NativePath(path);
+  {
+    const std::lock_guard lock(mMutex);
+    if (const FileChange* change = Find(hostPath)) {
+      if (!change->New) FailMissing(path);
+      return *change->New;
+    }
+  }
+  return mBase.Read(path);
+}
+
+std::vector<FolderEntry> OverlayFiles::List(std::string_view folder) {
+  const std::lock_guard lock(mMutex);
+  std::vector<FolderEntry> entries;
+  if (mBase.Kind(folder) != EntryKind::Missing || !IsMadeFolder(folder)) entries = mBase.List(folder);
+  const std::string hostFolder = NativePath(WithoutSeparator(folder));
+  const auto put = [&](std::string_view path, EntryKind kind) {
+    if (!EqualIgnoringCase(NativePath(FolderOf(path)), hostFolder)) return;
+    const auto isSame = [&](const FolderEntry& entry) { return EqualIgnoringCase(entry.Name, NameOf(path)); };
+    if (kind == EntryKind::Missing) {
+      std::erase_if(entries, isSame);
+    } else if (std::ranges::none_of(entries, isSame)) {
+      entries.push_back({std::string(NameOf(path)), kind});
+    }
+  };
+  for (const std::string& made : mFolders) put(WithoutSeparator(made), EntryKind::Folder);
+  for (const Entry& entry : mEntries)
+    put(entry.Change.Path, entry.Change.New ? EntryKind::File : EntryKind::Missing);
+  std::ranges::stable_sort(entries, [](const FolderEntry& a, const FolderEntry& b) {
+    return CompareIgnoringCase(a.Name, b.Name) < 0;
+  });
+  return entries;
+}
+
+std::unique_ptr<platform::FileReplacement> OverlayFiles::Replace(std::string_view path) {
+  if (Kind(FolderOf(path)) != EntryKind::Folder) FailMissing(path);
+  if (Kind(path) == EntryKind::Folder)
+    throw std::system_error(std::make_error_code(std::errc::is_a_directory), std::string(path));
+  return std::make_unique<OverlayReplacement>(*this, path);
+}
+
+void OverlayFiles::Remove(std::string_view path) {
+  if (Kind(path) != EntryKind::File) FailMissing(path);
+  Store(path, std::nullopt);
+}
+
+void OverlayFiles::MakeFolders(std::string_view folder) {
+  if (Kind(folder) == EntryKind::Folder) return;
+  const std::lock_guard lock(mMutex);
+  mFolders.emplace_back(folder);
+}
+
+void OverlayFiles::Store(std::string_view path, std::optional<std::string> content,
+                         std::string permissionsOf) {
+  const std::string hostPath = NativePath(path);
+  const std::lock_guard lock(mMutex);
+  if (FileChange* known = Find(hostPath)) {
+    known->New = std::move(content);
+    return;
+  }
+  FileChange change{std::string(path), std::nullopt, std::move(content), std::move(permissionsOf)};
+  if (mBase.Kind(path) == EntryKind::File) change.Old = mBase.Read(path);
+  mEntries.push_back({hostPath, std::move(change)});
+}
+
+}  // namespace lwconfig::tool

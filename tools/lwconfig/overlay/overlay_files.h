@@ -1,0 +1,58 @@
+#pragma once
+
+#include <mutex>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include <lwconfig/platform/files.h>
+
+namespace lwconfig::tool {
+
+/// What is to become of one file. Nothing stands for a file that does not exist.
+struct FileChange {
+  std::string Path;  // in the product's notation
+  std::optional<std::string> Old;
+  std::optional<std::string> New;
+  std::string PermissionsOf{};  // of a new file: the one that it takes them of
+};
+
+/// A file system over another one: what is written or removed is kept in memory, where reads see it.
+class OverlayFiles final : public platform::Files {
+ public:
+  explicit OverlayFiles(platform::Files& base) : mBase(base) {}
+
+  /// The files that are not what they were, in the order in which they were first written.
+  std::vector<FileChange> Changes() const;
+  /// The folders that were made, in order.
+  std::vector<std::string> Folders() const { return mFolders; }
+
+  platform::EntryKind Kind(std::string_view path) override;
+  std::string Read(std::string_view path) override;
+  std::vector<platform::FolderEntry> List(std::string_view folder) override;
+  std::unique_ptr<platform::FileReplacement> Replace(std::string_view path) override;
+  void Remove(std::string_view path) override;
+  void MakeFolders(std::string_view folder) override;
+  std::string NativePath(std::string_view path) override { return mBase.NativePath(path); }
+  std::string ProductPath(std::string_view hostPath) override { return mBase.ProductPath(hostPath); }
+
+  /// Puts the content, or nothing, in the place of the file.
+  void Store(std::string_view path, std::optional<std::string> content, std::string permissionsOf = {});
+
+ private:
+  struct Entry {
+    std::string HostPath;
+    FileChange Change;
+  };
+  /// Null for a file that was not touched. `mMutex` is held.
+  FileChange* Find(const std::string& hostPath);
+  bool IsMadeFolder(std::string_view folder) const;
+
+  platform::Files& mBase;
+  std::mutex mMutex;  // files may be read on a second thread
+  std::vector<Entry> mEntries;
+  std::vector<std::string> mFolders;
+};
+
+}  // namespace lwconfig::tool
