@@ -52,6 +52,15 @@ run(${CXX} -std=c++20 ${cxx_flags} ${SOURCE_DIR}/docs/example.cpp -o ${WORK_DIR}
     -Wl,-rpath,${prefix}/${LIBDIR})
 run_example(${WORK_DIR}/pkg-config-example)
 
+foreach(file IN ITEMS man/man1/lwconfig.1 zsh/site-functions/_lwconfig fish/vendor_completions.d/lwconfig.fish)
+  file(SIZE ${prefix}/share/${file} size)
+endforeach()
+run(${prefix}/bin/lwconfig completion bash)
+file(READ ${prefix}/share/bash-completion/completions/lwconfig installed)
+if(NOT output STREQUAL installed)
+  message(FATAL_ERROR "The installed completion for bash is not the one that the command prints")
+endif()
+
 run(${prefix}/bin/lwconfig --version)
 expect(${VERSION})
 set(ENV{LWCONFIG_REGISTRY} ${WORK_DIR}/no-registry)

@@ -138,7 +138,7 @@ TEST_F(EditTest, CallsMethods) {
   EXPECT_EQ(RunIn({"call", "ExternalDocs.URL", "System.Text"}).Out, "s\n");
   EXPECT_EQ(RunIn({"call", "GetDefaultTemplate", "LW.Core", "--json"}).Status, 0);
   const auto filled = RunIn({"call", "NamespaceProfiles[1].GetNamespaceDefsByName", "LW:Module"});
-  EXPECT_EQ(filled.Out, "LW:Module\ncol = LW:Module\n") << filled.Err;
+  EXPECT_EQ(filled.Out, "1\ncol = 1\n") << filled.Err;
   const auto unsaved = RunIn({"call", "PageTemplates[1].VariableDefs.Remove", "1"});
   EXPECT_EQ(unsaved.Status, 0) << unsaved.Err;
   EXPECT_EQ(Got("PageTemplates[1].VariableDefs.Count"), "1\n");
@@ -282,9 +282,8 @@ TEST_F(OverlayTest, AFailurePutsBackWhatWasWritten) {
   const struct {
     Operation Fails;
     const char* Path;
-  } kRows[] = {{Operation::Replace, "b.txt"},      {Operation::Write, "b.txt"},
-               {Operation::Commit, "b.txt"},       {Operation::Commit, "c.txt"},
-               {Operation::MakeFolders, "made\\"}, {Operation::Read, "b.txt"}};
+  } kRows[] = {{Operation::MakeFolders, "made\\"}, {Operation::Replace, "b.txt"}, {Operation::Write, "b.txt"},
+               {Operation::Commit, "b.txt"},       {Operation::Commit, "c.txt"},  {Operation::Read, "b.txt"}};
   for (const auto& row : kRows) {
     tool::Overlay overlay;
     ChangeAll();

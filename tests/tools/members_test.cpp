@@ -39,7 +39,7 @@ TEST(MemberPath, IsReadStepByStep) {
       {R"(A["say ""x"""])", R"(A [say "x"])"},
       {R"(A['o''clock'])", "A [o'clock]"},
       {R"(A["1"][ two words ][LW:Method])", "A [1] [two words] [LW:Method]"},
-      {R"(A.Phrase("No, (x)", 2, True).B)", "A Phrase|No, (x)|#2|True B"},
+      {R"p(A.Phrase("No, (x)", 2, True).B)p", "A Phrase|No, (x)|#2|True B"},
       {"A.F()", "A F"},
       {"A[Größe]", "A [Größe]"},
   };
@@ -154,11 +154,11 @@ TEST_F(MembersTest, TellsWhatIsNotThere) {
       {{"get", "PageTemplates[1].Nam"},
        1,
        "column 18 of 'PageTemplates[1].Nam': there is no member 'Nam' of PageTemplate; did you mean 'Name'?"},
-      {{"get", "PageTemplates[Smal/er]"}, 1, "did you mean 'Small/er one'?"},
+      {{"get", "PageTemplates[Smal/er one]"}, 1, "did you mean 'Small/er one'?"},
       {{"get", "PageTemplates[0]"},
        1,
        "column 15 of 'PageTemplates[0]': there is no item 0 in PageTemplates, which has 1"},
-      {{"get", "PageTemplates[1].Name.Text"}, 1, "PageTemplates[1].Name is not an object"},
+      {{"get", "PageTemplates[1].Name.Text"}, 1, "PageTemplates[1].Name is not an object and has no members"},
       {{"get", "PageTemplates[1].Name[1]"}, 1, "PageTemplates[1].Name is not an object"},
       {{"get", "PageTemplates[1].TOCDefinitions[1].NodeDefs[1].ParentNodeDef.Key"},
        1,
@@ -187,6 +187,11 @@ TEST_F(MembersTest, TellsWhatIsNotThere) {
                   "Root.ExternalDocs"));
 }
 
+TEST_F(MembersTest, TheNameOfACommandCanBeAnArgument) {
+  EXPECT_THAT(RunIn({"show", "options"}).Out, ::testing::StartsWith("options"));
+  EXPECT_EQ(RunIn({"get", "VBOptions.Grouped", "show"}).Status, 2);
+}
+
 TEST_F(MembersTest, ListsMembersAndItems) {
   const auto listed = RunIn({"ls", "PageTemplates[1].TOCDefinitions"});
   EXPECT_EQ(listed.Status, 0) << listed.Err;
@@ -200,6 +205,9 @@ TEST_F(MembersTest, ListsMembersAndItems) {
 }
 
 TEST_F(MembersTest, CompletesWhatIsBeingTyped) {
+  Folder.Write("registry/machine.reg",
+               "REGEDIT4\n\n[HKEY_LOCAL_MACHINE\\Software\\Corvantis\\Lexiwend4]\n\"ConfigPath\"=\"" +
+                   Below("config") + "\"\n");
   const struct {
     std::vector<std::string> Words;
     const char* Out;
@@ -224,8 +232,7 @@ TEST_F(MembersTest, CompletesWhatIsBeingTyped) {
   };
   for (const auto& row : kRows) {
     std::vector<std::string> arguments{"complete", "--"};
-    arguments.insert(arguments.end(), row.Words.begin(), row.Words.end() - 1);
-    arguments.insert(arguments.end(), {"--config", Below("config"), row.Words.back()});
+    arguments.insert(arguments.end(), row.Words.begin(), row.Words.end());
     const auto completed = Run(arguments);
     std::string texts;
     std::istringstream lines(completed.Out);

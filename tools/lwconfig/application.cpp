@@ -114,7 +114,7 @@ int RunApplication(int argc, const char* const* argv) {
   app.set_help_flag("-h,--help", "this help, or that of a command");
   app.set_version_flag("--version", "lwconfig " LWCONFIG_VERSION, "the version of this program");
   app.footer(kFooter);
-  app.require_subcommand(0, 1);  // else the WHAT of "show options" would be another command
+  app.require_subcommand(0, 1);  // a word after a command is its argument, also the name of another command
   for (const auto add : kCommands) add(app, reporter);
   Run(app, argc, argv, reporter);
   return static_cast<int>(reporter.Status());

@@ -235,13 +235,10 @@ void AddCompletionCommands(CLI::App& app, Reporter& reporter) {
   const auto arguments = std::make_shared<CompleteArguments>();
   CLI::App& complete = *app.add_subcommand("complete", "Prints what the last of the words could become.");
   complete.group("");
-  complete.prefix_command();  // the words are not ours to understand
+  complete.add_option("WORDS", arguments->Words);
   complete.add_option("--line", arguments->Line);
   complete.add_option("--shell", arguments->Shell);
-  complete.callback([&app, &complete, arguments, &reporter] {
-    arguments->Words = complete.remaining();
-    Run(app, *arguments, reporter);
-  });
+  complete.callback([&app, arguments, &reporter] { Run(app, *arguments, reporter); });
 }
 
 }  // namespace lwconfig::tool

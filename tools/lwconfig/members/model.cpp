@@ -26,6 +26,13 @@ std::string Before(const MemberPath& path, std::size_t offset) {
   return offset == 0 ? "" : " in " + path.Text.substr(0, offset);
 }
 
+/// The text of the first steps, without the dot behind them.
+std::string FirstSteps(const MemberPath& path, std::size_t count) {
+  if (count == path.Steps.size()) return path.Text;
+  const PathStep& next = path.Steps[count];
+  return path.Text.substr(0, next.Offset - (next.IsItem() ? 0 : 1));
+}
+
 }  // namespace
 
 const AnyObject* ObjectIn(const Variant& value) {
@@ -149,9 +156,9 @@ Place Model::Follow(const MemberPath& path, std::size_t steps, Way from) {
       const AnyObject* object = ObjectIn(place.Value);
       if (object == nullptr) {
         const bool isObject = std::holds_alternative<AnyObject>(place.Value);
-        throw Fault(ExitStatus::NotFound, path.Text.substr(0, step.Offset) +
-                                              (isObject ? " is null" : " is not an object") +
-                                              " and has no members")
+        throw Fault(
+            ExitStatus::NotFound,
+            FirstSteps(path, at) + (isObject ? " is null" : " is not an object") + " and has no members")
             .At(path.Text, step.Offset);
       }
       place.Way.push_back(*object);
@@ -165,9 +172,8 @@ Way Model::FollowToObject(const MemberPath& path, std::size_t steps, Way from) {
   Place place = Follow(path, steps, std::move(from));
   const AnyObject* object = ObjectIn(place.Value);
   if (object == nullptr) {
-    const std::size_t end = steps < path.Steps.size() ? path.Steps[steps].Offset : path.Text.size();
     const bool isNull = std::holds_alternative<AnyObject>(place.Value);
-    throw Fault(ExitStatus::NotFound, path.Text.substr(0, end) + (isNull ? " is null" : " is not an object"))
+    throw Fault(ExitStatus::NotFound, FirstSteps(path, steps) + (isNull ? " is null" : " is not an object"))
         .At(path.Text, steps == 0 ? 0 : path.Steps[steps - 1].Offset);
   }
   if (steps > 0) place.Way.push_back(*object);
