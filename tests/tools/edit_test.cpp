@@ -107,6 +107,11 @@ TEST_F(EditTest, WhatCannotBeDoneIsToldAndWritesNothing) {
       {{"set", "NamespaceProfiles[1].Caption", "x"}, 2, "the model only reads it"},
       {{"set", "ReloadFlag", "True"}, 2, "not kept in any file"},
       {{"add", "ExternalDocs", "NamespaceName=system*"}, 3, "already"},
+      {{"set", "PageTemplates[1].TOCDefinitions[1].NodeDefs[N1].Key", "n2"},
+       3,
+       "there is an item 'n2' already"},
+      {{"set", "ModelCommentProfiles[1].Name", "../x"}, 4, "error 52 of LWConfigObjects"},
+      {{"call", "PageTemplates[1].EnabledPlugins.Add", "LW.Core", "--save"}, 3, "could not be read any more"},
       {{"add", "ExternalDocs", "NamespaceNam=x"}, 1, "did you mean 'NamespaceName'?"},
       {{"add", "ExternalDocs", "x"}, 2, "MEMBER=VALUE was expected"},
       {{"add", "ExternalDocs", "NamespaceName=x", "--after", "7"}, 1, "no item '7' to add beside"},
@@ -126,6 +131,7 @@ TEST_F(EditTest, WhatCannotBeDoneIsToldAndWritesNothing) {
   }
   // Never the starter, and never what was read in part.
   EXPECT_EQ(Run({"set", "PageTemplates[1].Name", "x"}).Status, 4);
+  EXPECT_EQ(Run({"set", "VBOptions.Grouped", "True"}).Status, 0);
   Folder.Write("config/ExternalDocs.xml", "<e><ExternalDoc Namespace=\"A\"/><ExternalDoc/></e>");
   const auto damaged = RunIn({"set", "ExternalDocs[1].URLFormat", "x"});
   EXPECT_EQ(damaged.Status, 3);
@@ -191,7 +197,7 @@ TEST_F(EditTest, AFileOfCommandsIsDoneWhollyOrNotAtAll) {
       {"set PageTemplates[1].Name x\nset VBOptions.Grouped maybe", 2, "commands.txt:2:23: error: 'maybe'"},
       {"set VBOptions.Grouped False\nadd ExternalDocs NamespaceName=X URLForma=y", 1,
        "commands.txt:2:34: error:"},
-      {"set VBOptions.Grouped False\nadd ExternalDocs \"NamespaceName=B*\"", 3, "commands.txt:2:1: error:"},
+      {"set VBOptions.Grouped False\nadd ExternalDocs \"NamespaceName=B*\"", 3, "commands.txt:2:33: error:"},
       {"set VBOptions.Grouped False\nremov ExternalDocs[1]", 2,
        "2:1: error: there is no command 'remov'; did"},
       {"set VBOptions.Grouped False\nset VBOptions.Grouped", 2, "2:1: error: VALUE is required"},

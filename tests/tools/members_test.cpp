@@ -216,9 +216,10 @@ TEST_F(MembersTest, CompletesWhatIsBeingTyped) {
       {{"set", "--dry"}, "--dry-run"},
       {{"get", "pagetem"}, "PageTemplates|PageTemplates["},
       {{"remove", "pagetem"}, "PageTemplates["},
-      {{"get", "PageTemplates["}, "PageTemplates[Small/er one]"},
-      {{"get", "PageTemplates['sm"}, "PageTemplates['Small/er one']"},
-      {{"get", "PageTemplates[1].PageLayouts[m"}, "PageTemplates[1].PageLayouts[method.html]"},
+      {{"get", "PageTemplates["}, "PageTemplates[Small/er one]|PageTemplates[Small/er one]."},
+      {{"get", "PageTemplates['sm"}, "PageTemplates['Small/er one']|PageTemplates['Small/er one']."},
+      {{"get", "PageTemplates[1].PageLayouts[m"},
+       "PageTemplates[1].PageLayouts[method.html]|PageTemplates[1].PageLayouts[method.html]."},
       {{"call", "PageTemplates.Sa"}, "PageTemplates.Save|PageTemplates.SaveTemplate"},
       {{"set", "PageTemplates[1].DiagramB"}, "PageTemplates[1].DiagramBold"},
       {{"set", "PageTemplates[1].DiagramBold", ""}, "True|False"},
@@ -247,9 +248,9 @@ TEST_F(MembersTest, CompletesWhatIsBeingTyped) {
   const std::string config = " --config " + Below("config");
   const char* const path = " PageTemplates[1].NamespaceDefs[";
   EXPECT_EQ(Run({"complete", "--shell", "bash", "--line", "lwconfig get" + config + path + "LW:P"}).Out,
-            "Project]\n");
+            "Project]\nProject].\n");
   EXPECT_EQ(Run({"complete", "--shell", "bash", "--line", "lwconfig get" + config + path + "LW\\:P"}).Out,
-            "PageTemplates[1].NamespaceDefs[LW:Project]\n");
+            "PageTemplates[1].NamespaceDefs[LW:Project]\nPageTemplates[1].NamespaceDefs[LW:Project].\n");
   EXPECT_THAT(Run({"completion", "bash"}).Out, HasSubstr("complete -o default -F _lwconfig lwconfig"));
 }
 

@@ -59,13 +59,17 @@ Configuration::Configuration(const std::string& folder, Reporter& reporter, Unre
   if (!folder.empty()) {
     OpenFolder(folder);
   } else if (ConfigPath().empty()) {
-    if (unregistered == Unregistered::Refuse) {
-      throw Error(kPathNotFound,
-                  "no configuration is registered; name a configuration folder with --config, or begin one "
-                  "with 'lwconfig init'");
-    }
+    mIsStarter = true;
+    if (unregistered == Unregistered::Refuse) RefuseStarter();
     OpenStarter(reporter);
   }
+}
+
+void Configuration::RefuseStarter() const {
+  if (!mIsStarter) return;
+  throw Error(kPathNotFound,
+              "no configuration is registered; name a configuration folder with --config, or begin one "
+              "with 'lwconfig init'");
 }
 
 void Configuration::OpenStarter(Reporter& reporter) {

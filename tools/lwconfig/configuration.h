@@ -31,11 +31,14 @@ class Configuration {
   lwconfig::Root& Root() { return mRoot; }
   /// Error 76 where the configuration folder does not exist: one that is registered may be gone.
   void RequireFolder() const;
+  /// Error 76 where the starter configuration is open because none is registered.
+  void RefuseStarter() const;
 
  private:
   void OpenStarter(Reporter& reporter);
   void OpenFolder(const std::string& hostFolder);
 
+  bool mIsStarter = false;
   std::unique_ptr<platform::Registry> mRegistry;
   std::unique_ptr<platform::ScopedHost<platform::Registry>> mScope;
   lwconfig::Root mRoot;

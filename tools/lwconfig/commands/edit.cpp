@@ -105,31 +105,29 @@ void Print(Model& model, const std::vector<Result>& results, const EditArguments
 }
 
 /// Tells what the trial run changed, and writes it unless it stays a trial.
-void Finish(Overlay& overlay, const EditArguments& arguments, bool isOutputTaken, Reporter& reporter) {
+void Finish(const Configuration& configuration, Overlay& overlay, const EditArguments& arguments,
+            Reporter& reporter) {
   if (arguments.IsTrial) return WriteOutput(overlay.Difference(), reporter);
+  if (overlay.ChangesFiles()) configuration.RefuseStarter();
   const auto names = overlay.Names();
   overlay.WriteOut();
+  // The output of a call is its result.
   for (const std::string& name : names) {
-    isOutputTaken ? reporter.Note(name) : WriteOutput(name + "\n", reporter);
+    arguments.Edit.Kind == EditKind::Call ? reporter.Note(name) : WriteOutput(name + "\n", reporter);
   }
 }
 
 void RunOne(const EditArguments& arguments, Reporter& reporter) {
-  const bool isCall = arguments.Edit.Kind == EditKind::Call;
-  Configuration configuration(arguments.Folder, reporter,
-                              isCall ? Unregistered::UseStarter : Unregistered::Refuse);
+  const Configuration configuration(arguments.Folder, reporter);
   Overlay overlay;
   Model model(reporter);
   Editor editor(model);
   const auto results = editor.Run(arguments.Whole());
   editor.Save();
-  if (overlay.IsEmpty() && !isCall) reporter.Note("nothing changes in what is saved");
-  if (!overlay.IsEmpty() && isCall && !arguments.IsTrial) {
-    // The starter is shown to those who have no configuration, never written.
-    Configuration(arguments.Folder, reporter, Unregistered::Refuse);
-  }
+  if (overlay.IsEmpty() && arguments.Edit.Kind != EditKind::Call)
+    reporter.Note("nothing changes in what is saved");
   Print(model, results, arguments, reporter);
-  Finish(overlay, arguments, isCall, reporter);
+  Finish(configuration, overlay, arguments, reporter);
 }
 
 std::string SourceText(const std::string& name) {
@@ -177,7 +175,7 @@ EditArguments ParseCommand(const std::vector<Word>& words) {
 void Apply(const EditArguments& arguments, Reporter& reporter) {
   const std::string text = SourceText(arguments.File);
   CommandSource source{arguments.File == "-" ? "standard input" : arguments.File, text, {}};
-  Configuration configuration(arguments.Folder, reporter, Unregistered::Refuse);
+  const Configuration configuration(arguments.Folder, reporter);
   Overlay overlay;
   Model model(reporter);
   Editor editor(model);
@@ -197,7 +195,7 @@ void Apply(const EditArguments& arguments, Reporter& reporter) {
   if (!isDone) return reporter.Note("nothing was written");
   if (overlay.IsEmpty())
     reporter.Note(std::to_string(count) + " commands, and nothing changes in what is saved");
-  Finish(overlay, arguments, false, reporter);
+  Finish(configuration, overlay, arguments, reporter);
 }
 
 CLI::App& AddWritingCommand(CLI::App& app, Reporter& reporter, const EditCommand& about,

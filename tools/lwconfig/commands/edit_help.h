@@ -9,7 +9,9 @@ object @ and its path, or null. A VALUE that begins with a dash follows '--'.
 
 What was changed is saved at once, by the object that keeps it: the template, the comment definitions, the
 model comments, the external documentation or the comment file locations. Options go to the registry.
-Languages, namespace profiles and plug-ins are only read by the model and cannot be changed.
+Languages, namespace profiles and plug-ins are only read by the model and cannot be changed. A model comment
+profile with another name is saved to another file; its old file stays. A change with which the
+configuration could not be read any more is refused.
 
 Examples:
   lwconfig set VBOptions.WrapCharacters 72

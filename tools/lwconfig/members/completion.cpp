@@ -66,7 +66,10 @@ void OfferItems(Model& model, const AnyObject& collection, const UnfinishedPath&
     if (!Begins(hasKey ? item.Key : key, path.Partial)) continue;
     const auto* object = std::get_if<AnyObject>(&item.Value);
     const char* about = object != nullptr && object->Class != nullptr ? object->Class->Name() : "Text";
-    candidates.push_back({path.Base + "[" + key + "]", about});
+    const std::string text = path.Base + "[" + key + "]";
+    candidates.push_back({text, about});
+    // Two candidates keep a shell from closing a quotation mark behind the bracket.
+    if (object != nullptr) candidates.push_back({text + ".", about});
   }
 }
 

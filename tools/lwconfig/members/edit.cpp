@@ -59,10 +59,24 @@ void Editor::Set(const MemberPath& path, const std::string& value, Way from) {
         .At(path.Text, last.Offset);
   }
   mKeeper.Note(way);
+  RefuseKeyInUse(way, member, value);
   std::array<Variant, 1> argument{Typed(value, slot->ParameterList[0].Type)};
   const bool isObject = std::holds_alternative<AnyObject>(argument[0]);
   mModel.Invoke(way.back(), member.Name, isObject ? automation::kPropertySet : automation::kPropertyLet,
                 argument);
+}
+
+/// Two items of one key would not load again.
+void Editor::RefuseKeyInUse(const Way& way, const ClassInfo::Member& member, const std::string& value) {
+  if (way.size() < 2) return;
+  const char* property = KeyProperty(*way.back().Class);
+  const AnyObject& collection = way[way.size() - 2];
+  if (property == nullptr || value.empty() || std::string_view(property) != member.Name ||
+      !collection.Class->IsCollection())
+    return;
+  const Variant other = FindItem(mModel, collection, value);
+  if (!std::holds_alternative<std::monostate>(other) && other != Variant(way.back()))
+    throw Fault(ExitStatus::Invalid, "there is an item '" + value + "' already").At(value, 0);
 }
 
 void Editor::Add(const Edit& edit) {

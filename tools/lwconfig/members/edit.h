@@ -41,6 +41,7 @@ class Editor {
 
  private:
   void Set(const MemberPath& path, const std::string& value, Way from);
+  void RefuseKeyInUse(const Way& way, const automation::ClassInfo::Member& member, const std::string& value);
   void Add(const Edit& edit);
   void AddText(const Way& way, const Edit& edit);
   Variant Neighbour(const AnyObject& collection, const std::string& text);

@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <array>
 #include <string>
+#include <utility>
 
 #include <tools/lwconfig/members/keeper.h>
 
@@ -35,6 +36,8 @@ constexpr std::array<Keeping, 15> kKeeping{{
     {"PlugIns", Kept::Never},
 }};
 
+constexpr const char* kCatalogue = "PageTemplates";
+
 const Keeping* Find(const AnyObject& object) {
   const auto found = std::ranges::find(kKeeping, object.Class->Name(), &Keeping::Class);
   return found == kKeeping.end() ? nullptr : found;
@@ -64,23 +67,32 @@ void Keeper::Note(const Way& way) {
 
 void Keeper::NoteRemoval(const Way& way) {
   const std::string_view name = way.back().Class->Name();
-  if (name == "PageTemplates" || name == "ModelCommentProfiles") {
-    FailUnkept(way.back(), name == "PageTemplates" ? ": each item has a folder of its own; remove the folder"
-                                                   : ": each item has a file of its own; remove the file");
+  if (name == kCatalogue || name == "ModelCommentProfiles") {
+    FailUnkept(way.back(), name == kCatalogue ? ": each item has a folder of its own; remove the folder"
+                                              : ": each item has a file of its own; remove the file");
   }
   Note(way);
 }
 
 void Keeper::Save() {
-  for (const AnyObject& object : std::exchange(mChanged, {})) {
+  const auto changed = std::exchange(mChanged, {});
+  if (changed.empty()) return;
+  for (const AnyObject& object : changed) {
     if (Find(object)->How == Kept::BySave) {
       mModel.Invoke(object, "Save", automation::kMethod);
       continue;
     }
-    const Variant catalogue = mModel.Invoke(mModel.Root(), "PageTemplates", automation::kPropertyGet);
+    const Variant catalogue = mModel.Invoke(mModel.Root(), kCatalogue, automation::kPropertyGet);
     std::array<Variant, 1> argument{object};
     mModel.Invoke(std::get<AnyObject>(catalogue), "SaveTemplate", automation::kMethod, argument);
   }
+  mModel.Invoke(mModel.Root(), "ResetLWConfig", automation::kMethod);
+  for (const AnyObject& object : changed) {
+    const bool hasOwnFile = Find(object)->How == Kept::BySave;
+    mModel.Follow(ParsePath(hasOwnFile ? object.Class->Name() : kCatalogue));
+  }
+  if (mModel.Report().Status() != ExitStatus::Done)
+    throw Fault(ExitStatus::Invalid, "with this change the configuration could not be read any more");
 }
 
 }  // namespace lwconfig::tool

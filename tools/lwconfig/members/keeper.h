@@ -16,7 +16,8 @@ class Keeper {
   /// An item of the collection at the end of `way` is to be removed. Throws a `Fault` also where a removed
   /// item would stay on disk.
   void NoteRemoval(const Way& way);
-  /// Saves what was noted, each file once, in the order of the notes.
+  /// Saves what was noted, each file once, in the order of the notes, and loads it again, for which a later
+  /// look at the model has to begin at the root. Throws a `Fault` where what was saved does not load.
   void Save();
 
  private:

@@ -15,7 +15,8 @@ class Overlay {
  public:
   Overlay();
 
-  bool IsEmpty() const { return mFiles.Changes().empty() && mRegistry.Changes().empty(); }
+  bool ChangesFiles() const { return !mFiles.Changes().empty(); }
+  bool IsEmpty() const { return !ChangesFiles() && mRegistry.Changes().empty(); }
   /// The changes as a unified diff, paths as the host has them, registry values in their editor's notation.
   std::string Difference() const;
   /// Writes the changes: every file durably, in order, then the registry values. The new content of all files
