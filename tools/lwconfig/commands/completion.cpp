@@ -111,7 +111,7 @@ std::optional<PathUse> UseOfPath(const std::string& command) {
                                                                        {"add", PathUse::Add},
                                                                        {"remove", PathUse::Remove},
                                                                        {"call", PathUse::Call}}};
-  const auto found = std::ranges::find(kUses, command, [](const auto& row) { return row.first; });
+  const auto* const found = std::ranges::find(kUses, command, [](const auto& row) { return row.first; });
   return found == kUses.end() ? std::nullopt : std::optional(found->second);
 }
 

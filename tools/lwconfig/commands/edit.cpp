@@ -58,7 +58,7 @@ void AddOptionsOf(CLI::App& command, EditArguments& arguments) {
       positional("PATH", edit.Path, "the collection")->required();
       positional("MEMBER=VALUE", arguments.Values[0],
                  "what the new item has; in a collection of texts the text");
-      positional("...", arguments.MoreMembers, "more of what it has");
+      positional("MORE", arguments.MoreMembers, "more of what it has");
       command.add_option("--key", edit.Key, "add it under this key")->option_text("KEY");
       command.add_option("--before", edit.Before, "add it before this item")->option_text("KEY|POSITION");
       command.add_option("--after", edit.After, "add it after this item")->option_text("KEY|POSITION");

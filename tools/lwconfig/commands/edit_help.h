@@ -29,7 +29,7 @@ as its key. POSITION and KEY are written as in the brackets of a path. The colle
 Examples:
   lwconfig add 'PageTemplates[VBTechDoc].VariableDefs' Name=Editor Description=Editor VariableDefType=vdtText
   lwconfig add ExternalDocs 'NamespaceName=Contoso.*' 'URLFormat=https://docs/%%FullName%%.html' --before 1
-  lwconfig add 'PageTemplates[VBTechDoc].SupportedItemTypes' source
+  lwconfig add 'PageTemplates[VBTechDoc].SupportedItemTypes' files
 )";
 
 inline constexpr const char* kRemoveHelp =
@@ -62,7 +62,8 @@ expanded. Quoted text may go on over several lines; a backslash at the end of a 
 All commands are run and saved in memory first. Nothing is written unless all of them succeed; a failure is
 told with file, line and column. Then each file is written in one step. Several files cannot be written in
 one step: all new content is on the disk before the first file is replaced, and when one cannot be replaced,
-those before it are put back as they were.
+those before it are put back as they were. An item that gets another name keeps its old key until the last
+command is done.
 
 Examples:
   lwconfig apply changes.txt --dry-run

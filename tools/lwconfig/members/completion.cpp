@@ -94,11 +94,11 @@ std::vector<Candidate> CompletePath(Model& model, std::string_view text, PathUse
   return candidates;
 }
 
-std::vector<Candidate> CompleteValue(Model& model, const std::string& text) {
-  const MemberPath path = ParsePath(text);
-  if (path.Steps.empty() || path.Steps.back().IsItem()) return {};
-  const AnyObject object = model.FollowToObject(path, path.Steps.size() - 1, {model.Root()}).back();
-  const auto* slot = WritingSlot(Model::Find(object, path, path.Steps.back()));
+std::vector<Candidate> CompleteValue(Model& model, const std::string& path) {
+  const MemberPath steps = ParsePath(path);
+  if (steps.Steps.empty() || steps.Steps.back().IsItem()) return {};
+  const AnyObject object = model.FollowToObject(steps, steps.Steps.size() - 1, {model.Root()}).back();
+  const auto* slot = WritingSlot(Model::Find(object, steps, steps.Steps.back()));
   return slot != nullptr ? ValuesOf(slot->ParameterList[0].Type, "") : std::vector<Candidate>();
 }
 

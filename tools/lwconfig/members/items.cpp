@@ -48,18 +48,30 @@ Variant FindItem(Model& model, const AnyObject& collection, const KeyOrPosition&
   return name != nullptr ? FindByFolder(model, collection, *name) : Variant();
 }
 
+namespace {
+
+/// The key that finds the item. Some collections file items of a class under another property than most.
+std::string KeyOf(Model& model, const AnyObject& collection, const AnyObject& item) {
+  for (const char* property : {KeyProperty(*item.Class), "Name"}) {
+    if (property == nullptr || item.Class->Find(property) == nullptr) continue;
+    const auto key = automation::ToText(model.Invoke(item, property, kPropertyGet));
+    if (!key.empty() && FindItem(model, collection, key) == Variant(item)) return key;
+  }
+  return {};
+}
+
+}  // namespace
+
 std::vector<Item> ItemsOf(Model& model, const AnyObject& collection) {
   std::vector<Item> items;
   const auto enumerator = automation::Enumerate(collection);
   for (Variant value; enumerator && enumerator->Next(value);) {
     Item item{static_cast<std::int32_t>(items.size()) + 1, {}, value};
     if (const auto* text = std::get_if<std::string>(&value)) {
-      item.Key = *text;
+      if (FindItem(model, collection, *text) == value) item.Key = *text;
     } else if (const auto* object = ObjectIn(value)) {
-      if (const char* property = KeyProperty(*object->Class))
-        item.Key = automation::ToText(model.Invoke(*object, property, kPropertyGet));
+      item.Key = KeyOf(model, collection, *object);
     }
-    if (!item.Key.empty() && FindItem(model, collection, item.Key) != value) item.Key.clear();
     items.push_back(std::move(item));
   }
   return items;
@@ -83,7 +95,8 @@ const char* KeyProperty(const ClassInfo& itemClass) {
       {"PlugIn", "Key"},
       {"XMLAttribute", "Name"},
   }};
-  const auto found = std::ranges::find(kKeys, itemClass.Name(), [](const auto& row) { return row.first; });
+  const auto* const found =
+      std::ranges::find(kKeys, itemClass.Name(), [](const auto& row) { return row.first; });
   return found == kKeys.end() ? nullptr : found->second;
 }
 

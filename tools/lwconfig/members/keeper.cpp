@@ -39,7 +39,7 @@ constexpr std::array<Keeping, 15> kKeeping{{
 constexpr const char* kCatalogue = "PageTemplates";
 
 const Keeping* Find(const AnyObject& object) {
-  const auto found = std::ranges::find(kKeeping, object.Class->Name(), &Keeping::Class);
+  const auto* const found = std::ranges::find(kKeeping, object.Class->Name(), &Keeping::Class);
   return found == kKeeping.end() ? nullptr : found;
 }
 

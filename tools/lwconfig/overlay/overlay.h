@@ -23,7 +23,7 @@ class Overlay {
   /// is on the disk before the first one is replaced. When a step fails, what was replaced before is put
   /// back, and the failure is thrown; where that fails too its text says so. A registry value that did not
   /// exist is put back as an empty text, which reads as the default. A file that somebody else has changed in
-  /// the meantime is such a failure.
+  /// the meantime is such a failure. Folders that were made stay.
   void WriteOut();
   /// What was changed, one line for each file and value.
   std::vector<std::string> Names() const;
