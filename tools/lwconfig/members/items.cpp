@@ -54,7 +54,7 @@ namespace {
 std::string KeyOf(Model& model, const AnyObject& collection, const AnyObject& item) {
   for (const char* property : {KeyProperty(*item.Class), "Name"}) {
     if (property == nullptr || item.Class->Find(property) == nullptr) continue;
-    const auto key = automation::ToText(model.Invoke(item, property, kPropertyGet));
+    auto key = automation::ToText(model.Invoke(item, property, kPropertyGet));
     if (!key.empty() && FindItem(model, collection, key) == Variant(item)) return key;
   }
   return {};
