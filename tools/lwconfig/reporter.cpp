@@ -25,7 +25,7 @@ bool IsFileError(std::int32_t number) {
 
 }  // namespace
 
-std::string Place(const FilePosition& position) {
+std::string PlaceText(const FilePosition& position) {
   if (position.File.empty()) return "lwconfig: ";
   std::string place = Printable(HostPath(position.File)) + ":";
   if (position.Line > 0) place += std::to_string(position.Line) + ":" + std::to_string(position.Column) + ":";
@@ -48,6 +48,7 @@ Reporter::~Reporter() {
 }
 
 void Reporter::WriteLine(const std::string& text) {
+  if (mIsQuiet) return;
   EraseProgress();
   std::fputs((text + "\n").c_str(), stderr);
 }
@@ -56,16 +57,12 @@ void Reporter::EraseProgress() {
   if (mProgress) mProgress->Erase();
 }
 
-void Reporter::WriteLine(const std::string& text) const {
-  if (!mIsQuiet) std::fputs((text + "\n").c_str(), stderr);
-}
-
 void Reporter::Note(std::string_view text) {
   WriteLine("lwconfig: note: " + Printable(text));
 }
 
 void Reporter::Fail(const Error& failure) {
-  WriteLine(Place(failure.Position()) + "error: " + Printable(failure.Description()));
+  WriteLine(PlaceText(failure.Position()) + "error: " + Printable(failure.Description()));
   Raise(IsFileError(failure.Number()) ? ExitStatus::InputOutput : ExitStatus::Invalid);
 }
 
@@ -85,7 +82,7 @@ void Reporter::FailUnknown(ExitStatus status, std::string_view wanted,
 
 void Reporter::FailAt(ExitStatus status, const FilePosition& position, std::string_view text,
                       const std::vector<std::string>& existing) {
-  WriteLine(Place(position) + "error: " + Printable(text));
+  WriteLine(PlaceText(position) + "error: " + Printable(text));
   Raise(status);
   if (!existing.empty()) WriteLine("What there is:");
   for (std::size_t at = 0; at < std::min(existing.size(), kNamesListed); ++at) {
@@ -100,7 +97,7 @@ void Reporter::Raise(ExitStatus status) {
 }
 
 void Reporter::Warn(const Diagnostic& diagnostic) {
-  WriteLine(Place(diagnostic.Position) + "warning: " + Printable(diagnostic.Message));
+  WriteLine(PlaceText(diagnostic.Position) + "warning: " + Printable(diagnostic.Message));
   Raise(ExitStatus::Invalid);
 }
 

@@ -16,7 +16,7 @@ namespace lwconfig::tool {
 enum class ExitStatus { Done = 0, NotFound = 1, Usage = 2, Invalid = 3, InputOutput = 4 };
 
 /// "file:line:column: " as far as the place is known, else "lwconfig: "; the path is the host's.
-std::string Place(const FilePosition& position);
+std::string PlaceText(const FilePosition& position);
 
 /// Tells the user on standard error what went wrong, one line each, and keeps the exit status: the highest of
 /// those that apply. While it lives, the library's warnings and message boxes come here, and its progress

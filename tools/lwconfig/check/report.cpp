@@ -27,7 +27,7 @@ std::string Line(const StyledText& line, const TextStyle& style) {
 /// "place: severity: message [code]".
 StyledText Styled(const FilePosition& position, Problem problem, const std::string& message) {
   const ProblemKind& kind = KindOf(problem);
-  return {{Place(position), Tone::Title},
+  return {{PlaceText(position), Tone::Title},
           {NameOf(kind.Severity), kind.Severity == Severity::Error ? Tone::Alarm : Tone::Condition},
           {": " + Printable(message) + " "},
           {std::string("[") + kind.Code + "]", Tone::Quiet}};

@@ -1,5 +1,6 @@
 #include <tools/lwconfig/members/fault.h>
-#include <tools/lwconfig/view/tree_path.h>
+
+#include <lwconfig/core/nearest.h>
 
 namespace lwconfig::tool {
 

@@ -9,6 +9,7 @@
 
 #include <lwconfig/core/error.h>
 #include <lwconfig/core/text.h>
+#include <lwconfig/platform/registry_text.h>
 
 namespace lwconfig::tool {
 namespace {
@@ -51,8 +52,11 @@ void Put(platform::Files& files, const std::string& path, const std::optional<st
   replacement->Commit();
 }
 
-std::string HiveName(platform::Hive hive) {
-  return hive == platform::Hive::CurrentUser ? "HKEY_CURRENT_USER" : "HKEY_LOCAL_MACHINE";
+/// The step after which the value is `wanted`, or gone.
+platform::RegistryChange StepTo(const ValueChange& change, const std::optional<RegistryValue>& wanted) {
+  using Kinds = platform::RegistryChange::Kinds;
+  return {wanted ? Kinds::Value : Kinds::DeletedValue, change.Hive, change.Key, change.Name,
+          wanted.value_or(RegistryValue{})};
 }
 
 /// A value as the registry editor writes it.
@@ -86,7 +90,8 @@ std::vector<std::string> Overlay::Names() const {
   for (const FileChange& change : mFiles.Changes())
     names.push_back((change.New ? "wrote " : "removed ") + mBaseFiles.NativePath(change.Path));
   for (const ValueChange& change : mRegistry.Changes())
-    names.push_back("set " + HiveName(change.Hive) + "\\" + change.Key + "\\" + change.Name);
+    names.push_back((change.New ? "set " : "deleted ") + std::string(platform::HiveName(change.Hive)) + "\\" +
+                    change.Key + "\\" + change.Name);
   return names;
 }
 
@@ -106,12 +111,17 @@ std::string Overlay::Difference() const {
             UnifiedDifference(DecodeText(change.Old.value_or("")), DecodeText(change.New.value_or("")));
   }
   for (const ValueChange& change : mRegistry.Changes()) {
-    const std::string key = "[" + HiveName(change.Hive) + "\\" + change.Key + "]\n";
+    const std::string key = "[" + std::string(platform::HiveName(change.Hive)) + "\\" + change.Key + "]\n";
     text += "--- registry\n+++ registry\n " + key;
     if (change.Old) text += "-" + ValueLine(change.Name, *change.Old) + "\n";
-    text += "+" + ValueLine(change.Name, change.New) + "\n";
+    if (change.New) text += "+" + ValueLine(change.Name, *change.New) + "\n";
   }
   return text;
+}
+
+std::unique_ptr<FileReplacement> Overlay::Begin(const FileChange& change) {
+  return change.Model.empty() ? mBaseFiles.Replace(change.Path)
+                              : mBaseFiles.Supersede(change.Path, change.Model);
 }
 
 void Overlay::WriteOut() {
@@ -124,11 +134,10 @@ void Overlay::WriteOut() {
     for (const std::string& folder : folders) mBaseFiles.MakeFolders(path = folder);
     for (const FileChange& change : changes) {
       path = change.Path;
-      auto& replacement = replacements.emplace_back(change.New ? mBaseFiles.Replace(path) : nullptr);
+      auto& replacement = replacements.emplace_back(change.New ? Begin(change) : nullptr);
       if (Content(mBaseFiles, path) != change.Old)
         throw Error(kPathFileAccess, "The file has been changed by somebody else in the meantime");
       if (!replacement) continue;
-      if (!change.Old && !change.PermissionsOf.empty()) replacement->TakePermissionsOf(change.PermissionsOf);
       replacement->Write(*change.New);
     }
     for (std::size_t at = 0; at < changes.size(); ++at) {
@@ -139,10 +148,9 @@ void Overlay::WriteOut() {
     }
     path = {};
     for (const ValueChange& change : mRegistry.Changes()) {
-      mBaseRegistry.Write(change.Hive, change.Key, change.Name, change.New);
-      undoable.Did(change.Key + "\\" + change.Name, [this, change] {
-        mBaseRegistry.Write(change.Hive, change.Key, change.Name, change.Old.value_or(RegistryValue{1, ""}));
-      });
+      mBaseRegistry.Apply({StepTo(change, change.New)});
+      undoable.Did(change.Key + "\\" + change.Name,
+                   [this, change] { mBaseRegistry.Apply({StepTo(change, change.Old)}); });
     }
   } catch (const std::exception& problem) {
     const auto* system = dynamic_cast<const std::system_error*>(&problem);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -29,6 +30,8 @@ class Overlay {
   std::vector<std::string> Names() const;
 
  private:
+  std::unique_ptr<platform::FileReplacement> Begin(const FileChange& change);
+
   platform::Files& mBaseFiles;
   platform::Registry& mBaseRegistry;
   OverlayFiles mFiles;

@@ -30,16 +30,16 @@ std::string_view FolderOf(std::string_view path) {
 
 class OverlayReplacement final : public platform::FileReplacement {
  public:
-  OverlayReplacement(OverlayFiles& files, std::string_view path) : mFiles(files), mPath(path) {}
+  OverlayReplacement(OverlayFiles& files, std::string_view path, std::string_view model)
+      : mFiles(files), mPath(path), mModel(model) {}
   void Write(std::string_view bytes) override { mContent += bytes; }
-  void TakePermissionsOf(std::string_view path) override { mPermissionsOf = path; }
-  void Commit() override { mFiles.Store(mPath, std::move(mContent), std::move(mPermissionsOf)); }
+  void Commit() override { mFiles.Store(mPath, std::move(mContent), std::move(mModel)); }
 
  private:
   OverlayFiles& mFiles;
   const std::string mPath;
   std::string mContent;
-  std::string mPermissionsOf;
+  std::string mModel;
 };
 
 }  // namespace
@@ -111,10 +111,15 @@ std::vector<FolderEntry> OverlayFiles::List(std::string_view folder) {
 }
 
 std::unique_ptr<platform::FileReplacement> OverlayFiles::Replace(std::string_view path) {
+  return Supersede(path, {});
+}
+
+std::unique_ptr<platform::FileReplacement> OverlayFiles::Supersede(std::string_view path,
+                                                                   std::string_view model) {
   if (Kind(FolderOf(path)) != EntryKind::Folder) FailMissing(path);
   if (Kind(path) == EntryKind::Folder)
     throw std::system_error(std::make_error_code(std::errc::is_a_directory), std::string(path));
-  return std::make_unique<OverlayReplacement>(*this, path);
+  return std::make_unique<OverlayReplacement>(*this, path, model);
 }
 
 void OverlayFiles::Remove(std::string_view path) {
@@ -128,15 +133,14 @@ void OverlayFiles::MakeFolders(std::string_view folder) {
   mFolders.emplace_back(folder);
 }
 
-void OverlayFiles::Store(std::string_view path, std::optional<std::string> content,
-                         std::string permissionsOf) {
+void OverlayFiles::Store(std::string_view path, std::optional<std::string> content, std::string model) {
   const std::string hostPath = NativePath(path);
   const std::lock_guard lock(mMutex);
   if (FileChange* known = Find(hostPath)) {
     known->New = std::move(content);
     return;
   }
-  FileChange change{std::string(path), std::nullopt, std::move(content), std::move(permissionsOf)};
+  FileChange change{std::string(path), std::nullopt, std::move(content), std::move(model)};
   if (mBase.Kind(path) == EntryKind::File) change.Old = mBase.Read(path);
   mEntries.push_back({hostPath, std::move(change)});
 }

@@ -15,7 +15,7 @@ struct FileChange {
   std::string Path;  // in the product's notation
   std::optional<std::string> Old;
   std::optional<std::string> New;
-  std::string PermissionsOf{};  // of a new file: the one that it takes them of
+  std::string Model{};  // of a file that takes the place of whatever has its name: whose permissions it gets
 };
 
 /// A file system over another one: what is written or removed is kept in memory, where reads see it.
@@ -32,13 +32,15 @@ class OverlayFiles final : public platform::Files {
   std::string Read(std::string_view path) override;
   std::vector<platform::FolderEntry> List(std::string_view folder) override;
   std::unique_ptr<platform::FileReplacement> Replace(std::string_view path) override;
+  std::unique_ptr<platform::FileReplacement> Supersede(std::string_view path,
+                                                       std::string_view model) override;
   void Remove(std::string_view path) override;
   void MakeFolders(std::string_view folder) override;
   std::string NativePath(std::string_view path) override { return mBase.NativePath(path); }
   std::string ProductPath(std::string_view hostPath) override { return mBase.ProductPath(hostPath); }
 
   /// Puts the content, or nothing, in the place of the file.
-  void Store(std::string_view path, std::optional<std::string> content, std::string permissionsOf = {});
+  void Store(std::string_view path, std::optional<std::string> content, std::string model = {});
 
  private:
   struct Entry {

@@ -1,4 +1,6 @@
 #include <algorithm>
+#include <system_error>
+#include <utility>
 
 #include <tools/lwconfig/overlay/overlay_registry.h>
 
@@ -25,13 +27,21 @@ std::optional<platform::RegistryValue> OverlayRegistry::Read(platform::Hive hive
   return mBase.Read(hive, key, name);
 }
 
-void OverlayRegistry::Write(platform::Hive hive, std::string_view key, std::string_view name,
-                            const platform::RegistryValue& value) {
-  if (ValueChange* written = Find(hive, key, name)) {
-    written->New = value;
-    return;
+void OverlayRegistry::Apply(const std::vector<platform::RegistryChange>& changes) {
+  using Kinds = platform::RegistryChange::Kinds;
+  for (const platform::RegistryChange& change : changes) {
+    if (change.Kind == Kinds::Key) continue;
+    if (change.Kind == Kinds::DeletedKey)
+      throw std::system_error(std::make_error_code(std::errc::operation_not_supported), change.Key);
+    std::optional<platform::RegistryValue> wanted;
+    if (change.Kind == Kinds::Value) wanted = change.Value;
+    if (ValueChange* written = Find(change.Root, change.Key, change.Name)) {
+      written->New = std::move(wanted);
+    } else {
+      mValues.push_back({change.Root, change.Key, change.Name,
+                         mBase.Read(change.Root, change.Key, change.Name), std::move(wanted)});
+    }
   }
-  mValues.push_back({hive, std::string(key), std::string(name), mBase.Read(hive, key, name), value});
 }
 
 }  // namespace lwconfig::tool

@@ -9,13 +9,13 @@
 
 namespace lwconfig::tool {
 
-/// What is to become of one registry value. `Old` is nothing where there was none.
+/// What is to become of one registry value; nothing stands for none.
 struct ValueChange {
   platform::Hive Hive;
   std::string Key;
   std::string Name;
   std::optional<platform::RegistryValue> Old;
-  platform::RegistryValue New;
+  std::optional<platform::RegistryValue> New;
 };
 
 /// A registry over another one: values that are written are kept in memory, where reads see them.
@@ -28,10 +28,12 @@ class OverlayRegistry final : public platform::Registry {
 
   std::optional<platform::RegistryValue> Read(platform::Hive hive, std::string_view key,
                                               std::string_view name) override;
-  /// A key comes into being with its first value.
-  void CreateKey(platform::Hive, std::string_view) override {}
-  void Write(platform::Hive hive, std::string_view key, std::string_view name,
-             const platform::RegistryValue& value) override;
+  /// As it is below: nothing that the library does looks at keys as a whole.
+  std::optional<platform::RegistryKey> List(platform::Hive hive, std::string_view key) override {
+    return mBase.List(hive, key);
+  }
+  /// A key comes into being with its first value. Deleting whole keys is not supported.
+  void Apply(const std::vector<platform::RegistryChange>& changes) override;
 
  private:
   ValueChange* Find(platform::Hive hive, std::string_view key, std::string_view name);
