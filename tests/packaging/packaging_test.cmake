@@ -52,6 +52,13 @@ run(${CXX} -std=c++20 ${cxx_flags} ${SOURCE_DIR}/docs/example.cpp -o ${WORK_DIR}
     -Wl,-rpath,${prefix}/${LIBDIR})
 run_example(${WORK_DIR}/pkg-config-example)
 
+if(PYTHON)
+  list(LENGTH templates template_count)
+  run(${CMAKE_COMMAND} -E env PYTHONPATH=${prefix}/${PYTHON_DIR} PYTHONDONTWRITEBYTECODE=1
+      ${PYTHON} -c "print(len(__import__('lwconfig').Root().PageTemplates), 'templates')")
+  expect("${template_count} templates")
+endif()
+
 foreach(file IN ITEMS man/man1/lwconfig.1 zsh/site-functions/_lwconfig fish/vendor_completions.d/lwconfig.fish)
   file(SIZE ${prefix}/share/${file} size)
 endforeach()
