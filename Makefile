@@ -8,12 +8,13 @@ BUILD = build/release
 CXX_FILES = find . -path ./build -prune -o -path ./.git -prune -o \( -name '*.h' -o -name '*.cpp' \) -print0
 
 .DEFAULT_GOAL := help
-.PHONY: help demo build test bench generate format check format-check install packages check-packages
+.PHONY: help demo build test test-windows bench generate format check format-check install packages check-packages
 
 help:
 	@echo 'make demo      show the starter configuration as a tree'
 	@echo 'make build     build everything into $(BUILD)'
 	@echo 'make test      build everything and run the tests'
+	@echo 'make test-windows  build the library for Windows and run its tests under wine'
 	@echo 'make bench     build and run the benchmarks'
 	@echo 'make install   install below PREFIX ($(PREFIX)), staged below DESTDIR'
 	@echo 'make generate  write the reference manual, the interface description and the Python stubs anew'
@@ -40,6 +41,15 @@ build: packages
 
 test: build
 	ctest --preset release -j $(JOBS)
+
+# Without a display: message boxes return at once.
+WINE = env -u DISPLAY WINEPREFIX=$(CURDIR)/build/windows/prefix WINEDEBUG=-all WINEDLLOVERRIDES="mscoree,mshtml="
+test-windows:
+	tools/windows-libraries build/windows
+	[ -e build/windows/prefix/system.reg ] || $(WINE) wineboot -i
+	cmake --preset windows
+	cmake --build --preset windows
+	$(WINE) ctest --preset windows
 
 bench: build
 	$(BUILD)/bin/lwconfig_bench

@@ -12,6 +12,7 @@ install(TARGETS lwconfig EXPORT lwconfig)
 install(DIRECTORY lwconfig DESTINATION ${CMAKE_INSTALL_INCLUDEDIR} FILES_MATCHING PATTERN "*.h"
         PATTERN internal EXCLUDE
         PATTERN posix EXCLUDE
+        PATTERN registry_format EXCLUDE
         PATTERN windows EXCLUDE)
 
 set_target_properties(lwconfig-cli PROPERTIES INSTALL_RPATH "\$ORIGIN/${lib_below_bin}")

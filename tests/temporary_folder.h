@@ -2,11 +2,10 @@
 
 #include <filesystem>
 #include <fstream>
+#include <random>
 #include <sstream>
 #include <string>
 #include <string_view>
-
-#include <stdlib.h>
 
 namespace lwconfig::testing {
 
@@ -14,8 +13,10 @@ namespace lwconfig::testing {
 class TemporaryFolder {
  public:
   TemporaryFolder() {
-    std::string pattern = (std::filesystem::temp_directory_path() / "lwconfig-test-XXXXXX").string();
-    mPath = ::mkdtemp(pattern.data());
+    std::random_device random;
+    do {
+      mPath = std::filesystem::temp_directory_path() / ("lwconfig-test-" + std::to_string(random()));
+    } while (!std::filesystem::create_directory(mPath));
   }
   ~TemporaryFolder() {
     std::error_code ignored;

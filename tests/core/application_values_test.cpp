@@ -70,7 +70,7 @@ TEST_F(ApplicationValues, AFailingRegistryIsAnError) {
        std::vector<std::function<void()>>{[] { ConfigPath(); }, [] { SetAppValue("a", "b", ""); }}) {
     const auto failure = ErrorOf(work);
     EXPECT_EQ(failure.Number(), kPathFileAccess);
-    EXPECT_EQ(std::string(failure.what()).rfind("\\etc\\user.reg:3:7: ", 0), 0U) << failure.what();
+    EXPECT_THAT(failure.what(), ::testing::HasSubstr("\\etc\\user.reg:3:7: "));
   }
   Registry.Fault = [] { throw std::system_error(EACCES, std::generic_category(), "user.reg"); };
   EXPECT_EQ(ErrorOf([] { SetAppValue("a", "b", ""); }).Number(), kPermissionDenied);

@@ -6,7 +6,7 @@
 #include <fcntl.h>
 #include <pty.h>
 #include <sys/ioctl.h>
-#include <tests/platform/private_host.h>
+#include <tests/platform/posix/private_host.h>
 
 namespace lwconfig::testing {
 

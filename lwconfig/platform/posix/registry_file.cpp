@@ -7,8 +7,8 @@
 #include <utility>
 
 #include "descriptor.h"
-#include "registry_encoding.h"
-#include "registry_syntax.h"
+#include <lwconfig/platform/registry_format/registry_encoding.h>
+#include <lwconfig/platform/registry_format/registry_syntax.h>
 
 namespace lwconfig::platform {
 namespace {

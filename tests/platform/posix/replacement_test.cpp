@@ -4,10 +4,9 @@
 
 #include <sys/resource.h>
 #include <sys/stat.h>
+#include <tests/platform/posix/private_host.h>
 
 #include <lwconfig/platform/files.h>
-
-#include "private_host.h"
 
 namespace lwconfig::platform {
 namespace {

@@ -1,6 +1,6 @@
-#include <lwconfig/platform/registry.h>
+#include <tests/platform/posix/private_host.h>
 
-#include "private_host.h"
+#include <lwconfig/platform/registry.h>
 
 namespace lwconfig::platform {
 namespace {

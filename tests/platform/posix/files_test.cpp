@@ -2,10 +2,9 @@
 #include <fstream>
 
 #include <gmock/gmock.h>
+#include <tests/platform/posix/private_host.h>
 
 #include <lwconfig/platform/files.h>
-
-#include "private_host.h"
 
 namespace lwconfig::platform {
 namespace {

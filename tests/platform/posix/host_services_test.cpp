@@ -1,14 +1,13 @@
 #include <filesystem>
 
 #include <gmock/gmock.h>
+#include <tests/platform/posix/private_host.h>
 
 #include <lwconfig/platform/components.h>
 #include <lwconfig/platform/files.h>
 #include <lwconfig/platform/folders.h>
 #include <lwconfig/platform/host.h>
 #include <lwconfig/platform/message_box.h>
-
-#include "private_host.h"
 
 namespace lwconfig::platform {
 namespace {

@@ -1,0 +1,20 @@
+# Builds for Windows with Debian's cross compiler; its programs run under wine. LWCONFIG_SYSROOT is where
+# tools/windows-libraries put the libraries.
+set(CMAKE_SYSTEM_NAME Windows)
+set(CMAKE_SYSTEM_PROCESSOR x86_64)
+set(triple x86_64-w64-mingw32)
+set(CMAKE_C_COMPILER ${triple}-gcc-posix)
+set(CMAKE_CXX_COMPILER ${triple}-g++-posix)
+set(CMAKE_RC_COMPILER ${triple}-windres)
+list(APPEND CMAKE_TRY_COMPILE_PLATFORM_VARIABLES LWCONFIG_SYSROOT)
+set(CMAKE_FIND_ROOT_PATH ${LWCONFIG_SYSROOT} /usr/${triple})
+set(CMAKE_FIND_ROOT_PATH_MODE_PROGRAM NEVER)
+set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)
+set(CMAKE_FIND_ROOT_PATH_MODE_INCLUDE ONLY)
+set(CMAKE_FIND_ROOT_PATH_MODE_PACKAGE ONLY)
+set(ENV{PKG_CONFIG_LIBDIR} ${LWCONFIG_SYSROOT}/lib/pkgconfig)
+set(ENV{PKG_CONFIG_SYSROOT_DIR} "")
+# The compiler's own libraries are part of each program.
+set(CMAKE_EXE_LINKER_FLAGS_INIT -static)
+set(CMAKE_SHARED_LINKER_FLAGS_INIT -static)
+set(CMAKE_CROSSCOMPILING_EMULATOR wine)

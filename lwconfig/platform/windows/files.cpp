@@ -1,0 +1,135 @@
+#include <algorithm>
+#include <cerrno>
+#include <memory>
+#include <system_error>
+
+#include <lwconfig/platform/files.h>
+#include <lwconfig/platform/letter_case.h>
+
+#include "replacement.h"
+#include "system.h"
+
+namespace lwconfig::platform {
+namespace {
+
+constexpr DWORD kShareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+
+/// Whether nothing stands where the failed call looked.
+bool NamesNothing(DWORD error) {
+  return error == ERROR_FILE_NOT_FOUND || error == ERROR_PATH_NOT_FOUND || error == ERROR_INVALID_NAME ||
+         error == ERROR_BAD_NETPATH || error == ERROR_INVALID_DRIVE || error == ERROR_BAD_PATHNAME ||
+         error == ERROR_NOT_READY || error == ERROR_DIRECTORY;
+}
+
+bool InNameOrder(const FolderEntry& a, const FolderEntry& b) {
+  const auto order = CompareIgnoringCase(a.Name, b.Name);
+  return order != 0 ? order < 0 : a.Name < b.Name;
+}
+
+/// Files through the system's own paths, which are the product's.
+class NativeFiles final : public Files {
+ public:
+  EntryKind Kind(std::string_view path) override {
+    if (path.empty()) return EntryKind::Missing;
+    const DWORD attributes = ::GetFileAttributesW(SystemPath(path).c_str());
+    if (attributes != INVALID_FILE_ATTRIBUTES)
+      return (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0 ? EntryKind::Folder : EntryKind::File;
+    if (!NamesNothing(::GetLastError())) ThrowWindowsError(path);
+    return EntryKind::Missing;
+  }
+
+  std::string Read(std::string_view path) override {
+    const Handle file(::CreateFileW(SystemPath(path).c_str(), GENERIC_READ, kShareAll, nullptr, OPEN_EXISTING,
+                                    FILE_ATTRIBUTE_NORMAL, nullptr));
+    if (!file.IsOpen()) ThrowWindowsError(path);
+    if (::GetFileType(file.Get()) != FILE_TYPE_DISK)
+      throw std::system_error(ENODEV, std::generic_category(), std::string(path));
+    constexpr std::size_t kStep = 1 << 20;
+    LARGE_INTEGER size{};
+    ::GetFileSizeEx(file.Get(), &size);
+    std::string content;
+    content.reserve(static_cast<std::size_t>(size.QuadPart));
+    for (;;) {
+      const std::size_t used = content.size();
+      content.resize(std::max(content.capacity(), used + kStep));
+      DWORD read = 0;
+      const auto room = static_cast<DWORD>(std::min<std::size_t>(content.size() - used, MAXDWORD));
+      const bool isRead = ::ReadFile(file.Get(), content.data() + used, room, &read, nullptr) != 0;
+      content.resize(used + read);
+      if (!isRead) ThrowWindowsError(path);
+      if (read == 0) return content;
+    }
+  }
+
+  std::vector<FolderEntry> List(std::string_view folder) override {
+    std::wstring pattern = SystemPath(folder);
+    if (!pattern.ends_with(L'\\')) pattern += L'\\';
+    WIN32_FIND_DATAW found{};
+    const HANDLE search = ::FindFirstFileW((pattern + L'*').c_str(), &found);
+    if (search == INVALID_HANDLE_VALUE) {
+      if (::GetLastError() == ERROR_FILE_NOT_FOUND && Kind(folder) == EntryKind::Folder) return {};
+      ThrowWindowsError(folder);
+    }
+    const std::unique_ptr<void, BOOL(WINAPI*)(HANDLE)> closer(search, ::FindClose);
+    std::vector<FolderEntry> entries;
+    do {
+      const std::wstring_view name = found.cFileName;
+      if (name.starts_with(L'.') || (found.dwFileAttributes & FILE_ATTRIBUTE_HIDDEN) != 0) continue;
+      const bool isFolder = (found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+      entries.push_back({Narrow(name), isFolder ? EntryKind::Folder : EntryKind::File});
+    } while (::FindNextFileW(search, &found) != 0);
+    if (::GetLastError() != ERROR_NO_MORE_FILES) ThrowWindowsError(folder);
+    std::ranges::sort(entries, InNameOrder);
+    return entries;
+  }
+
+  std::unique_ptr<FileReplacement> Replace(std::string_view path) override {
+    return BeginReplacement(path, ReplaceMode::Rewrite);
+  }
+  std::unique_ptr<FileReplacement> Supersede(std::string_view path, std::string_view /*model*/) override {
+    return BeginReplacement(path, ReplaceMode::Supersede);
+  }
+
+  void Remove(std::string_view path) override {
+    if (::DeleteFileW(SystemPath(path).c_str()) == 0) ThrowWindowsError(path);
+  }
+
+  void MakeFolders(std::string_view folder) override {
+    std::wstring path = SystemPath(folder);
+    while (path.ends_with(L'\\')) path.pop_back();
+    MakeFolder(path, folder);
+  }
+
+  std::string NativePath(std::string_view path) override {
+    std::string native(path);
+    std::ranges::replace(native, '/', '\\');
+    return native;
+  }
+  std::string ProductPath(std::string_view hostPath) override { return FullPath(hostPath); }
+
+ private:
+  static void MakeFolder(const std::wstring& path, std::string_view subject) {
+    if (::CreateDirectoryW(path.c_str(), nullptr) != 0) return;
+    const DWORD error = ::GetLastError();
+    if (error == ERROR_ALREADY_EXISTS) {
+      const DWORD attributes = ::GetFileAttributesW(path.c_str());
+      if ((attributes & FILE_ATTRIBUTE_DIRECTORY) != 0) return;
+      throw std::system_error(EEXIST, std::generic_category(), std::string(subject));
+    }
+    const std::size_t parent = path.find_last_of(L'\\');
+    if (error != ERROR_PATH_NOT_FOUND || parent == std::wstring::npos || parent < 3)
+      ThrowWindowsError(subject, error);
+    MakeFolder(path.substr(0, parent), subject);
+    if (::CreateDirectoryW(path.c_str(), nullptr) == 0 && ::GetLastError() != ERROR_ALREADY_EXISTS)
+      ThrowWindowsError(subject);
+  }
+};
+
+}  // namespace
+
+Files& Files::Native() {
+  static NativeFiles files;
+  return files;
+}
+
+}  // namespace lwconfig::platform

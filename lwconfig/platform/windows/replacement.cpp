@@ -1,0 +1,149 @@
+#include "replacement.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <system_error>
+
+#include "system.h"
+
+namespace lwconfig::platform {
+namespace {
+
+constexpr std::wstring_view kLongPrefix = L"\\\\?\\";
+
+std::wstring FullSystemPath(std::string_view path) {
+  std::wstring wide = Wide(path);
+  std::ranges::replace(wide, L'/', L'\\');
+  if (wide.starts_with(kLongPrefix)) return wide;
+  const DWORD needed = ::GetFullPathNameW(wide.c_str(), 0, nullptr, nullptr);
+  std::wstring full(needed, L'\0');
+  full.resize(::GetFullPathNameW(wide.c_str(), needed, full.data(), nullptr));
+  return full;
+}
+
+/// The file that a link at the path leads to; the path itself where there is no link, or nothing.
+std::wstring LinkTarget(const std::wstring& path) {
+  const DWORD attributes = ::GetFileAttributesW(path.c_str());
+  if (attributes == INVALID_FILE_ATTRIBUTES || (attributes & FILE_ATTRIBUTE_REPARSE_POINT) == 0) return path;
+  const Handle file(::CreateFileW(path.c_str(), 0, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
+                                  nullptr, OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr));
+  if (!file.IsOpen()) return path;
+  const DWORD needed = ::GetFinalPathNameByHandleW(file.Get(), nullptr, 0, FILE_NAME_NORMALIZED);
+  std::wstring target(needed, L'\0');
+  target.resize(::GetFinalPathNameByHandleW(file.Get(), target.data(), needed, FILE_NAME_NORMALIZED));
+  return target.empty() ? path : target;
+}
+
+/// The path with the last name in the letter case that it has on disk.
+std::wstring InLetterCaseOnDisk(std::wstring path) {
+  WIN32_FIND_DATAW found{};
+  const HANDLE search = ::FindFirstFileW(path.c_str(), &found);
+  if (search == INVALID_HANDLE_VALUE) return path;
+  ::FindClose(search);
+  return path.replace(path.find_last_of(L'\\') + 1, std::wstring::npos, found.cFileName);
+}
+
+/// The new content stands in a hidden file beside the target, which nobody else can open while it is being
+/// written: that is the lock, and what a process that died has left is written over.
+class Replacement final : public FileReplacement {
+ public:
+  Replacement(std::wstring target, ReplaceMode mode, std::string subject)
+      : mTarget(std::move(target)),
+        mMode(mode),
+        mSubject(std::move(subject)),
+        mTemporary(TemporaryName(mTarget)),
+        mFile(::CreateFileW(mTemporary.c_str(), GENERIC_WRITE | DELETE, 0, nullptr, CREATE_ALWAYS,
+                            FILE_ATTRIBUTE_HIDDEN, nullptr)) {
+    if (!mFile.IsOpen()) ThrowWindowsError(mSubject);
+  }
+  ~Replacement() override {
+    if (!mFile.IsOpen()) return;
+    mFile.Close();
+    ::DeleteFileW(mTemporary.c_str());
+  }
+  Replacement(const Replacement&) = delete;
+  Replacement& operator=(const Replacement&) = delete;
+
+  void Write(std::string_view bytes) override {
+    while (!bytes.empty()) {
+      DWORD written = 0;
+      const auto part = static_cast<DWORD>(std::min<std::size_t>(bytes.size(), 1U << 30));
+      if (::WriteFile(mFile.Get(), bytes.data(), part, &written, nullptr) == 0) ThrowWindowsError(mSubject);
+      bytes.remove_prefix(written);
+    }
+  }
+
+  void Commit() override {
+    if (::FlushFileBuffers(mFile.Get()) == 0) ThrowWindowsError(mSubject);
+    mFile.Close();
+    try {
+      PutInPlace();
+    } catch (...) {
+      ::DeleteFileW(mTemporary.c_str());
+      throw;
+    }
+  }
+
+ private:
+  static std::wstring TemporaryName(const std::wstring& target) {
+    const std::size_t name = target.find_last_of(L'\\') + 1;
+    return target.substr(0, name) + L"." + target.substr(name) + L".lwtmp";
+  }
+
+  void PutInPlace() const {
+    const DWORD attributes = ::GetFileAttributesW(mTarget.c_str());
+    const bool exists = attributes != INVALID_FILE_ATTRIBUTES;
+    if (exists && mMode == ReplaceMode::Rewrite) {
+      // Keeps the permissions, attributes and times of the old file.
+      constexpr DWORD kFlags = REPLACEFILE_IGNORE_MERGE_ERRORS | REPLACEFILE_IGNORE_ACL_ERRORS;
+      if (::ReplaceFileW(mTarget.c_str(), mTemporary.c_str(), nullptr, kFlags, nullptr, nullptr) == 0)
+        ThrowWindowsError(mSubject);
+      ::SetFileAttributesW(mTarget.c_str(), attributes);
+      return;
+    }
+    if (exists && (attributes & FILE_ATTRIBUTE_READONLY) != 0)
+      ::SetFileAttributesW(mTarget.c_str(), FILE_ATTRIBUTE_NORMAL);
+    ::SetFileAttributesW(mTemporary.c_str(), FILE_ATTRIBUTE_NORMAL);
+    if (::MoveFileExW(mTemporary.c_str(), mTarget.c_str(),
+                      MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) == 0)
+      ThrowWindowsError(mSubject);
+  }
+
+  const std::wstring mTarget;
+  const ReplaceMode mMode;
+  const std::string mSubject;
+  const std::wstring mTemporary;
+  Handle mFile;
+};
+
+}  // namespace
+
+std::string FullPath(std::string_view path) {
+  std::wstring full = FullSystemPath(path);
+  if (full.starts_with(kLongPrefix)) full.erase(0, kLongPrefix.size());
+  return Narrow(full);
+}
+
+std::wstring SystemPath(std::string_view path) {
+  if (path.find('\0') != std::string_view::npos || path.empty())
+    throw std::system_error(ENOENT, std::generic_category(), std::string(path));
+  const std::wstring full = FullSystemPath(path);
+  if (full.starts_with(kLongPrefix)) return full;
+  if (full.starts_with(L"\\\\")) return std::wstring(kLongPrefix) + L"UNC" + full.substr(1);
+  return std::wstring(kLongPrefix) + full;
+}
+
+std::unique_ptr<FileReplacement> BeginReplacement(std::string_view path, ReplaceMode mode) {
+  std::wstring target = SystemPath(path);
+  if (mode == ReplaceMode::Rewrite) target = LinkTarget(target);
+  const DWORD attributes = ::GetFileAttributesW(target.c_str());
+  if (attributes != INVALID_FILE_ATTRIBUTES) {
+    if ((attributes & FILE_ATTRIBUTE_DIRECTORY) != 0)
+      throw std::system_error(EISDIR, std::generic_category(), std::string(path));
+    if ((attributes & FILE_ATTRIBUTE_READONLY) != 0 && mode == ReplaceMode::Rewrite)
+      throw std::system_error(EACCES, std::generic_category(), std::string(path));
+  }
+  return std::make_unique<Replacement>(InLetterCaseOnDisk(std::move(target)), mode, std::string(path));
+}
+
+}  // namespace lwconfig::platform

@@ -1,0 +1,135 @@
+#include <cerrno>
+#include <functional>
+#include <string>
+#include <system_error>
+#include <vector>
+
+#include <gtest/gtest.h>
+#include <tests/temporary_folder.h>
+#include <windows.h>
+
+#include <lwconfig/platform/files.h>
+#include <lwconfig/platform/folders.h>
+#include <lwconfig/platform/host.h>
+#include <lwconfig/platform/registry.h>
+
+namespace lwconfig::platform {
+namespace {
+
+int CodeOf(const std::function<void()>& body) {
+  try {
+    body();
+  } catch (const std::system_error& failure) {
+    return failure.code().value();
+  }
+  return 0;
+}
+
+class NativeFilesTest : public ::testing::Test {
+ protected:
+  static void Put(const std::string& path, std::string_view content) {
+    const auto file = Files::Native().Replace(path);
+    file->Write(content);
+    file->Commit();
+  }
+  Files& mFiles = Files::Native();
+  testing::TemporaryFolder mTemporary;
+  const std::string mFolder = mTemporary.Path().string() + "\\\u00dcn\u00efcode \u65e5\u672c";
+};
+
+TEST_F(NativeFilesTest, PutsContentInPlaceInOneStep) {
+  mFiles.MakeFolders(mFolder + "/a/b");
+  const std::string path = mFolder + "\\a\\b\\X.txt";
+  Put(path, "one");
+  Put(mFolder + "/a/b/x.TXT", "two");
+  EXPECT_EQ(mFiles.Read(path), "two");
+  {
+    const auto abandoned = mFiles.Replace(path);
+    EXPECT_EQ(CodeOf([&] { mFiles.Replace(path); }), EBUSY);
+    abandoned->Write("three");
+  }
+  EXPECT_EQ(mFiles.Read(path), "two");
+  const auto entries = mFiles.List(mFolder + "\\a\\b");
+  ASSERT_EQ(entries.size(), 1U);
+  EXPECT_EQ(entries[0].Name, "X.txt");
+
+  ::SetFileAttributesA((mTemporary.Path() / "ro.txt").string().c_str(), FILE_ATTRIBUTE_NORMAL);
+  const std::string readOnly = mTemporary.Path().string() + "\\ro.txt";
+  Put(readOnly, "old");
+  ::SetFileAttributesA(readOnly.c_str(), FILE_ATTRIBUTE_READONLY);
+  EXPECT_EQ(CodeOf([&] { mFiles.Replace(readOnly); }), EACCES);
+  const auto superseding = mFiles.Supersede(readOnly, path);
+  superseding->Write("new");
+  superseding->Commit();
+  EXPECT_EQ(mFiles.Read(readOnly), "new");
+  mFiles.Remove(readOnly);
+  EXPECT_EQ(mFiles.Kind(readOnly), EntryKind::Missing);
+}
+
+TEST_F(NativeFilesTest, TellsWhatIsNotThere) {
+  mFiles.MakeFolders(mFolder);
+  EXPECT_EQ(CodeOf([&] { mFiles.Read(mFolder + "\\absent"); }), ENOENT);
+  EXPECT_EQ(CodeOf([&] { mFiles.List(mFolder + "\\absent"); }), ENOENT);
+  EXPECT_EQ(CodeOf([&] { mFiles.Remove(mFolder + "\\absent"); }), ENOENT);
+  EXPECT_EQ(CodeOf([&] { mFiles.Replace(mFolder + "\\absent\\x"); }), ENOENT);
+  EXPECT_EQ(CodeOf([&] { mFiles.Replace(mFolder); }), EISDIR);
+  EXPECT_NE(CodeOf([&] { mFiles.Read(mFolder); }), 0);
+  EXPECT_EQ(mFiles.Kind(mFolder + "\\a<b>"), EntryKind::Missing);
+  EXPECT_EQ(mFiles.Kind(""), EntryKind::Missing);
+}
+
+TEST_F(NativeFilesTest, TakesPathsOfAnyLength) {
+  std::string deep = mFolder;
+  for (int level = 0; level < 40; ++level) deep += "\\a folder of level " + std::to_string(level);
+  mFiles.MakeFolders(deep);
+  Put(deep + "\\x", "deep");
+  EXPECT_EQ(mFiles.Read(deep + "/x"), "deep");
+  EXPECT_EQ(mFiles.List(deep).size(), 1U);
+}
+
+class NativeRegistryTest : public ::testing::Test {
+ protected:
+  using Kinds = RegistryChange::Kinds;
+  static constexpr const char* kKey = "Software\\Corvantis\\Lexiwend4 Test";
+  NativeRegistryTest() { Clear(); }
+  ~NativeRegistryTest() override { Clear(); }
+  void Clear() {
+    for (const Hive hive : {Hive::CurrentUser, Hive::LocalMachine})
+      mRegistry.Apply({{Kinds::DeletedKey, hive, kKey, {}, {}}});
+  }
+  Registry& mRegistry = Registry::Native();
+};
+
+TEST_F(NativeRegistryTest, KeepsValuesOfEveryType) {
+  const std::vector<RegistryValue> values{
+      {1, std::string("v\u00e4rt \u65e5")},      {1, std::string()},  {2, std::string("%PATH%")},
+      {3, std::vector<std::uint8_t>{0, 1, 255}}, {4, 4'000'000'000U}, {11, std::vector<std::uint8_t>(8, 7)}};
+  for (const Hive hive : {Hive::CurrentUser, Hive::LocalMachine}) {
+    for (const RegistryValue& value : values) {
+      mRegistry.Write(hive, std::string(kKey) + "\\Sub", "N\u00e4me", value);
+      EXPECT_EQ(mRegistry.Read(hive, std::string(kKey) + "\\sub", "n\u00c4ME"), value);
+    }
+    EXPECT_EQ(mRegistry.Read(hive, kKey, "absent"), std::nullopt);
+    EXPECT_EQ(mRegistry.Read(hive, std::string(kKey) + "\\absent", "x"), std::nullopt);
+    const auto listed = mRegistry.List(hive, kKey);
+    ASSERT_TRUE(listed);
+    EXPECT_EQ(listed->Keys, std::vector<std::string>{"Sub"});
+    mRegistry.Apply({{Kinds::DeletedValue, hive, std::string(kKey) + "\\Sub", "N\u00e4me", {}},
+                     {Kinds::DeletedValue, hive, std::string(kKey) + "\\Sub", "absent", {}},
+                     {Kinds::DeletedKey, hive, std::string(kKey) + "\\absent", {}, {}}});
+    EXPECT_TRUE(mRegistry.List(hive, std::string(kKey) + "\\Sub")->Values.empty());
+  }
+}
+
+TEST(NativeHost, KnowsItsSurroundings) {
+  const std::string windows = Folders::Native().WindowsFolder();
+  EXPECT_EQ(Files::Native().Kind(windows), EntryKind::Folder);
+  EXPECT_FALSE(windows.ends_with('\\'));
+  EXPECT_EQ(Files::Native().Kind(Folders::Native().ShellFolder(5)), EntryKind::Folder);
+  EXPECT_EQ(Folders::Native().ShellFolder(9999), "");
+  EXPECT_EQ(DecodeAs("\xe4", "Windows-1252"), "\u00e4");
+  EXPECT_EQ(DecodeAs("x", "klingon"), std::nullopt);
+}
+
+}  // namespace
+}  // namespace lwconfig::platform
