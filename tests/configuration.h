@@ -62,7 +62,7 @@ class MemoryRegistry final : public platform::Registry {
   std::map<std::tuple<Hive, std::string, std::string>, platform::RegistryValue> mValues;
 };
 
-enum class FileOperation { Read, List, Replace, Write, Commit, Remove, MakeFolders };
+enum class FileOperation { Kind, Read, List, Replace, Write, Commit, Remove, MakeFolders };
 
 /// The host's files, where chosen operations on chosen paths fail.
 class FaultyFiles final : public platform::Files {
@@ -73,7 +73,10 @@ class FaultyFiles final : public platform::Files {
   }
   void Heal() { mFaults.clear(); }
 
-  platform::EntryKind Kind(std::string_view path) override { return mHost.Kind(path); }
+  platform::EntryKind Kind(std::string_view path) override {
+    Check(FileOperation::Kind, path);
+    return mHost.Kind(path);
+  }
   std::string Read(std::string_view path) override {
     Check(FileOperation::Read, path);
     return mHost.Read(path);

@@ -21,6 +21,16 @@ void ShowDuplicate(const PageTemplate& added) {
                          platform::MessageIcon::Exclamation});
 }
 
+/// Whether a folder may hold a template. A file that cannot even be examined is told of when it is its turn
+/// to be read, so that the templates before it are loaded.
+bool MayExist(const DiskFile& config) {
+  try {
+    return config.Exists();
+  } catch (const Error&) {
+    return true;
+  }
+}
+
 }  // namespace
 
 std::shared_ptr<PageTemplate> PageTemplates::Item(const ItemKey& Key) const {
@@ -58,7 +68,7 @@ void PageTemplates::Load() {
   for (const DiskFile& folder : templates.Files("*.*")) {
     if (!folder.IsFolder()) continue;
     DiskFile config(folder.FullPath(), "config", "xml");
-    if (config.Exists()) configs.push_back(std::move(config));
+    if (MayExist(config)) configs.push_back(std::move(config));
   }
   std::unordered_map<std::string, std::string> folderOf;  // by name, in one letter case
   ReadConfigurationFiles(configs, [&](const DiskFile& config, const XMLElement& root) {

@@ -158,6 +158,8 @@ TEST_F(Catalogue, KeepsACopyOfAFileThatItReadOnlyInPart) {
 
 TEST_F(Catalogue, EndsItsLoadAtAnUnreadableFile) {
   for (const char* folder : {"A", "B", "C", "D", "E", "F", "G", "H"}) AddTemplate(folder, folder);
+  // The folder of a template may be closed altogether.
+  Files.Fail(FileOperation::Kind, "C\\config.xml", EACCES);
   Files.Fail(FileOperation::Read, "C\\config.xml", EACCES);
   Files.Fail(FileOperation::Read, "E\\config.xml", EIO);
   const auto failure = ErrorOf([&] { Catalog->Load(); });
