@@ -1,6 +1,7 @@
 #include <array>
 #include <memory>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include <CLI/CLI.hpp>
@@ -60,6 +61,14 @@ class HelpFormatter final : public CLI::Formatter {
   std::string make_help(const CLI::App* app, std::string name, CLI::AppFormatMode mode) const override {
     return make_description(app) + "\n" + make_usage(app, std::move(name)) + make_positionals(app) +
            make_subcommands(app, mode) + make_groups(app, mode) + "\n" + app->get_footer();
+  }
+  std::string make_usage(const CLI::App* app, std::string name) const override {
+    std::string usage = CLI::Formatter::make_usage(app, std::move(name));
+    // Hidden arguments stand there without a name.
+    constexpr std::string_view kHidden = " []";
+    for (std::size_t at = 0; (at = usage.find(kHidden)) != std::string::npos;)
+      usage.erase(at, kHidden.size());
+    return usage;
   }
 };
 

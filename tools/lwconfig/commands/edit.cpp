@@ -68,8 +68,12 @@ void AddOptionsOf(CLI::App& command, EditArguments& arguments) {
       break;
     case EditKind::Call:
       positional("PATH", edit.Path, "the method")->required();
-      for (std::size_t at = 0; at < arguments.Values.size(); ++at)
-        positional("ARG" + std::to_string(at + 1), arguments.Values[at], at == 0 ? "its arguments" : "");
+      for (std::size_t at = 0; at < arguments.Values.size(); ++at) {
+        const bool isFirst = at == 0;
+        auto* const argument = positional(isFirst ? "ARG..." : "ARG" + std::to_string(at + 1),
+                                          arguments.Values[at], "its arguments, up to five");
+        if (!isFirst) argument->group("");  // the help tells of them once
+      }
       command.add_flag("--save", edit.IsSaved, "save what the object belongs to afterwards");
       break;
   }
