@@ -51,7 +51,11 @@ std::string NormalisePath(std::string_view path) {
 }
 
 std::string NativePath(std::string_view path) {
-  return HostFiles().NativePath(path);
+  try {
+    return HostFiles().NativePath(path);
+  } catch (const std::system_error&) {
+    return std::string(path);
+  }
 }
 
 DiskFile::DiskFile(std::string_view folder, std::string_view baseName, std::string_view extension) {

@@ -104,7 +104,8 @@ std::string NormalisePath(std::string_view path);
 /// is no such folder. Error 70 or 75 for one that cannot be listed.
 std::vector<platform::FolderEntry> ListFolder(std::string_view folder);
 
-/// The host's own path for a path in the product's notation.
+/// The host's own path for a path in the product's notation; the path itself where the host has none for it,
+/// such as one on a drive while nothing tells where the drives are.
 std::string NativePath(std::string_view path);
 
 }  // namespace lwconfig

@@ -193,6 +193,9 @@ TEST_F(ShowTest, OpensTheRegisteredConfigurationElseTheStarter) {
   const auto folder = nlohmann::json::parse(Show({"paths", "--json"}).Out);
   EXPECT_EQ(folder["AppPath"], "C:\\App");
   EXPECT_THAT(folder["ConfigPath"].get<std::string>(), ::testing::EndsWith("\\config"));
+
+  for (const char* name : {"HOME", "LWCONFIG_DRIVES"}) Set(name, nullptr);
+  EXPECT_THAT(Run({"show", "paths"}).Out, HasSubstr("C:\\Lexi"));
 }
 
 TEST_F(ShowTest, TellsOfMissingFolders) {
