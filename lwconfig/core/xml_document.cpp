@@ -189,6 +189,9 @@ void XMLDocument::TellParseFailure() const {
 }
 
 std::string XMLDocument::XML() const {
+  const bool isNamed =
+      mData->IsDraft ? !mData->Draft.Root().Name.empty() : *mData->Tree.document_element().name() != '\0';
+  if (!isNamed) throw Error(kInvalidCall, "The document has no element with a name, and cannot be written");
   return mData->IsDraft ? mData->Draft.Serialise() : TreeText(mData->Tree.root());
 }
 

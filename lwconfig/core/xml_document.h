@@ -35,7 +35,8 @@ class XMLDocument {
   void SetEncodingDoubt(std::string doubt);
   /// Tells the diagnostics handler where the file read last is not well-formed, if so.
   void TellParseFailure() const;
-  /// The whole document as UTF-8 text with an XML declaration.
+  /// The whole document as UTF-8 text with an XML declaration. Error 5 where the document element has no name
+  /// yet.
   std::string XML() const;
 
  private:

@@ -1853,7 +1853,8 @@ class XMLDocument:
         their place."""
     @property
     def XML(self) -> str:
-        """The whole document as UTF-8 text with an XML declaration."""
+        """The whole document as UTF-8 text with an XML declaration. Error 5 where the document element has no
+        name yet."""
 
 class XMLElement:
     """One element of a document. A handle: it stays valid as long as it is held, and copies refer to the same
