@@ -21,6 +21,11 @@ class PageTemplates : public KeyedCollection<PageTemplate>, public Counted<PageT
   /// letter case ignored.
   Pointer Item(const ItemKey& Key) const override;
   bool Contains(const ItemKey& Key) const override { return Item(Key) != nullptr; }
+  /// The key of the template at that position, or else its name, which finds it as well.
+  const std::string& KeyAt(std::int32_t position) const {
+    const std::string& key = KeyedCollection::KeyAt(position);
+    return key.empty() ? KeyedCollection::Item(position)->Name : key;
+  }
   /// As of every collection, but a key that is present is told by a message box: nothing is added or raised.
   void Add(Pointer obj, std::string_view Key = {}, const ItemKey& Before = {},
            const ItemKey& After = {}) override;

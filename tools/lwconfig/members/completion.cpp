@@ -57,10 +57,9 @@ void OfferMembers(const AnyObject& object, const std::string& base, std::string_
   }
 }
 
-void OfferItems(Model& model, const AnyObject& collection, const UnfinishedPath& path,
-                std::vector<Candidate>& candidates) {
+void OfferItems(const AnyObject& collection, const UnfinishedPath& path, std::vector<Candidate>& candidates) {
   if (!collection.Class->IsCollection()) return;
-  for (const Item& item : ItemsOf(model, collection)) {
+  for (const Item& item : ItemsOf(collection)) {
     const bool hasKey = !item.Key.empty();
     const std::string key = hasKey ? WrittenKey(item.Key, path.Quote) : std::to_string(item.Position);
     if (!Begins(hasKey ? item.Key : key, path.Partial)) continue;
@@ -87,7 +86,7 @@ std::vector<Candidate> CompletePath(Model& model, std::string_view text, PathUse
   const UnfinishedPath path = SplitUnfinished(text);
   const AnyObject object = model.FollowToObject(ParsePath(path.Base)).back();
   if (path.IsItem) {
-    OfferItems(model, object, path, candidates);
+    OfferItems(object, path, candidates);
   } else {
     OfferMembers(object, path.Base, path.Partial, use, candidates);
   }

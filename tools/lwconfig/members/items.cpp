@@ -41,38 +41,23 @@ Variant FindByFolder(Model& model, const AnyObject& collection, std::string_view
 
 Variant FindItem(Model& model, const AnyObject& collection, const KeyOrPosition& key) {
   std::array<Variant, 1> argument{KeyArgument(model, collection, key)};
-  Variant item = model.Invoke(collection, "Item", kPropertyGet, argument);
-  const bool isItem = ObjectIn(item) != nullptr || std::holds_alternative<std::string>(item);
-  if (isItem) return item;
+  // Some collections answer with another item where there is none such.
+  const auto contains = collection.Class->Collection().Contains;
+  if (contains == nullptr || contains(collection.Pointer, automation::ToItemKey(argument[0]))) {
+    Variant item = model.Invoke(collection, "Item", kPropertyGet, argument);
+    if (ObjectIn(item) != nullptr || std::holds_alternative<std::string>(item)) return item;
+  }
   const auto* name = std::get_if<std::string>(&key);
   return name != nullptr ? FindByFolder(model, collection, *name) : Variant();
 }
 
-namespace {
-
-/// The key that finds the item. Some collections file items of a class under another property than most.
-std::string KeyOf(Model& model, const AnyObject& collection, const AnyObject& item) {
-  for (const char* property : {KeyProperty(*item.Class), "Name"}) {
-    if (property == nullptr || item.Class->Find(property) == nullptr) continue;
-    auto key = automation::ToText(model.Invoke(item, property, kPropertyGet));
-    if (!key.empty() && FindItem(model, collection, key) == Variant(item)) return key;
-  }
-  return {};
-}
-
-}  // namespace
-
-std::vector<Item> ItemsOf(Model& model, const AnyObject& collection) {
+std::vector<Item> ItemsOf(const AnyObject& collection) {
   std::vector<Item> items;
+  const auto keyAt = collection.Class->Collection().KeyAt;
   const auto enumerator = automation::Enumerate(collection);
   for (Variant value; enumerator && enumerator->Next(value);) {
-    Item item{static_cast<std::int32_t>(items.size()) + 1, {}, value};
-    if (const auto* text = std::get_if<std::string>(&value)) {
-      if (FindItem(model, collection, *text) == value) item.Key = *text;
-    } else if (const auto* object = ObjectIn(value)) {
-      item.Key = KeyOf(model, collection, *object);
-    }
-    items.push_back(std::move(item));
+    const auto position = static_cast<std::int32_t>(items.size()) + 1;
+    items.push_back({position, keyAt != nullptr ? keyAt(collection.Pointer, position) : "", value});
   }
   return items;
 }

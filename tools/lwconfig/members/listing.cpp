@@ -66,9 +66,9 @@ std::string MemberTable(Model& model, const AnyObject& object, const TextStyle& 
   return table.Text(style);
 }
 
-std::string ItemTable(Model& model, const AnyObject& collection, const TextStyle& style) {
+std::string ItemTable(const AnyObject& collection, const TextStyle& style) {
   Table table({"POSITION", "KEY", "ITEM"});
-  for (const Item& item : ItemsOf(model, collection)) {
+  for (const Item& item : ItemsOf(collection)) {
     const AnyObject* object = ObjectIn(item.Value);
     table.Add({{std::to_string(item.Position)},
                {item.Key, Tone::Title},
@@ -92,7 +92,7 @@ Json Properties(Model& model, const AnyObject& object) {
 
 Json ItemsJson(Model& model, const AnyObject& collection) {
   Json json = Json::array();
-  for (const Item& item : ItemsOf(model, collection)) {
+  for (const Item& item : ItemsOf(collection)) {
     const AnyObject* object = ObjectIn(item.Value);
     json.push_back(object != nullptr ? Properties(model, *object) : ValueJson(item.Value));
   }
@@ -130,7 +130,7 @@ std::string GotText(Model& model, const Place& place, const TextStyle& style) {
   if (object == nullptr) return ValueText(place.Value, place.Type) + "\n";
   if (!IsCollection(object)) return MemberTable(model, *object, style);
   std::string text;
-  for (const Item& item : ItemsOf(model, *object)) {
+  for (const Item& item : ItemsOf(*object)) {
     const bool isText = std::holds_alternative<std::string>(item.Value);
     text += (isText             ? std::get<std::string>(item.Value)
              : item.Key.empty() ? std::to_string(item.Position)
@@ -142,7 +142,7 @@ std::string GotText(Model& model, const Place& place, const TextStyle& style) {
 
 std::string ListedText(Model& model, const AnyObject& object, const TextStyle& style) {
   std::string text = MemberTable(model, object, style);
-  if (IsCollection(&object)) text += "\n" + ItemTable(model, object, style);
+  if (IsCollection(&object)) text += "\n" + ItemTable(object, style);
   return text;
 }
 
@@ -179,7 +179,7 @@ Json ListedJson(Model& model, const AnyObject& object) {
   });
   if (!IsCollection(&object)) return json;
   json["Items"] = Json::array();
-  for (const Item& item : ItemsOf(model, object))
+  for (const Item& item : ItemsOf(object))
     json["Items"].push_back(
         {{"Position", item.Position}, {"Key", item.Key}, {"Item", ValueJson(item.Value)}});
   return json;

@@ -102,7 +102,7 @@ void Model::TakeItem(const MemberPath& path, const PathStep& step, Place& place)
   place.Type = {};
   if (!std::holds_alternative<std::monostate>(place.Value)) return;
   std::vector<std::string> keys;
-  const auto items = ItemsOf(*this, collection);
+  const auto items = ItemsOf(collection);
   for (const Item& item : items) {
     if (!item.Key.empty()) keys.push_back(item.Key);
   }
