@@ -43,7 +43,8 @@ TEST_F(CommandTest, ListsOptions) {
   const auto listed = RunIn({"options"});
   EXPECT_EQ(listed.Status, 0);
   EXPECT_THAT(listed.Out, StartsWith("OPTION "));
-  EXPECT_THAT(listed.Out, ::testing::ContainsRegex("\nIDEOptions\\.AutoSave +boolean +False +True +yes\n"));
+  EXPECT_THAT(listed.Out,
+              ::testing::ContainsRegex("\nIDEOptions\\.AutoSave +boolean +False +\"True\" +True\n"));
   EXPECT_THAT(listed.Out, ::testing::ContainsRegex("\nVBOptions\\.WrapCharacters +VB +integer +90 +90\n"));
   EXPECT_EQ(RunIn({"options", "list"}).Out, listed.Out);
   for (const auto& command : std::vector<std::vector<std::string>>{
@@ -65,8 +66,8 @@ TEST_F(CommandTest, ListsOptions) {
                                     {"ValueName", "ShowFriend"},
                                     {"Type", "boolean"},
                                     {"Default", true},
-                                    {"Value", true},
-                                    {"IsStored", false}}));
+                                    {"Stored", nullptr},
+                                    {"Value", true}}));
 }
 
 TEST_F(CommandTest, SetsOptionsToValuesOfTheirTypes) {

@@ -28,9 +28,12 @@ constexpr const char* kFooter =
 (yes, no, 1 and 0 do as well), a whole number, the number or the name of an enumeration's value, or a text.
 An empty text makes an option its default again.
 
+STORED is what the user's registry holds in the SECTION of the product's key; where it is empty, the default
+applies. VALUE is what programs read.
+
 Examples:
   lwconfig options
-  lwconfig options list --json | jq '.[] | select(.IsStored)'
+  lwconfig options list --json | jq '.[] | select(.Stored)'
   lwconfig options get VBOptions.WrapCharacters
   lwconfig options set VBOptions.ToolbarStyle ToolbarStyleOffice2003
 )";
@@ -47,7 +50,7 @@ std::optional<UserOption> FindOption(Root& root, const std::string& name, Report
 
 void List(const OptionsArguments& arguments, Reporter& reporter) {
   Configuration configuration(arguments.Folder, reporter);
-  Table table({"OPTION", "SECTION", "TYPE", "DEFAULT", "VALUE", "STORED"});
+  Table table({"OPTION", "SECTION", "TYPE", "DEFAULT", "STORED", "VALUE"});
   Json json = Json::array();
   for (const UserOption& option : UserOptions(configuration.Root())) {
     const OptionState state(option, reporter);
@@ -56,8 +59,8 @@ void List(const OptionsArguments& arguments, Reporter& reporter) {
                {option.Option->Section(), Tone::Quiet},
                {std::string(TypeName(option.Option->Type())), Tone::Quiet},
                {state.ShownDefault()},
-               {state.Shown(), state.IsStored ? Tone::Condition : Tone::Plain},
-               {state.IsStored ? "yes" : ""}});
+               {state.Stored.empty() ? "" : "\"" + state.Stored + "\"", Tone::Condition},
+               {state.Shown()}});
   }
   WriteOutput(arguments.IsJson ? JsonText(json) : table.Text(arguments.Style.Style()), reporter);
 }

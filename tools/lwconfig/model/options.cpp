@@ -57,10 +57,11 @@ Json TypedValue(const UserOption& option, const std::optional<std::string>& text
 
 Node Describe(const OptionState& state) {
   Node node{"option", state.Of.Option->Name()};
+  const bool isStored = !state.Stored.empty();
   const std::string standard = "default " + state.ShownDefault();
   node.Summary = {{"= " + state.Shown()},
-                  {state.IsStored ? "stored" : "default", state.IsStored ? Tone::Condition : Tone::Quiet},
-                  {state.IsStored ? standard : "", Tone::Quiet}};
+                  {isStored ? "stored" : "default", isStored ? Tone::Condition : Tone::Quiet},
+                  {isStored ? standard : "", Tone::Quiet}};
   const Json json = state.ToJson();
   for (const auto& [name, value] : json.items()) node.Properties.push_back(Unlabelled(name, value));
   const auto show = [&node](const char* label, std::string text) {
@@ -68,7 +69,7 @@ Node Describe(const OptionState& state) {
   };
   show("type", std::string(TypeName(state.Of.Option->Type())));
   show("value", state.Shown());
-  show("value", state.IsStored ? "stored" : "default");
+  show("value", isStored ? "stored" : "default");
   show("default", state.ShownDefault());
   show("section", state.Of.Option->Section());
   return node;
@@ -80,9 +81,8 @@ std::string UserOption::Name() const {
   return std::string(Set) + "." + Option->Name();
 }
 
-bool UserOption::IsStored() const {
-  // An empty text that is stored has no effect.
-  return !GetAppValue(Option->ValueName(), "", Option->Section()).empty();
+std::string UserOption::Stored() const {
+  return GetAppValue(Option->ValueName(), "", Option->Section());
 }
 
 std::span<const char* const> UserOption::Enumerators() const {
@@ -117,8 +117,7 @@ std::string_view TypeName(OptionType type) {
   return "text";
 }
 
-OptionState::OptionState(const UserOption& option, Reporter& reporter)
-    : Of(option), IsStored(option.IsStored()) {
+OptionState::OptionState(const UserOption& option, Reporter& reporter) : Of(option), Stored(option.Stored()) {
   const auto read = [&](std::optional<std::string>& text, std::string (AnyOption::*get)() const) {
     try {
       text = (Of.Option->*get)();
@@ -137,8 +136,8 @@ Json OptionState::ToJson() const {
           {"ValueName", Of.Option->ValueName()},
           {"Type", TypeName(Of.Option->Type())},
           {"Default", TypedValue(Of, Default)},
-          {"Value", TypedValue(Of, Value)},
-          {"IsStored", IsStored}};
+          {"Stored", Stored.empty() ? Json() : Json(Stored)},
+          {"Value", TypedValue(Of, Value)}};
 }
 
 std::string OptionState::Shown(const std::optional<std::string>& text) const {

@@ -20,7 +20,8 @@ struct UserOption {
 
   /// "VBOptions.WrapCharacters"
   std::string Name() const;
-  bool IsStored() const;
+  /// The text that is stored; empty where the default applies.
+  std::string Stored() const;
   /// The names of an enumeration's values, from 0 on.
   std::span<const char* const> Enumerators() const;
 };
@@ -42,7 +43,7 @@ struct OptionState {
   UserOption Of;
   std::optional<std::string> Value;
   std::optional<std::string> Default;
-  bool IsStored;
+  std::string Stored;
 
  private:
   std::string Shown(const std::optional<std::string>& text) const;
