@@ -13,6 +13,8 @@
 namespace lwconfig {
 namespace {
 
+constexpr std::string_view kNameless = "the text is left out: it has no name";
+
 /// Takes the entries of one file, the first of each name.
 class EntryReader {
  public:
@@ -45,8 +47,10 @@ class EntryReader {
       AttributeReader in(child);
       std::string name;
       in.Require("name", name);
-      if (!Add(name, child.Text()) && mInspection != nullptr)
-        mInspection->Tell(Problem::DuplicateName, child, "name", Repeated(name));
+      const bool isNew = Add(name, child.Text());
+      if (mInspection == nullptr) return;
+      if (name.empty()) mInspection->Tell(Problem::IgnoredValue, child, "name", kNameless);
+      if (!isNew) mInspection->Tell(Problem::DuplicateName, child, "name", Repeated(name));
     });
     if (mInspection != nullptr) mInspection->EndFile(document, root);
   }
@@ -81,6 +85,8 @@ class EntryReader {
     if (line.find('\n') != std::string_view::npos) {
       tell(Problem::LineEnds,
            "lines that end in a line feed alone are one line; a line ends in carriage return and line feed");
+    } else if (line.starts_with('~')) {
+      tell(Problem::MalformedLine, kNameless);
     } else if (count != 1) {
       tell(Problem::MalformedLine, count == 0 ? "the line has no \"~\": all of it is a name, without a text"
                                               : "the text ends at the second \"~\"");
