@@ -19,14 +19,18 @@ bool IsCollection(const AnyObject* object) {
   return object != nullptr && object->Class->IsCollection();
 }
 
-/// The value of a property without arguments; nothing for methods, for properties that fail, and for the
-/// objects of the root, which a listing does not load.
-std::optional<Variant> Peek(Model& model, const AnyObject& object, const ClassInfo::Member& member) {
-  if (member.Get == nullptr || member.Get->ParameterCount > 0) return std::nullopt;
+/// Whether a listing has the value of the member: of a property without arguments, but not of the objects of
+/// the root, which would have to be loaded.
+bool HasValue(Model& model, const AnyObject& object, const ClassInfo::Member& member) {
+  if (member.Get == nullptr || member.Get->ParameterCount > 0) return false;
   const ValueKind kind = member.Get->Result.Kind;
-  if (kind == ValueKind::Enumerator) return std::nullopt;
-  if (object == model.Root() && (kind == ValueKind::Object || kind == ValueKind::Variant))
-    return std::nullopt;
+  if (kind == ValueKind::Enumerator) return false;
+  return object != model.Root() || (kind != ValueKind::Object && kind != ValueKind::Variant);
+}
+
+/// That value; nothing for a property that fails.
+std::optional<Variant> Peek(Model& model, const AnyObject& object, const ClassInfo::Member& member) {
+  if (!HasValue(model, object, member)) return std::nullopt;
   try {
     return model.Invoke(object, member.Name, automation::kPropertyGet);
   } catch (const Error&) {
@@ -57,7 +61,8 @@ std::string MemberTable(Model& model, const AnyObject& object, const TextStyle& 
   Table table({"NAME", "KIND", "TYPE", "VALUE"});
   ForEachMember(*object.Class, [&](const ClassInfo::Member& member) {
     const auto value = Peek(model, object, member);
-    const std::string text = value ? PeekText(model, *value, member.Get->Result) : std::string();
+    const char* const without = HasValue(model, object, member) ? "not readable" : "";
+    const std::string text = value ? PeekText(model, *value, member.Get->Result) : without;
     table.Add({{SignatureOf(member), Tone::Title},
                {KindOf(member), Tone::Quiet},
                {ResultType(member), Tone::Quiet},
