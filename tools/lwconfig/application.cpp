@@ -1,4 +1,5 @@
 #include <array>
+#include <filesystem>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -109,6 +110,8 @@ void Run(CLI::App& app, int argc, const char* const* argv, Reporter& reporter) {
     FailMisuse(misuse, reporter);
   } catch (const Error& failure) {
     reporter.Fail(failure);
+  } catch (const std::filesystem::filesystem_error& failure) {
+    reporter.Fail(ExitStatus::InputOutput, failure.path1().string() + ": " + failure.code().message());
   } catch (const std::exception& failure) {
     reporter.Fail(ExitStatus::InputOutput, failure.what());
   }
