@@ -4,6 +4,7 @@
 
 #include <benchmark/benchmark.h>
 #include <pugixml.hpp>
+#include <tools/lwconfig/check/check.h>
 
 #include <lwconfig/core/xml_document.h>
 #include <lwconfig/root.h>
@@ -54,6 +55,17 @@ void Load(benchmark::State& state, int templates) {
   }
 }
 
+/// Loading with an inspection under way, and all that is looked for besides.
+void Check(benchmark::State& state, int templates) {
+  const auto& sample = Sample(templates);
+  const ConfigPathScope registered(sample);
+  tool::Reporter reporter;
+  for (auto _ : state) {
+    const auto report = tool::CheckConfiguration({}, reporter);
+    if (report.Status() != tool::ExitStatus::Done) state.SkipWithError("the sample has errors");
+  }
+}
+
 /// The text of every template by the XML library's own serialiser, from trees that it parsed.
 void Serialise(benchmark::State& state) {
   const auto& sample = Sample(kTemplates);
@@ -100,6 +112,8 @@ void Save(benchmark::State& state) {
     const std::string count = std::to_string(templates);
     benchmark::RegisterBenchmark(("parse/" + count).c_str(), ParseTemplates, templates)->Unit(ms);
     benchmark::RegisterBenchmark(("load/" + count).c_str(), Load, templates)->Unit(ms);
+    benchmark::RegisterBenchmark(("check/" + count).c_str(), Check, templates)->Unit(ms);
+    Ratios()["check/" + count] = {"load/" + count, ""};
     Ratios()["load/" + count] = {"parse/" + count, "at most 3, better 2"};
     if (templates != kTemplates)
       Ratios()["parse/" + count] = {"parse/200", "1", templates / double{kTemplates}};
