@@ -3,6 +3,7 @@
 #include <memory>
 
 #include <tests/configuration.h>
+#include <tests/language_element.h>
 
 #include <lwconfig/comments/comment_file_locations.h>
 #include <lwconfig/comments/model_comment_profiles.h>
@@ -17,6 +18,7 @@ namespace {
 
 using testing::Each;
 using testing::ErrorOf;
+using testing::kLanguageWords;
 using testing::Texts;
 using Names = std::vector<std::string>;
 
@@ -107,10 +109,6 @@ struct Format {
   }
 };
 
-constexpr const char* kWords =
-    "Name Caption Overloads Overrides Virtual NotVirtual Abstract Shadows Static Optional OutParam ByRef "
-    "ByVal ReturnTypePrefix ArraySymbol VoidTypeName ParamArray Function Sub ReadOnlyProperty "
-    "WriteOnlyProperty ReadWriteProperty MustInherit NotInheritable ReadOnlyField";
 constexpr const char* kTag = "Hidden Identifier Elementtype Description Format General WrapType";
 constexpr const char* kModel = "MemberType_Namespace MemberName TaggedCommentPrefix TaggedCommentText";
 constexpr const char* kLocation = "AssemblyFileName CommentFilePath";
@@ -123,7 +121,7 @@ const Format kFormats[] = {
     {"modelcomments.xml", OpenModelComments, kSet, "MC", "MemberName", kModel, {"A", "B", "a"}, 0, true},
     {"modelcomments/P.xml", OpenProfiles, kSet, "MC", "MemberName", kModel, {"A", "B", "a"}, 0, true, true},
     {"CommentFileLocations.xml", OpenCommentFiles, "x", "f", "AssemblyFileName", kLocation, {"A", "B", "a"}},
-    {"languages.xml", OpenLanguages, "x", "Language", "Name", kWords, {"A", "B"}, kDuplicateKey},
+    {"languages.xml", OpenLanguages, "x", "Language", "Name", kLanguageWords, {"A", "B"}, kDuplicateKey},
     {"ExternalDocs.xml", OpenDocs, "x", "ExternalDoc", "Namespace", "Namespace", {"A", "B"}, kDuplicateKey},
     {"Templates/T/Phrases/L.txt", OpenTexts<&PageTemplate::Phrases>, "x", "p", "name", "name", {"A", "B"}},
     {"Templates/T/HTMLScraps/L.txt", OpenTexts<&PageTemplate::Scraps>, "x", "p", "name", "name", {"A", "B"}},

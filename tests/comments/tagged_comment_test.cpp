@@ -40,30 +40,18 @@ TEST(TaggedCommentDef, FillsWhatTheFileLeavesOut) {
 }
 
 TEST(TaggedCommentDef, DerivesTheCodeElementsOfOlderFiles) {
-  const std::string derived[] = {"",
-                                 "",
-                                 "Project",
-                                 "Module",
-                                 "Method,LW:Property",
-                                 "Property",
-                                 "Parameter",
-                                 "",
-                                 "Event",
-                                 "Enumeration",
-                                 "EnumerationMember",
-                                 "Structure",
-                                 "StructureMember",
-                                 "Declaration",
-                                 "ImplementedInterface",
-                                 ""};
-  for (std::size_t type = 0; type < std::size(derived); ++type) {
+  const auto derived = Split(
+      "||Project|Module|Method,LW:Property|Property|Parameter||Event|Enumeration|EnumerationMember|Structure|"
+      "StructureMember|Declaration|ImplementedInterface|",
+      "|");
+  for (std::size_t type = 0; type < derived.size(); ++type) {
     for (const bool named : {false, true}) {
       TaggedCommentDef definition;
       definition.Namespace = "old";
       std::string element = Element("##A", named ? "Namespace='LW:X'" : "");
       element.replace(element.find("ElementType='1'"), 15, "ELEMENTTYPE=' " + std::to_string(type) + "x'");
       definition.Load(Parse(element));
-      const std::string unnamed = derived[type].empty() ? "old" : "LW:" + derived[type];
+      const std::string unnamed = derived[type].empty() ? "old" : "LW:" + std::string(derived[type]);
       EXPECT_EQ(definition.Namespace, named ? "LW:X" : unnamed) << type;
     }
   }

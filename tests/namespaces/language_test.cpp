@@ -1,6 +1,6 @@
 #include <tests/configuration.h>
+#include <tests/language_element.h>
 
-#include <lwconfig/core/text.h>
 #include <lwconfig/namespaces/language.h>
 
 namespace lwconfig {
@@ -9,6 +9,8 @@ namespace {
 using testing::Each;
 using ::testing::ElementsAre;
 using testing::ErrorOf;
+using testing::kLanguageWords;
+using testing::LanguageElement;
 using testing::Parse;
 using testing::Texts;
 
@@ -20,30 +22,16 @@ std::string WordsOf(const Language& l) {
          l.FunctionWord + l.SubWord + l.ReadOnlyPropertyWord + l.WriteOnlyPropertyWord +
          l.ReadWritePropertyWord + l.MustInheritWord + l.NotInheritableWord + l.ReadOnlyFieldKeyword;
 }
-constexpr std::string_view kWords =
-    "Name Caption Overloads Overrides Virtual NotVirtual Abstract Shadows Static Optional OutParam ByRef "
-    "ByVal "
-    "ReturnTypePrefix ArraySymbol VoidTypeName ParamArray Function Sub ReadOnlyProperty WriteOnlyProperty "
-    "ReadWriteProperty MustInherit NotInheritable ReadOnlyField";
-
-/// A language element whose words are their attributes' names and a blank.
-std::string Element(const std::string& name, const std::string& inside = {}, const std::string& more = {}) {
-  std::string element = "<Language";
-  for (const auto word : Split(kWords, " ")) {
-    element.append(" ").append(word) += "='" + (word == "Name" ? name : std::string(word) + " ") + "'";
-  }
-  return element + " " + more + ">" + inside + "</Language>";
-}
 
 TEST(Language, ReadsEveryWord) {
   Language language;
-  language.Load(Parse(Element("Name ")));
-  EXPECT_EQ(WordsOf(language), std::string(kWords) + " ");
+  language.Load(Parse(LanguageElement("Name ")));
+  EXPECT_EQ(WordsOf(language), std::string(kLanguageWords) + " ");
   EXPECT_EQ(language.ParameterDelimiter, ",");
   EXPECT_FALSE(language.IncludeByDefault);
-  language.Load(Parse(Element("N", "",
-                              "parameterdelimiter=';' IncludeByDefault='True' IncludeFlag='True' "
-                              "MultiDimensionalArraySymbol='(,)'")));
+  language.Load(Parse(LanguageElement("N", "",
+                                      "parameterdelimiter=';' IncludeByDefault='True' IncludeFlag='True' "
+                                      "MultiDimensionalArraySymbol='(,)'")));
   EXPECT_EQ(language.ParameterDelimiter + language.MultiDimensionalArraySymbol, ";(,)");
   EXPECT_TRUE(language.IncludeByDefault);
   EXPECT_FALSE(language.IncludeFlag);
@@ -51,11 +39,11 @@ TEST(Language, ReadsEveryWord) {
 
 TEST(Language, TranslatesTypesAndAccessLevels) {
   Language language;
-  language.Load(
-      Parse(Element("L",
-                    "<DataType type='Int32' Value='Long'/><AccessType type='Public' value='pub'/><other/>"
-                    "<accesstype type='public' Value='again'/><accesstype type='x'/>"
-                    "<accesstype type='Private' Value='priv'/>")));
+  language.Load(Parse(
+      LanguageElement("L",
+                      "<DataType type='Int32' Value='Long'/><AccessType type='Public' value='pub'/><other/>"
+                      "<accesstype type='public' Value='again'/><accesstype type='x'/>"
+                      "<accesstype type='Private' Value='priv'/>")));
   EXPECT_THAT(language.DataTypes->Item("INT32"), ::testing::Pointee(std::string("Long")));
   EXPECT_THAT(language.ReverseDataTypes->Item("long"), ::testing::Pointee(std::string("Int32")));
   EXPECT_THAT(Texts(*language.AccessTypes), ElementsAre("pub", "priv"));
@@ -67,7 +55,7 @@ TEST(Language, TranslatesTypesAndAccessLevels) {
     Language failing;
     const std::string inside =
         std::string("<datatype type='A' Value='x'/>\n") + second + "<datatype type='C' Value='z'/>";
-    const auto failure = ErrorOf([&] { failing.Load(Parse(Element("L", inside))); });
+    const auto failure = ErrorOf([&] { failing.Load(Parse(LanguageElement("L", inside))); });
     EXPECT_EQ(failure.Number(), number) << second;
     EXPECT_EQ(failure.Position().Line, 2) << second;
     EXPECT_EQ(failing.DataTypes->Count(), types) << second;
@@ -81,7 +69,7 @@ TEST_F(LanguageFile, IsSharedOnceLoaded) {
   const auto none = Languages::Shared();
   EXPECT_EQ(ErrorOf([&] { none->Item("VB"); }).Number(), kInvalidCall);
   EXPECT_EQ(ErrorOf([&] { none->Item(1); }).Number(), kSubscriptOutOfRange);
-  Write("languages.xml", "<x>\n" + Element("VB") + "<LANGUAGE/>" + Element("C#") + "</x>");
+  Write("languages.xml", "<x>\n" + LanguageElement("VB") + "<LANGUAGE/>" + LanguageElement("C#") + "</x>");
   EXPECT_EQ(Languages::Shared(), none);
   EXPECT_EQ(none->Count(), 0);
   ResetSharedSlots();
@@ -90,7 +78,7 @@ TEST_F(LanguageFile, IsSharedOnceLoaded) {
   EXPECT_EQ(languages->Item("c#")->Name, "C#");
   for (const ItemKey& unknown : {ItemKey("J#"), ItemKey(0), ItemKey(3), ItemKey("")})
     EXPECT_EQ(languages->Item(unknown)->Name, "VB") << unknown.Description();
-  languages->Load(Parse("<x>" + Element("Other") + "</x>"));
+  languages->Load(Parse("<x>" + LanguageElement("Other") + "</x>"));
   EXPECT_THAT(Each(*languages, &Language::Name), ElementsAre("Other"));
 }
 

@@ -2,6 +2,7 @@
 
 #include <gmock/gmock.h>
 #include <nlohmann/json.hpp>
+#include <tests/language_element.h>
 #include <tests/tools/tool_test.h>
 
 namespace lwconfig::testing {
@@ -33,35 +34,12 @@ class ShowMoreTest : public ToolTest {
     Folder.Write("config/ExternalDocs.xml",
                  R"(<e><ExternalDoc Namespace="System*" URLFormat="https://x/%%Object%%">
   <DefaultMemberLink Help2Link="M:%%MemberName%%"/></ExternalDoc></e>)");
-    std::string words;
-    for (const char* word : {"Overloads",
-                             "Overrides",
-                             "Virtual",
-                             "NotVirtual",
-                             "Abstract",
-                             "Shadows",
-                             "Static",
-                             "Optional",
-                             "OutParam",
-                             "ByRef",
-                             "ByVal",
-                             "ReturnTypePrefix",
-                             "ArraySymbol",
-                             "VoidTypeName",
-                             "ParamArray",
-                             "Function",
-                             "Sub",
-                             "MustInherit",
-                             "NotInheritable",
-                             "ReadOnlyProperty",
-                             "WriteOnlyProperty",
-                             "ReadWriteProperty",
-                             "ReadOnlyField"})
-      words += std::string(" ") + word + "=\"w \"";
-    Folder.Write("config/languages.xml",
-                 "<l><Language Name=\"C\" Caption=\"See\" IncludeByDefault=\"True\"" + words +
-                     "><datatype type=\"System.Int32\" Value=\"int\"/>"
-                     "<datatype type=\"System.Char\" Value=\"char\"/></Language></l>");
+    Folder.Write("config/languages.xml", "<l>" +
+                                             LanguageElement("C",
+                                                             "<datatype type='System.Int32' Value='int'/>"
+                                                             "<datatype type='System.Char' Value='char'/>",
+                                                             "IncludeByDefault='True'") +
+                                             "</l>");
   }
 };
 
@@ -91,9 +69,9 @@ TEST_F(ShowMoreTest, DrawsComments) {
 }
 
 TEST_F(ShowMoreTest, DrawsLanguagesAndExternalDocumentation) {
-  EXPECT_EQ(Show({"languages"}).Out, "languages (1)\n└─ C  See · included by default\n");
+  EXPECT_EQ(Show({"languages"}).Out, "languages (1)\n└─ C  Caption  · included by default\n");
   const auto language = Show({"languages/c"}).Out;
-  EXPECT_THAT(language, HasSubstr("by reference            \"w \"\n"));
+  EXPECT_THAT(language, HasSubstr("by reference            \"ByRef \"\n"));
   EXPECT_THAT(language, HasSubstr("data types              System.Int32 = int · System.Char = char\n"));
   EXPECT_EQ(Show({"externaldocs/System*"}).Out, R"(System*
    class address        https://x/%%Object%%
@@ -123,7 +101,7 @@ TEST_F(ShowMoreTest, PrintsTheSameAsJson) {
   EXPECT_EQ(json["ModelCommentProfiles"][0]["ModelComments"][0]["InsertionPoint"], 3);
   EXPECT_EQ(json["CommentFileLocations"][0]["InternalCommentFilePath"], "%NETPATH%a.xml");
   EXPECT_EQ(json["Languages"][0]["ReverseDataTypes"]["char"], "System.Char");
-  EXPECT_EQ(json["Languages"][0]["ByRefWord"], "w ");
+  EXPECT_EQ(json["Languages"][0]["ByRefWord"], "ByRef ");
   EXPECT_EQ(json["ExternalDocs"][0]["DefaultMemberLink"]["Help2LinkFormat"], "M:%%MemberName%%");
   EXPECT_EQ(json["Options"].size(), 5u);
   EXPECT_EQ(json["Options"][1]["Options"][0]["Value"], 2);
