@@ -196,9 +196,7 @@ PyGetSetDef* Accessors(const ClassInfo& info) {
   auto* accessors = new std::vector<PyGetSetDef>;
   for (const auto& member : info.Members()) {
     if (!IsPlainProperty(member)) continue;
-    const bool isWritable = member.Let != nullptr || member.Set != nullptr;
-    accessors->push_back({member.Name, member.Get != nullptr ? GetMember : nullptr,
-                          isWritable ? SetMember : nullptr, nullptr,
+    accessors->push_back({member.Name, member.Get != nullptr ? GetMember : nullptr, SetMember, nullptr,
                           const_cast<ClassInfo::Member*>(&member)});
   }
   accessors->push_back({});

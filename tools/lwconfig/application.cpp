@@ -14,10 +14,10 @@
 namespace lwconfig::tool {
 namespace {
 
-constexpr std::array kCommands{AddShowCommand,     AddCheckCommand,      AddGetCommand,    AddListCommand,
-                               AddEditCommands,    AddOptionsCommand,    AddPhraseCommand, AddScrapCommand,
-                               AddLinkCommand,     AddTemplateCommand,   AddInitCommand,   AddRegistryCommand,
-                               AddDescribeCommand, AddCompletionCommands};
+constexpr std::array kCommands{
+    AddShowCommand,    AddCheckCommand,    AddGetCommand,      AddListCommand,        AddEditCommands,
+    AddOptionsCommand, AddPhraseCommand,   AddScrapCommand,    AddLinkCommand,        AddTemplateCommand,
+    AddInitCommand,    AddRegistryCommand, AddDescribeCommand, AddCompletionCommands, AddSessionCommand};
 
 constexpr const char* kFooter = R"(Examples:
   lwconfig show                        everything

@@ -15,6 +15,8 @@ void AddGetCommand(CLI::App& app, Reporter& reporter);
 void AddListCommand(CLI::App& app, Reporter& reporter);
 /// 'set', 'add', 'remove', 'call' and 'apply'.
 void AddEditCommands(CLI::App& app, Reporter& reporter);
+/// The hidden 'session'.
+void AddSessionCommand(CLI::App& app, Reporter& reporter);
 void AddOptionsCommand(CLI::App& app, Reporter& reporter);
 void AddPhraseCommand(CLI::App& app, Reporter& reporter);
 void AddScrapCommand(CLI::App& app, Reporter& reporter);
@@ -33,6 +35,9 @@ struct StyleOptions {
   std::size_t Columns = 0;
   TextStyle Style() const;
 };
+
+/// The text of a file of commands, a path of the host; "-" for standard input.
+std::string SourceText(const std::string& name);
 
 /// Adds the option that names the configuration folder.
 void AddConfigurationOption(CLI::App& command, std::string& folder);

@@ -134,6 +134,8 @@ void RunOne(const EditArguments& arguments, Reporter& reporter) {
   Finish(configuration, overlay, arguments, reporter);
 }
 
+}  // namespace
+
 std::string SourceText(const std::string& name) {
   if (name == "-")
     return DecodeText(
@@ -146,6 +148,8 @@ std::string SourceText(const std::string& name) {
     throw FileError(failure, path);
   }
 }
+
+namespace {
 
 /// The command that the words are; a `Fault` where they are none.
 EditArguments ParseCommand(const std::vector<Word>& words) {

@@ -43,7 +43,8 @@ Examples:
 
 inline constexpr const char* kCallHelp =
     R"(PATH leads to a method; each ARG is written as a VALUE of 'lwconfig set'. Where any value will do, a whole
-number is a number; in quotation marks inside the ARG it is a text. The result is printed as 'lwconfig get'
+number is a number; in quotation marks inside the ARG it is a text. NAME:=VALUE gives an argument by the name
+of its parameter; a text that looks so has to be given like that itself. The result is printed as 'lwconfig get'
 does, then a line NAME = VALUE for each argument that the method has filled. A method that writes files
 itself writes them; anything else it changes is saved only with --save.
 

@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <array>
 #include <memory>
 
@@ -7,6 +8,7 @@
 
 #include <lwconfig/automation/conversion.h>
 #include <lwconfig/automation/errors.h>
+#include <lwconfig/platform/letter_case.h>
 
 namespace lwconfig::tool {
 namespace {
@@ -22,6 +24,13 @@ const PathStep& LastMember(const MemberPath& path, const char* wanted) {
         .At(path.Text, path.Steps.empty() ? 0 : path.Steps.back().Offset);
   }
   return path.Steps.back();
+}
+
+/// `NAME:=VALUE`
+bool NamesArgument(std::string_view text) {
+  const auto end = text.find(":=");
+  return end != std::string_view::npos && end > 0 &&
+         text.find_first_not_of("ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz_0123456789") == end;
 }
 
 }  // namespace
@@ -56,6 +65,7 @@ void Editor::Set(const MemberPath& path, const std::string& value, Way from) {
   if (slot == nullptr || !last.Arguments.empty()) {
     throw Fault(ExitStatus::Usage, std::string(way.back().Class->Name()) + "." + member.Name +
                                        (member.Method != nullptr ? " is a method" : " can only be read"))
+        .Numbered(member.Method != nullptr ? automation::kNoSuchMember : automation::kReadOnlyProperty)
         .At(path.Text, last.Offset);
   }
   mKeeper.Note(way);
@@ -152,6 +162,23 @@ void Editor::Remove(const MemberPath& path) {
   mModel.Invoke(way.back(), "Remove", kMethod, argument);
 }
 
+void Editor::PlaceNamed(const std::string& text, std::span<const automation::ParameterInfo> parameters,
+                        std::vector<Variant>& arguments) {
+  const auto end = text.find(":=");
+  const std::string name = text.substr(0, end);
+  const auto found = std::ranges::find_if(
+      parameters, [&](const auto& parameter) { return EqualIgnoringCase(parameter.Name, name); });
+  const bool isKnown = found != parameters.end();
+  Variant* argument = isKnown ? &arguments[static_cast<std::size_t>(found - parameters.begin())] : nullptr;
+  if (!isKnown || !std::holds_alternative<Missing>(*argument)) {
+    throw Fault(ExitStatus::Usage, isKnown ? "the argument '" + name + "' is given twice"
+                                           : "there is no parameter '" + name + "'")
+        .Numbered(automation::kNamedArgumentNotFound)
+        .At(text, 0);
+  }
+  *argument = Typed(text.substr(end + 2), found->Type);
+}
+
 std::vector<Result> Editor::Call(const Edit& edit) {
   const MemberPath path = ParsePath(edit.Path);
   const PathStep& last = LastMember(path, "method");
@@ -161,18 +188,23 @@ std::vector<Result> Editor::Call(const Edit& edit) {
     throw Fault(ExitStatus::Usage, member.Method != nullptr
                                        ? std::string("the arguments of a method follow its path")
                                        : std::string(member.Name) + " is a property; 'lwconfig get' reads it")
+        .Numbered(automation::kNoSuchMember)
         .At(edit.Path, last.Offset);
   }
   const auto parameters = member.Method->Parameters();
   std::vector<Variant> arguments;
+  std::vector<std::string> named;
   for (const std::string& value : edit.Values) {
+    if (NamesArgument(value)) {
+      named.push_back(value);
+      continue;
+    }
     const bool isDeclared = arguments.size() < parameters.size();
     arguments.push_back(isDeclared ? Typed(value, parameters[arguments.size()].Type) : Variant(value));
   }
   // Arguments that are left out can still be given back.
-  const std::size_t given = arguments.size();
-  for (std::size_t at = given; at < parameters.size() && parameters[at].IsOptional; ++at)
-    arguments.emplace_back(Missing{});
+  for (std::size_t at = arguments.size(); at < parameters.size(); ++at) arguments.emplace_back(Missing{});
+  for (const std::string& value : named) PlaceNamed(value, parameters, arguments);
   if (edit.IsSaved) mKeeper.Note(way);
   Variant result;
   try {
@@ -181,7 +213,9 @@ std::vector<Result> Editor::Call(const Edit& edit) {
     if (failure.Number() != automation::kArgumentNotOptional &&
         failure.Number() != automation::kWrongArgumentCount)
       throw;
-    throw Fault(ExitStatus::Usage, failure.Description()).At(edit.Path, last.Offset);
+    throw Fault(ExitStatus::Usage, failure.Description())
+        .Numbered(failure.Number())
+        .At(edit.Path, last.Offset);
   }
   std::vector<Result> results;
   if (member.Method->Result.Kind != automation::ValueKind::None)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <span>
 #include <string>
 #include <utility>
 #include <vector>
@@ -47,6 +48,9 @@ class Editor {
   Variant Neighbour(const AnyObject& collection, const std::string& text);
   void Insert(const Way& way, Variant item, const std::string& key, const Edit& edit);
   void Remove(const MemberPath& path);
+  /// Puts an argument that is written `NAME:=VALUE` in its place.
+  void PlaceNamed(const std::string& text, std::span<const automation::ParameterInfo> parameters,
+                  std::vector<Variant>& arguments);
   std::vector<Result> Call(const Edit& edit);
   Variant Typed(const std::string& text, const automation::TypeInfo& type);
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <exception>
 #include <string>
 #include <string_view>
@@ -28,6 +29,13 @@ class Fault : public std::exception {
     return *this;
   }
 
+  /// The number by which programs know such a fault; 0 where they know of none.
+  Fault& Numbered(std::int32_t number) {
+    mNumber = number;
+    return *this;
+  }
+
+  std::int32_t Number() const { return mNumber; }
   ExitStatus Status() const { return mStatus; }
   const char* what() const noexcept override { return mText.c_str(); }
   /// The word with the fault; empty where it is in none.
@@ -38,6 +46,7 @@ class Fault : public std::exception {
 
  private:
   ExitStatus mStatus;
+  std::int32_t mNumber = 0;
   std::string mText;
   std::string mWord;
   std::size_t mOffset = 0;

@@ -50,6 +50,7 @@ const Keeping* Find(const AnyObject& object) {
 }  // namespace
 
 void Keeper::Note(const Way& way) {
+  if (mModel.IsNamed(way)) return;
   for (auto object = way.rbegin(); object != way.rend(); ++object) {
     const Keeping* keeping = Find(*object);
     if (keeping == nullptr) continue;

@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <memory>
 #include <utility>
 
@@ -87,7 +88,26 @@ const ClassInfo::Member& Model::Find(const AnyObject& object, const MemberPath& 
   }
   throw Fault::Unknown(ExitStatus::NotFound, "member", step.Name, std::string(" of ") + object.Class->Name(),
                        std::move(names))
+      .Numbered(automation::kNoSuchMember)
       .At(path.Text, step.Offset);
+}
+
+bool Model::IsNamed(const Way& way) const {
+  return way.size() > 1 &&
+         std::ranges::any_of(mNamed, [&](const auto& named) { return named.second == way[1]; });
+}
+
+/// Arguments after the name are those of the object's default member.
+void Model::TakeNamed(const MemberPath& path, const PathStep& step, const AnyObject& object, Place& place) {
+  place.Value = object;
+  if (step.Arguments.empty()) return;
+  place.Way.push_back(object);
+  const ClassInfo::Member* member = object.Class->Find(automation::kDefaultMemberId);
+  if (member == nullptr)
+    throw Fault(ExitStatus::Usage, step.Name + " has no default member")
+        .Numbered(automation::kNoSuchMember)
+        .At(path.Text, step.Offset);
+  TakeMember(path, step, *member, place);
 }
 
 void Model::TakeItem(const MemberPath& path, const PathStep& step, Place& place) {
@@ -120,12 +140,19 @@ void Model::TakeItem(const MemberPath& path, const PathStep& step, Place& place)
 
 void Model::Take(const MemberPath& path, const PathStep& step, Place& place) {
   if (step.IsItem()) return TakeItem(path, step, place);
+  const auto named = mNamed.find(step.Name);
+  if (named != mNamed.end() && place.Way == Way{mRoot}) return TakeNamed(path, step, named->second, place);
+  TakeMember(path, step, Find(place.Way.back(), path, step), place);
+}
+
+void Model::TakeMember(const MemberPath& path, const PathStep& step, const ClassInfo::Member& member,
+                       Place& place) {
   const AnyObject object = place.Way.back();
-  const ClassInfo::Member& member = Find(object, path, step);
   if (member.Get == nullptr) {
     throw Fault(ExitStatus::Usage, std::string(member.Name) + (member.Method != nullptr
                                                                    ? " is a method; 'lwconfig call' calls it"
                                                                    : " can only be set"))
+        .Numbered(automation::kNoSuchMember)
         .At(path.Text, step.Offset);
   }
   const auto parameters = member.Get->Parameters();
@@ -143,7 +170,9 @@ void Model::Take(const MemberPath& path, const PathStep& step, Place& place) {
     if (failure.Number() < automation::kNamedArgumentNotFound ||
         failure.Number() > automation::kWrongArgumentCount)
       throw;
-    throw Fault(ExitStatus::Usage, failure.Description()).At(path.Text, step.Offset);
+    throw Fault(ExitStatus::Usage, failure.Description())
+        .Numbered(failure.Number())
+        .At(path.Text, step.Offset);
   }
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <map>
 #include <span>
 #include <string>
 #include <vector>
@@ -34,6 +35,12 @@ class Model {
 
   const AnyObject& Root() const { return mRoot; }
 
+  /// Gives an object of the caller's own a name that paths may begin with, before those of the root's
+  /// members.
+  void Name(const std::string& name, AnyObject object) { mNamed[name] = std::move(object); }
+  /// Whether the way leads through an object with a name: nobody keeps what is in it.
+  bool IsNamed(const Way& way) const;
+
   /// The value at the path, from the root or from the last object of `from`. Throws a `Fault` of the status
   /// `NotFound` for a member, item or object that does not exist.
   Place Follow(const MemberPath& path) { return Follow(path, path.Steps.size(), {mRoot}); }
@@ -55,6 +62,9 @@ class Model {
 
  private:
   void Take(const MemberPath& path, const PathStep& step, Place& place);
+  void TakeNamed(const MemberPath& path, const PathStep& step, const AnyObject& object, Place& place);
+  void TakeMember(const MemberPath& path, const PathStep& step, const automation::ClassInfo::Member& member,
+                  Place& place);
   void TakeItem(const MemberPath& path, const PathStep& step, Place& place);
   Variant Get(const AnyObject& object, const automation::ClassInfo::Member& member,
               std::span<Variant> arguments);
@@ -62,6 +72,7 @@ class Model {
   Reporter& mReporter;
   platform::ComponentFactory mPreviousComponent;
   AnyObject mRoot;
+  std::map<std::string, AnyObject> mNamed;
 };
 
 /// The object of a published class that the value is; null for another value and for no object.

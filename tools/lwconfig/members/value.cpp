@@ -13,26 +13,28 @@ using automation::TypeInfo;
 using automation::ValueKind;
 
 /// A `Fault` with the words that would have done.
-Fault NoValue(const std::string& text, const TypeInfo& type) {
+Fault NoValue(const std::string& text, const TypeInfo& type, std::int32_t number = kTypeMismatch) {
   const auto possible = PossibleValues(type);
   if (!possible.empty() && type.Kind == ValueKind::Enumeration)
     return Fault::Unknown(ExitStatus::Usage, "value", text, std::string(" of ") + type.Enumeration().Name,
-                          possible);
+                          possible)
+        .Numbered(number);
   const bool isFlag = type.Kind == ValueKind::Boolean;
   const bool isNumber = type.Kind == ValueKind::Integer16 || type.Kind == ValueKind::Integer32;
   return Fault(ExitStatus::Usage, "'" + text + "' is not " +
                                       (isFlag     ? "True or False"
                                        : isNumber ? "a whole number that fits"
-                                                  : "@ and the path of an object, or null"));
+                                                  : "@ and the path of an object, or null"))
+      .Numbered(number);
 }
 
 std::int32_t WholeNumber(const std::string& text, const TypeInfo& type) {
   constexpr std::int32_t kMost16 = 32767;
   const auto number = StrictInteger(text);
   const bool isWhole = text.find_first_not_of("+-0123456789") == std::string::npos;
-  if (!number || !isWhole) throw NoValue(text, type);
+  if (!number || !isWhole) throw NoValue(text, type, number ? kTypeMismatch : number.ErrorNumber);
   if (type.Kind == ValueKind::Integer16 && (number.Value > kMost16 || number.Value < -kMost16 - 1))
-    throw NoValue(text, type);
+    throw NoValue(text, type, kOverflow);
   return number.Value;
 }
 
@@ -63,7 +65,8 @@ AnyObject Object(const std::string& text, const TypeInfo& type, const ObjectAt& 
   AnyObject object = objectAt(ParsePath(std::string_view(text).substr(1)));
   if (type.Kind == ValueKind::Object && object.Class != &type.Class()) {
     throw Fault(ExitStatus::Usage, text.substr(1) + " is a " + object.Class->Name() + ", a " +
-                                       type.Class().Name() + " was expected");
+                                       type.Class().Name() + " was expected")
+        .Numbered(kTypeMismatch);
   }
   return object;
 }
@@ -129,7 +132,7 @@ Variant TypedArgument(const PathValue& argument, const TypeInfo& type, std::stri
     });
   } catch (const Fault& fault) {
     Fault placed(fault.Status(), fault.what());
-    throw placed.At(text, argument.Offset);
+    throw placed.Numbered(fault.Number()).At(text, argument.Offset);
   }
 }
 

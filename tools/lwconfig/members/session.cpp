@@ -1,0 +1,111 @@
+#include <utility>
+
+#include <tools/lwconfig/members/items.h>
+#include <tools/lwconfig/members/session.h>
+#include <tools/lwconfig/members/value.h>
+
+#include <lwconfig/automation/dispatch.h>
+#include <lwconfig/automation/errors.h>
+#include <lwconfig/automation/published.h>
+
+namespace lwconfig::tool {
+namespace {
+
+/// Type and value as every face of the library can tell them: no object, empty and Null are one.
+std::string TypedText(const Result& result) {
+  struct Kind {
+    const Result& Told;
+    std::string operator()(bool) const { return "boolean "; }
+    std::string operator()(std::int16_t) const { return "integer "; }
+    std::string operator()(std::int32_t number) const {
+      const bool hasName = ValueText(Told.Value, Told.Type) != std::to_string(number);
+      return hasName ? std::string(Told.Type.Enumeration().Name) + " " : "integer ";
+    }
+    std::string operator()(double) const { return "number "; }
+    std::string operator()(const std::string&) const { return "text "; }
+    std::string operator()(const AnyObject& object) const { return object ? "object " : ""; }
+    std::string operator()(std::monostate) const { return "null"; }
+    std::string operator()(Null) const { return ""; }
+    std::string operator()(Missing) const { return "null"; }
+  };
+  const std::string quote = std::holds_alternative<std::string>(result.Value) ? "\"" : "";
+  return std::visit(Kind{result}, result.Value) + quote + ValueText(result.Value, result.Type) + quote;
+}
+
+const std::string& WordAt(const std::vector<std::string>& words, std::size_t at) {
+  if (at >= words.size())
+    throw Fault(ExitStatus::Usage, "the command '" + words.front() + "' ends too early");
+  return words[at];
+}
+
+}  // namespace
+
+std::string Session::Run(const Words& words) {
+  Tell(words);
+  return std::exchange(mTold, {});
+}
+
+void Session::Tell(const Words& words) {
+  mTold += ">";
+  for (const std::string& word : words) mTold += " " + word;
+  mTold += "\n";
+  try {
+    const bool isNamed = words.size() > 2 && words[1] == "=";
+    const auto results = Do(isNamed ? words[0] : "", isNamed ? Words(words.begin() + 2, words.end()) : words);
+    if (isNamed && !results.empty()) mModel.Name(words[0], std::get<AnyObject>(results.front().Value));
+    for (const Result& result : results) mTold += "  " + TypedText(result) + "\n";
+  } catch (const Fault& fault) {
+    if (fault.Number() == 0) throw;
+    mTold += "  error " + std::to_string(fault.Number()) + "\n";
+  } catch (const Error& failure) {
+    mTold += "  error " + std::to_string(failure.Number()) + "\n";
+  }
+}
+
+std::vector<Result> Session::Do(const std::string& name, const Words& words) {
+  const std::string& command = words.front();
+  if (command == "new") {
+    const auto* info = automation::FindClass(WordAt(words, 1));
+    if (info == nullptr) throw Fault(ExitStatus::Usage, "there is no class '" + words[1] + "'");
+    return {{{}, info->Create(), {}}};
+  }
+  if (command == "get") {
+    const Place place = mModel.Follow(ParsePath(WordAt(words, 1)));
+    return {{{}, place.Value, place.Type}};
+  }
+  if (command == "set") return mEditor.Run({EditKind::Set, WordAt(words, 1), {WordAt(words, 2)}});
+  if (command == "call") {
+    auto results = mEditor.Run({EditKind::Call, WordAt(words, 1), {words.begin() + 2, words.end()}});
+    if (results.empty()) results.emplace_back();
+    return results;
+  }
+  if (command == "each") return Each(WordAt(words, 1));
+  if (command == "same") return {{{}, ObjectAt(WordAt(words, 1)) == ObjectAt(WordAt(words, 2)), {}}};
+  if (command == "connect") {
+    Connect(name, words);
+  } else if (command == "close") {
+    mConnections[WordAt(words, 1)].Close();
+  } else {
+    throw Fault::Unknown(ExitStatus::Usage, "command", command, "",
+                         {"new", "get", "set", "call", "each", "same", "connect", "close"});
+  }
+  return {};
+}
+
+AnyObject Session::ObjectAt(const std::string& path) {
+  return mModel.FollowToObject(ParsePath(path)).back();
+}
+
+std::vector<Result> Session::Each(const std::string& path) {
+  std::vector<Result> items;
+  for (const Item& item : ItemsOf(mModel, ObjectAt(path))) items.push_back({{}, item.Value, {}});
+  return items;
+}
+
+void Session::Connect(const std::string& name, const Words& words) {
+  const AnyObject object = ObjectAt(WordAt(words, 1));
+  const Words command(words.begin() + 3, words.end());
+  mConnections[name] = automation::Connect(object, WordAt(words, 2), [this, command] { Tell(command); });
+}
+
+}  // namespace lwconfig::tool

@@ -1,0 +1,43 @@
+#pragma once
+
+#include <map>
+#include <string>
+#include <vector>
+
+#include <tools/lwconfig/members/edit.h>
+
+#include <lwconfig/core/event.h>
+
+namespace lwconfig::tool {
+
+/// Commands on objects of one's own, each told of with what it gave: what programs do with the object model,
+/// written down.
+///
+///     NAME = new CLASS               NAME = get PATH, NAME = call PATH ARG...: an object that paths may
+///     begin with get PATH                       set PATH VALUE, call PATH ARG...: as the commands of these
+///     names each PATH                      the items of a collection same PATH PATH                 whether
+///     both are one object NAME = connect PATH EVENT COMMAND...   runs the command whenever the event is
+///     raised close NAME                     until its connection is closed
+class Session {
+ public:
+  explicit Session(Model& model) : mModel(model), mEditor(model) {}
+
+  /// The command after "> ", then its values, or "error" and the number, one line for each. Nothing is saved.
+  std::string Run(const std::vector<std::string>& words);
+
+ private:
+  using Words = std::vector<std::string>;
+
+  void Tell(const Words& words);
+  std::vector<Result> Do(const std::string& name, const Words& words);
+  AnyObject ObjectAt(const std::string& path);
+  std::vector<Result> Each(const std::string& path);
+  void Connect(const std::string& name, const Words& words);
+
+  Model& mModel;
+  Editor mEditor;
+  std::map<std::string, Connection> mConnections;
+  std::string mTold;
+};
+
+}  // namespace lwconfig::tool
