@@ -4,6 +4,7 @@
 #include <vector>
 
 #include <python/calls.h>
+#include <python/documentation.h>
 #include <python/failures.h>
 #include <python/objects.h>
 #include <python/values.h>
@@ -90,6 +91,7 @@ py::object ResultOf(const MemberInfo& slot, const Variant& result, const PlacedA
 /// A callable that Python binds to the object it is looked up on, as it does functions.
 struct Method {
   PyObject_HEAD vectorcallfunc Call;
+  const automation::ClassInfo* Owner;
   const MemberInfo* Slot;
 };
 
@@ -122,6 +124,26 @@ PyObject* BindMethod(PyObject* callable, PyObject* object, PyObject*) {
 
 PyObject* MethodName(PyObject* callable, void*) {
   return PyUnicode_FromString(reinterpret_cast<Method*>(callable)->Slot->Name);
+}
+
+PyObject* MethodOwner(PyObject* callable, void*) {
+  const auto& method = *reinterpret_cast<Method*>(callable);
+  return PyUnicode_FromFormat("%s.%s", method.Owner->Name(), method.Slot->Name);
+}
+
+PyObject* MethodDocumentation(PyObject* callable, void*) {
+  return Guarded<PyObject*>(nullptr, [&] {
+    const auto& method = *reinterpret_cast<Method*>(callable);
+    return ToPythonText(MemberDocumentation(*method.Owner, *method.Owner->Find(method.Slot->Name)))
+        .release()
+        .ptr();
+  });
+}
+
+PyObject* MethodSignature(PyObject* callable, void*) {
+  return Guarded<PyObject*>(nullptr, [&] {
+    return ToPythonText(TextSignature(*reinterpret_cast<Method*>(callable)->Slot)).release().ptr();
+  });
 }
 
 PyObject* ShowMethod(PyObject* callable) {
@@ -175,7 +197,11 @@ int SetProperty(PyObject* self, const automation::ClassInfo::Member& member, PyO
 void PrepareMethods() {
   static PyMemberDef members[] = {
       {"__vectorcalloffset__", T_PYSSIZET, offsetof(Method, Call), READONLY, nullptr}, {}};
-  static PyGetSetDef properties[] = {{"__name__", MethodName, nullptr, nullptr, nullptr}, {}};
+  static PyGetSetDef properties[] = {{"__name__", MethodName, nullptr, nullptr, nullptr},
+                                     {"__qualname__", MethodOwner, nullptr, nullptr, nullptr},
+                                     {"__doc__", MethodDocumentation, nullptr, nullptr, nullptr},
+                                     {"__text_signature__", MethodSignature, nullptr, nullptr, nullptr},
+                                     {}};
   static PyType_Slot slots[] = {{Py_tp_call, reinterpret_cast<void*>(PyVectorcall_Call)},
                                 {Py_tp_descr_get, reinterpret_cast<void*>(BindMethod)},
                                 {Py_tp_repr, reinterpret_cast<void*>(ShowMethod)},
@@ -191,10 +217,11 @@ void PrepareMethods() {
   if (gMethodType == nullptr) throw py::error_already_set();
 }
 
-py::object MakeMethod(const MemberInfo& slot) {
+py::object MakeMethod(const automation::ClassInfo& info, const MemberInfo& slot) {
   auto* method = PyObject_New(Method, gMethodType);
   if (method == nullptr) throw py::error_already_set();
   method->Call = CallMethod;
+  method->Owner = &info;
   method->Slot = &slot;
   return py::reinterpret_steal<py::object>(reinterpret_cast<PyObject*>(method));
 }

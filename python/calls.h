@@ -17,7 +17,7 @@ PyObject* GetProperty(PyObject* self, const automation::MemberInfo& getter);
 int SetProperty(PyObject* self, const automation::ClassInfo::Member& member, PyObject* value);
 
 /// A callable object that is a method of its class.
-pybind11::object MakeMethod(const automation::MemberInfo& slot);
+pybind11::object MakeMethod(const automation::ClassInfo& info, const automation::MemberInfo& slot);
 /// Makes the type of such objects.
 void PrepareMethods();
 

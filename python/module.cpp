@@ -49,7 +49,7 @@ void SetMessageBoxHandler(const py::object& handler) {
 }
 
 void AddIterators(py::module_& module) {
-  py::class_<automation::Enumerator, std::shared_ptr<automation::Enumerator>>(module, "Iterator")
+  py::class_<automation::Enumerator, std::shared_ptr<automation::Enumerator>>(module, "_Iterator")
       .def("__iter__", [](py::object self) { return self; })
       .def("__next__", [](automation::Enumerator& self) {
         Variant item;

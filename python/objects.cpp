@@ -4,12 +4,14 @@
 
 #include <python/calls.h>
 #include <python/collections.h>
+#include <python/documentation.h>
 #include <python/events.h>
 #include <python/failures.h>
 #include <python/objects.h>
 #include <python/values.h>
 #include <structmember.h>
 
+#include <lwconfig/automation/contracts.h>
 #include <lwconfig/automation/dispatch.h>
 #include <lwconfig/automation/published.h>
 
@@ -191,13 +193,18 @@ bool IsPlainProperty(const ClassInfo::Member& member) {
          member.Id != automation::kNewEnumId;
 }
 
+/// A text that lives as long as the process, as what types are made from has to.
+const char* Kept(std::string text) {
+  return (new std::string(std::move(text)))->c_str();
+}
+
 /// The properties of the class as Python's own accessors; they live as long as the type.
 PyGetSetDef* Accessors(const ClassInfo& info) {
   auto* accessors = new std::vector<PyGetSetDef>;
   for (const auto& member : info.Members()) {
     if (!IsPlainProperty(member)) continue;
-    accessors->push_back({member.Name, member.Get != nullptr ? GetMember : nullptr, SetMember, nullptr,
-                          const_cast<ClassInfo::Member*>(&member)});
+    accessors->push_back({member.Name, member.Get != nullptr ? GetMember : nullptr, SetMember,
+                          Kept(MemberDocumentation(info, member)), const_cast<ClassInfo::Member*>(&member)});
   }
   accessors->push_back({});
   return accessors->data();
@@ -275,14 +282,16 @@ void AddTypes(py::module_& module) {
   for (const ClassInfo* info : automation::PublishedClasses()) {
     auto slots = CollectionSlots(*info);
     slots.push_back({Py_tp_getset, Accessors(*info)});
+    const std::string contract(automation::Contract(info->Name()));
+    slots.push_back({Py_tp_doc, const_cast<char*>(contract.c_str())});
     PyTypeObject* type =
         MakeType(std::string("lwconfig.") + info->Name(), TheRegistry().Base, std::move(slots));
     const py::handle handle(reinterpret_cast<PyObject*>(type));
     for (const auto& member : info->Members()) {
       if (IsPlainProperty(member) || member.Id == automation::kNewEnumId) continue;
-      if (PyDict_SetItemString(type->tp_dict, member.Name,
-                               MakeMethod(member.Method != nullptr ? *member.Method : *member.Get).ptr()) !=
-          0)
+      if (PyDict_SetItemString(
+              type->tp_dict, member.Name,
+              MakeMethod(*info, member.Method != nullptr ? *member.Method : *member.Get).ptr()) != 0)
         throw py::error_already_set();
     }
     PyType_Modified(type);

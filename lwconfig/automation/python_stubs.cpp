@@ -37,6 +37,9 @@ class Error(Exception):
     line: int
     column: int
 
+class Object:
+    """What all published classes are derived from."""
+
 class Connection:
     """A handler that is connected to an event, as long as this object lives or until it is closed."""
 
@@ -169,7 +172,7 @@ Text EventsText(const ClassInfo& info) {
 }
 
 Text ClassText(const ClassInfo& info) {
-  Text text = Text("class ") + info.Name() + ":\n" + DocText(Contract(info.Name()), 4) + "\n";
+  Text text = Text("class ") + info.Name() + "(Object):\n" + DocText(Contract(info.Name()), 4) + "\n";
   if (info.IsCreatable()) text += "    def __init__(self) -> None: ...\n";
   for (const auto& member : info.Members()) {
     if (member.Id != kNewEnumId) text += MemberText(info, member);

@@ -22,6 +22,9 @@ class Error(Exception):
     line: int
     column: int
 
+class Object:
+    """What all published classes are derived from."""
+
 class Connection:
     """A handler that is connected to an event, as long as this object lives or until it is closed."""
 
@@ -257,7 +260,7 @@ LWIPCOpenLWProject = LWIPCCommandEnum.LWIPCOpenLWProject
 LWIPCIsFileLoaded = LWIPCCommandEnum.LWIPCIsFileLoaded
 LWIPCReloadVBProject = LWIPCCommandEnum.LWIPCReloadVBProject
 
-class Root:
+class Root(Object):
     """The way into the configuration. Every `Root` of the process hands out the same objects, created and
     loaded on first request; when the last `Root` goes, the next one loads afresh. An error raised while a
     collection loads is thrown on; what was loaded stays shared, and the next request returns it. Nothing is
@@ -339,7 +342,7 @@ class Root:
     ReloadFlag: bool
     """A flag for clients, shared by every `Root` of the process; a reset leaves it."""
 
-class PageTemplates:
+class PageTemplates(Object):
     """The catalogue of page templates: one for every folder below the templates folder that holds a
     `config.xml`."""
 
@@ -383,7 +386,7 @@ class PageTemplates:
     @overload
     def __getitem__(self, key: slice) -> list[lwconfig.PageTemplate]: ...
 
-class PageTemplate:
+class PageTemplate(Object):
     """One look and feel of the generated documentation: a folder of page layouts and the settings in its
     `config.xml`."""
 
@@ -492,7 +495,7 @@ class PageTemplate:
 
         `PageLayoutsChange`: Raised after every `Add` to `PageLayouts` that succeeded."""
 
-class PageLayouts:
+class PageLayouts(Object):
     """The layouts of a template, filed under their file names."""
 
     def __init__(self) -> None: ...
@@ -522,7 +525,7 @@ class PageLayouts:
     @overload
     def __getitem__(self, key: slice) -> list[lwconfig.PageLayout]: ...
 
-class PageLayout:
+class PageLayout(Object):
     """One file of a template folder: a page from which output pages are produced, or a help project file."""
 
     def __init__(self) -> None: ...
@@ -557,7 +560,7 @@ class PageLayout:
     def Save(self, e: lwconfig.XMLElement | None) -> None:
         """Names the element `PageLayout` and writes all properties but the two tags into it."""
 
-class TOCDefinitions:
+class TOCDefinitions(Object):
     """The contents definitions of a template, filed under their names."""
 
     def __init__(self) -> None: ...
@@ -583,7 +586,7 @@ class TOCDefinitions:
     @overload
     def __getitem__(self, key: slice) -> list[lwconfig.TOCDefinition]: ...
 
-class TOCDefinition:
+class TOCDefinition(Object):
     """One table of contents of a template: the tree of its nodes."""
 
     def __init__(self) -> None: ...
@@ -604,7 +607,7 @@ class TOCDefinition:
     def Clone(self, PageTemplate: lwconfig.PageTemplate | None) -> lwconfig.TOCDefinition:
         """A deep copy that belongs to the given template."""
 
-class NodeDefs:
+class NodeDefs(Object):
     """The nodes of a contents definition, flat, filed under their keys."""
 
     def __init__(self) -> None: ...
@@ -632,7 +635,7 @@ class NodeDefs:
     @overload
     def __getitem__(self, key: slice) -> list[lwconfig.NodeDef]: ...
 
-class NodeDef:
+class NodeDef(Object):
     """One node of a contents tree. Nodes form the tree through parent keys; parent and owner are not kept
     alive."""
 
@@ -706,7 +709,7 @@ class NodeDef:
     def Clone(self) -> lwconfig.NodeDef:
         """A copy with the same key, parent and definition. Fails as `PageLayout` does."""
 
-class VariableDefs:
+class VariableDefs(Object):
     """The variables of a template, filed under their names."""
 
     def __init__(self) -> None: ...
@@ -732,7 +735,7 @@ class VariableDefs:
     @overload
     def __getitem__(self, key: slice) -> list[lwconfig.VariableDef]: ...
 
-class VariableDef:
+class VariableDef(Object):
     """A variable that a template's pages use and a user can set."""
 
     def __init__(self) -> None: ...
@@ -754,7 +757,7 @@ class VariableDef:
     def Save(self, e: lwconfig.XMLElement | None) -> None:
         """Names the element `VariableDef` and writes the properties into it."""
 
-class TaggedCommentDefs:
+class TaggedCommentDefs(Object):
     """Every type of tagged comment, filed under its prefix."""
 
     def __init__(self) -> None: ...
@@ -808,7 +811,7 @@ class TaggedCommentDefs:
     @overload
     def __getitem__(self, key: slice) -> list[lwconfig.TaggedCommentDef]: ...
 
-class TaggedCommentDef:
+class TaggedCommentDef(Object):
     """One type of tagged comment: how it is recognised in source code, what it belongs to and how it is
     edited."""
 
@@ -858,7 +861,7 @@ class TaggedCommentDef:
     def Clone(self) -> lwconfig.TaggedCommentDef:
         """A copy of all properties."""
 
-class ModelCommentProfiles:
+class ModelCommentProfiles(Object):
     """Every model comment profile of the configuration, filed under its name. Each has a file of its own."""
 
     def __init__(self) -> None: ...
@@ -901,7 +904,7 @@ class ModelCommentProfiles:
     @overload
     def __getitem__(self, key: slice) -> list[lwconfig.ModelComments]: ...
 
-class ModelComments:
+class ModelComments(Object):
     """A model comment profile: model comments in order, without keys, for one namespace profile."""
 
     def __init__(self) -> None: ...
@@ -964,7 +967,7 @@ class ModelComments:
     @overload
     def __getitem__(self, key: slice) -> list[lwconfig.ModelComment]: ...
 
-class ModelComment:
+class ModelComment(Object):
     """A description to re-use for every member of a kind and name, in any project."""
 
     def __init__(self) -> None: ...
@@ -993,7 +996,7 @@ class ModelComment:
     def Clone(self) -> lwconfig.ModelComment:
         """A copy of all properties but `Tag`."""
 
-class CommentFileLocations:
+class CommentFileLocations(Object):
     """The comment files that the user has made known, in order, without keys; an assembly may occur
     repeatedly."""
 
@@ -1030,7 +1033,7 @@ class CommentFileLocations:
     @overload
     def __getitem__(self, key: slice) -> list[lwconfig.CommentFileLocation]: ...
 
-class CommentFileLocation:
+class CommentFileLocation(Object):
     """Where the XML comment file of one .NET assembly is."""
 
     def __init__(self) -> None: ...
@@ -1049,7 +1052,7 @@ class CommentFileLocation:
     def Clone(self) -> lwconfig.CommentFileLocation:
         """A copy, the path as it was set."""
 
-class Languages:
+class Languages(Object):
     """The languages, filed under their names."""
 
     def __init__(self) -> None: ...
@@ -1079,7 +1082,7 @@ class Languages:
     @overload
     def __getitem__(self, key: slice) -> list[lwconfig.Language]: ...
 
-class Language:
+class Language(Object):
     """How declarations are written in one programming language."""
 
     def __init__(self) -> None: ...
@@ -1152,7 +1155,7 @@ class Language:
         are required: error 5 ends the load. So does a data type that cannot be added to either table, with
         457 where its name or text is repeated; an access type that cannot be added is passed over."""
 
-class NamespaceProfiles:
+class NamespaceProfiles(Object):
     """Every namespace profile of the configuration, filed under its name."""
 
     def __init__(self) -> None: ...
@@ -1182,7 +1185,7 @@ class NamespaceProfiles:
     @overload
     def __getitem__(self, key: slice) -> list[lwconfig.NamespaceDefs]: ...
 
-class NamespaceDefs:
+class NamespaceDefs(Object):
     """A namespace profile, or the nested definitions of one: definitions filed under their names."""
 
     def __init__(self) -> None: ...
@@ -1238,7 +1241,7 @@ class NamespaceDefs:
     @overload
     def __getitem__(self, key: slice) -> list[lwconfig.NamespaceDef]: ...
 
-class NamespaceDef:
+class NamespaceDef(Object):
     """One kind of code element that can be documented, with the kinds that lie below it, to any depth."""
 
     def __init__(self) -> None: ...
@@ -1299,7 +1302,7 @@ class NamespaceDef:
     def ResetCounters(self) -> None:
         """Sets `Counter` to 0, here and in every nested definition."""
 
-class ElementDefs:
+class ElementDefs(Object):
     """The elements of a namespace profile, in file order, without keys."""
 
     def __init__(self) -> None: ...
@@ -1328,7 +1331,7 @@ class ElementDefs:
     @overload
     def __getitem__(self, key: slice) -> list[lwconfig.ElementDef]: ...
 
-class ElementDef:
+class ElementDef(Object):
     """One element that a namespace profile offers."""
 
     def __init__(self) -> None: ...
@@ -1353,7 +1356,7 @@ class ElementDef:
         that the element does not define itself. "Name" is required (error 5); a repeated attribute is error
         457. Either ends the load, and the attributes before it are kept."""
 
-class ElementAttributeDefs:
+class ElementAttributeDefs(Object):
     """The attributes of an element, filed under their names."""
 
     def __init__(self) -> None: ...
@@ -1379,7 +1382,7 @@ class ElementAttributeDefs:
     @overload
     def __getitem__(self, key: slice) -> list[lwconfig.ElementAttributeDef]: ...
 
-class ElementAttributeDef:
+class ElementAttributeDef(Object):
     """One attribute that an element takes."""
 
     def __init__(self) -> None: ...
@@ -1407,7 +1410,7 @@ class ElementAttributeDef:
     def Clone(self, ElementDef: lwconfig.ElementDef | None) -> Any:
         """A copy that belongs to the given element."""
 
-class ElementAttributes:
+class ElementAttributes(Object):
     """Splits one line of text, an attribute list or a command line, into names and values."""
 
     def __init__(self) -> None: ...
@@ -1435,7 +1438,7 @@ class ElementAttributes:
     def Count(self) -> int:
         """The number of attributes."""
 
-class INamespaceProvider:
+class INamespaceProvider(Object):
     """What a provider of documentable items implements: it knows one kind of source, described by a namespace
     profile, finds its items and takes part in generation. A source is named by a moniker, a text that only
     the provider understands. Arguments that are references to objects or to a changeable string may be
@@ -1488,7 +1491,7 @@ class INamespaceProvider:
     def MakeMonikerAbsolute(self, Moniker: str, RelativeToFileName: str) -> Any:
         """The inverse of `MakeMonikerRelative`."""
 
-class PlugIns:
+class PlugIns(Object):
     """Plug-ins, filed under their keys; the same name may occur several times."""
 
     def __init__(self) -> None: ...
@@ -1521,7 +1524,7 @@ class PlugIns:
     @overload
     def __getitem__(self, key: slice) -> list[lwconfig.PlugIn]: ...
 
-class PlugIn:
+class PlugIn(Object):
     """A plug-in: for wizard, content and table of contents, whether it takes part and the component that
     serves it."""
 
@@ -1552,7 +1555,7 @@ class PlugIn:
     def Clone(self) -> lwconfig.PlugIn:
         """A copy with a key of its own."""
 
-class ExternalDocs:
+class ExternalDocs(Object):
     """The sources of external documentation, filed under their name patterns, and the links to their pages.
     The first source in order whose pattern covers a name is the one used. The namespace of a full name is
     what stands before its last ".", its short name what follows."""
@@ -1606,7 +1609,7 @@ class ExternalDocs:
     @overload
     def __getitem__(self, key: slice) -> list[lwconfig.ExternalDoc]: ...
 
-class ExternalDoc:
+class ExternalDoc(Object):
     """One source of external documentation: which names it documents and how links to its pages are written."""
 
     def __init__(self) -> None: ...
@@ -1631,7 +1634,7 @@ class ExternalDoc:
     def Clone(self) -> lwconfig.ExternalDoc:
         """A copy with links of its own."""
 
-class ExternalLink:
+class ExternalLink(Object):
     """The formats from which a link into external documentation is built, with placeholders in %%. An empty
     format is none."""
 
@@ -1649,7 +1652,7 @@ class ExternalLink:
     def Clone(self, Target: lwconfig.ExternalLink | None) -> None:
         """Copies the formats into `Target`. Error 91 where it is null."""
 
-class VSNETOptions:
+class VSNETOptions(Object):
     """The user's options of the commenting add-in for Visual Studio .NET."""
 
     def __init__(self) -> None: ...
@@ -1693,7 +1696,7 @@ class VSNETOptions:
     AutoExpand: bool
     """The application value `AutoExpand` of the section `VSNET`. At first True."""
 
-class VBOptions:
+class VBOptions(Object):
     """The user's options of the commenting add-in for Visual Basic 6, with some for VBA editors."""
 
     def __init__(self) -> None: ...
@@ -1740,7 +1743,7 @@ class VBOptions:
     XMLCommentLineBreak: int
     """The application value `XMLCommentLineBreak` of the section `VB`. At first `66`."""
 
-class LWCommenterOptions:
+class LWCommenterOptions(Object):
     """The user's options of the Lexiwend Commenter."""
 
     def __init__(self) -> None: ...
@@ -1757,7 +1760,7 @@ class LWCommenterOptions:
     PreviewTemplate: str
     """The application value `PreviewTemplate` of the section `LWCommenter`. At first empty."""
 
-class IDEOptions:
+class IDEOptions(Object):
     """The user's options of the product's own environment."""
 
     def __init__(self) -> None: ...
@@ -1781,7 +1784,7 @@ class IDEOptions:
     InternalHelp: bool
     """The application value `InternalHelp` of the section `IDE`. At first True."""
 
-class SpellingOptions:
+class SpellingOptions(Object):
     """The user's options of the spelling checker."""
 
     def __init__(self) -> None: ...
@@ -1802,12 +1805,12 @@ class SpellingOptions:
     AlwaysSuggest: bool
     """The application value `AlwaysSuggest` of the section `Spelling`. At first True."""
 
-class CommonEnums:
+class CommonEnums(Object):
     """Without members: publishes the enumerations that the product's tools share."""
 
     def __init__(self) -> None: ...
 
-class Collection:
+class Collection(Object):
     """The plain keyed collection of strings."""
 
     def __init__(self) -> None: ...
@@ -1834,7 +1837,7 @@ class Collection:
     @overload
     def __getitem__(self, key: slice) -> list[str]: ...
 
-class XMLDocument:
+class XMLDocument(Object):
     """One XML document, parsed or to be written. No document types are processed, no entities beyond the five
     of XML expanded and nothing is fetched; elements may nest to any depth."""
 
@@ -1856,7 +1859,7 @@ class XMLDocument:
         """The whole document as UTF-8 text with an XML declaration. Error 5 where the document element has no
         name yet."""
 
-class XMLElement:
+class XMLElement(Object):
     """One element of a document. A handle: it stays valid as long as it is held, and copies refer to the same
     element."""
 
@@ -1881,7 +1884,7 @@ class XMLElement:
         """Appends a child element with this tag name and text, which comes back in the same way. Error 5 as
         above."""
 
-class XMLElements:
+class XMLElements(Object):
     """The child elements of one element, in document order."""
 
     def Item(self, Key: int) -> lwconfig.XMLElement | None:
@@ -1899,7 +1902,7 @@ class XMLElements:
     @overload
     def __getitem__(self, key: slice) -> list[lwconfig.XMLElement]: ...
 
-class XMLAttributes:
+class XMLAttributes(Object):
     """The attributes of one element, looked up by name without regard to letter case."""
 
     def Item(self, Key: Any) -> lwconfig.XMLAttribute | None:
@@ -1907,14 +1910,14 @@ class XMLAttributes:
         place."""
     def __call__(self, Key: Any) -> lwconfig.XMLAttribute | None: ...
 
-class XMLAttribute:
+class XMLAttribute(Object):
     """One attribute. A handle: it stays valid as long as it is held, and copies refer to the same attribute."""
 
     @property
     def Value(self) -> str:
         """The value, entities resolved."""
 
-class DiskFile:
+class DiskFile(Object):
     """One path on disk, held as folder, base name and extension, and the file there while it is open. Paths
     are in the product's notation: backslashes, slashes accepted, repeated separators taken as one."""
 
@@ -1965,7 +1968,7 @@ class DiskFile:
         without hidden ones. `mode` is accepted and has no effect. A folder that does not exist has none;
         error 70 or 75 for one that cannot be listed."""
 
-class DiskFiles:
+class DiskFiles(Object):
     """The files of a folder listing, as callers get them, without keys."""
 
     def __init__(self) -> None: ...
@@ -1984,7 +1987,7 @@ class DiskFiles:
     @overload
     def __getitem__(self, key: slice) -> list[lwconfig.DiskFile]: ...
 
-class RegistryAccess:
+class RegistryAccess(Object):
     """The registry. Hives are 0x80000001 (current user) and 0x80000002 (local machine); any other is error 5.
     A registry that cannot be read or written is error 70 or 75, with file, line and column where one is
     damaged."""
@@ -1999,7 +2002,7 @@ class RegistryAccess:
         """Writes a text (type 1, or 2 with environment variables) or a number (type 4), creating the key and
         any missing parents. Error 5 for other types, 13 for data that the type cannot hold."""
 
-class StringTools:
+class StringTools(Object):
     """Text and collection helpers."""
 
     def __init__(self) -> None: ...

@@ -1,10 +1,12 @@
 """The Python package, on a configuration of its own. Run by unittest; the package's folder is on the path."""
 
+import ast
 import copy
 import enum
 import gc
 import os
 import pathlib
+import pydoc
 import subprocess
 import sys
 import tempfile
@@ -205,6 +207,40 @@ class Objects(ConfigurationTest):
         for thread in threads:
             thread.join()
         self.assertEqual(failures, [])
+
+
+class Help(unittest.TestCase):
+    def test_members_tell_what_they_do(self):
+        text = pydoc.render_doc(lwconfig.PageLayouts, renderer=pydoc.plaintext)
+        self.assertIn("Add(self, /, obj, Key=None, Before=None, After=None)", text)
+        self.assertIn("Add(obj As PageLayout, [Key As Text], [Before As Variant], [After As Variant])", text)
+        self.assertIn("Count As Integer32 (read-only)", text)
+        self.assertIn("ByRef", lwconfig.NamespaceDefs.AllNamespaceDefs.__doc__)
+        for name in dir(lwconfig):
+            thing = getattr(lwconfig, name)
+            if isinstance(thing, type) and issubclass(thing, lwconfig.Object) and thing is not lwconfig.Object:
+                for member in vars(thing):
+                    self.assertTrue(member.startswith("_") or getattr(thing, member).__doc__, (name, member))
+
+    def test_the_stubs_have_the_names_that_the_module_has(self):
+        stub = ast.parse(pathlib.Path(lwconfig.__file__).with_suffix(".pyi").read_text(encoding="utf-8"))
+
+        def defined(body):
+            for node in body:
+                for target in getattr(node, "targets", [getattr(node, "target", node)]):
+                    name = getattr(target, "name", getattr(target, "id", "_"))
+                    if not name.startswith("_"):
+                        yield name, node
+
+        there = {name for name in dir(lwconfig) if not name.startswith("_")}
+        stubbed = dict(defined(stub.body))
+        self.assertEqual(set(stubbed), there)
+        for name, node in stubbed.items():
+            thing = getattr(lwconfig, name)
+            if isinstance(thing, type) and issubclass(thing, lwconfig.Object) and thing is not lwconfig.Object:
+                members = {member for member in vars(thing) if not member.startswith("_")}
+                # `on` is the base's; the stubs tell it for each class, with the events that there are.
+                self.assertEqual({member for member, _ in defined(node.body)} - {"on"}, members, name)
 
 
 class Failures(ConfigurationTest):
