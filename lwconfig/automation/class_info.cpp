@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <cstring>
 
 #include <lwconfig/automation/class_info.h>
 #include <lwconfig/automation/errors.h>
@@ -7,8 +8,20 @@
 namespace lwconfig::automation {
 namespace {
 
+/// Names of members are plain words: the bit that tells capitals from small letters is left out. Reads the
+/// first and the last eight bytes, which may overlap.
 std::uint32_t Hash(std::string_view name) {
-  return static_cast<std::uint32_t>(HashIgnoringCase(name));
+  constexpr std::uint64_t kCaseBits = 0x2020202020202020U;
+  constexpr std::uint64_t kMultiplier = 0x9e3779b97f4a7c15U;
+  if (name.empty()) return 0;
+  const std::size_t count = std::min(name.size(), sizeof(std::uint64_t));
+  std::uint64_t first = 0;
+  std::uint64_t last = 0;
+  std::memcpy(&first, name.data(), count);
+  std::memcpy(&last, name.data() + name.size() - count, count);
+  const std::uint64_t mixed =
+      ((first | kCaseBits) * kMultiplier ^ (last | kCaseBits) ^ name.size()) * kMultiplier;
+  return static_cast<std::uint32_t>(mixed >> 32U);
 }
 
 /// What the values that hold enumerators have as their class.

@@ -66,6 +66,15 @@ void PlaceNamed(const ClassInfo& info, const MemberInfo& slot, const Arguments& 
   }
 }
 
+void RequireAll(const ClassInfo& info, const MemberInfo& slot, const Variant* values) {
+  for (std::size_t at = 0; at < slot.ParameterCount; ++at) {
+    const ParameterInfo& parameter = slot.ParameterList[at];
+    if (parameter.IsOptional || !std::holds_alternative<Missing>(values[at])) continue;
+    throw Error(kArgumentNotOptional, FullName(info, slot.Name) + ": the argument " + std::to_string(at + 1) +
+                                          " (" + std::string(parameter.Name) + ") is missing");
+  }
+}
+
 /// The values in the order of the parameters.
 ArgumentArray Place(const ClassInfo& info, const MemberInfo& slot, const Arguments& arguments) {
   const auto parameters = slot.Parameters();
@@ -79,13 +88,6 @@ ArgumentArray Place(const ClassInfo& info, const MemberInfo& slot, const Argumen
     values[at] = at < arguments.Ordered.size() ? arguments.Ordered[at] : Variant(Missing{});
   }
   PlaceNamed(info, slot, arguments, values);
-  for (std::size_t at = 0; at < parameters.size(); ++at) {
-    if (!parameters[at].IsOptional && std::holds_alternative<Missing>(values[at])) {
-      throw Error(kArgumentNotOptional, FullName(info, slot.Name) + ": the argument " +
-                                            std::to_string(at + 1) + " (" + std::string(parameters[at].Name) +
-                                            ") is missing");
-    }
-  }
   return values;
 }
 
@@ -103,7 +105,7 @@ void ReturnByReference(const MemberInfo& slot, const Arguments& arguments, Argum
   }
 }
 
-Operation Describe(const ClassInfo& info, const MemberInfo& slot, const ArgumentArray& values) {
+Operation Describe(const ClassInfo& info, const MemberInfo& slot, const Variant* values) {
   Operation operation{info.Name(), slot.Name, {}};
   for (std::size_t at = 0; at < slot.ParameterCount; ++at) {
     operation.Parameters.emplace_back(slot.ParameterList[at].Name, DescribeValue(values[at]));
@@ -121,23 +123,30 @@ Operation Describe(const ClassInfo& info, const MemberInfo& slot, const Argument
               problem.Where());
 }
 
-Variant Call(const AnyObject& object, const MemberInfo& slot, const Arguments& arguments) {
+/// Calls with a value for each parameter, which by-reference parameters may replace.
+Variant CallPlaced(const AnyObject& object, const MemberInfo& slot, Variant* values) {
   const ClassInfo& info = *object.Class;
-  ArgumentArray values;
-  if (slot.ParameterCount != 0 || !arguments.Ordered.empty() || !arguments.Named.empty())
-    values = Place(info, slot, arguments);
+  RequireAll(info, slot, values);
   std::optional<ArgumentError> misuse;
   Variant result = RunPublished([&] { return Describe(info, slot, values); },
                                 [&]() -> Variant {
                                   try {
-                                    return slot.Call(object.Pointer, values.data());
+                                    return slot.Call(object.Pointer, values);
                                   } catch (const ArgumentError& problem) {
                                     misuse = problem;
                                     return {};
                                   }
                                 });
   if (misuse) FailArgument(info, slot, *misuse);
-  if (slot.ParameterCount != 0) ReturnByReference(slot, arguments, values);
+  return result;
+}
+
+Variant Call(const AnyObject& object, const MemberInfo& slot, const Arguments& arguments) {
+  const bool isPlaced = arguments.Named.empty() && arguments.Ordered.size() == slot.ParameterCount;
+  if (isPlaced) return CallPlaced(object, slot, arguments.Ordered.data());
+  ArgumentArray values = Place(*object.Class, slot, arguments);
+  Variant result = CallPlaced(object, slot, values.data());
+  ReturnByReference(slot, arguments, values);
   return result;
 }
 
@@ -160,7 +169,7 @@ Variant InvokeMember(const AnyObject& object, const ClassInfo& info, const Class
 
 }  // namespace
 
-Variant Invoke(const AnyObject& object, std::string_view member, unsigned kinds, Arguments arguments) {
+Variant Invoke(const AnyObject& object, std::string_view member, unsigned kinds, const Arguments& arguments) {
   const ClassInfo& info = CheckedClass(object);
   const ClassInfo::Member* found = info.Find(member);
   if (found == nullptr) {
@@ -170,7 +179,7 @@ Variant Invoke(const AnyObject& object, std::string_view member, unsigned kinds,
   return InvokeMember(object, info, *found, kinds, arguments);
 }
 
-Variant Invoke(const AnyObject& object, std::int32_t id, unsigned kinds, Arguments arguments) {
+Variant Invoke(const AnyObject& object, std::int32_t id, unsigned kinds, const Arguments& arguments) {
   const ClassInfo& info = CheckedClass(object);
   const ClassInfo::Member* found = info.Find(id);
   if (found == nullptr) {
@@ -181,7 +190,7 @@ Variant Invoke(const AnyObject& object, std::int32_t id, unsigned kinds, Argumen
   return InvokeMember(object, info, *found, kinds, arguments);
 }
 
-Variant Invoke(const AnyObject& object, const MemberInfo& slot, Arguments arguments) {
+Variant Invoke(const AnyObject& object, const MemberInfo& slot, const Arguments& arguments) {
   CheckedClass(object);
   return Call(object, slot, arguments);
 }

@@ -34,11 +34,12 @@ struct Arguments {
 /// for the change of a read-only property, 450, 449 and 448 for too many, missing and unknown arguments, 13,
 /// 6 or 94 for an argument of the wrong type. A failure inside the operation goes to the error reporter once,
 /// and is then error 65535, or the empty result.
-Variant Invoke(const AnyObject& object, std::string_view member, unsigned kinds, Arguments arguments = {});
-Variant Invoke(const AnyObject& object, std::int32_t id, unsigned kinds, Arguments arguments = {});
+Variant Invoke(const AnyObject& object, std::string_view member, unsigned kinds,
+               const Arguments& arguments = {});
+Variant Invoke(const AnyObject& object, std::int32_t id, unsigned kinds, const Arguments& arguments = {});
 
 /// As above for one slot of the object's class.
-Variant Invoke(const AnyObject& object, const MemberInfo& slot, Arguments arguments = {});
+Variant Invoke(const AnyObject& object, const MemberInfo& slot, const Arguments& arguments = {});
 
 /// Connects a handler to the object's event of that name, letter case ignored, as long as the result lives.
 /// Error 459 where there is none.

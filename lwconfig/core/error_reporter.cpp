@@ -10,7 +10,8 @@
 namespace lwconfig {
 namespace {
 
-thread_local int gDepth = 0;
+/// Every late-bound call looks at it; the model spares a call of the loader each time.
+[[gnu::tls_model("initial-exec")]] thread_local int gDepth = 0;
 
 /// A text as a report can hold it.
 std::string Reportable(std::string text) {
