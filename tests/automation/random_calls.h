@@ -32,7 +32,13 @@ class RandomCalls {
     mComponent = platform::RegisterComponent(std::string(kErrorComponent),
                                              [] { return std::make_unique<SilentComponent>(); });
   }
-  ~RandomCalls() { platform::RegisterComponent(std::string(kErrorComponent), std::move(mComponent)); }
+  ~RandomCalls() {
+    // These two outlive every root.
+    Root root;
+    root.SetDefaultToolbarStyle(ToolbarStyleOfficeXP);
+    root.SetReloadFlag(false);
+    platform::RegisterComponent(std::string(kErrorComponent), std::move(mComponent));
+  }
   RandomCalls(const RandomCalls&) = delete;
   RandomCalls& operator=(const RandomCalls&) = delete;
 
