@@ -53,7 +53,7 @@ test-windows:
 
 bench: build
 	$(BUILD)/bin/lwconfig_bench
-	PYTHONPATH=$(BUILD)/python /usr/bin/python3 bench/python/attributes.py
+	PYTHONPATH=build/python /usr/bin/python3 bench/python/attributes.py
 
 install: build
 	cmake --install $(BUILD) --prefix $(PREFIX)

@@ -6,9 +6,10 @@
 #include <unordered_set>
 #include <utility>
 
-#include "descriptor.h"
 #include <lwconfig/platform/registry_format/registry_encoding.h>
 #include <lwconfig/platform/registry_format/registry_syntax.h>
+
+#include "descriptor.h"
 
 namespace lwconfig::platform {
 namespace {

@@ -98,7 +98,7 @@ AnyObject Session::ObjectAt(const std::string& path) {
 
 std::vector<Result> Session::Each(const std::string& path) {
   std::vector<Result> items;
-  for (const Item& item : ItemsOf(mModel, ObjectAt(path))) items.push_back({{}, item.Value, {}});
+  for (const Item& item : ItemsOf(ObjectAt(path))) items.push_back({{}, item.Value, {}});
   return items;
 }
 
