@@ -7,6 +7,7 @@
 
 #include <lwconfig/automation/dispatch.h>
 #include <lwconfig/automation/published.h>
+#include <lwconfig/platform/letter_case.h>
 
 #include "ratios.h"
 
@@ -57,6 +58,22 @@ void GetFromMap(benchmark::State& state) {
   for (auto _ : state) benchmark::DoNotOptimize(getters.find(std::string(Member()))->second(layout));
 }
 
+struct FoldedHash {
+  std::size_t operator()(std::string_view name) const { return HashIgnoringCase(name); }
+};
+struct FoldedEqual {
+  bool operator()(std::string_view a, std::string_view b) const { return EqualIgnoringCase(a, b); }
+};
+
+/// As above, but with names in any letter case, as late binding has them.
+void GetFromFoldedMap(benchmark::State& state) {
+  std::unordered_map<std::string_view, std::function<Variant(PageLayout&)>, FoldedHash, FoldedEqual> getters;
+  for (const auto& member : automation::ClassOf<PageLayout>().Members())
+    getters.emplace(member.Name, [](PageLayout& layout) { return Variant(layout.DependantCount); });
+  PageLayout layout;
+  for (auto _ : state) benchmark::DoNotOptimize(getters.find(Member())->second(layout));
+}
+
 void SetInMap(benchmark::State& state) {
   const std::unordered_map<std::string, std::function<void(PageLayout&, const Variant&)>> setters{
       {"Name", [](PageLayout& layout, const Variant& value) { layout.Name = std::get<std::string>(value); }},
@@ -92,11 +109,13 @@ void IterateItems(benchmark::State& state) {
 [[maybe_unused]] const bool kRegistered = [] {
   benchmark::RegisterBenchmark("dispatch/get direct", GetDirect);
   benchmark::RegisterBenchmark("dispatch/get from map", GetFromMap);
+  benchmark::RegisterBenchmark("dispatch/get from folded map", GetFromFoldedMap);
   benchmark::RegisterBenchmark("dispatch/get by name", GetLateBound);
   benchmark::RegisterBenchmark("dispatch/set in map", SetInMap);
   benchmark::RegisterBenchmark("dispatch/set by name", SetLateBound);
   benchmark::RegisterBenchmark("dispatch/100000 items direct", IterateItems)->Unit(benchmark::kMicrosecond);
   benchmark::RegisterBenchmark("dispatch/100000 items", EnumerateItems)->Unit(benchmark::kMicrosecond);
+  Ratios()["dispatch/get from folded map"] = {"dispatch/get from map", "none"};
   Ratios()["dispatch/get by name"] = {"dispatch/get from map", "1, and below 100 ns"};
   Ratios()["dispatch/set by name"] = {"dispatch/set in map", "1, and below 100 ns"};
   Ratios()["dispatch/100000 items"] = {"dispatch/100000 items direct", "none"};
