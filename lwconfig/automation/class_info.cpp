@@ -72,8 +72,12 @@ AnyObject ClassInfo::Implement(Implementation implementation) const {
 }
 
 const ClassInfo::Member* ClassInfo::Find(std::string_view name) const {
-  const std::uint32_t place =
-      mByName.Find(Hash(name), [&](std::uint32_t at) { return EqualIgnoringCase(mMembers[at].Name, name); });
+  const auto isNamed = [&](std::uint32_t at) {
+    // Most callers write a name as it is published.
+    const std::string_view own = mMembers[at].Name;
+    return own == name || EqualIgnoringCase(own, name);
+  };
+  const std::uint32_t place = mByName.Find(Hash(name), isNamed);
   return place == KeyIndex::kNone ? nullptr : &mMembers[place];
 }
 

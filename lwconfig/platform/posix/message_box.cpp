@@ -1,15 +1,10 @@
 #include <cstdio>
-#include <utility>
+#include <string>
 
-#include <lwconfig/platform/message_box.h>
+#include <lwconfig/platform/internal/host_defaults.h>
 
 namespace lwconfig::platform {
 namespace {
-
-MessageBoxHandler& Handler() {
-  static MessageBoxHandler handler;
-  return handler;
-}
 
 std::string OnOneLine(const std::string& text) {
   std::string line;
@@ -22,15 +17,9 @@ std::string OnOneLine(const std::string& text) {
 
 }  // namespace
 
-void ShowMessage(const Message& message) {
-  // A copy, because the handler may set another one.
-  if (const MessageBoxHandler handler = Handler()) return handler(message);
+void ShowHostMessage(const Message& message) {
   const std::string line = OnOneLine(message.Title + ": " + message.Text) + "\n";
   std::fwrite(line.data(), 1, line.size(), stderr);
-}
-
-MessageBoxHandler SetMessageBoxHandler(MessageBoxHandler handler) {
-  return std::exchange(Handler(), std::move(handler));
 }
 
 }  // namespace lwconfig::platform

@@ -1,17 +1,9 @@
-#include <map>
-
-#include <lwconfig/platform/components.h>
-#include <lwconfig/platform/letter_case.h>
+#include <lwconfig/platform/internal/host_defaults.h>
 
 #include "system.h"
 
 namespace lwconfig::platform {
 namespace {
-
-std::map<std::string, ComponentFactory>& Factories() {
-  static std::map<std::string, ComponentFactory> factories;
-  return factories;
-}
 
 /// A component of the system. It takes a text through its method "Report", or its default member where it has
 /// no such method.
@@ -42,37 +34,14 @@ class AutomationComponent final : public Component {
   IDispatch* mObject;
 };
 
-std::unique_ptr<Component> CreateSystemComponent(std::string_view progId) {
+}  // namespace
+
+std::unique_ptr<Component> CreateHostComponent(std::string_view progId) {
   CLSID id;
   if (FAILED(::CLSIDFromProgID(Wide(progId).c_str(), &id))) return nullptr;
   void* object = nullptr;
   if (FAILED(::CoCreateInstance(id, nullptr, CLSCTX_ALL, IID_IDispatch, &object))) return nullptr;
   return std::make_unique<AutomationComponent>(static_cast<IDispatch*>(object));
-}
-
-}  // namespace
-
-std::unique_ptr<Component> CreateComponent(std::string_view progId) {
-  const auto found = Factories().find(FoldCase(progId));
-  if (found == Factories().end()) return CreateSystemComponent(progId);
-  try {
-    // A copy, because the factory may register another one.
-    const ComponentFactory factory = found->second;
-    return factory();
-  } catch (...) {
-    return nullptr;
-  }
-}
-
-ComponentFactory RegisterComponent(const std::string& progId, ComponentFactory factory) {
-  const std::string name = FoldCase(progId);
-  ComponentFactory previous;
-  if (const auto found = Factories().find(name); found != Factories().end()) {
-    previous = std::move(found->second);
-    Factories().erase(found);
-  }
-  if (factory) Factories().emplace(name, std::move(factory));
-  return previous;
 }
 
 }  // namespace lwconfig::platform
