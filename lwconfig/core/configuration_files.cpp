@@ -8,8 +8,10 @@ namespace lwconfig {
 void TellLeftOut(const std::vector<DiskFile>& files, std::size_t read) {
   const std::size_t left = files.size() - read;
   if (left == 0) return;
-  Diagnose({{files[read - 1].FullPath(), 0, 0},
-            "this file ends the load; files after it that are not read: " + std::to_string(left)});
+  Diagnostic told;
+  told.Position.File = files[read - 1].FullPath();
+  told.Message = "this file ends the load; files after it that are not read: " + std::to_string(left);
+  Diagnose(told);
 }
 
 }  // namespace lwconfig
