@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <array>
 
 #include <lwconfig/core/inspection.h>
 #include <lwconfig/core/internal/xml_data.h>
@@ -16,13 +17,20 @@ xml_node ElementFrom(xml_node node) {
   return node;
 }
 
+/// Which bytes a name may have: letters, digits, a few signs, and any byte beyond ASCII.
+constexpr auto kNameBytes = [] {
+  std::array<bool, 256> bytes{};
+  for (std::size_t byte = 0; byte < bytes.size(); ++byte) {
+    const char c = AsciiLower(static_cast<char>(byte));
+    bytes[byte] = byte >= 0x80 || (c >= 'a' && c <= 'z') || (c >= '0' && c <= '9') || c == '_' || c == ':' ||
+                  c == '-' || c == '.';
+  }
+  return bytes;
+}();
+
 void CheckName(std::string_view name, const char* of) {
-  const auto isNameCharacter = [](char c) {
-    return c < 0 || (c >= '0' && c <= '9') || (AsciiLower(c) >= 'a' && AsciiLower(c) <= 'z') || c == '_' ||
-           c == ':' || c == '-' || c == '.';
-  };
-  const bool isName = !name.empty() && !(name[0] >= '0' && name[0] <= '9') && name[0] != '-' &&
-                      name[0] != '.' && std::ranges::all_of(name, isNameCharacter);
+  bool isName = !name.empty() && !(name[0] >= '0' && name[0] <= '9') && name[0] != '-' && name[0] != '.';
+  for (const char c : name) isName = isName && kNameBytes[static_cast<unsigned char>(c)];
   if (!isName) throw Error(kInvalidCall, "\"" + std::string(name) + "\" cannot be the name of an XML " + of);
 }
 
