@@ -35,8 +35,8 @@ void CommentFileLocation::Load(const XMLElement& e) {
 }
 
 void CommentFileLocation::Save(XMLElement& e) const {
-  e.AddAttribute("AssemblyFileName", AssemblyFileName);
-  e.AddAttribute("CommentFilePath", mCommentFilePath);
+  e.PutAttribute("AssemblyFileName", AssemblyFileName);
+  e.PutAttribute("CommentFilePath", mCommentFilePath);
 }
 
 std::shared_ptr<CommentFileLocation> CommentFileLocation::Clone() const {
@@ -63,7 +63,7 @@ void CommentFileLocations::Save() {
   DiskFile file = LocationsFile();
   WriteConfigurationFile(file, [&](XMLElement& root) {
     root.SetName("CommentFileLocations");
-    root.AddAttribute("Version", "4.0");
+    root.PutAttribute("Version", "4.0");
     for (const auto& location : *this) {
       auto child = root.AddElement("CommentFile", "");
       location->Save(child);

@@ -32,12 +32,12 @@ void ModelComment::Load(const XMLElement& e) {
 
 void ModelComment::Save(XMLElement& e) const {
   e.SetName("MC");
-  e.AddAttribute("MemberType_Namespace", MemberType_Namespace);
-  e.AddAttribute("MemberName", MemberName);
-  e.AddAttribute("TaggedCommentPrefix", TaggedCommentPrefix);
-  e.AddAttribute("TaggedCommentText", TaggedCommentText);
-  e.AddAttribute("OnlyIfBlank", ToText(OnlyIfBlank));
-  e.AddAttribute("InsertionPoint", ToText(InsertionPoint));
+  e.PutAttribute("MemberType_Namespace", MemberType_Namespace);
+  e.PutAttribute("MemberName", MemberName);
+  e.PutAttribute("TaggedCommentPrefix", TaggedCommentPrefix);
+  e.PutAttribute("TaggedCommentText", TaggedCommentText);
+  e.PutAttribute("OnlyIfBlank", ToText(OnlyIfBlank));
+  e.PutAttribute("InsertionPoint", ToText(InsertionPoint));
 }
 
 std::shared_ptr<ModelComment> ModelComment::Clone() const {

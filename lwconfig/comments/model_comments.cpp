@@ -42,10 +42,10 @@ void ModelComments::Load(const XMLElement& e) {
 
 void ModelComments::Save(XMLElement& e) const {
   e.SetName("ModelCommentProfile");
-  e.AddAttribute("Version", "4.0");
-  e.AddAttribute("Namespace", NamespaceProfile);
-  e.AddAttribute("Name", Name);
-  e.AddAttribute("Description", Description);
+  e.PutAttribute("Version", "4.0");
+  e.PutAttribute("Namespace", NamespaceProfile);
+  e.PutAttribute("Name", Name);
+  e.PutAttribute("Description", Description);
   for (const auto& comment : *this) {
     auto child = e.AddElement("MC", "");
     comment->Save(child);

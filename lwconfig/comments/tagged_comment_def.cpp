@@ -68,24 +68,24 @@ void TaggedCommentDef::Load(const XMLElement& e) {
 }
 
 void TaggedCommentDef::Save(XMLElement& e) const {
-  e.AddAttribute("Group", GroupName);
-  e.AddAttribute("Hidden", ToText(Hidden));
-  e.AddAttribute("Identifier", TagIdentifier);
-  e.AddAttribute("Flags", Flags);
-  e.AddAttribute("Elementtype", ToText(ElementType));
-  e.AddAttribute("Description", Description);
-  e.AddAttribute("Format", Format);
-  e.AddAttribute("General", ToText(IsGeneral));
-  e.AddAttribute("WrapType", ToText(WrapType));
-  e.AddAttribute("DesignerProgID", DesignerProgID);
-  e.AddAttribute("LegacyFor", LegacyFor);
-  e.AddAttribute("DesignFlags", DesignFlags);
-  e.AddAttribute("TabName", TabName);
-  e.AddAttribute("Tip", Tip);
-  e.AddAttribute("Namespace", Namespace);
-  e.AddAttribute("Standard", ToText(Standard));
-  e.AddAttribute("XMLCommentTypes", XMLCommentTypes);
-  e.AddAttribute("Icon", Icon);
+  e.PutAttribute("Group", GroupName);
+  e.PutAttribute("Hidden", ToText(Hidden));
+  e.PutAttribute("Identifier", TagIdentifier);
+  e.PutAttribute("Flags", Flags);
+  e.PutAttribute("Elementtype", ToText(ElementType));
+  e.PutAttribute("Description", Description);
+  e.PutAttribute("Format", Format);
+  e.PutAttribute("General", ToText(IsGeneral));
+  e.PutAttribute("WrapType", ToText(WrapType));
+  e.PutAttribute("DesignerProgID", DesignerProgID);
+  e.PutAttribute("LegacyFor", LegacyFor);
+  e.PutAttribute("DesignFlags", DesignFlags);
+  e.PutAttribute("TabName", TabName);
+  e.PutAttribute("Tip", Tip);
+  e.PutAttribute("Namespace", Namespace);
+  e.PutAttribute("Standard", ToText(Standard));
+  e.PutAttribute("XMLCommentTypes", XMLCommentTypes);
+  e.PutAttribute("Icon", Icon);
 }
 
 std::shared_ptr<TaggedCommentDef> TaggedCommentDef::Clone() const {

@@ -85,7 +85,7 @@ void TaggedCommentDefs::SaveToEx(std::string_view fileName, bool includeStandard
   DiskFile file(fileName);
   WriteConfigurationFile(file, [&](XMLElement& root) {
     root.SetName("TaggedCommentDefs");
-    root.AddAttribute("DefaultDesignerProgID", DefaultDesignerProgID);
+    root.PutAttribute("DefaultDesignerProgID", DefaultDesignerProgID);
     for (const auto& definition : *this) {
       if (!(definition->Standard ? includeStandard : includeCustom)) continue;
       auto child = root.AddElement("TaggedComment", "");

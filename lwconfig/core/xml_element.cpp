@@ -119,15 +119,16 @@ XMLElements XMLElement::Children() const {
 }
 
 XMLAttribute XMLElement::AddAttribute(std::string_view name, std::string_view value) {
+  PutAttribute(name, value);
+  if (IsDraft()) return XMLAttribute(mDocument, *mDraft, mDraft->AttributeCount - 1);
+  return XMLAttribute(mDocument, xml_node(Node()).last_attribute().internal_object());
+}
+
+void XMLElement::PutAttribute(std::string_view name, std::string_view value) {
   CheckName(name, "attribute");
   CheckStorable(value);
-  if (IsDraft()) {
-    mDocument->Draft.AddAttribute(*mDraft, name, value);
-    return XMLAttribute(mDocument, *mDraft, mDraft->AttributeCount - 1);
-  }
-  xml_attribute attribute = xml_node(Node()).append_attribute(std::string(name).c_str());
-  attribute.set_value(value.data(), value.size());
-  return XMLAttribute(mDocument, attribute.internal_object());
+  if (IsDraft()) return mDocument->Draft.AddAttribute(*mDraft, name, value);
+  xml_node(Node()).append_attribute(std::string(name).c_str()).set_value(value.data(), value.size());
 }
 
 XMLElement XMLElement::AddElement(std::string_view name, std::string_view text) {

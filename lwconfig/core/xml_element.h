@@ -71,6 +71,8 @@ class XMLElement {
   /// line breaks are written as references too, which XML 1.0 does not provide for and this library reads.
   /// Error 5 for a name that is no XML name, and for a value with a NUL character, which no file can hold.
   XMLAttribute AddAttribute(std::string_view name, std::string_view value);
+  /// As `AddAttribute`, for those who have no use for the attribute: a save adds very many.
+  void PutAttribute(std::string_view name, std::string_view value);
   /// Appends a child element with this tag name and text, which comes back in the same way. Error 5 as above.
   XMLElement AddElement(std::string_view name, std::string_view text);
 

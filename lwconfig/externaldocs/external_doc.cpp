@@ -11,7 +11,7 @@ void ExternalDoc::Load(const XMLElement& e) {
 }
 
 void ExternalDoc::Save(XMLElement& e) const {
-  e.AddAttribute("Namespace", NamespaceName);
+  e.PutAttribute("Namespace", NamespaceName);
   ClassLink->Save(e);
   XMLElement member = e.AddElement("DefaultMemberLink", "");
   DefaultMemberLink->Save(member);

@@ -103,7 +103,7 @@ void ExternalDocs::Save() {
   DiskFile file = SourcesFile();
   WriteConfigurationFile(file, [&](XMLElement& root) {
     root.SetName("ExternalDocuments");
-    root.AddAttribute("Version", "4.0");
+    root.PutAttribute("Version", "4.0");
     for (const auto& source : *this) {
       XMLElement child = root.AddElement("ExternalDoc", "");
       source->Save(child);

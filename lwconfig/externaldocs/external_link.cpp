@@ -11,9 +11,9 @@ void ExternalLink::Load(const XMLElement& e) {
 }
 
 void ExternalLink::Save(XMLElement& e) const {
-  e.AddAttribute("URLFormat", URLFormat);
-  e.AddAttribute("HTMLHelp1Link", HTMLHelp1LinkFormat);
-  e.AddAttribute("Help2Link", Help2LinkFormat);
+  e.PutAttribute("URLFormat", URLFormat);
+  e.PutAttribute("HTMLHelp1Link", HTMLHelp1LinkFormat);
+  e.PutAttribute("Help2Link", Help2LinkFormat);
 }
 
 void ExternalLink::Clone(const std::shared_ptr<ExternalLink>& Target) const {

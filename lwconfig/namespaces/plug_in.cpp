@@ -27,14 +27,14 @@ void PlugIn::Load(const XMLElement& e) {
 }
 
 void PlugIn::Save(XMLElement& e) const {
-  e.AddAttribute("Name", Name);
-  e.AddAttribute("Description", Description);
-  e.AddAttribute("ExtendsWizard", ToText(ExtendsWizard));
-  e.AddAttribute("WizardProgID", WizardProgID);
-  e.AddAttribute("ExtendsContent", ToText(ExtendsContent));
-  e.AddAttribute("ContentProgID", ContentProgID);
-  e.AddAttribute("ExtendsTableOfContents", ToText(ExtendsTableOfContents));
-  e.AddAttribute("TableOfContentsProgID", TableOfContentsProgID);
+  e.PutAttribute("Name", Name);
+  e.PutAttribute("Description", Description);
+  e.PutAttribute("ExtendsWizard", ToText(ExtendsWizard));
+  e.PutAttribute("WizardProgID", WizardProgID);
+  e.PutAttribute("ExtendsContent", ToText(ExtendsContent));
+  e.PutAttribute("ContentProgID", ContentProgID);
+  e.PutAttribute("ExtendsTableOfContents", ToText(ExtendsTableOfContents));
+  e.PutAttribute("TableOfContentsProgID", TableOfContentsProgID);
 }
 
 std::shared_ptr<PlugIn> PlugIn::Clone() const {

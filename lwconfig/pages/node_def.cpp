@@ -149,26 +149,26 @@ void NodeDef::Load(const XMLElement& e, const std::shared_ptr<lwconfig::TOCDefin
 void NodeDef::Save(XMLElement& e) const {
   const auto parent = ParentNodeDef();
   e.SetName("NodeDef");
-  e.AddAttribute("Key", Key);
-  e.AddAttribute("DependantCount", ToText(DependantCount));
-  e.AddAttribute("DependantOn", ToText(DependantOn));
-  e.AddAttribute("DependantOnnamespace", DependantOnNamespace);
-  e.AddAttribute("DependantOnnamespace_Filter", DependantOnNamespace_Filter);
-  e.AddAttribute("DependantStillProcessChildren", ToText(DependantStillProcessChildren));
-  e.AddAttribute("FileNameTemplate", FileNameTemplate);
-  e.AddAttribute("LinkToPage", ToText(LinkToPage));
-  e.AddAttribute("MarkAsNew", ToText(MarkAsNew));
-  e.AddAttribute("NodeCaptionTemplate", NodeCaptionTemplate);
-  e.AddAttribute("NodeIconIndex", ToText(mNodeIconIndex));
-  e.AddAttribute("NodeType", ToText(NodeType));
-  e.AddAttribute("PageLayout", mPageLayout);
-  e.AddAttribute("PageTypeNamespace", PageTypeNamespace);
-  e.AddAttribute("PageTypeNamespaceFilter", PageTypeNamespaceFilter);
-  e.AddAttribute("ParentKey", parent ? parent->Key : std::string());
-  e.AddAttribute("UseCustomIcon", ToText(UseCustomIcon));
-  e.AddAttribute("IsDefaultTopic", ToText(IsDefaultTopic));
-  e.AddAttribute("PlugInName", PlugInName);
-  e.AddAttribute("PlugInData", PlugInData);
+  e.PutAttribute("Key", Key);
+  e.PutAttribute("DependantCount", ToText(DependantCount));
+  e.PutAttribute("DependantOn", ToText(DependantOn));
+  e.PutAttribute("DependantOnnamespace", DependantOnNamespace);
+  e.PutAttribute("DependantOnnamespace_Filter", DependantOnNamespace_Filter);
+  e.PutAttribute("DependantStillProcessChildren", ToText(DependantStillProcessChildren));
+  e.PutAttribute("FileNameTemplate", FileNameTemplate);
+  e.PutAttribute("LinkToPage", ToText(LinkToPage));
+  e.PutAttribute("MarkAsNew", ToText(MarkAsNew));
+  e.PutAttribute("NodeCaptionTemplate", NodeCaptionTemplate);
+  e.PutAttribute("NodeIconIndex", ToText(mNodeIconIndex));
+  e.PutAttribute("NodeType", ToText(NodeType));
+  e.PutAttribute("PageLayout", mPageLayout);
+  e.PutAttribute("PageTypeNamespace", PageTypeNamespace);
+  e.PutAttribute("PageTypeNamespaceFilter", PageTypeNamespaceFilter);
+  e.PutAttribute("ParentKey", parent ? parent->Key : std::string());
+  e.PutAttribute("UseCustomIcon", ToText(UseCustomIcon));
+  e.PutAttribute("IsDefaultTopic", ToText(IsDefaultTopic));
+  e.PutAttribute("PlugInName", PlugInName);
+  e.PutAttribute("PlugInData", PlugInData);
 }
 
 std::shared_ptr<NodeDef> NodeDef::Clone() const {

@@ -86,14 +86,14 @@ void PageLayout::FillDerivedValues() {
 
 void PageLayout::Save(XMLElement& e) const {
   e.SetName("PageLayout");
-  e.AddAttribute("Name", Name);
-  e.AddAttribute("FileName", FileName);
-  e.AddAttribute("PageType", ToText(PageType));
-  e.AddAttribute("TitleTemplate", TitleTemplate);
-  e.AddAttribute("Namespace", Namespace);
-  e.AddAttribute("DependantCount", ToText(DependantCount));
-  e.AddAttribute("DependantOnnamespace", DependantOnNamespace);
-  e.AddAttribute("DependantOnnamespace_Filter", DependantOnNamespace_Filter);
+  e.PutAttribute("Name", Name);
+  e.PutAttribute("FileName", FileName);
+  e.PutAttribute("PageType", ToText(PageType));
+  e.PutAttribute("TitleTemplate", TitleTemplate);
+  e.PutAttribute("Namespace", Namespace);
+  e.PutAttribute("DependantCount", ToText(DependantCount));
+  e.PutAttribute("DependantOnnamespace", DependantOnNamespace);
+  e.PutAttribute("DependantOnnamespace_Filter", DependantOnNamespace_Filter);
 }
 
 void PageLayouts::Add(Pointer obj, std::string_view Key, const ItemKey& Before, const ItemKey& After) {

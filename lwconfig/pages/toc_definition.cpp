@@ -18,8 +18,8 @@ void TOCDefinition::Load(const XMLElement& e, const std::shared_ptr<lwconfig::Pa
 }
 
 void TOCDefinition::Save(XMLElement& e) const {
-  e.AddAttribute("Name", Name);
-  e.AddAttribute("Description", Description);
+  e.PutAttribute("Name", Name);
+  e.PutAttribute("Description", Description);
   for (const auto& node : *NodeDefs) {
     auto child = e.AddElement("NodeDef", "");
     node->Save(child);

@@ -19,11 +19,11 @@ void VariableDef::Load(const XMLElement& e, const std::shared_ptr<lwconfig::Page
 
 void VariableDef::Save(XMLElement& e) const {
   e.SetName("VariableDef");
-  e.AddAttribute("Name", Name);
-  e.AddAttribute("Type", ToText(VariableDefType));
-  e.AddAttribute("Caption", Caption);
-  e.AddAttribute("Description", Description);
-  e.AddAttribute("Defaultvalue", DefaultValue);
+  e.PutAttribute("Name", Name);
+  e.PutAttribute("Type", ToText(VariableDefType));
+  e.PutAttribute("Caption", Caption);
+  e.PutAttribute("Description", Description);
+  e.PutAttribute("Defaultvalue", DefaultValue);
 }
 
 }  // namespace lwconfig

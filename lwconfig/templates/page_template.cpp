@@ -67,39 +67,39 @@ std::string PageTemplate::Scrap(std::string_view name) const {
 
 void PageTemplate::Save(XMLElement& e) const {
   e.SetName("PageTemplate");
-  e.AddAttribute("RootFolder", RootFolder);
-  e.AddAttribute("Name", Name);
-  e.AddAttribute("Description", Description);
-  e.AddAttribute("ObjFillColor", ToText(objFillColor));
-  e.AddAttribute("ObjTextColor", ToText(objTextColor));
-  e.AddAttribute("ObjBorderColor", ToText(objBorderColor));
-  e.AddAttribute("ColFillColor", ToText(colFillColor));
-  e.AddAttribute("ColTextColor", ToText(colTextColor));
-  e.AddAttribute("ColBordercolor", ToText(colBorderColor));
-  e.AddAttribute("BorderWidth", ToText(BorderWidth));
-  e.AddAttribute("UseDropShadow", ToText(UseDropShadow));
-  e.AddAttribute("CenterCaptions", ToText(CenterCaptions));
-  e.AddAttribute("DiagramBold", ToText(DiagramBold));
-  e.AddAttribute("UseDiagramShapes", ToText(UseDiagramShapes));
-  e.AddAttribute("Supports", Supports);
-  e.AddAttribute("Version", kCurrentVersion);
-  e.AddAttribute("Languages", Languages);
+  e.PutAttribute("RootFolder", RootFolder);
+  e.PutAttribute("Name", Name);
+  e.PutAttribute("Description", Description);
+  e.PutAttribute("ObjFillColor", ToText(objFillColor));
+  e.PutAttribute("ObjTextColor", ToText(objTextColor));
+  e.PutAttribute("ObjBorderColor", ToText(objBorderColor));
+  e.PutAttribute("ColFillColor", ToText(colFillColor));
+  e.PutAttribute("ColTextColor", ToText(colTextColor));
+  e.PutAttribute("ColBordercolor", ToText(colBorderColor));
+  e.PutAttribute("BorderWidth", ToText(BorderWidth));
+  e.PutAttribute("UseDropShadow", ToText(UseDropShadow));
+  e.PutAttribute("CenterCaptions", ToText(CenterCaptions));
+  e.PutAttribute("DiagramBold", ToText(DiagramBold));
+  e.PutAttribute("UseDiagramShapes", ToText(UseDiagramShapes));
+  e.PutAttribute("Supports", Supports);
+  e.PutAttribute("Version", kCurrentVersion);
+  e.PutAttribute("Languages", Languages);
   SaveItems(e, "PageLayout", *mPageLayouts);
   SaveItems(e, "VariableDef", *VariableDefs);
   SaveItems(e, "TOCDefinition", *TOCDefinitions);
-  e.AddAttribute("DefTOCVBProject", DefTOCVBProject);
-  e.AddAttribute("DefTOCVBProjectGroup", DefTOCVBProjectGroup);
-  e.AddAttribute("DefTOCMixture", DefTOCMixture);
-  e.AddAttribute("DefTOCComponent", DefTOCComponent);
-  e.AddAttribute("DefTOCComponentGroup", DefTOCComponentGroup);
-  e.AddAttribute("NoStandardSupport", ToText(NoStandardSupport));
+  e.PutAttribute("DefTOCVBProject", DefTOCVBProject);
+  e.PutAttribute("DefTOCVBProjectGroup", DefTOCVBProjectGroup);
+  e.PutAttribute("DefTOCMixture", DefTOCMixture);
+  e.PutAttribute("DefTOCComponent", DefTOCComponent);
+  e.PutAttribute("DefTOCComponentGroup", DefTOCComponentGroup);
+  e.PutAttribute("NoStandardSupport", ToText(NoStandardSupport));
   for (const auto& name : *mNamespaceProfileNames)
-    e.AddElement("NamespaceDef", "").AddAttribute("Name", name);
+    e.AddElement("NamespaceDef", "").PutAttribute("Name", name);
   auto enabled = e.AddElement("EnabledPlugins", "");
   for (const auto& name : *EnabledPlugins) enabled.AddElement("Plugin", name);
-  e.AddAttribute("TemplateCategory", TemplateCategory);
-  e.AddAttribute("StyleSheet", StyleSheet);
-  e.AddAttribute("SupportedItemTypes", StringTools::JoinCollection(*SupportedItemTypes, ","));
+  e.PutAttribute("TemplateCategory", TemplateCategory);
+  e.PutAttribute("StyleSheet", StyleSheet);
+  e.PutAttribute("SupportedItemTypes", StringTools::JoinCollection(*SupportedItemTypes, ","));
 }
 
 std::shared_ptr<PageTemplate> PageTemplate::Clone() const {
