@@ -182,14 +182,11 @@ PyObject* GetProperty(PyObject* self, const MemberInfo& getter) {
 
 int SetProperty(PyObject* self, const automation::ClassInfo::Member& member, PyObject* value) {
   return Guarded(-1, [&] {
-    const std::string name = FullName(self, member.Name);
-    if (value == nullptr) throw Error(automation::kReadOnlyProperty, name + " cannot be deleted");
+    if (value == nullptr)
+      throw Error(automation::kReadOnlyProperty, FullName(self, member.Name) + " cannot be deleted");
     const AnyObject object = Unwrap(self);
     Variant converted = FromPython(value);
-    const bool prefersSet = member.Let == nullptr || std::holds_alternative<AnyObject>(converted);
-    const MemberInfo* slot = prefersSet && member.Set != nullptr ? member.Set : member.Let;
-    if (slot == nullptr) throw Error(automation::kReadOnlyProperty, name + " is read-only");
-    automation::Invoke(object, *slot, {std::span(&converted, 1)});
+    automation::Invoke(object, member.Id, automation::kPropertyLet, {std::span(&converted, 1)});
     return 0;
   });
 }

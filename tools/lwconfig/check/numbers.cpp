@@ -1,8 +1,11 @@
 #include <optional>
+#include <set>
 #include <string>
+#include <vector>
 
 #include <tools/lwconfig/check/rules.h>
 
+#include <lwconfig/automation/published.h>
 #include <lwconfig/core/attribute_reader.h>
 #include <lwconfig/core/conversions.h>
 
@@ -14,28 +17,41 @@ struct Meanings {
   tool::Part Part;
   const char* Element;  // null for every one
   const char* Attribute;
-  std::int32_t First;
-  std::int32_t Last;
-  std::int32_t Hole;  // one between them that stands for nothing; outside them where there is none
+  std::set<std::int32_t> Numbers;
 };
 
-constexpr std::int32_t kNoHole = -100;
+/// Those of an enumeration, and others beside it.
+template <class E>
+std::set<std::int32_t> NumbersOf(std::set<std::int32_t> others = {}) {
+  for (const auto& member : automation::EnumOf<E>().Members) others.insert(member.Value);
+  return others;
+}
 
-constexpr Meanings kMeanings[] = {
-    {Part::Comments, nullptr, "ElementType", 0, 14, 7},
-    {Part::Comments, nullptr, "WrapType", 1, 3, kNoHole},
-    {Part::ModelComments, "MC", "MemberType", 1, 7, kNoHole},
-    {Part::ModelComments, "MC", "InsertionPoint", 2, 3, kNoHole},
-    {Part::Templates, "PageLayout", "PageType", -1, 15, kNoHole},
-    {Part::Templates, "VariableDef", "Type", 0, 4, kNoHole},
-    {Part::Templates, "NodeDef", "DependantOn", -1, 8, kNoHole},
-    {Part::Templates, "NodeDef", "NodeType", 0, 3, kNoHole},
-    {Part::Templates, "NodeDef", "PageType", -1, 15, kNoHole},
-};
+constexpr std::int32_t kNone = 0;
+constexpr std::int32_t kNoUsableValue = -1;  // what a loader without one keeps, and saves
+constexpr std::int32_t kOlderStandardNode = 3;
 
-std::string Range(const Meanings& meanings) {
-  std::string range = std::to_string(meanings.First) + " to " + std::to_string(meanings.Last);
-  if (meanings.Hole != kNoHole) range += " without " + std::to_string(meanings.Hole);
+const std::vector<Meanings>& AllMeanings() {
+  static const std::vector<Meanings> meanings{
+      {Part::Comments, nullptr, "ElementType", NumbersOf<ElementTypeEnum>()},
+      {Part::Comments, nullptr, "WrapType", NumbersOf<WrapTypeEnum>()},
+      {Part::ModelComments, "MC", "MemberType", NumbersOf<mcMemberTypeEnum>()},
+      {Part::ModelComments, "MC", "InsertionPoint", NumbersOf<mcInsertionPointEnum>()},
+      {Part::Templates, "PageLayout", "PageType", NumbersOf<PageTypeEnum>({kNoUsableValue})},
+      {Part::Templates, "VariableDef", "Type", NumbersOf<VariableDefTypeEnum>()},
+      {Part::Templates, "NodeDef", "DependantOn", NumbersOf<DependantOnEnum>({kNoUsableValue, kNone})},
+      {Part::Templates, "NodeDef", "NodeType", NumbersOf<NodeTypeEnum>({kOlderStandardNode})},
+      {Part::Templates, "NodeDef", "PageType", NumbersOf<PageTypeEnum>({kNoUsableValue})},
+  };
+  return meanings;
+}
+
+/// "0 to 14 without 7"
+std::string Range(const std::set<std::int32_t>& numbers) {
+  std::string range = ToText(*numbers.begin()) + " to " + ToText(*numbers.rbegin());
+  for (std::int32_t number = *numbers.begin(); number < *numbers.rbegin(); ++number) {
+    if (!numbers.contains(number)) range += " without " + ToText(number);
+  }
   return range;
 }
 
@@ -44,19 +60,16 @@ std::string Range(const Meanings& meanings) {
 void CheckNumbers(const RuleInput& input) {
   ForEachElement(input.Root, [&](const XMLElement& e, const std::string& tag) {
     std::optional<AttributeReader> in;
-    for (const Meanings& meanings : kMeanings) {
+    for (const Meanings& meanings : AllMeanings()) {
       if (meanings.Part != input.Part || (meanings.Element != nullptr && tag != meanings.Element)) continue;
       if (!in) in.emplace(e);
       const char* text = in->Find(meanings.Attribute);
       if (text == nullptr) continue;
       const auto number = StrictInteger(text);
-      if (!number || (number.Value >= meanings.First && number.Value <= meanings.Last &&
-                      number.Value != meanings.Hole)) {
-        continue;
-      }
+      if (!number || meanings.Numbers.contains(number.Value)) continue;
       input.Inspection.Tell(Problem::UnknownNumber, e, meanings.Attribute,
                             ToText(number.Value) + " has no meaning as \"" + meanings.Attribute +
-                                "\"; it is one of " + Range(meanings));
+                                "\"; it is one of " + Range(meanings.Numbers));
     }
   });
 }

@@ -1,33 +1,14 @@
-#include <array>
 #include <charconv>
 #include <utility>
 
 #include <tools/lwconfig/model/options.h>
 
+#include <lwconfig/automation/published.h>
 #include <lwconfig/core/application_values.h>
 #include <lwconfig/platform/letter_case.h>
 
 namespace lwconfig::tool {
 namespace {
-
-constexpr std::array kToolbarStyles{"ToolbarStyleOfficeXP", "ToolbarStyleOffice2003",
-                                    "ToolbarStyleOffice2003NoThemes"};
-constexpr std::array kEditorViews{"CommentEditViewFull", "CommentEditViewCombo"};
-constexpr std::array kWindowStyles{"LWVSWindowStyleDocumentWindow", "LWVSWindowStyleToolWindow",
-                                   "LWVSWindowStyleExternal"};
-constexpr std::array kBlockPositions{"BlockPositionInside", "BlockPositionOutside"};
-constexpr std::array kCommentModes{"ModeDocComments", "ModeVBCode", "ModeCommentFile"};
-
-/// The enumeration of each option that has one. Options of one name have the same.
-struct Enumeration {
-  std::string_view Option;
-  std::span<const char* const> Names;
-};
-constexpr std::array kEnumerations{
-    Enumeration{"ToolbarStyle", kToolbarStyles},      Enumeration{"CommentEditorView", kEditorViews},
-    Enumeration{"CommentWindowStyle", kWindowStyles}, Enumeration{"BlockTagPosition", kBlockPositions},
-    Enumeration{"VBCommentMode", kCommentModes},      Enumeration{"VBNETCommentMode", kCommentModes},
-};
 
 std::optional<std::int32_t> WholeNumber(std::string_view text) {
   std::int32_t number = 0;
@@ -85,12 +66,9 @@ std::string UserOption::Stored() const {
   return GetAppValue(Option->ValueName(), "", Option->Section());
 }
 
-std::span<const char* const> UserOption::Enumerators() const {
+std::span<const automation::EnumMember> UserOption::Enumerators() const {
   if (Option->Type() != OptionType::Enumeration) return {};
-  for (const Enumeration& enumeration : kEnumerations) {
-    if (enumeration.Option == Option->Name()) return enumeration.Names;
-  }
-  return {};
+  return automation::FindClass(Set)->Find(Option->Name())->Get->Result.Enumeration().Members;
 }
 
 std::vector<UserOption> UserOptions(Root& root) {
@@ -143,10 +121,10 @@ Json OptionState::ToJson() const {
 std::string OptionState::Shown(const std::optional<std::string>& text) const {
   if (!text) return "not readable";
   if (Of.Option->Type() == OptionType::Text) return "\"" + *text + "\"";
-  const auto names = Of.Enumerators();
-  const auto number = WholeNumber(*text);
-  if (!number || *number < 0 || static_cast<std::size_t>(*number) >= names.size()) return *text;
-  return *text + " " + names[static_cast<std::size_t>(*number)];
+  for (const auto& [name, value] : Of.Enumerators()) {
+    if (value == WholeNumber(*text)) return *text + " " + name;
+  }
+  return *text;
 }
 
 std::optional<std::string> StorableText(const UserOption& option, std::string_view value) {
@@ -160,11 +138,9 @@ std::optional<std::string> StorableText(const UserOption& option, std::string_vi
       if (const auto number = WholeNumber(value)) return ToText(*number);
       return std::nullopt;
     case OptionType::Enumeration: {
-      const auto names = option.Enumerators();
       const auto wanted = WholeNumber(value);
-      for (std::size_t number = 0; number < names.size(); ++number) {
-        if (isOneOf(names[number]) || (wanted && std::cmp_equal(*wanted, number)))
-          return std::to_string(number);
+      for (const auto& [name, number] : option.Enumerators()) {
+        if (isOneOf(name) || wanted == number) return ToText(number);
       }
       return std::nullopt;
     }
@@ -186,11 +162,8 @@ std::string AllowedValues(const UserOption& option) {
       return "any text";
   }
   std::string allowed;
-  std::size_t number = 0;
-  for (const char* name : option.Enumerators()) {
-    allowed += (number > 0 ? ", " : "") + std::to_string(number) + " (" + name + ")";
-    ++number;
-  }
+  for (const auto& [name, number] : option.Enumerators())
+    allowed += (allowed.empty() ? "" : ", ") + ToText(number) + " (" + name + ")";
   return allowed;
 }
 

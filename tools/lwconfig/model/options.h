@@ -9,6 +9,7 @@
 #include <tools/lwconfig/reporter.h>
 #include <tools/lwconfig/view/node.h>
 
+#include <lwconfig/automation/class_info.h>
 #include <lwconfig/root.h>
 
 namespace lwconfig::tool {
@@ -22,8 +23,8 @@ struct UserOption {
   std::string Name() const;
   /// The text that is stored; empty where the default applies.
   std::string Stored() const;
-  /// The names of an enumeration's values, from 0 on.
-  std::span<const char* const> Enumerators() const;
+  /// The values of an enumeration with their names, as published.
+  std::span<const automation::EnumMember> Enumerators() const;
 };
 
 /// Every option of every set, in order. They live as long as `root`'s shared objects.
