@@ -1,0 +1,29 @@
+#pragma once
+
+#include <cstdint>
+#include <string_view>
+#include <vector>
+
+#include <lwconfig/automation/class_info.h>
+#include <lwconfig/platform/windows/system.h>
+
+namespace lwconfig::com {
+
+/// The identity of what is published (see `automation::Identity`).
+GUID IdentityOf(std::string_view published);
+
+/// What clients reach a published class by.
+struct ClassBinding {
+  const automation::ClassInfo& Class;
+  GUID ClassId;
+  GUID InterfaceId;
+  GUID EventsId;  // zero for a class without events
+  /// The entries of the interface: those of `IDispatch`, then one for each slot.
+  std::vector<const void*> Entries;
+};
+
+const ClassBinding& BindingOf(const automation::ClassInfo& info);
+/// The one of that class id; null where there is none.
+const ClassBinding* FindBinding(REFCLSID classId);
+
+}  // namespace lwconfig::com

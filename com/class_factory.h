@@ -1,0 +1,10 @@
+#pragma once
+
+#include <lwconfig/platform/windows/system.h>
+
+namespace lwconfig::com {
+
+/// The factory of a published class that clients can create: what `DllGetClassObject` gives.
+HRESULT GetFactory(REFCLSID classId, REFIID id, void** result) noexcept;
+
+}  // namespace lwconfig::com

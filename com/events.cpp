@@ -1,0 +1,179 @@
+#include "events.h"
+
+#include <map>
+#include <memory>
+#include <utility>
+#include <vector>
+
+#include <olectl.h>
+
+#include "failures.h"
+#include "object.h"
+#include "unknown.h"
+
+namespace lwconfig::com {
+namespace {
+
+/// A sink and its subscriptions. The handlers hold it, and so the source does.
+struct Sink {
+  ComPtr<IDispatch> Receiver;
+  std::weak_ptr<void> Source;
+  std::vector<Connection> Subscriptions;
+
+  void Raise(DISPID event) const {
+    const ComPtr<IDispatch> receiver = Receiver;  // the sink may end the connection
+    DISPPARAMS none{};
+    if (receiver) {
+      receiver->Invoke(event, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_METHOD, &none, nullptr, nullptr,
+                       nullptr);
+    }
+  }
+  void Close() {
+    Subscriptions.clear();
+    Receiver.Reset();
+  }
+};
+
+/// By cookie.
+std::map<DWORD, std::weak_ptr<Sink>>& Sinks() {
+  static auto* sinks = new std::map<DWORD, std::weak_ptr<Sink>>;
+  return *sinks;
+}
+
+/// Hands out copies of a list that was made when the enumeration was. `Keep` adds a reference to one of them.
+template <class Interface, class Item, auto Keep>
+class Snapshot final : public Implements<Interface> {
+ public:
+  explicit Snapshot(std::vector<Item> items, std::size_t at = 0) : mItems(std::move(items)), mAt(at) {
+    for (Item& item : mItems) Keep(item)->AddRef();
+  }
+
+  HRESULT STDMETHODCALLTYPE Next(ULONG count, Item* items, ULONG* fetched) override {
+    if (fetched != nullptr) *fetched = 0;
+    if (items == nullptr || (fetched == nullptr && count != 1)) return E_POINTER;
+    ULONG found = 0;
+    for (; found < count && mAt < mItems.size(); ++found) {
+      items[found] = mItems[mAt++];
+      Keep(items[found])->AddRef();
+    }
+    if (fetched != nullptr) *fetched = found;
+    return found == count ? S_OK : S_FALSE;
+  }
+  HRESULT STDMETHODCALLTYPE Skip(ULONG count) override {
+    const std::size_t left = mItems.size() - mAt;
+    mAt += count < left ? count : left;
+    return count <= left ? S_OK : S_FALSE;
+  }
+  HRESULT STDMETHODCALLTYPE Reset() override {
+    mAt = 0;
+    return S_OK;
+  }
+  HRESULT STDMETHODCALLTYPE Clone(Interface** result) override {
+    if (result == nullptr) return E_POINTER;
+    *result = nullptr;
+    return Guarded([&] {
+      *result = new Snapshot(mItems, mAt);
+      return S_OK;
+    });
+  }
+
+ private:
+  ~Snapshot() override {
+    for (Item& item : mItems) Keep(item)->Release();
+  }
+
+  std::vector<Item> mItems;
+  std::size_t mAt;
+};
+
+IUnknown* PointKept(IConnectionPoint* point) {
+  return point;
+}
+IUnknown* SinkKept(const CONNECTDATA& connection) {
+  return connection.pUnk;
+}
+
+class EventPoint final : public Implements<IConnectionPoint> {
+ public:
+  explicit EventPoint(Object& source) : mSource(&source) {}
+
+  HRESULT STDMETHODCALLTYPE GetConnectionInterface(IID* id) override {
+    if (id == nullptr) return E_POINTER;
+    *id = mSource->Binding().EventsId;
+    return S_OK;
+  }
+  HRESULT STDMETHODCALLTYPE GetConnectionPointContainer(IConnectionPointContainer** container) override {
+    if (container == nullptr) return E_POINTER;
+    *container = mSource.Get();
+    mSource->AddRef();
+    return S_OK;
+  }
+  HRESULT STDMETHODCALLTYPE Advise(IUnknown* receiver, DWORD* cookie) override {
+    if (cookie == nullptr || receiver == nullptr) return E_POINTER;
+    *cookie = 0;
+    return Guarded([&] {
+      const auto sink = std::make_shared<Sink>();
+      const auto offer = [&](REFIID id) {
+        return SUCCEEDED(
+            receiver->QueryInterface(id, reinterpret_cast<void**>(sink->Receiver.ReleaseAndGetAddressOf())));
+      };
+      if (!offer(mSource->Binding().EventsId) && !offer(IID_IDispatch)) return CONNECT_E_CANNOTCONNECT;
+      const AnyObject& model = mSource->Model();
+      sink->Source = model.Pointer;
+      DISPID event = 0;
+      for (const automation::EventInfo& info : model.Class->Events()) {
+        ++event;
+        sink->Subscriptions.push_back(info.Connect(model.Pointer, [sink, event] { sink->Raise(event); }));
+      }
+      std::erase_if(Sinks(), [](const auto& entry) { return entry.second.expired(); });
+      static DWORD last = 0;
+      *cookie = ++last;
+      Sinks()[*cookie] = sink;
+      return S_OK;
+    });
+  }
+  HRESULT STDMETHODCALLTYPE Unadvise(DWORD cookie) override {
+    const auto found = Sinks().find(cookie);
+    const auto sink = found != Sinks().end() ? found->second.lock() : nullptr;
+    if (!sink || !IsOurs(*sink)) return CONNECT_E_NOCONNECTION;
+    Sinks().erase(found);
+    sink->Close();
+    return S_OK;
+  }
+  HRESULT STDMETHODCALLTYPE EnumConnections(IEnumConnections** result) override {
+    if (result == nullptr) return E_POINTER;
+    *result = nullptr;
+    return Guarded([&] {
+      std::vector<CONNECTDATA> connections;
+      for (const auto& [cookie, entry] : Sinks()) {
+        const auto sink = entry.lock();
+        if (sink && IsOurs(*sink)) connections.push_back({sink->Receiver.Get(), cookie});
+      }
+      *result = new Snapshot<IEnumConnections, CONNECTDATA, SinkKept>(std::move(connections));
+      return S_OK;
+    });
+  }
+
+ private:
+  bool IsOurs(const Sink& sink) const { return sink.Source.lock() == mSource->Model().Pointer; }
+
+  ComPtr<Object> mSource;
+};
+
+}  // namespace
+
+IConnectionPoint* EventsOf(Object& source) {
+  return new EventPoint(source);
+}
+
+HRESULT ListConnectionPoints(Object& source, IEnumConnectionPoints** result) {
+  if (result == nullptr) return E_POINTER;
+  *result = nullptr;
+  return Guarded([&] {
+    const auto point = TakeOver(EventsOf(source));
+    *result = new Snapshot<IEnumConnectionPoints, IConnectionPoint*, PointKept>({point.Get()});
+    return S_OK;
+  });
+}
+
+}  // namespace lwconfig::com

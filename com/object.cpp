@@ -1,0 +1,88 @@
+#include "object.h"
+
+#include <cstddef>
+#include <functional>
+#include <unordered_map>
+#include <utility>
+
+#include <olectl.h>
+
+#include "events.h"
+#include "type_library.h"
+
+namespace lwconfig::com {
+namespace {
+
+/// Objects of different classes can lie at one address: one may begin with the other.
+using Place = std::pair<const void*, const automation::ClassInfo*>;
+struct PlaceHash {
+  std::size_t operator()(const Place& place) const {
+    return std::hash<const void*>()(place.first) ^ std::hash<const void*>()(place.second);
+  }
+};
+
+std::unordered_map<Place, Object*, PlaceHash>& LiveObjects() {
+  static auto* live = new std::unordered_map<Place, Object*, PlaceHash>;  // outlives what clients forgot
+  return *live;
+}
+
+Place PlaceOf(const AnyObject& model) {
+  return {model.Pointer.get(), model.Class};
+}
+
+}  // namespace
+
+Object* Object::Of(const AnyObject& model) {
+  const auto found = LiveObjects().find(PlaceOf(model));
+  if (found != LiveObjects().end()) {
+    found->second->AddRef();
+    return found->second;
+  }
+  return new Object(model);
+}
+
+Object::Object(const AnyObject& model)
+    : mModel(model), mBinding(&BindingOf(*model.Class)), mDual{mBinding->Entries.data(), this} {
+  LiveObjects().emplace(PlaceOf(model), this);
+}
+
+Object::~Object() {
+  LiveObjects().erase(PlaceOf(mModel));
+}
+
+void* Object::Find(REFIID id) {
+  if (id == IID_IUnknown || id == IID_IDispatch || id == mBinding->InterfaceId) return &mDual;
+  if (id == IID_IProvideClassInfo) return static_cast<IProvideClassInfo2*>(this);
+  if (id == IID_IConnectionPointContainer && mBinding->Class.Events().empty()) return nullptr;
+  return Implements::Find(id);
+}
+
+HRESULT Object::GetClassInfo(ITypeInfo** result) {
+  return FindTypeInfo(mBinding->ClassId, result);
+}
+
+HRESULT Object::GetGUID(DWORD kind, GUID* result) {
+  if (result == nullptr) return E_POINTER;
+  *result = mBinding->EventsId;
+  return kind == GUIDKIND_DEFAULT_SOURCE_DISP_IID && !mBinding->Class.Events().empty() ? S_OK : E_INVALIDARG;
+}
+
+HRESULT Object::InterfaceSupportsErrorInfo(REFIID id) {
+  return id == IID_IDispatch || id == mBinding->InterfaceId ? S_OK : S_FALSE;
+}
+
+HRESULT Object::EnumConnectionPoints(IEnumConnectionPoints** result) {
+  return ListConnectionPoints(*this, result);
+}
+
+HRESULT Object::FindConnectionPoint(REFIID id, IConnectionPoint** result) {
+  if (result == nullptr) return E_POINTER;
+  *result = id == mBinding->EventsId ? EventsOf(*this) : nullptr;
+  return *result != nullptr ? S_OK : CONNECT_E_NOCONNECTION;
+}
+
+IDispatch* Publish(const AnyObject& model) {
+  return reinterpret_cast<IDispatch*>(Object::Of(model)->Dual());
+}
+
+}  // namespace lwconfig::com

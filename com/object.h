@@ -1,0 +1,65 @@
+#pragma once
+
+#include <lwconfig/core/variant.h>
+#include <lwconfig/platform/windows/system.h>
+
+#include "class_binding.h"
+#include "unknown.h"
+
+namespace lwconfig::com {
+
+/// How the server knows its own objects among those that clients pass.
+struct IOwnObject : IUnknown {
+  virtual const AnyObject& Model() const = 0;
+
+ protected:
+  ~IOwnObject() = default;
+};
+
+}  // namespace lwconfig::com
+
+__CRT_UUID_DECL(lwconfig::com::IOwnObject, 0x6D2C1A54, 0x0E0B, 0x4B5E, 0x9B, 0x7C, 0x52, 0x1F, 0x3A, 0x88,
+                0xD0, 0x16)
+
+namespace lwconfig::com {
+
+class Object;
+
+/// What a pointer to the dual interface of an object points to.
+struct DualInterface {
+  const void* const* Entries;
+  Object* Owner;
+};
+
+/// An object of the library as clients hold it. There is at most one for each object of the library at any
+/// time, so that equal references are equal to clients too. It keeps the library's object alive.
+class Object final
+    : public Implements<IOwnObject, IProvideClassInfo2, ISupportErrorInfo, IConnectionPointContainer> {
+ public:
+  /// The one of that object of the library, with one more reference, which is the caller's.
+  static Object* Of(const AnyObject& model);
+
+  const AnyObject& Model() const override { return mModel; }
+  const ClassBinding& Binding() const { return *mBinding; }
+  DualInterface* Dual() { return &mDual; }
+
+  HRESULT STDMETHODCALLTYPE GetClassInfo(ITypeInfo** result) override;
+  HRESULT STDMETHODCALLTYPE GetGUID(DWORD kind, GUID* result) override;
+  HRESULT STDMETHODCALLTYPE InterfaceSupportsErrorInfo(REFIID id) override;
+  HRESULT STDMETHODCALLTYPE EnumConnectionPoints(IEnumConnectionPoints** result) override;
+  HRESULT STDMETHODCALLTYPE FindConnectionPoint(REFIID id, IConnectionPoint** result) override;
+
+ private:
+  explicit Object(const AnyObject& model);
+  ~Object() override;
+  void* Find(REFIID id) override;
+
+  AnyObject mModel;
+  const ClassBinding* mBinding;
+  DualInterface mDual;
+};
+
+/// The object as its clients hold it: the caller releases the result.
+IDispatch* Publish(const AnyObject& model);
+
+}  // namespace lwconfig::com

@@ -1,0 +1,5 @@
+#include "registration.h"
+namespace lwconfig::com {
+void Register(RegistrationScope, const std::wstring&) {}
+void Unregister(RegistrationScope) {}
+}  // namespace lwconfig::com

@@ -1,0 +1,200 @@
+#include "slot_call.h"
+
+#include <array>
+#include <span>
+
+#include <lwconfig/automation/conversion.h>
+#include <lwconfig/automation/dispatch.h>
+
+#include "enumeration.h"
+#include "failures.h"
+#include "object.h"
+#include "values.h"
+
+namespace lwconfig::com {
+namespace {
+
+using automation::MemberInfo;
+using automation::ParameterInfo;
+using automation::ValueKind;
+
+/// The 64-bit convention passes the address of a variant, the 32-bit one the variant itself.
+constexpr bool kVariantsArePointers = sizeof(Word) == 8;
+
+std::size_t WordCount(const ParameterInfo& parameter) {
+  const bool isWide =
+      parameter.Type.Kind == ValueKind::Variant && !parameter.IsByReference && !kVariantsArePointers;
+  return isWide ? sizeof(VARIANT) / sizeof(Word) : 1;
+}
+
+template <class T>
+T* Pointer(Word word) {
+  return reinterpret_cast<T*>(word);
+}
+
+/// The argument in the words.
+Variant Read(ValueKind kind, const Word* words) {
+  switch (kind) {
+    case ValueKind::Boolean:
+      return static_cast<VARIANT_BOOL>(*words) != VARIANT_FALSE;
+    case ValueKind::Integer16:
+      return static_cast<std::int16_t>(*words);
+    case ValueKind::Integer32:
+    case ValueKind::Enumeration:
+      return static_cast<std::int32_t>(*words);
+    case ValueKind::Text:
+      return FromBstr(Pointer<OLECHAR>(*words));
+    case ValueKind::Variant:
+      return FromVariant(
+          *(kVariantsArePointers ? Pointer<VARIANT>(*words) : reinterpret_cast<const VARIANT*>(words)));
+    default:
+      return FromPointer(Pointer<IUnknown>(*words));
+  }
+}
+
+/// What the word of a by-reference argument points to.
+Variant ReadReferred(ValueKind kind, Word word) {
+  switch (kind) {
+    case ValueKind::Boolean:
+      return *Pointer<VARIANT_BOOL>(word) != VARIANT_FALSE;
+    case ValueKind::Integer16:
+      return *Pointer<std::int16_t>(word);
+    case ValueKind::Integer32:
+    case ValueKind::Enumeration:
+      return *Pointer<std::int32_t>(word);
+    case ValueKind::Text:
+      return FromBstr(*Pointer<BSTR>(word));
+    case ValueKind::Variant:
+      return FromVariant(*Pointer<VARIANT>(word));
+    default:
+      return FromPointer(*Pointer<IUnknown*>(word));
+  }
+}
+
+/// Stores a value where the word points to. What stands there is not freed.
+void Store(ValueKind kind, const Variant& value, Word word) {
+  switch (kind) {
+    case ValueKind::None:
+      break;
+    case ValueKind::Boolean:
+      *Pointer<VARIANT_BOOL>(word) = automation::ToBoolean(value) ? VARIANT_TRUE : VARIANT_FALSE;
+      break;
+    case ValueKind::Integer16:
+      *Pointer<std::int16_t>(word) = automation::ToInteger16(value);
+      break;
+    case ValueKind::Integer32:
+    case ValueKind::Enumeration:
+      *Pointer<std::int32_t>(word) = automation::ToInteger32(value);
+      break;
+    case ValueKind::Text:
+      *Pointer<BSTR>(word) =
+          std::holds_alternative<std::monostate>(value) ? nullptr : ToBstr(automation::ToText(value));
+      break;
+    case ValueKind::Variant:
+      *Pointer<VARIANT>(word) = ToVariant(value);
+      break;
+    case ValueKind::Object:
+    case ValueKind::AnyObject:
+      *Pointer<IDispatch*>(word) = ToDispatch(automation::ToObject(value));
+      break;
+    case ValueKind::Enumerator:
+      *Pointer<IUnknown*>(word) = ToEnumeration(value);
+      break;
+  }
+}
+
+/// Frees what the word of a by-reference argument points to.
+void FreeReferred(ValueKind kind, Word word) {
+  switch (kind) {
+    case ValueKind::Text:
+      ::SysFreeString(*Pointer<BSTR>(word));
+      break;
+    case ValueKind::Variant:
+      ::VariantClear(Pointer<VARIANT>(word));
+      break;
+    case ValueKind::Object:
+    case ValueKind::AnyObject:
+      if (IUnknown* held = *Pointer<IUnknown*>(word); held != nullptr) held->Release();
+      break;
+    default:
+      break;
+  }
+}
+
+/// The arguments of one call, and where they came from.
+class SlotArguments {
+ public:
+  SlotArguments(const MemberInfo& slot, const Word* words) : mSlot(slot) {
+    for (std::size_t at = 0; at < slot.ParameterCount; ++at) {
+      mPlaces[at] = words;
+      words += WordCount(slot.ParameterList[at]);
+    }
+    mResult = words;
+  }
+
+  /// Whether there is a place for everything that the call returns.
+  bool HasPlaces() const {
+    for (std::size_t at = 0; at < mSlot.ParameterCount; ++at) {
+      const ParameterInfo& parameter = mSlot.ParameterList[at];
+      if (parameter.IsByReference && !parameter.IsOptional && *mPlaces[at] == 0) return false;
+    }
+    return !HasResult() || *mResult != 0;
+  }
+
+  void ClearResult() {
+    if (HasResult()) Store(mSlot.Result.Kind, {}, *mResult);
+  }
+
+  std::span<Variant> ReadAll() {
+    for (std::size_t at = 0; at < mSlot.ParameterCount; ++at) {
+      const ParameterInfo& parameter = mSlot.ParameterList[at];
+      mValues[at] = !parameter.IsByReference ? Read(parameter.Type.Kind, mPlaces[at])
+                    : *mPlaces[at] != 0      ? ReadReferred(parameter.Type.Kind, *mPlaces[at])
+                                             : Variant(Missing{});
+    }
+    return {mValues.data(), mSlot.ParameterCount};
+  }
+
+  void ReturnAll(const Variant& result) {
+    for (std::size_t at = 0; at < mSlot.ParameterCount; ++at) {
+      const ParameterInfo& parameter = mSlot.ParameterList[at];
+      if (!parameter.IsByReference || *mPlaces[at] == 0) continue;
+      FreeReferred(parameter.Type.Kind, *mPlaces[at]);
+      Store(parameter.Type.Kind, mValues[at], *mPlaces[at]);
+    }
+    if (HasResult()) Store(mSlot.Result.Kind, result, *mResult);
+  }
+
+ private:
+  bool HasResult() const { return mSlot.Result.Kind != ValueKind::None; }
+
+  const MemberInfo& mSlot;
+  std::array<const Word*, automation::kMostParameters> mPlaces{};
+  const Word* mResult = nullptr;
+  std::array<Variant, automation::kMostParameters> mValues{};
+};
+
+}  // namespace
+
+std::size_t WordCount(const MemberInfo& slot) {
+  std::size_t count = slot.Result.Kind != ValueKind::None ? 1 : 0;
+  for (const ParameterInfo& parameter : slot.Parameters()) count += WordCount(parameter);
+  return count;
+}
+
+HRESULT CallSlot(Object& object, std::size_t number, const Word* words) noexcept {
+  const MemberInfo& slot = object.Binding().Class.Slots()[number];
+  SlotArguments arguments(slot, words);
+  if (!arguments.HasPlaces()) return E_POINTER;
+  return Guarded(
+      [&] {
+        arguments.ClearResult();
+        // The call may let go of the last reference that the client has.
+        const AnyObject model = object.Model();
+        arguments.ReturnAll(automation::Invoke(model, slot, {arguments.ReadAll()}));
+        return S_OK;
+      },
+      [&](const Error& failure) { return Tell(failure, object.Binding().InterfaceId); });
+}
+
+}  // namespace lwconfig::com

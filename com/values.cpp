@@ -1,0 +1,217 @@
+#include "values.h"
+
+#include <atomic>
+#include <new>
+#include <utility>
+
+#include <lwconfig/core/error.h>
+
+#include "enumeration.h"
+#include "object.h"
+#include "unknown.h"
+
+namespace lwconfig::com {
+namespace {
+
+std::atomic<bool> gIsAbandoned{false};
+
+/// Somebody else's object: its identity is that of its `IUnknown`.
+AnyObject Foreign(IUnknown* pointer) {
+  IUnknown* identity = nullptr;
+  if (FAILED(pointer->QueryInterface(IID_IUnknown, reinterpret_cast<void**>(&identity))) ||
+      identity == nullptr)
+    throw Error(kTypeMismatch, "An object of another library that has no identity was found");
+  return {std::shared_ptr<void>(identity, [](IUnknown* held) {
+    if (!gIsAbandoned) held->Release();
+  })};
+}
+
+VARIANT Made(VARTYPE type) {
+  VARIANT value;
+  ::VariantInit(&value);
+  value.vt = type;
+  return value;
+}
+
+struct VariantMaker {
+  VARIANT operator()(std::monostate) const { return Made(VT_EMPTY); }
+  VARIANT operator()(Null) const { return Made(VT_NULL); }
+  VARIANT operator()(Missing) const {
+    VARIANT value = Made(VT_ERROR);
+    value.scode = DISP_E_PARAMNOTFOUND;
+    return value;
+  }
+  VARIANT operator()(bool flag) const {
+    VARIANT value = Made(VT_BOOL);
+    value.boolVal = flag ? VARIANT_TRUE : VARIANT_FALSE;
+    return value;
+  }
+  VARIANT operator()(std::int16_t number) const {
+    VARIANT value = Made(VT_I2);
+    value.iVal = number;
+    return value;
+  }
+  VARIANT operator()(std::int32_t number) const {
+    VARIANT value = Made(VT_I4);
+    value.lVal = number;
+    return value;
+  }
+  VARIANT operator()(double number) const {
+    VARIANT value = Made(VT_R8);
+    value.dblVal = number;
+    return value;
+  }
+  VARIANT operator()(const std::string& text) const {
+    VARIANT value = Made(VT_BSTR);
+    value.bstrVal = ToBstr(text);
+    return value;
+  }
+  VARIANT operator()(const AnyObject& object) const {
+    VARIANT value = Made(VT_DISPATCH);
+    value.pdispVal = nullptr;
+    if (object && object.Class == nullptr) {
+      auto* foreign = static_cast<IUnknown*>(object.Pointer.get());
+      if (FAILED(foreign->QueryInterface(IID_IDispatch, reinterpret_cast<void**>(&value.pdispVal)))) {
+        value.vt = VT_UNKNOWN;
+        value.punkVal = foreign;
+        foreign->AddRef();
+      }
+    } else {
+      value.pdispVal = ToDispatch(object);
+    }
+    return value;
+  }
+};
+
+/// Numbers of the types that the library does not have, and what is behind a reference.
+Variant FromOtherType(const VARIANT& value) {
+  OwnedVariant plain;
+  VARIANT source = value;
+  const bool isRead = SUCCEEDED(::VariantCopyInd(plain.Get(), &source));
+  const bool isReference = (value.vt & VT_BYREF) != 0;
+  if (isRead && isReference && (plain.Get()->vt & VT_BYREF) == 0) return FromVariant(*plain.Get());
+  if (!isRead || isReference || FAILED(::VariantChangeType(plain.Get(), plain.Get(), 0, VT_R8)))
+    throw Error(kTypeMismatch, "A value of the automation type " + std::to_string(value.vt) +
+                                   " was found, which is none that is taken here");
+  return plain.Get()->dblVal;
+}
+
+}  // namespace
+
+BSTR ToBstr(std::string_view text) {
+  const std::wstring wide = platform::Wide(text);
+  BSTR made = ::SysAllocStringLen(wide.data(), static_cast<UINT>(wide.size()));
+  if (made == nullptr) throw std::bad_alloc();
+  return made;
+}
+
+std::string FromBstr(BSTR text) {
+  return text != nullptr ? platform::Narrow({text, ::SysStringLen(text)}) : std::string();
+}
+
+Variant FromVariant(const VARIANT& value) {
+  switch (value.vt) {
+    case VT_EMPTY:
+      return {};
+    case VT_NULL:
+      return Null{};
+    case VT_BOOL:
+      return value.boolVal != VARIANT_FALSE;
+    case VT_UI1:
+      return std::int16_t{value.bVal};
+    case VT_I2:
+      return std::int16_t{value.iVal};
+    case VT_I4:
+    case VT_INT:
+      return std::int32_t{value.lVal};
+    case VT_R8:
+    case VT_DATE:
+      return value.dblVal;
+    case VT_BSTR:
+      return FromBstr(value.bstrVal);
+    case VT_DISPATCH:
+    case VT_UNKNOWN:
+      return FromPointer(value.punkVal);
+    case VT_ERROR:
+      if (value.scode == DISP_E_PARAMNOTFOUND) return Missing{};
+      throw Error(kTypeMismatch, "An error value was found, which is none that is taken here");
+    case VT_BYREF | VT_VARIANT:
+      if (value.pvarVal != nullptr && value.pvarVal->vt != (VT_BYREF | VT_VARIANT))
+        return FromVariant(*value.pvarVal);
+      throw Error(kInvalidCall, "A reference to no value was found");
+    default:
+      if ((value.vt & VT_ARRAY) != 0)
+        throw Error(kTypeMismatch, "An array was found, which is not taken here");
+      if ((value.vt & VT_BYREF) != 0 && value.byref == nullptr)
+        throw Error(kInvalidCall, "A reference to no value was found");
+      return FromOtherType(value);
+  }
+}
+
+VARIANT ToVariant(const Variant& value) {
+  if (IEnumVARIANT* items = ToEnumeration(value); items != nullptr) {
+    VARIANT made = Made(VT_UNKNOWN);
+    made.punkVal = items;
+    return made;
+  }
+  return std::visit(VariantMaker{}, value);
+}
+
+void StoreReferred(const VARIANT& reference, const Variant& value) {
+  OwnedVariant made(value);
+  if (reference.vt == (VT_BYREF | VT_VARIANT)) {
+    ::VariantClear(reference.pvarVal);
+    *reference.pvarVal = made.Detach();
+    return;
+  }
+  const auto type = static_cast<VARTYPE>(reference.vt & ~VT_BYREF);
+  if (FAILED(::VariantChangeType(made.Get(), made.Get(), 0, type)))
+    throw Error(kTypeMismatch, "The variable that an argument refers to cannot take the result");
+  switch (type) {
+    case VT_BSTR:
+      ::SysFreeString(*reference.pbstrVal);
+      *reference.pbstrVal = made.Detach().bstrVal;
+      break;
+    case VT_DISPATCH:
+    case VT_UNKNOWN:
+      if (*reference.ppunkVal != nullptr) (*reference.ppunkVal)->Release();
+      *reference.ppunkVal = made.Detach().punkVal;
+      break;
+    case VT_BOOL:
+    case VT_I2:
+      *reference.piVal = made.Get()->iVal;
+      break;
+    case VT_I4:
+    case VT_INT:
+      *reference.plVal = made.Get()->lVal;
+      break;
+    case VT_R8:
+      *reference.pdblVal = made.Get()->dblVal;
+      break;
+    default:
+      throw Error(kTypeMismatch, "The variable that an argument refers to is of a type that no result has");
+  }
+}
+
+AnyObject FromPointer(IUnknown* pointer) {
+  if (pointer == nullptr) return {};
+  ComPtr<IOwnObject> own;
+  if (SUCCEEDED(pointer->QueryInterface(IID_PPV_ARGS(own.GetAddressOf())))) return own->Model();
+  return Foreign(pointer);
+}
+
+IDispatch* ToDispatch(const AnyObject& object) {
+  if (!object) return nullptr;
+  if (object.Class != nullptr) return Publish(object);
+  IDispatch* dispatch = nullptr;
+  if (FAILED(static_cast<IUnknown*>(object.Pointer.get())
+                 ->QueryInterface(IID_IDispatch, reinterpret_cast<void**>(&dispatch))))
+    throw Error(kTypeMismatch, "An automation object was expected, another kind of object was found");
+  return dispatch;
+}
+
+void AbandonForeignObjects() {
+  gIsAbandoned = true;
+}
+
+}  // namespace lwconfig::com

@@ -1,0 +1,57 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include <lwconfig/core/variant.h>
+#include <lwconfig/platform/windows/system.h>
+
+namespace lwconfig::com {
+
+/// Values as automation clients exchange them, and as the library knows them.
+
+/// The caller frees the result.
+BSTR ToBstr(std::string_view text);
+/// Null is the empty text.
+std::string FromBstr(BSTR text);
+
+/// Follows references. An argument that was left out is `Missing`; dates, currency and decimals are numbers.
+/// An object of somebody else's is held as long as the result lives. Error 13 for arrays and other types that
+/// the library has no use for, 5 for a reference that leads nowhere.
+Variant FromVariant(const VARIANT& value);
+/// The caller clears the result.
+VARIANT ToVariant(const Variant& value);
+/// Replaces what a by-reference argument refers to, in the type that it has there: error 13 where the value
+/// has no such form.
+void StoreReferred(const VARIANT& reference, const Variant& value);
+
+/// The object behind a pointer from a client, which may be null.
+AnyObject FromPointer(IUnknown* pointer);
+/// The caller releases the result; null for none. Error 13 for somebody else's object that is not an
+/// automation object.
+IDispatch* ToDispatch(const AnyObject& object);
+
+/// Called when the process ends: from then on the objects of others are not touched any more.
+void AbandonForeignObjects();
+
+/// A variant that is cleared at the end of its life.
+class OwnedVariant {
+ public:
+  OwnedVariant() { ::VariantInit(&mValue); }
+  explicit OwnedVariant(const Variant& value) : mValue(com::ToVariant(value)) {}
+  ~OwnedVariant() { ::VariantClear(&mValue); }
+  OwnedVariant(const OwnedVariant&) = delete;
+  OwnedVariant& operator=(const OwnedVariant&) = delete;
+  VARIANT* Get() { return &mValue; }
+  /// Gives it away.
+  VARIANT Detach() {
+    const VARIANT value = mValue;
+    ::VariantInit(&mValue);
+    return value;
+  }
+
+ private:
+  VARIANT mValue;
+};
+
+}  // namespace lwconfig::com
