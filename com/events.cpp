@@ -7,6 +7,8 @@
 
 #include <olectl.h>
 
+#include <lwconfig/automation/dispatch.h>
+
 #include "failures.h"
 #include "object.h"
 #include "unknown.h"
@@ -123,7 +125,8 @@ class EventPoint final : public Implements<IConnectionPoint> {
       DISPID event = 0;
       for (const automation::EventInfo& info : model.Class->Events()) {
         ++event;
-        sink->Subscriptions.push_back(info.Connect(model.Pointer, [sink, event] { sink->Raise(event); }));
+        sink->Subscriptions.push_back(
+            automation::Connect(model, info.Name, [sink, event] { sink->Raise(event); }));
       }
       std::erase_if(Sinks(), [](const auto& entry) { return entry.second.expired(); });
       static DWORD last = 0;

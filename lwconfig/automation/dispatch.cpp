@@ -202,7 +202,10 @@ Connection Connect(const AnyObject& object, std::string_view event, std::functio
     throw Error(kNoSuchEvent,
                 std::string("The class ") + info.Name() + " has no event \"" + std::string(event) + "\"");
   }
-  return found->Connect(object.Pointer, std::move(handler));
+  return found->Connect(object.Pointer, [call = std::move(handler)] {
+    const OutsideScope outside;
+    call();
+  });
 }
 
 std::shared_ptr<Enumerator> Enumerate(const AnyObject& object) {

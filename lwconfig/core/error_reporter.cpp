@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <utility>
 
 #include <lwconfig/core/conversions.h>
 #include <lwconfig/core/error_reporter.h>
@@ -33,6 +34,11 @@ OperationScope::~OperationScope() {
 }
 bool OperationScope::IsOutermost() const {
   return gDepth == 1;
+}
+
+OutsideScope::OutsideScope() : mDepth(std::exchange(gDepth, 0)) {}
+OutsideScope::~OutsideScope() {
+  gDepth = mDepth;
 }
 
 Error CurrentFailure() {

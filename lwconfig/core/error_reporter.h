@@ -55,6 +55,19 @@ class OperationScope {
   bool IsOutermost() const;
 };
 
+/// Marks code of others that an operation calls, such as a handler of an event: an operation that this code
+/// begins is outermost again.
+class OutsideScope {
+ public:
+  OutsideScope();
+  ~OutsideScope();
+  OutsideScope(const OutsideScope&) = delete;
+  OutsideScope& operator=(const OutsideScope&) = delete;
+
+ private:
+  int mDepth;
+};
+
 /// Runs `body` as a published operation, which `describe()` tells of as an `Operation`. Its failure ends it
 /// with the state changed so far: inside another published operation the failure is thrown on; at the
 /// outermost one it goes to the reporter, once, and the result is the empty value of its type.

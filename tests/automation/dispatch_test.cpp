@@ -238,11 +238,14 @@ TEST_F(DispatchTest, EventHandlersDoNoHarm) {
     second.Close();
     first.Close();
     Call(layouts, "Remove", {1});
+    // A failure of an operation that a handler begins is reported on its own.
+    EXPECT_EQ(testing::ErrorOf([&] { Call(layouts, "Remove", {7}); }).Number(), kReportedFailure);
   });
   second = Connect(layouts, "ContentsChange", [&] { calls += 100; });
   Call(layouts, "Add", {New("PageLayout")});
   Call(layouts, "Add", {New("PageLayout")});
   EXPECT_EQ(calls, 1);
+  EXPECT_EQ(Reports.size(), 1U);
   EXPECT_EQ(Call(layouts, "Count"), Variant(1));
 }
 
