@@ -1,14 +1,13 @@
-# Builds for Windows with Debian's cross compiler; its programs run under wine. LWCONFIG_SYSROOT is where
-# tools/windows-libraries put the libraries.
+# Builds for Windows with Debian's cross compilers; the programs run under wine. LWCONFIG_TRIPLE is
+# x86_64-w64-mingw32 or, for 32-bit programs, i686-w64-mingw32; LWCONFIG_SYSROOT is where tools/windows-libraries
+# put the libraries for it.
 set(CMAKE_SYSTEM_NAME Windows)
-set(CMAKE_SYSTEM_PROCESSOR x86_64)
-set(triple x86_64-w64-mingw32)
-set(LWCONFIG_TRIPLE ${triple})
-set(CMAKE_C_COMPILER ${triple}-gcc-posix)
-set(CMAKE_CXX_COMPILER ${triple}-g++-posix)
-set(CMAKE_RC_COMPILER ${triple}-windres)
-list(APPEND CMAKE_TRY_COMPILE_PLATFORM_VARIABLES LWCONFIG_SYSROOT)
-set(CMAKE_FIND_ROOT_PATH ${LWCONFIG_SYSROOT} /usr/${triple})
+string(REGEX REPLACE "-.*" "" CMAKE_SYSTEM_PROCESSOR ${LWCONFIG_TRIPLE})
+set(CMAKE_C_COMPILER ${LWCONFIG_TRIPLE}-gcc-posix)
+set(CMAKE_CXX_COMPILER ${LWCONFIG_TRIPLE}-g++-posix)
+set(CMAKE_RC_COMPILER ${LWCONFIG_TRIPLE}-windres)
+list(APPEND CMAKE_TRY_COMPILE_PLATFORM_VARIABLES LWCONFIG_TRIPLE LWCONFIG_SYSROOT)
+set(CMAKE_FIND_ROOT_PATH ${LWCONFIG_SYSROOT} /usr/${LWCONFIG_TRIPLE})
 set(CMAKE_FIND_ROOT_PATH_MODE_PROGRAM NEVER)
 set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)
 set(CMAKE_FIND_ROOT_PATH_MODE_INCLUDE ONLY)
@@ -16,7 +15,12 @@ set(CMAKE_FIND_ROOT_PATH_MODE_PACKAGE ONLY)
 set(ENV{PKG_CONFIG_LIBDIR} ${LWCONFIG_SYSROOT}/lib/pkgconfig)
 set(ENV{PKG_CONFIG_SYSROOT_DIR} "")
 # The compiler's own libraries are part of each program.
-set(CMAKE_EXE_LINKER_FLAGS_INIT -static)
-set(CMAKE_SHARED_LINKER_FLAGS_INIT -static)
-set(CMAKE_MODULE_LINKER_FLAGS_INIT -static)
-set(CMAKE_CROSSCOMPILING_EMULATOR wine)
+set(link_flags -static)
+if(CMAKE_SYSTEM_PROCESSOR STREQUAL i686)
+  # A name without the size of its arguments is good enough for an export.
+  string(APPEND link_flags " -Wl,--enable-stdcall-fixup")
+endif()
+foreach(kind EXE SHARED MODULE)
+  set(CMAKE_${kind}_LINKER_FLAGS_INIT "${link_flags}")
+endforeach()
+set(CMAKE_CROSSCOMPILING_EMULATOR ${CMAKE_CURRENT_LIST_DIR}/../tools/windows-run)
