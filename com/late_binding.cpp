@@ -1,8 +1,9 @@
 #include "late_binding.h"
 
 #include <algorithm>
+#include <array>
+#include <span>
 #include <string>
-#include <vector>
 
 #include <lwconfig/automation/dispatch.h>
 #include <lwconfig/automation/errors.h>
@@ -46,50 +47,58 @@ bool IsComplete(const DISPPARAMS* parameters) {
 class LateArguments {
  public:
   LateArguments(const DISPPARAMS& parameters, const ClassInfo::Member& member) {
-    const auto names = ParametersOf(member);
-    mSources.reserve(parameters.cArgs);
-    for (UINT at = parameters.cArgs; at-- > parameters.cNamedArgs;) Add(parameters.rgvarg[at]);
-    const VARIANT* newValue = nullptr;
-    for (UINT at = 0; at < parameters.cNamedArgs; ++at) {
-      const DISPID id = parameters.rgdispidNamedArgs[at];
-      if (id == DISPID_PROPERTYPUT) newValue = &parameters.rgvarg[at];
+    if (parameters.cArgs > mArguments.size()) {
+      throw Error(automation::kWrongArgumentCount, std::string(member.Name) + " does not take " +
+                                                       std::to_string(parameters.cArgs) + " arguments");
     }
-    if (newValue != nullptr) Add(*newValue);
-    mOrderedCount = mSources.size();
+    for (UINT at = parameters.cArgs; at-- > parameters.cNamedArgs;) Add(parameters.rgvarg[at]);
+    const auto* newValue =
+        std::find(parameters.rgdispidNamedArgs, parameters.rgdispidNamedArgs + parameters.cNamedArgs,
+                  DISPID_PROPERTYPUT);
+    if (newValue != parameters.rgdispidNamedArgs + parameters.cNamedArgs)
+      Add(parameters.rgvarg[newValue - parameters.rgdispidNamedArgs]);
+    mOrderedCount = mCount;
+    const auto names = ParametersOf(member);
     for (UINT at = 0; at < parameters.cNamedArgs; ++at) {
       const DISPID id = parameters.rgdispidNamedArgs[at];
       if (id == DISPID_PROPERTYPUT) continue;
       if (id < 0 || static_cast<std::size_t>(id) >= names.size())
         throw Error(automation::kNamedArgumentNotFound,
                     std::string(member.Name) + " has no parameter number " + std::to_string(id));
+      mNamed[mCount - mOrderedCount] = {names[static_cast<std::size_t>(id)].Name, &mArguments[mCount]};
       Add(parameters.rgvarg[at]);
-      mNamed.push_back({names[static_cast<std::size_t>(id)].Name, nullptr});
     }
-    mBefore = mValues;
-    for (std::size_t at = 0; at < mNamed.size(); ++at) mNamed[at].Value = &mValues[mOrderedCount + at];
   }
+  LateArguments(const LateArguments&) = delete;
+  LateArguments& operator=(const LateArguments&) = delete;
 
-  automation::Arguments All() { return {std::span(mValues).first(mOrderedCount), mNamed}; }
+  automation::Arguments All() {
+    return {std::span(mArguments).first(mOrderedCount), std::span(mNamed).first(mCount - mOrderedCount)};
+  }
 
   /// Stores what the call has replaced where the client passed a reference.
   void Return() const {
-    for (std::size_t at = 0; at < mValues.size(); ++at) {
-      if ((mSources[at]->vt & VT_BYREF) != 0 && !(mValues[at] == mBefore[at]))
-        StoreReferred(*mSources[at], mValues[at]);
+    for (std::size_t at = 0; at < mCount; ++at) {
+      if (IsReference(at) && !(mArguments[at] == mBefore[at])) StoreReferred(*mSources[at], mArguments[at]);
     }
   }
 
  private:
+  bool IsReference(std::size_t at) const { return (mSources[at]->vt & VT_BYREF) != 0; }
   void Add(const VARIANT& source) {
-    mSources.push_back(&source);
-    mValues.push_back(FromVariant(source));
+    mSources[mCount] = &source;
+    mArguments[mCount] = FromVariant(source);
+    if (IsReference(mCount)) mBefore[mCount] = mArguments[mCount];
+    ++mCount;
   }
 
-  std::vector<const VARIANT*> mSources;
-  std::vector<Variant> mValues;
-  std::vector<Variant> mBefore;
+  static constexpr std::size_t kMost = automation::kMostParameters;
+  std::array<const VARIANT*, kMost> mSources{};
+  std::array<Variant, kMost> mArguments{};
+  std::array<Variant, kMost> mBefore{};
+  std::size_t mCount = 0;
   std::size_t mOrderedCount = 0;
-  std::vector<automation::NamedArgument> mNamed;
+  std::array<automation::NamedArgument, kMost> mNamed{};
 };
 
 /// Leaves the text of a failure whose result is one that clients expect.
