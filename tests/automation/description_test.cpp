@@ -1,4 +1,7 @@
+#include <fstream>
+#include <regex>
 #include <set>
+#include <sstream>
 
 #include <gmock/gmock.h>
 
@@ -77,6 +80,29 @@ TEST(Identities, AreOneForEachName) {
   }
   for (const EnumInfo* info : PublishedEnumerations()) add(std::string("enumeration.") + info->Name);
   EXPECT_EQ(Identity("class.Nothing"), "");
+}
+
+/// What programs are compiled against: the interface description without the texts for people.
+std::string BinaryInterface() {
+  const std::string plain =
+      std::regex_replace(InterfaceDescription(), std::regex(R"(,? ?helpstring\("([^"\\]|\\.)*"\))"), "");
+  return plain.substr(plain.find("["));
+}
+
+TEST(InterfaceDescription, KeepsWhatProgramsAreCompiledAgainst) {
+  std::istringstream current(BinaryInterface());
+  std::ifstream frozen(LWCONFIG_PUBLISHED_INTERFACE);
+  ASSERT_TRUE(frozen.is_open());
+  std::string wanted;
+  for (int number = 1; std::getline(frozen, wanted); ++number) {
+    std::string found;
+    std::getline(current, found);
+    ASSERT_EQ(found, wanted) << "in line " << number
+                             << ". Identities, numbers, order and types of what is published stay for ever; "
+                                "additions go to the end and are recorded there.";
+  }
+  std::string rest;
+  EXPECT_FALSE(std::getline(current, rest)) << "not recorded: " << rest;
 }
 
 TEST(InterfaceDescription, DeclaresEveryKindOfMember) {
