@@ -141,15 +141,14 @@ Text ClassText(const ClassInfo& info) {
 }  // namespace
 
 std::string InterfaceDescription() {
-  Text text =
-      "// The interface description of LWConfigObjects. Written by `lwconfig describe --idl`; not to be "
-      "edited.\n\n"
-      "import \"oaidl.idl\";\n\n"
-      "[" +
-      UuidAttribute("LWConfigObjects") +
-      ", version(1.0), helpstring(\"The configuration object model of Lexiwend\")]\n"
-      "library LWConfigObjects {\n"
-      "  importlib(\"stdole2.tlb\");\n\n";
+  const Text name = kLibraryName;
+  Text text = "// The interface description of " + name +
+              ". Written by `lwconfig describe --idl`; not to be edited.\n\n"
+              "import \"oaidl.idl\";\n\n[" +
+              UuidAttribute(name) + ", version(" + kLibraryVersion + "), helpstring(\"" +
+              kLibraryDescription + "\")]\nlibrary " + name +
+              " {\n"
+              "  importlib(\"stdole2.tlb\");\n\n";
   for (const ClassInfo* info : PublishedClasses()) text += Text("  interface _") + info->Name() + ";\n";
   text += "\n";
   for (const EnumInfo* info : PublishedEnumerations()) text += EnumerationText(*info);
