@@ -4,9 +4,11 @@
 #include <sstream>
 
 #include <gmock/gmock.h>
+#include <pugixml.hpp>
 
 #include <lwconfig/automation/contracts.h>
 #include <lwconfig/automation/idl.h>
+#include <lwconfig/automation/manifest.h>
 #include <lwconfig/automation/published.h>
 #include <lwconfig/automation/python_stubs.h>
 #include <lwconfig/automation/signature.h>
@@ -118,6 +120,32 @@ TEST(InterfaceDescription, DeclaresEveryKindOfMember) {
         "Result);",
         "HRESULT MemberType([in] ElementTypeEnum Value);", "void DirtyStateChanged();"})
     EXPECT_THAT(idl, HasSubstr(declaration));
+}
+
+TEST(Manifest, ListsWhatCanBeCreatedAndWhatHasToTravel) {
+  const auto id = [](const std::string& name) { return "{" + std::string(Identity(name)) + "}"; };
+  for (const std::string& text : {Manifest64(), Manifest32()}) {
+    pugi::xml_document document;
+    const auto parsed = document.load_string(text.c_str());
+    ASSERT_TRUE(parsed) << parsed.description();
+    const auto assembly = document.child("assembly");
+    const auto proxy = [&](const std::string& name) {
+      const char* const tag = "comInterfaceExternalProxyStub";
+      return std::string(
+          assembly.find_child_by_attribute(tag, "name", name.c_str()).attribute("iid").value());
+    };
+    const auto file = assembly.child("file");
+    EXPECT_EQ(file.child("typelib").attribute("tlbid").value(), id("LWConfigObjects"));
+    for (const ClassInfo* info : PublishedClasses()) {
+      const std::string name = info->Name();
+      const std::string progId = "LWConfigObjects." + name;
+      const auto row = file.find_child_by_attribute("comClass", "progid", progId.c_str());
+      EXPECT_EQ(row.attribute("clsid").value(), info->IsCreatable() ? id("class." + name) : "") << name;
+      EXPECT_EQ(row.child_value("progid"), info->IsCreatable() ? progId + ".1" : "") << name;
+      EXPECT_EQ(proxy("_" + name), id("interface._" + name));
+      EXPECT_EQ(proxy("__" + name), info->Events().empty() ? "" : id("events.__" + name));
+    }
+  }
 }
 
 TEST(PythonStubs, TellWhatPythonMakesOfMembers) {

@@ -9,6 +9,7 @@
 #include <tools/lwconfig/view/json.h>
 
 #include <lwconfig/automation/idl.h>
+#include <lwconfig/automation/manifest.h>
 #include <lwconfig/automation/python_stubs.h>
 #include <lwconfig/automation/reference_manual.h>
 #include <lwconfig/platform/letter_case.h>
@@ -48,6 +49,9 @@ struct Whole {
 };
 constexpr std::array kWholes{
     Whole{"--idl", "print the interface description of the type library", automation::InterfaceDescription},
+    Whole{"--manifest-64", "print the manifest that replaces registration, of the 64-bit server",
+          automation::Manifest64},
+    Whole{"--manifest-32", "the same of the 32-bit server", automation::Manifest32},
     Whole{"--markdown", "print the reference manual", automation::ReferenceManual},
     Whole{"--stubs", "print the type stubs of the Python module", automation::PythonStubs}};
 
