@@ -49,9 +49,11 @@ Text TypeText(const TypeInfo& type) {
   return {};
 }
 
-/// Only a variant can be absent; of other types the value that stands for it is told.
-Text OptionalAttribute(const TypeInfo& type) {
-  switch (type.Kind) {
+/// Only a variant can be absent; of other types the value that stands for it is told. No type library can hold
+/// one for a reference: there the place itself may be null.
+Text OptionalAttribute(const ParameterInfo& parameter) {
+  if (parameter.IsByReference) return ", optional";
+  switch (parameter.Type.Kind) {
     case ValueKind::Variant:
       return ", optional";
     case ValueKind::Text:
@@ -63,7 +65,7 @@ Text OptionalAttribute(const TypeInfo& type) {
 
 Text ParameterText(const ParameterInfo& parameter) {
   return Text(parameter.IsByReference ? "[in, out" : "[in") +
-         (parameter.IsOptional ? OptionalAttribute(parameter.Type) : Text()) + "] " +
+         (parameter.IsOptional ? OptionalAttribute(parameter) : Text()) + "] " +
          TypeText(parameter.Type) + (parameter.IsByReference ? "* " : " ") + Text(parameter.Name);
 }
 

@@ -114,7 +114,7 @@ TEST(InterfaceDescription, DeclaresEveryKindOfMember) {
         "HRESULT Add([in] _PageLayout* obj, [in, optional, defaultvalue(\"\")] BSTR Key, [in, optional] "
         "VARIANT "
         "Before, [in, optional] VARIANT After);",
-        "HRESULT AllNamespaceDefs([in, out, optional, defaultvalue(0)] _NamespaceDefs** col, [out, retval] "
+        "HRESULT AllNamespaceDefs([in, out, optional] _NamespaceDefs** col, [out, retval] "
         "_NamespaceDefs** Result);",
         "HRESULT VerifyMoniker([in] BSTR Moniker, [in, out] BSTR* Message, [out, retval] VARIANT_BOOL* "
         "Result);",
