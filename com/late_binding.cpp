@@ -154,7 +154,10 @@ HRESULT InvokeLate(Object& object, DISPID id, REFIID reserved, WORD flags, DISPP
         // The call may let go of the last reference that the client has.
         const AnyObject model = object.Model();
         LateArguments arguments(*parameters, *member);
-        const Variant value = automation::Invoke(model, id, flags, arguments.All());
+        // Some script engines ask for the items of a collection as if it were a method that gives them.
+        const bool isForEach = id == DISPID_NEWENUM && (flags & DISPATCH_METHOD) != 0;
+        const Variant value =
+            automation::Invoke(model, id, isForEach ? DISPATCH_PROPERTYGET : flags, arguments.All());
         arguments.Return();
         if (result != nullptr) *result = ToVariant(value);
         return S_OK;
