@@ -40,10 +40,9 @@ class Factory final : public IClassFactory {
   ULONG mReferences = 0;
 };
 
-void SetText(const wchar_t* key, const wchar_t* name, const std::wstring& text) {
+void SetText(const wchar_t* key, const wchar_t* name, const std::wstring& text, REGSAM view) {
   HKEY opened = nullptr;
-  // The product's values are those of 32-bit programs, and classes are the same for all.
-  if (::RegCreateKeyExW(HKEY_LOCAL_MACHINE, key, 0, nullptr, 0, KEY_WRITE | KEY_WOW64_32KEY, nullptr, &opened,
+  if (::RegCreateKeyExW(HKEY_LOCAL_MACHINE, key, 0, nullptr, 0, KEY_WRITE | view, nullptr, &opened,
                         nullptr) != ERROR_SUCCESS)
     return;
   ::RegSetValueExW(opened, name, 0, REG_SZ, reinterpret_cast<const BYTE*>(text.c_str()),
@@ -51,7 +50,10 @@ void SetText(const wchar_t* key, const wchar_t* name, const std::wstring& text) 
   ::RegCloseKey(opened);
 }
 
-constexpr const wchar_t* kProductKey = L"Software\\Corvantis\\Lexiwend4";
+/// The product's values are those of 32-bit programs.
+void SetProductText(const wchar_t* name, const std::wstring& text) {
+  SetText(L"Software\\Corvantis\\Lexiwend4", name, text, KEY_WOW64_32KEY);
+}
 
 }  // namespace
 
@@ -354,7 +356,7 @@ ErrorComponent::ErrorComponent() {
   wchar_t* id = nullptr;
   ::StringFromCLSID(kErrorClass, &id);
   // The key may stay: without a process that offers the class, the component cannot be created.
-  SetText(L"Software\\Classes\\CorvaError.Error\\CLSID", nullptr, id);
+  SetText(L"Software\\Classes\\CorvaError.Error\\CLSID", nullptr, id, 0);
   ::CoTaskMemFree(id);
   const ComPtr<IClassFactory> factory(new Factory(NewForeign([this](DISPID, const DISPPARAMS& arguments) {
     for (UINT at = 0; at < arguments.cArgs; ++at) {
@@ -386,13 +388,13 @@ StarterConfiguration::StarterConfiguration()
                 std::to_string(::GetTickCount64())))
                   .wstring()) {
   std::filesystem::copy(LWCONFIG_STARTER, mFolder, std::filesystem::copy_options::recursive);
-  SetText(kProductKey, L"ConfigPath", mFolder + L"\\");
-  SetText(kProductKey, L"InstallPath4", mFolder + L"\\");
+  SetProductText(L"ConfigPath", mFolder + L"\\");
+  SetProductText(L"InstallPath4", mFolder + L"\\");
 }
 
 StarterConfiguration::~StarterConfiguration() {
-  SetText(kProductKey, L"ConfigPath", L"");
-  SetText(kProductKey, L"InstallPath4", L"");
+  SetProductText(L"ConfigPath", L"");
+  SetProductText(L"InstallPath4", L"");
   ::RegDeleteTreeW(HKEY_CURRENT_USER, L"Software\\Corvantis");
   std::error_code ignored;
   std::filesystem::remove_all(mFolder, ignored);
