@@ -21,12 +21,13 @@ ClassBinding Bind(const automation::ClassInfo& info) {
 using Bindings = std::unordered_map<const automation::ClassInfo*, ClassBinding>;
 
 const Bindings& AllBindings() {
-  static const Bindings bindings = [] {
-    Bindings made;
-    for (const automation::ClassInfo* info : automation::PublishedClasses()) made.emplace(info, Bind(*info));
+  // Never destroyed: clients may hold objects until the process ends.
+  static const auto* bindings = [] {
+    auto* made = new Bindings;
+    for (const automation::ClassInfo* info : automation::PublishedClasses()) made->emplace(info, Bind(*info));
     return made;
   }();
-  return bindings;
+  return *bindings;
 }
 
 }  // namespace

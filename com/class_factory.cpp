@@ -20,7 +20,7 @@ class ClassFactory final : public Implements<IClassFactory> {
                    [](const Error& failure) { return Tell(failure, IID_IClassFactory); });
   }
   HRESULT STDMETHODCALLTYPE LockServer(BOOL lock) override {
-    gUses += lock != FALSE ? 1 : -1;
+    gLocks += lock != FALSE ? 1 : -1;
     return S_OK;
   }
 

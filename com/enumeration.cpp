@@ -18,13 +18,17 @@ class Enumeration final : public Implements<IEnumVARIANT> {
 
   HRESULT STDMETHODCALLTYPE Next(ULONG count, VARIANT* values, ULONG* fetched) override {
     if (fetched != nullptr) *fetched = 0;
-    if (values == nullptr || (fetched == nullptr && count != 1)) return E_POINTER;
-    return Guarded([&] {
-      ULONG found = 0;
+    if (values == nullptr) return E_POINTER;
+    ULONG found = 0;
+    const HRESULT result = Guarded([&] {
       for (Variant item; found < count && mItems->Next(item); ++found) values[found] = ToVariant(item);
-      if (fetched != nullptr) *fetched = found;
       return found == count ? S_OK : S_FALSE;
     });
+    if (FAILED(result)) {
+      while (found > 0) ::VariantClear(&values[--found]);
+    }
+    if (fetched != nullptr) *fetched = found;
+    return result;
   }
   HRESULT STDMETHODCALLTYPE Skip(ULONG count) override {
     return Guarded([&] {

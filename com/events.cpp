@@ -12,18 +12,19 @@
 #include "failures.h"
 #include "object.h"
 #include "unknown.h"
+#include "values.h"
 
 namespace lwconfig::com {
 namespace {
 
 /// A sink and its subscriptions. The handlers hold it, and so the source does.
 struct Sink {
-  ComPtr<IDispatch> Receiver;
+  std::shared_ptr<IDispatch> Receiver;
   std::weak_ptr<void> Source;
   std::vector<Connection> Subscriptions;
 
   void Raise(DISPID event) const {
-    const ComPtr<IDispatch> receiver = Receiver;  // the sink may end the connection
+    const auto receiver = Receiver;  // the sink may end the connection
     DISPPARAMS none{};
     if (receiver) {
       receiver->Invoke(event, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_METHOD, &none, nullptr, nullptr,
@@ -32,7 +33,7 @@ struct Sink {
   }
   void Close() {
     Subscriptions.clear();
-    Receiver.Reset();
+    Receiver.reset();
   }
 };
 
@@ -42,12 +43,13 @@ std::map<DWORD, std::weak_ptr<Sink>>& Sinks() {
   return *sinks;
 }
 
-/// Hands out copies of a list that was made when the enumeration was. `Keep` adds a reference to one of them.
-template <class Interface, class Item, auto Keep>
+/// Hands out copies of a list that was made when the enumeration was. `ObjectOf` is the object that an item
+/// refers to.
+template <class Interface, class Item, auto ObjectOf>
 class Snapshot final : public Implements<Interface> {
  public:
   explicit Snapshot(std::vector<Item> items, std::size_t at = 0) : mItems(std::move(items)), mAt(at) {
-    for (Item& item : mItems) Keep(item)->AddRef();
+    for (Item& item : mItems) ObjectOf(item)->AddRef();
   }
 
   HRESULT STDMETHODCALLTYPE Next(ULONG count, Item* items, ULONG* fetched) override {
@@ -56,7 +58,7 @@ class Snapshot final : public Implements<Interface> {
     ULONG found = 0;
     for (; found < count && mAt < mItems.size(); ++found) {
       items[found] = mItems[mAt++];
-      Keep(items[found])->AddRef();
+      ObjectOf(items[found])->AddRef();
     }
     if (fetched != nullptr) *fetched = found;
     return found == count ? S_OK : S_FALSE;
@@ -81,17 +83,17 @@ class Snapshot final : public Implements<Interface> {
 
  private:
   ~Snapshot() override {
-    for (Item& item : mItems) Keep(item)->Release();
+    for (Item& item : mItems) ObjectOf(item)->Release();
   }
 
   std::vector<Item> mItems;
   std::size_t mAt;
 };
 
-IUnknown* PointKept(IConnectionPoint* point) {
+IUnknown* ObjectOfPoint(IConnectionPoint* point) {
   return point;
 }
-IUnknown* SinkKept(const CONNECTDATA& connection) {
+IUnknown* ObjectOfConnection(const CONNECTDATA& connection) {
   return connection.pUnk;
 }
 
@@ -111,37 +113,43 @@ class EventPoint final : public Implements<IConnectionPoint> {
     return S_OK;
   }
   HRESULT STDMETHODCALLTYPE Advise(IUnknown* receiver, DWORD* cookie) override {
-    if (cookie == nullptr || receiver == nullptr) return E_POINTER;
+    if (cookie == nullptr) return E_POINTER;
     *cookie = 0;
+    if (receiver == nullptr) return E_POINTER;
     return Guarded([&] {
-      const auto sink = std::make_shared<Sink>();
+      ComPtr<IDispatch> dispatch;
       const auto offer = [&](REFIID id) {
         return SUCCEEDED(
-            receiver->QueryInterface(id, reinterpret_cast<void**>(sink->Receiver.ReleaseAndGetAddressOf())));
+            receiver->QueryInterface(id, reinterpret_cast<void**>(dispatch.ReleaseAndGetAddressOf())));
       };
       if (!offer(mSource->Binding().EventsId) && !offer(IID_IDispatch)) return CONNECT_E_CANNOTCONNECT;
+      const auto sink = std::make_shared<Sink>();
+      sink->Receiver = std::static_pointer_cast<IDispatch>(HoldForeign(dispatch.Get()));
       const AnyObject& model = mSource->Model();
       sink->Source = model.Pointer;
+      std::erase_if(Sinks(), [](const auto& entry) { return entry.second.expired(); });
+      static DWORD last = 0;
+      Sinks()[++last] = sink;
+      std::vector<Connection> subscriptions;
       DISPID event = 0;
       for (const automation::EventInfo& info : model.Class->Events()) {
         ++event;
-        sink->Subscriptions.push_back(
-            automation::Connect(model, info.Name, [sink, event] { sink->Raise(event); }));
+        subscriptions.push_back(automation::Connect(model, info.Name, [sink, event] { sink->Raise(event); }));
       }
-      std::erase_if(Sinks(), [](const auto& entry) { return entry.second.expired(); });
-      static DWORD last = 0;
-      *cookie = ++last;
-      Sinks()[*cookie] = sink;
+      sink->Subscriptions = std::move(subscriptions);
+      *cookie = last;
       return S_OK;
     });
   }
   HRESULT STDMETHODCALLTYPE Unadvise(DWORD cookie) override {
-    const auto found = Sinks().find(cookie);
-    const auto sink = found != Sinks().end() ? found->second.lock() : nullptr;
-    if (!sink || !IsOurs(*sink)) return CONNECT_E_NOCONNECTION;
-    Sinks().erase(found);
-    sink->Close();
-    return S_OK;
+    return Guarded([&] {
+      const auto found = Sinks().find(cookie);
+      const auto sink = found != Sinks().end() ? found->second.lock() : nullptr;
+      if (!sink || !IsOurs(*sink)) return CONNECT_E_NOCONNECTION;
+      Sinks().erase(found);
+      sink->Close();
+      return S_OK;
+    });
   }
   HRESULT STDMETHODCALLTYPE EnumConnections(IEnumConnections** result) override {
     if (result == nullptr) return E_POINTER;
@@ -150,9 +158,9 @@ class EventPoint final : public Implements<IConnectionPoint> {
       std::vector<CONNECTDATA> connections;
       for (const auto& [cookie, entry] : Sinks()) {
         const auto sink = entry.lock();
-        if (sink && IsOurs(*sink)) connections.push_back({sink->Receiver.Get(), cookie});
+        if (sink && IsOurs(*sink)) connections.push_back({sink->Receiver.get(), cookie});
       }
-      *result = new Snapshot<IEnumConnections, CONNECTDATA, SinkKept>(std::move(connections));
+      *result = new Snapshot<IEnumConnections, CONNECTDATA, ObjectOfConnection>(std::move(connections));
       return S_OK;
     });
   }
@@ -174,7 +182,7 @@ HRESULT ListConnectionPoints(Object& source, IEnumConnectionPoints** result) {
   *result = nullptr;
   return Guarded([&] {
     const auto point = TakeOver(EventsOf(source));
-    *result = new Snapshot<IEnumConnectionPoints, IConnectionPoint*, PointKept>({point.Get()});
+    *result = new Snapshot<IEnumConnectionPoints, IConnectionPoint*, ObjectOfPoint>({point.Get()});
     return S_OK;
   });
 }

@@ -1,7 +1,8 @@
 #include "failures.h"
 
+#include <string>
+
 #include "unknown.h"
-#include "values.h"
 
 namespace lwconfig::com {
 
@@ -20,11 +21,18 @@ HRESULT Tell(const Error& failure, REFIID interfaceId) {
 HRESULT Tell(const Error& failure, REFIID interfaceId, EXCEPINFO* information) {
   const HRESULT result = Tell(failure, interfaceId);
   if (information == nullptr) return result;
+  const std::wstring source = platform::Wide(failure.Source());
+  const std::wstring description = platform::Wide(failure.what());
   *information = {};
-  information->bstrSource = ToBstr(failure.Source());
-  information->bstrDescription = ToBstr(failure.what());
+  information->bstrSource = ::SysAllocString(source.c_str());
+  information->bstrDescription = ::SysAllocString(description.c_str());
   information->scode = result;
   return DISP_E_EXCEPTION;
+}
+
+HRESULT ForgetFailure(HRESULT result) {
+  ::SetErrorInfo(0, nullptr);
+  return result;
 }
 
 }  // namespace lwconfig::com

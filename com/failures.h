@@ -6,6 +6,8 @@
 #include <lwconfig/core/error_reporter.h>
 #include <lwconfig/platform/windows/system.h>
 
+#include "unknown.h"
+
 namespace lwconfig::com {
 
 /// The result that carries the number of a failure as Basic clients know it: 0x800A0000 and the number.
@@ -20,16 +22,24 @@ HRESULT Tell(const Error& failure, REFIID interfaceId);
 /// As above, in the form that late-bound clients get too. Null is allowed.
 HRESULT Tell(const Error& failure, REFIID interfaceId, EXCEPINFO* information);
 
+/// The result of a call that has no text to go with it: that of an earlier failure is forgotten.
+HRESULT ForgetFailure(HRESULT result);
+
 /// Runs what must not throw into a client. The failure it ends with is passed to `tell`, which returns the
 /// result of the call.
 template <class Body, class TellFailure>
 HRESULT Guarded(Body body, TellFailure tell) noexcept {
   try {
+    const std::scoped_lock lock(gLibrary);
     return body();
   } catch (const std::bad_alloc&) {
     return E_OUTOFMEMORY;
   } catch (...) {
-    return tell(CurrentFailure());
+    try {
+      return tell(CurrentFailure());
+    } catch (...) {  // no memory for that either
+      return E_OUTOFMEMORY;
+    }
   }
 }
 

@@ -18,8 +18,9 @@ namespace {
 
 using automation::ClassInfo;
 using automation::ParameterInfo;
+using automation::ValueKind;
 
-/// Every accessor of a property begins with the same parameters; one with the most has them all.
+/// A get takes what a let or set takes, without the new value.
 std::span<const ParameterInfo> ParametersOf(const ClassInfo::Member& member) {
   std::span<const ParameterInfo> most;
   for (const auto* slot : {member.Method, member.Get, member.Let, member.Set}) {
@@ -43,30 +44,35 @@ bool IsComplete(const DISPPARAMS* parameters) {
          (parameters->cNamedArgs == 0 || parameters->rgdispidNamedArgs != nullptr);
 }
 
+/// Somebody else's object stands for its default value where no object is wanted, as Basic has it.
+Variant ValueFor(const ParameterInfo& parameter, const VARIANT& source) {
+  Variant value = FromVariant(source);
+  const auto kind = parameter.Type.Kind;
+  const bool takesObjects =
+      kind == ValueKind::Object || kind == ValueKind::AnyObject || kind == ValueKind::Variant;
+  const auto* object = std::get_if<AnyObject>(&value);
+  if (takesObjects || object == nullptr || !*object || object->Class != nullptr) return value;
+  OwnedVariant text;
+  VARIANT copy = source;
+  if (FAILED(::VariantChangeType(text.Get(), &copy, 0, VT_BSTR))) return value;
+  return FromVariant(*text.Get());
+}
+
 /// The arguments of one late-bound call. Clients pass them from the last to the first, the named ones before.
 class LateArguments {
  public:
-  LateArguments(const DISPPARAMS& parameters, const ClassInfo::Member& member) {
-    if (parameters.cArgs > mArguments.size()) {
-      throw Error(automation::kWrongArgumentCount, std::string(member.Name) + " does not take " +
-                                                       std::to_string(parameters.cArgs) + " arguments");
-    }
-    for (UINT at = parameters.cArgs; at-- > parameters.cNamedArgs;) Add(parameters.rgvarg[at]);
-    const auto* newValue =
-        std::find(parameters.rgdispidNamedArgs, parameters.rgdispidNamedArgs + parameters.cNamedArgs,
-                  DISPID_PROPERTYPUT);
-    if (newValue != parameters.rgdispidNamedArgs + parameters.cNamedArgs)
-      Add(parameters.rgvarg[newValue - parameters.rgdispidNamedArgs]);
+  LateArguments(const DISPPARAMS& given, const ClassInfo::Member& member)
+      : mMember(member), mParameters(ParametersOf(member)) {
+    if (given.cArgs > mArguments.size())
+      throw Error(automation::kWrongArgumentCount,
+                  std::string(member.Name) + " does not take " + std::to_string(given.cArgs) + " arguments");
+    for (UINT at = given.cArgs; at-- > given.cNamedArgs;) Add(given.rgvarg[at], mCount);
+    const auto named = std::span(given.rgdispidNamedArgs, given.cNamedArgs);
+    const auto newValue = std::find(named.begin(), named.end(), DISPID_PROPERTYPUT);
+    if (newValue != named.end()) Add(given.rgvarg[newValue - named.begin()], mCount);
     mOrderedCount = mCount;
-    const auto names = ParametersOf(member);
-    for (UINT at = 0; at < parameters.cNamedArgs; ++at) {
-      const DISPID id = parameters.rgdispidNamedArgs[at];
-      if (id == DISPID_PROPERTYPUT) continue;
-      if (id < 0 || static_cast<std::size_t>(id) >= names.size())
-        throw Error(automation::kNamedArgumentNotFound,
-                    std::string(member.Name) + " has no parameter number " + std::to_string(id));
-      mNamed[mCount - mOrderedCount] = {names[static_cast<std::size_t>(id)].Name, &mArguments[mCount]};
-      Add(parameters.rgvarg[at]);
+    for (std::size_t at = 0; at < named.size(); ++at) {
+      if (named[at] != DISPID_PROPERTYPUT) AddNamed(named[at], given.rgvarg[at]);
     }
   }
   LateArguments(const LateArguments&) = delete;
@@ -76,26 +82,38 @@ class LateArguments {
     return {std::span(mArguments).first(mOrderedCount), std::span(mNamed).first(mCount - mOrderedCount)};
   }
 
-  /// Stores what the call has replaced where the client passed a reference.
+  /// Stores what the call may have replaced where the client passed a reference.
   void Return() const {
     for (std::size_t at = 0; at < mCount; ++at) {
-      if (IsReference(at) && !(mArguments[at] == mBefore[at])) StoreReferred(*mSources[at], mArguments[at]);
+      if (mReferences[at] != nullptr) StoreReferred(*mReferences[at], mArguments[at]);
     }
   }
 
  private:
-  bool IsReference(std::size_t at) const { return (mSources[at]->vt & VT_BYREF) != 0; }
-  void Add(const VARIANT& source) {
-    mSources[mCount] = &source;
-    mArguments[mCount] = FromVariant(source);
-    if (IsReference(mCount)) mBefore[mCount] = mArguments[mCount];
-    ++mCount;
+  /// `place` is that of the parameter; what lies beyond belongs to the object that the member holds.
+  void Add(const VARIANT& source, std::size_t place) {
+    if (place >= mParameters.size()) {
+      mArguments[mCount++] = FromVariant(source);
+      return;
+    }
+    const ParameterInfo& parameter = mParameters[place];
+    if (parameter.IsByReference && (source.vt & VT_BYREF) != 0) mReferences[mCount] = &source;
+    mArguments[mCount++] = ValueFor(parameter, source);
+  }
+  void AddNamed(DISPID id, const VARIANT& source) {
+    if (id < 0 || static_cast<std::size_t>(id) >= mParameters.size())
+      throw Error(automation::kNamedArgumentNotFound,
+                  std::string(mMember.Name) + " has no parameter number " + std::to_string(id));
+    const auto place = static_cast<std::size_t>(id);
+    mNamed[mCount - mOrderedCount] = {mParameters[place].Name, &mArguments[mCount]};
+    Add(source, place);
   }
 
   static constexpr std::size_t kMost = automation::kMostParameters;
-  std::array<const VARIANT*, kMost> mSources{};
+  const ClassInfo::Member& mMember;
+  std::span<const ParameterInfo> mParameters;
   std::array<Variant, kMost> mArguments{};
-  std::array<Variant, kMost> mBefore{};
+  std::array<const VARIANT*, kMost> mReferences{};
   std::size_t mCount = 0;
   std::size_t mOrderedCount = 0;
   std::array<automation::NamedArgument, kMost> mNamed{};
@@ -124,16 +142,17 @@ HRESULT FindNames(Object& object, REFIID reserved, LPOLESTR* names, UINT count, 
                          DISP_E_UNKNOWNNAME);
     }
     ids[0] = member->Id;
+    HRESULT result = S_OK;
     for (UINT at = 1; at < count; ++at) {
       const std::string parameter = platform::Narrow(names[at]);
       ids[at] = FindParameter(*member, parameter);
       if (ids[at] == DISPID_UNKNOWN) {
-        return TellMissing(
+        result = TellMissing(
             std::string(info.Name()) + "." + member->Name + " has no parameter \"" + parameter + "\"",
             DISP_E_UNKNOWNNAME);
       }
     }
-    return S_OK;
+    return result;
   });
 }
 
@@ -162,7 +181,12 @@ HRESULT InvokeLate(Object& object, DISPID id, REFIID reserved, WORD flags, DISPP
         if (result != nullptr) *result = ToVariant(value);
         return S_OK;
       },
-      [&](const Error& problem) { return Tell(problem, IID_IDispatch, failure); });
+      [&](const Error& problem) {
+        // Hosts that try several ways to use a member look for this result.
+        return problem.Number() == automation::kNoSuchMember
+                   ? TellMissing(problem.what(), DISP_E_MEMBERNOTFOUND)
+                   : Tell(problem, IID_IDispatch, failure);
+      });
 }
 
 }  // namespace lwconfig::com

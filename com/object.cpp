@@ -8,6 +8,7 @@
 #include <olectl.h>
 
 #include "events.h"
+#include "failures.h"
 #include "type_library.h"
 
 namespace lwconfig::com {
@@ -63,8 +64,9 @@ HRESULT Object::GetClassInfo(ITypeInfo** result) {
 
 HRESULT Object::GetGUID(DWORD kind, GUID* result) {
   if (result == nullptr) return E_POINTER;
-  *result = mBinding->EventsId;
-  return kind == GUIDKIND_DEFAULT_SOURCE_DISP_IID && !mBinding->Class.Events().empty() ? S_OK : E_INVALIDARG;
+  const bool isKnown = kind == GUIDKIND_DEFAULT_SOURCE_DISP_IID && !mBinding->Class.Events().empty();
+  *result = isKnown ? mBinding->EventsId : GUID_NULL;
+  return isKnown ? S_OK : E_INVALIDARG;
 }
 
 HRESULT Object::InterfaceSupportsErrorInfo(REFIID id) {
@@ -77,8 +79,11 @@ HRESULT Object::EnumConnectionPoints(IEnumConnectionPoints** result) {
 
 HRESULT Object::FindConnectionPoint(REFIID id, IConnectionPoint** result) {
   if (result == nullptr) return E_POINTER;
-  *result = id == mBinding->EventsId ? EventsOf(*this) : nullptr;
-  return *result != nullptr ? S_OK : CONNECT_E_NOCONNECTION;
+  *result = nullptr;
+  return Guarded([&] {
+    if (id == mBinding->EventsId) *result = EventsOf(*this);
+    return *result != nullptr ? S_OK : CONNECT_E_NOCONNECTION;
+  });
 }
 
 IDispatch* Publish(const AnyObject& model) {

@@ -3,7 +3,6 @@
 #include "registration.h"
 #include "type_library.h"
 #include "unknown.h"
-#include "values.h"
 
 using namespace lwconfig::com;
 
@@ -12,7 +11,7 @@ STDAPI DllGetClassObject(REFCLSID classId, REFIID id, void** result) {
 }
 
 STDAPI DllCanUnloadNow() {
-  return gUses == 0 ? S_OK : S_FALSE;
+  return gUses == 0 && gLocks <= 0 ? S_OK : S_FALSE;
 }
 
 STDAPI DllRegisterServer() {
@@ -29,10 +28,11 @@ STDAPI DllUnregisterServer() {
   });
 }
 
-/// With "user" as the command line, for the current user only.
+/// With "user" as the command line for the current user only, without one for everybody.
 STDAPI DllInstall(BOOL install, LPCWSTR commandLine) {
   return Guarded([&] {
     const bool isForUser = commandLine != nullptr && ::lstrcmpiW(commandLine, L"user") == 0;
+    if (!isForUser && commandLine != nullptr && *commandLine != L'\0') return E_INVALIDARG;
     const auto scope = isForUser ? RegistrationScope::User : RegistrationScope::Machine;
     if (install != FALSE) {
       Register(scope, ModulePath());
@@ -43,8 +43,7 @@ STDAPI DllInstall(BOOL install, LPCWSTR commandLine) {
   });
 }
 
-BOOL WINAPI DllMain(HINSTANCE, DWORD reason, void* reserved) {
-  const bool processEnds = reason == DLL_PROCESS_DETACH && reserved != nullptr;
-  if (processEnds) AbandonForeignObjects();
+BOOL WINAPI DllMain(HINSTANCE, DWORD reason, void*) {
+  if (reason == DLL_PROCESS_DETACH) gIsUnloading = true;
   return TRUE;
 }

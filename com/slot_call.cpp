@@ -71,7 +71,7 @@ Variant ReadReferred(ValueKind kind, Word word) {
   }
 }
 
-/// Stores a value where the word points to. What stands there is not freed.
+/// Stores a value where the word points to. What stands there is not freed, and stays after a failure.
 void Store(ValueKind kind, const Variant& value, Word word) {
   switch (kind) {
     case ValueKind::None:
@@ -103,22 +103,22 @@ void Store(ValueKind kind, const Variant& value, Word word) {
   }
 }
 
-/// Frees what the word of a by-reference argument points to.
-void FreeReferred(ValueKind kind, Word word) {
-  switch (kind) {
-    case ValueKind::Text:
-      ::SysFreeString(*Pointer<BSTR>(word));
-      break;
-    case ValueKind::Variant:
-      ::VariantClear(Pointer<VARIANT>(word));
-      break;
-    case ValueKind::Object:
-    case ValueKind::AnyObject:
-      if (IUnknown* held = *Pointer<IUnknown*>(word); held != nullptr) held->Release();
-      break;
-    default:
-      break;
+/// Replaces what the word of a by-reference argument points to. The new value is there before the old one
+/// goes.
+void Replace(ValueKind kind, const Variant& value, Word word) {
+  VARIANT old;
+  ::VariantInit(&old);
+  if (kind == ValueKind::Variant) {
+    old = *Pointer<VARIANT>(word);
+  } else if (kind == ValueKind::Text) {
+    old.vt = VT_BSTR;
+    old.bstrVal = *Pointer<BSTR>(word);
+  } else if (kind == ValueKind::Object || kind == ValueKind::AnyObject) {
+    old.vt = VT_UNKNOWN;
+    old.punkVal = *Pointer<IUnknown*>(word);
   }
+  Store(kind, value, word);
+  ::VariantClear(&old);
 }
 
 /// The arguments of one call, and where they came from.
@@ -142,7 +142,7 @@ class SlotArguments {
   }
 
   void ClearResult() {
-    if (HasResult()) Store(mSlot.Result.Kind, {}, *mResult);
+    if (HasResult() && *mResult != 0) Store(mSlot.Result.Kind, {}, *mResult);
   }
 
   std::span<Variant> ReadAll() {
@@ -159,8 +159,7 @@ class SlotArguments {
     for (std::size_t at = 0; at < mSlot.ParameterCount; ++at) {
       const ParameterInfo& parameter = mSlot.ParameterList[at];
       if (!parameter.IsByReference || *mPlaces[at] == 0) continue;
-      FreeReferred(parameter.Type.Kind, *mPlaces[at]);
-      Store(parameter.Type.Kind, mValues[at], *mPlaces[at]);
+      Replace(parameter.Type.Kind, mValues[at], *mPlaces[at]);
     }
     if (HasResult()) Store(mSlot.Result.Kind, result, *mResult);
   }
@@ -183,18 +182,19 @@ std::size_t WordCount(const MemberInfo& slot) {
 }
 
 HRESULT CallSlot(Object& object, std::size_t number, const Word* words) noexcept {
-  const MemberInfo& slot = object.Binding().Class.Slots()[number];
+  const ClassBinding& binding = object.Binding();
+  const MemberInfo& slot = binding.Class.Slots()[number];
   SlotArguments arguments(slot, words);
-  if (!arguments.HasPlaces()) return E_POINTER;
   return Guarded(
       [&] {
         arguments.ClearResult();
-        // The call may let go of the last reference that the client has.
+        if (!arguments.HasPlaces()) return ForgetFailure(E_POINTER);
+        // The call may let go of the last reference that the client has, and so of `object`.
         const AnyObject model = object.Model();
         arguments.ReturnAll(automation::Invoke(model, slot, {arguments.ReadAll()}));
         return S_OK;
       },
-      [&](const Error& failure) { return Tell(failure, object.Binding().InterfaceId); });
+      [&](const Error& failure) { return Tell(failure, binding.InterfaceId); });
 }
 
 }  // namespace lwconfig::com

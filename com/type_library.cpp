@@ -1,5 +1,6 @@
 #include "type_library.h"
 
+#include "failures.h"
 #include "unknown.h"
 
 namespace lwconfig::com {
@@ -7,10 +8,12 @@ namespace lwconfig::com {
 HRESULT FindTypeInfo(REFGUID id, ITypeInfo** result) {
   if (result == nullptr) return E_POINTER;
   *result = nullptr;
-  ComPtr<ITypeLib> library;
-  // The system keeps those that are in use.
-  const HRESULT loaded = ::LoadTypeLibEx(ModulePath().c_str(), REGKIND_NONE, library.GetAddressOf());
-  return FAILED(loaded) ? loaded : library->GetTypeInfoOfGuid(id, result);
+  return Guarded([&] {
+    ComPtr<ITypeLib> library;
+    // The system keeps those that are in use.
+    const HRESULT loaded = ::LoadTypeLibEx(ModulePath().c_str(), REGKIND_NONE, library.GetAddressOf());
+    return FAILED(loaded) ? loaded : library->GetTypeInfoOfGuid(id, result);
+  });
 }
 
 std::wstring ModulePath() {

@@ -1,7 +1,7 @@
 #pragma once
 
 #include <atomic>
-#include <concepts>
+#include <mutex>
 
 #include <wrl/client.h>
 
@@ -20,8 +20,16 @@ ComPtr<T> TakeOver(T* pointer) {
   return owner;
 }
 
-/// How many objects and locks keep the server loaded.
+/// How many objects of the server clients hold, and how many locks: they keep it loaded.
 inline std::atomic<long> gUses{0};
+inline std::atomic<long> gLocks{0};
+
+/// Held by the thread that is in the library, which knows of one: clients may have several apartments.
+inline std::recursive_mutex gLibrary;
+
+/// Whether the server is being unloaded. What clients forgot to release is then left as it is: others may be
+/// gone already, and the library's own objects soon.
+inline std::atomic<bool> gIsUnloading{false};
 
 /// Base of an object of the server that clients hold through the interfaces `First` and `Rest`. It begins
 /// with one reference, which belongs to who created it.
@@ -41,6 +49,11 @@ class Implements : public First, public Rest... {
   }
   ULONG STDMETHODCALLTYPE AddRef() override { return ++mReferences; }
   ULONG STDMETHODCALLTYPE Release() override {
+    for (ULONG held = mReferences; held > 1;) {
+      if (mReferences.compare_exchange_weak(held, held - 1)) return held - 1;
+    }
+    if (gIsUnloading) return --mReferences;
+    const std::scoped_lock lock(gLibrary);  // somebody may be about to find the object
     const ULONG left = --mReferences;
     if (left == 0) delete this;
     return left;

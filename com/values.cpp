@@ -1,6 +1,5 @@
 #include "values.h"
 
-#include <atomic>
 #include <new>
 #include <utility>
 
@@ -13,17 +12,19 @@
 namespace lwconfig::com {
 namespace {
 
-std::atomic<bool> gIsAbandoned{false};
-
 /// Somebody else's object: its identity is that of its `IUnknown`.
 AnyObject Foreign(IUnknown* pointer) {
-  IUnknown* identity = nullptr;
-  if (FAILED(pointer->QueryInterface(IID_IUnknown, reinterpret_cast<void**>(&identity))) ||
-      identity == nullptr)
-    throw Error(kTypeMismatch, "An object of another library that has no identity was found");
-  return {std::shared_ptr<void>(identity, [](IUnknown* held) {
-    if (!gIsAbandoned) held->Release();
-  })};
+  ComPtr<IUnknown> identity;
+  pointer->QueryInterface(IID_PPV_ARGS(identity.GetAddressOf()));
+  if (!identity) throw Error(kTypeMismatch, "An object of another library that has no identity was found");
+  return {HoldForeign(identity.Get())};
+}
+
+/// The automation interface of somebody else's object, for the caller to release; null where it has none.
+IDispatch* DispatchOf(const AnyObject& foreign) {
+  IDispatch* dispatch = nullptr;
+  static_cast<IUnknown*>(foreign.Pointer.get())->QueryInterface(IID_PPV_ARGS(&dispatch));
+  return dispatch;
 }
 
 VARIANT Made(VARTYPE type) {
@@ -69,31 +70,29 @@ struct VariantMaker {
   VARIANT operator()(const AnyObject& object) const {
     VARIANT value = Made(VT_DISPATCH);
     value.pdispVal = nullptr;
-    if (object && object.Class == nullptr) {
-      auto* foreign = static_cast<IUnknown*>(object.Pointer.get());
-      if (FAILED(foreign->QueryInterface(IID_IDispatch, reinterpret_cast<void**>(&value.pdispVal)))) {
-        value.vt = VT_UNKNOWN;
-        value.punkVal = foreign;
-        foreign->AddRef();
-      }
-    } else {
+    if (!object || object.Class != nullptr) {
       value.pdispVal = ToDispatch(object);
+    } else if (value.pdispVal = DispatchOf(object); value.pdispVal == nullptr) {
+      value.vt = VT_UNKNOWN;
+      value.punkVal = static_cast<IUnknown*>(object.Pointer.get());
+      value.punkVal->AddRef();
     }
     return value;
   }
 };
 
-/// Numbers of the types that the library does not have, and what is behind a reference.
-Variant FromOtherType(const VARIANT& value) {
+/// What is behind a reference, and numbers of the types that the library does not have.
+Variant FromOtherType(VARIANT value) {
   OwnedVariant plain;
-  VARIANT source = value;
-  const bool isRead = SUCCEEDED(::VariantCopyInd(plain.Get(), &source));
-  const bool isReference = (value.vt & VT_BYREF) != 0;
-  if (isRead && isReference && (plain.Get()->vt & VT_BYREF) == 0) return FromVariant(*plain.Get());
-  if (!isRead || isReference || FAILED(::VariantChangeType(plain.Get(), plain.Get(), 0, VT_R8)))
-    throw Error(kTypeMismatch, "A value of the automation type " + std::to_string(value.vt) +
-                                   " was found, which is none that is taken here");
-  return plain.Get()->dblVal;
+  if ((value.vt & VT_BYREF) == 0) {
+    if (SUCCEEDED(::VariantChangeType(plain.Get(), &value, 0, VT_R8))) return plain.Get()->dblVal;
+  } else if (value.byref == nullptr) {
+    throw Error(kInvalidCall, "A reference to no value was found");
+  } else if (SUCCEEDED(::VariantCopyInd(plain.Get(), &value)) && (plain.Get()->vt & VT_BYREF) == 0) {
+    return FromVariant(*plain.Get());
+  }
+  throw Error(kTypeMismatch, "A value of the automation type " + std::to_string(value.vt) +
+                                 " was found, which is none that is taken here");
 }
 
 }  // namespace
@@ -135,15 +134,9 @@ Variant FromVariant(const VARIANT& value) {
     case VT_ERROR:
       if (value.scode == DISP_E_PARAMNOTFOUND) return Missing{};
       throw Error(kTypeMismatch, "An error value was found, which is none that is taken here");
-    case VT_BYREF | VT_VARIANT:
-      if (value.pvarVal != nullptr && value.pvarVal->vt != (VT_BYREF | VT_VARIANT))
-        return FromVariant(*value.pvarVal);
-      throw Error(kInvalidCall, "A reference to no value was found");
     default:
       if ((value.vt & VT_ARRAY) != 0)
         throw Error(kTypeMismatch, "An array was found, which is not taken here");
-      if ((value.vt & VT_BYREF) != 0 && value.byref == nullptr)
-        throw Error(kInvalidCall, "A reference to no value was found");
       return FromOtherType(value);
   }
 }
@@ -158,12 +151,14 @@ VARIANT ToVariant(const Variant& value) {
 }
 
 void StoreReferred(const VARIANT& reference, const Variant& value) {
-  OwnedVariant made(value);
   if (reference.vt == (VT_BYREF | VT_VARIANT)) {
+    if ((reference.pvarVal->vt & VT_BYREF) != 0) return StoreReferred(*reference.pvarVal, value);
+    OwnedVariant made(value);
     ::VariantClear(reference.pvarVal);
     *reference.pvarVal = made.Detach();
     return;
   }
+  OwnedVariant made(value);
   const auto type = static_cast<VARTYPE>(reference.vt & ~VT_BYREF);
   if (FAILED(::VariantChangeType(made.Get(), made.Get(), 0, type)))
     throw Error(kTypeMismatch, "The variable that an argument refers to cannot take the result");
@@ -203,15 +198,17 @@ AnyObject FromPointer(IUnknown* pointer) {
 IDispatch* ToDispatch(const AnyObject& object) {
   if (!object) return nullptr;
   if (object.Class != nullptr) return Publish(object);
-  IDispatch* dispatch = nullptr;
-  if (FAILED(static_cast<IUnknown*>(object.Pointer.get())
-                 ->QueryInterface(IID_IDispatch, reinterpret_cast<void**>(&dispatch))))
+  IDispatch* dispatch = DispatchOf(object);
+  if (dispatch == nullptr)
     throw Error(kTypeMismatch, "An automation object was expected, another kind of object was found");
   return dispatch;
 }
 
-void AbandonForeignObjects() {
-  gIsAbandoned = true;
+std::shared_ptr<IUnknown> HoldForeign(IUnknown* object) {
+  object->AddRef();
+  return {object, [](IUnknown* held) {
+            if (!gIsUnloading) held->Release();
+          }};
 }
 
 }  // namespace lwconfig::com

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <memory>
 #include <string>
 #include <string_view>
 
@@ -31,8 +32,8 @@ AnyObject FromPointer(IUnknown* pointer);
 /// automation object.
 IDispatch* ToDispatch(const AnyObject& object);
 
-/// Called when the process ends: from then on the objects of others are not touched any more.
-void AbandonForeignObjects();
+/// Somebody else's object, released in the end unless the server is being unloaded.
+std::shared_ptr<IUnknown> HoldForeign(IUnknown* object);
 
 /// A variant that is cleared at the end of its life.
 class OwnedVariant {
