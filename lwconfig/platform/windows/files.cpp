@@ -31,7 +31,13 @@ class NativeFiles final : public Files {
  public:
   EntryKind Kind(std::string_view path) override {
     if (path.empty()) return EntryKind::Missing;
-    const DWORD attributes = ::GetFileAttributesW(SystemPath(path).c_str());
+    std::wstring systemPath;
+    try {
+      systemPath = SystemPath(path);
+    } catch (const std::system_error&) {
+      return EntryKind::Missing;  // nothing can have that path
+    }
+    const DWORD attributes = ::GetFileAttributesW(systemPath.c_str());
     if (attributes != INVALID_FILE_ATTRIBUTES)
       return (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0 ? EntryKind::Folder : EntryKind::File;
     if (!NamesNothing(::GetLastError())) ThrowWindowsError(path);

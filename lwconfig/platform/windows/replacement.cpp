@@ -10,6 +10,8 @@ namespace lwconfig::platform {
 namespace {
 
 constexpr std::wstring_view kLongPrefix = L"\\\\?\\";
+/// In characters: the system's lengths are 16 bits of bytes, with room for the prefix and a name beside it.
+constexpr std::size_t kLongestPath = 32'000;
 
 std::wstring FullSystemPath(std::string_view path) {
   std::wstring wide = Wide(path);
@@ -128,6 +130,8 @@ std::wstring SystemPath(std::string_view path) {
   if (path.find('\0') != std::string_view::npos || path.empty())
     throw std::system_error(ENOENT, std::generic_category(), std::string(path));
   const std::wstring full = FullSystemPath(path);
+  if (full.size() > kLongestPath)
+    throw std::system_error(ENAMETOOLONG, std::generic_category(), std::string(path));
   if (full.starts_with(kLongPrefix)) return full;
   if (full.starts_with(L"\\\\")) return std::wstring(kLongPrefix) + L"UNC" + full.substr(1);
   return std::wstring(kLongPrefix) + full;

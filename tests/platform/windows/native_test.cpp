@@ -76,6 +76,11 @@ TEST_F(NativeFilesTest, TellsWhatIsNotThere) {
   EXPECT_NE(CodeOf([&] { mFiles.Read(mFolder); }), 0);
   EXPECT_EQ(mFiles.Kind(mFolder + "\\a<b>"), EntryKind::Missing);
   EXPECT_EQ(mFiles.Kind(""), EntryKind::Missing);
+  // More than any path can have.
+  const std::string endless = mFolder + "\\" + std::string(70'000, 'x');
+  EXPECT_EQ(CodeOf([&] { mFiles.List(endless); }), ENAMETOOLONG);
+  EXPECT_EQ(CodeOf([&] { mFiles.Replace(endless); }), ENAMETOOLONG);
+  EXPECT_EQ(mFiles.Kind(endless), EntryKind::Missing);
 }
 
 TEST_F(NativeFilesTest, TakesPathsOfAnyLength) {
