@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <unordered_set>
 #include <vector>
 
 #include <lwconfig/namespaces/namespace_def.h>
@@ -8,7 +9,8 @@
 namespace lwconfig {
 
 /// Calls `visit(definition)` for the definitions of `top`, which may be null, and everything nested in them:
-/// each before those nested in it, and those before its next sibling. Nesting of any depth is safe.
+/// each before those nested in it, and those before its next sibling. Nesting of any depth is safe, and what
+/// a client has nested in itself is not entered again.
 template <class Visit>
 void WalkDefinitions(const NamespaceDefs* top, Visit visit) {
   struct Level {
@@ -16,17 +18,22 @@ void WalkDefinitions(const NamespaceDefs* top, Visit visit) {
     std::int32_t Next = 1;
   };
   std::vector<Level> levels;
-  if (top != nullptr) levels.push_back({top});
+  std::unordered_set<const NamespaceDefs*> entered;  // those in `levels`
+  const auto enter = [&](const NamespaceDefs* definitions) {
+    if (definitions != nullptr && entered.insert(definitions).second) levels.push_back({definitions});
+  };
+  enter(top);
   while (!levels.empty()) {
     auto& level = levels.back();
     const auto definition = level.Definitions->Item(level.Next);
     if (!definition) {
+      entered.erase(level.Definitions);
       levels.pop_back();
       continue;
     }
     ++level.Next;
     visit(definition);
-    if (const auto* children = definition->ExistingChildren()) levels.push_back({children});
+    enter(definition->ExistingChildren());
   }
 }
 

@@ -71,9 +71,11 @@ std::shared_ptr<NamespaceDefs> NamespaceDefs::GetNamespaceDefsByName(
 
 std::shared_ptr<NamespaceDefs> NamespaceDefs::AllNamespaceDefs(std::shared_ptr<NamespaceDefs> col) const {
   col = OrNew(std::move(col));
-  WalkDefinitions(this, [&](const auto& definition) {
+  std::vector<Pointer> all;  // the collection may be this one
+  WalkDefinitions(this, [&](const auto& definition) { all.push_back(definition); });
+  for (const auto& definition : all) {
     if (!StringTools::ObjectKeyExists(*col, definition->Name)) col->Add(definition, definition->Name);
-  });
+  }
   return col;
 }
 

@@ -151,6 +151,21 @@ TEST(NamespaceDefs, NestToAnyDepth) {
   Profile(text);
 }
 
+TEST(NamespaceDefs, EndAlsoWhereAClientHasNestedThemInThemselves) {
+  const auto profile = std::make_shared<NamespaceDefs>();
+  const auto nameless = std::make_shared<NamespaceDef>();
+  profile->Add(nameless);
+  nameless->SetChildNamespaceDefs(profile);
+  nameless->IncludeFlag = true;
+  profile->ResetIncludeFlags();
+  EXPECT_EQ(profile->AllNamespaceDefs()->Count(), 1);
+  EXPECT_EQ(profile->GetNamespaceDefsByName("")->Count(), 1);
+  profile->AllNamespaceDefs(profile);
+  EXPECT_EQ(profile->Count(), 2);
+  profile->Remove(1);
+  profile->Remove(1);
+}
+
 TEST(ElementDefs, ShareTheCommonAttributesBeforeThem) {
   const auto profile = Profile(
       "<LWElements><lwelement Name='first'/>"
