@@ -8,13 +8,14 @@ BUILD = build/release
 CXX_FILES = find . -path ./build -prune -o -path ./.git -prune -o \( -name '*.h' -o -name '*.cpp' \) -print0
 
 .DEFAULT_GOAL := help
-.PHONY: help demo build test test-windows bench generate format check format-check install packages check-packages
+.PHONY: help demo build test test-windows package-windows bench generate format check format-check install packages check-packages
 
 help:
 	@echo 'make demo      show the starter configuration as a tree'
 	@echo 'make build     build everything into $(BUILD)'
 	@echo 'make test      build everything and run the tests'
 	@echo 'make test-windows  build everything for Windows, 64-bit and 32-bit, and run the tests under wine'
+	@echo 'make package-windows  a zip for Windows: both servers, an install script and a configuration'
 	@echo 'make bench     build and run the benchmarks'
 	@echo 'make install   install below PREFIX ($(PREFIX)), staged below DESTDIR'
 	@echo 'make generate  write the reference manual, the interface description and the Python stubs anew'
@@ -42,19 +43,26 @@ build: packages
 test: build
 	ctest --preset release -j $(JOBS)
 
-test-windows:
+package-windows: packages
 	tools/windows-libraries build/windows
-	tools/windows-prefix
+	cmake --preset release --log-level=WARNING
+	cmake --build --preset release --target lwconfig-cli
 	cmake --preset windows
 	cmake --build --preset windows
 	cmake --preset windows-32
 	cmake --build --preset windows-32
+	tools/windows-package build/windows $(BUILD)/bin/lwconfig
+
+# What cannot run is said last, where it is seen.
+test-windows: package-windows
+	tools/windows-prefix
 	ctest --preset windows
-	@if [ -e build/windows/no-32-bit ]; then \
-	  echo "The 32-bit programs were built and NOT run: $$(cat build/windows/no-32-bit)."; \
-	else \
-	  echo ctest --preset windows-32; ctest --preset windows-32; \
-	fi
+	[ -e build/windows/no-32-bit ] || ctest --preset windows-32
+	cmake -D ZIP=$$(ls build/windows/LWConfigObjects-*-windows.zip) -D RUN=$(CURDIR)/tools/windows-run \
+	  -D WORK_DIR=$(CURDIR)/build/windows/package-test $$([ ! -e build/windows/no-32-bit ] || echo -D NO_32_BIT=ON) \
+	  -P tests/packaging/windows_test.cmake
+	@[ ! -e build/windows/no-32-bit ] || \
+	  echo "The 32-bit programs were built and NOT run: $$(cat build/windows/no-32-bit)."
 
 bench: build
 	$(BUILD)/bin/lwconfig_bench
