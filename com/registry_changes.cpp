@@ -1,14 +1,11 @@
 #include "registry_changes.h"
 
-#include <cstdint>
 #include <memory>
-#include <ranges>
 
 namespace lwconfig::com {
 namespace {
 
 using platform::Narrow;
-using platform::Wide;
 
 HKEY Root(RegistrationScope scope) {
   return scope == RegistrationScope::Machine ? HKEY_LOCAL_MACHINE : HKEY_CURRENT_USER;
@@ -57,7 +54,10 @@ std::optional<Content> Read(HKEY key, const std::wstring& name) {
 RegistryChanges::RegistryChanges(RegistrationScope scope) : mScope(scope) {}
 
 RegistryChanges::~RegistryChanges() {
-  for (const auto& undo : std::views::reverse(mUndo)) undo();
+  while (!mUndo.empty()) {
+    mUndo.back()();
+    mUndo.pop_back();
+  }
 }
 
 void RegistryChanges::Write(const std::wstring& key, const std::wstring& name, const std::wstring& text) {
