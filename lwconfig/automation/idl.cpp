@@ -49,8 +49,8 @@ Text TypeText(const TypeInfo& type) {
   return {};
 }
 
-/// Only a variant can be absent; of other types the value that stands for it is told. No type library can hold
-/// one for a reference: there the place itself may be null.
+/// Only a variant can be absent; of other types the value that stands for it is told. No type library can
+/// hold one for a reference: there the place itself may be null.
 Text OptionalAttribute(const ParameterInfo& parameter) {
   if (parameter.IsByReference) return ", optional";
   switch (parameter.Type.Kind) {
@@ -65,8 +65,8 @@ Text OptionalAttribute(const ParameterInfo& parameter) {
 
 Text ParameterText(const ParameterInfo& parameter) {
   return Text(parameter.IsByReference ? "[in, out" : "[in") +
-         (parameter.IsOptional ? OptionalAttribute(parameter) : Text()) + "] " +
-         TypeText(parameter.Type) + (parameter.IsByReference ? "* " : " ") + Text(parameter.Name);
+         (parameter.IsOptional ? OptionalAttribute(parameter) : Text()) + "] " + TypeText(parameter.Type) +
+         (parameter.IsByReference ? "* " : " ") + Text(parameter.Name);
 }
 
 Text IdText(std::int32_t id) {
