@@ -8,7 +8,8 @@ BUILD = build/release
 CXX_FILES = find . -path ./build -prune -o -path ./.git -prune -o \( -name '*.h' -o -name '*.cpp' \) -print0
 
 .DEFAULT_GOAL := help
-.PHONY: help demo build test test-windows package-windows bench generate format check format-check install packages check-packages
+.PHONY: help demo build test test-windows package-windows bench bench-windows windows-libraries generate format check \
+        format-check install packages check-packages
 
 help:
 	@echo 'make demo      show the starter configuration as a tree'
@@ -17,6 +18,7 @@ help:
 	@echo 'make test-windows  build everything for Windows, 64-bit and 32-bit, and run the tests under wine'
 	@echo 'make package-windows  a zip for Windows: both servers, an install script and a configuration'
 	@echo 'make bench     build and run the benchmarks'
+	@echo 'make bench-windows  the same of calls through the Windows server'
 	@echo 'make install   install below PREFIX ($(PREFIX)), staged below DESTDIR'
 	@echo 'make generate  write the reference manual, the interface description and the Python stubs anew'
 	@echo 'make format    format the C++ files in place'
@@ -43,18 +45,22 @@ build: packages
 test: build
 	ctest --preset release -j $(JOBS)
 
-package-windows: packages
+windows-libraries:
 	tools/windows-libraries build/windows
+	cmake --preset windows
+	cmake --preset windows-32
+
+package-windows: packages windows-libraries
 	cmake --preset release --log-level=WARNING
 	cmake --build --preset release --target lwconfig-cli
-	cmake --preset windows
-	cmake --build --preset windows
-	cmake --preset windows-32
-	cmake --build --preset windows-32
+	cmake --build --preset windows --target LWConfigObjects lwconfig_interface
+	cmake --build --preset windows-32 --target LWConfigObjects lwconfig_interface
 	tools/windows-package build/windows $(BUILD)/bin/lwconfig
 
 # What cannot run is said last, where it is seen.
 test-windows: package-windows
+	cmake --build --preset windows
+	cmake --build --preset windows-32
 	tools/windows-prefix
 	ctest --preset windows
 	[ -e build/windows/no-32-bit ] || ctest --preset windows-32
@@ -63,6 +69,11 @@ test-windows: package-windows
 	  -P tests/packaging/windows_test.cmake
 	@[ ! -e build/windows/no-32-bit ] || \
 	  echo "The 32-bit programs were built and NOT run: $$(cat build/windows/no-32-bit)."
+
+bench-windows: windows-libraries
+	cmake --build --preset windows --target lwconfig_com_bench
+	tools/windows-prefix
+	tools/windows-run build/windows/release/bin/lwconfig_com_bench.exe
 
 bench: build
 	$(BUILD)/bin/lwconfig_bench

@@ -1,3 +1,5 @@
+#include <olectl.h>
+
 #include "class_factory.h"
 #include "failures.h"
 #include "registration.h"
@@ -5,6 +7,15 @@
 #include "unknown.h"
 
 using namespace lwconfig::com;
+
+namespace {
+
+/// What installers make a message of.
+HRESULT RegistrationFailure(const lwconfig::Error& failure) {
+  return failure.Number() == lwconfig::kPermissionDenied ? E_ACCESSDENIED : SELFREG_E_CLASS;
+}
+
+}  // namespace
 
 STDAPI DllGetClassObject(REFCLSID classId, REFIID id, void** result) {
   return GetFactory(classId, id, result);
@@ -14,33 +25,29 @@ STDAPI DllCanUnloadNow() {
   return gUses == 0 && gLocks <= 0 ? S_OK : S_FALSE;
 }
 
+/// With "user" as the command line for the current user only, without one for everybody.
+STDAPI DllInstall(BOOL install, LPCWSTR commandLine) {
+  const bool isForUser = commandLine != nullptr && ::lstrcmpiW(commandLine, L"user") == 0;
+  if (!isForUser && commandLine != nullptr && *commandLine != L'\0') return E_INVALIDARG;
+  const auto scope = isForUser ? RegistrationScope::User : RegistrationScope::Machine;
+  return Guarded(
+      [&] {
+        if (install != FALSE) {
+          Register(scope, ModulePath());
+        } else {
+          Unregister(scope);
+        }
+        return S_OK;
+      },
+      RegistrationFailure);
+}
+
 STDAPI DllRegisterServer() {
-  return Guarded([] {
-    Register(RegistrationScope::Machine, ModulePath());
-    return S_OK;
-  });
+  return DllInstall(TRUE, nullptr);
 }
 
 STDAPI DllUnregisterServer() {
-  return Guarded([] {
-    Unregister(RegistrationScope::Machine);
-    return S_OK;
-  });
-}
-
-/// With "user" as the command line for the current user only, without one for everybody.
-STDAPI DllInstall(BOOL install, LPCWSTR commandLine) {
-  return Guarded([&] {
-    const bool isForUser = commandLine != nullptr && ::lstrcmpiW(commandLine, L"user") == 0;
-    if (!isForUser && commandLine != nullptr && *commandLine != L'\0') return E_INVALIDARG;
-    const auto scope = isForUser ? RegistrationScope::User : RegistrationScope::Machine;
-    if (install != FALSE) {
-      Register(scope, ModulePath());
-    } else {
-      Unregister(scope);
-    }
-    return S_OK;
-  });
+  return DllInstall(FALSE, nullptr);
 }
 
 BOOL WINAPI DllMain(HINSTANCE, DWORD reason, void*) {
