@@ -153,9 +153,9 @@ VARIANT ToVariant(const Variant& value) {
 void StoreReferred(const VARIANT& reference, const Variant& value) {
   if (reference.vt == (VT_BYREF | VT_VARIANT)) {
     if ((reference.pvarVal->vt & VT_BYREF) != 0) return StoreReferred(*reference.pvarVal, value);
+    // What was there goes last: the client may look at its variable meanwhile.
     OwnedVariant made(value);
-    ::VariantClear(reference.pvarVal);
-    *reference.pvarVal = made.Detach();
+    std::swap(*made.Get(), *reference.pvarVal);
     return;
   }
   OwnedVariant made(value);
@@ -164,13 +164,11 @@ void StoreReferred(const VARIANT& reference, const Variant& value) {
     throw Error(kTypeMismatch, "The variable that an argument refers to cannot take the result");
   switch (type) {
     case VT_BSTR:
-      ::SysFreeString(*reference.pbstrVal);
-      *reference.pbstrVal = made.Detach().bstrVal;
+      std::swap(*reference.pbstrVal, made.Get()->bstrVal);
       break;
     case VT_DISPATCH:
     case VT_UNKNOWN:
-      if (*reference.ppunkVal != nullptr) (*reference.ppunkVal)->Release();
-      *reference.ppunkVal = made.Detach().punkVal;
+      std::swap(*reference.ppunkVal, made.Get()->punkVal);
       break;
     case VT_BOOL:
     case VT_I2:

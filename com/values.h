@@ -44,12 +44,6 @@ class OwnedVariant {
   OwnedVariant(const OwnedVariant&) = delete;
   OwnedVariant& operator=(const OwnedVariant&) = delete;
   VARIANT* Get() { return &mValue; }
-  /// Gives it away.
-  VARIANT Detach() {
-    const VARIANT value = mValue;
-    ::VariantInit(&mValue);
-    return value;
-  }
 
  private:
   VARIANT mValue;
