@@ -253,7 +253,13 @@ class Interface {
   template <auto Member>
   static Variant CallStore(const std::shared_ptr<void>& self, Variant* arguments) {
     using Value = StoredType<Member>;
-    std::invoke(Member, Self(self)) = MakeArgument<Value>(arguments[0], 0).Pass();
+    Value value = MakeArgument<Value>(arguments[0], 0).Pass();
+    auto& member = std::invoke(Member, Self(self));
+    if constexpr (std::is_same_v<Value, MemberType<Member>>) {
+      std::swap(member, value);  // the old value goes last: the end of an object may run code that comes here
+    } else {
+      member = std::move(value);
+    }
     return {};
   }
   template <auto Function>

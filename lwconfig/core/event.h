@@ -42,8 +42,11 @@ class Event {
   /// The subscription lives as long as the result.
   [[nodiscard]] Connection Connect(Handler handler) {
     auto open = std::make_shared<bool>(true);
-    std::erase_if(mSubscribers, [](const auto& subscriber) { return !*subscriber->Open; });
-    mSubscribers.push_back(std::make_shared<Subscriber>(Subscriber{open, std::move(handler)}));
+    // Closed ones end last, with the old list: the end of a handler may run code that connects another.
+    auto subscribers = mSubscribers;
+    std::erase_if(subscribers, [](const auto& subscriber) { return !*subscriber->Open; });
+    subscribers.push_back(std::make_shared<Subscriber>(Subscriber{open, std::move(handler)}));
+    mSubscribers.swap(subscribers);
     return Connection(std::move(open));
   }
 

@@ -73,7 +73,8 @@ class KeyIndex {
 };
 
 /// Ordered values, each with a key or none: the storage of every collection. Keys are unique without regard
-/// to letter case; an empty key is none. Look-up by key and position and appending take constant time.
+/// to letter case; an empty key is none. Look-up by key and position and appending take constant time. Values
+/// that leave end when the change is complete: what their end runs may use and change the list.
 template <class V>
 class KeyedList {
  public:
@@ -141,7 +142,7 @@ class KeyedList {
         kept.mIndex.Insert(Hash(entry.Key), static_cast<std::uint32_t>(kept.mEntries.size()));
       kept.mEntries.push_back(std::move(entry));
     }
-    *this = std::move(kept);
+    std::swap(*this, kept);
   }
 
   /// Error 5 for a key, 9 for a position that names no item.
@@ -150,10 +151,14 @@ class KeyedList {
     const auto entry = mEntries.begin() + place;
     if (!entry->Key.empty()) mIndex.Erase(Hash(entry->Key), place);
     if (place + 1 < mEntries.size()) mIndex.Shift(place + 1, -1);
+    const Entry removed = std::move(*entry);
     mEntries.erase(entry);
   }
 
-  void Clear() { *this = KeyedList(); }
+  void Clear() {
+    KeyedList removed;
+    std::swap(*this, removed);
+  }
 
   /// Walks the values in order. The list may change during the walk; a reference to a value ends with its
   /// next change.

@@ -229,6 +229,23 @@ TEST_F(DispatchTest, SetsObjectsAndForeignObjects) {
   EXPECT_EQ(Call(node, "ParentKey"), Variant(std::string()));
 }
 
+TEST_F(DispatchTest, PropertiesHaveTheirNewValueWhenTheOldOneEnds) {
+  const AnyObject comment = New("ModelComment");
+  for (const Variant& tag : {Variant(New("PlugIn")), Variant(7), Variant(AnyObject{})}) {
+    std::vector<Variant> seen;
+    const auto look = [&](void*) {
+      if (seen.empty()) seen.push_back(Call(comment, "Tag"));
+    };
+    Let(comment, "Tag", AnyObject{{&seen, look}, nullptr});
+    Let(comment, "Tag", tag);
+    ASSERT_EQ(seen.size(), 1U);
+    EXPECT_EQ(seen[0], tag);
+    if (const auto* object = std::get_if<AnyObject>(&tag)) {
+      EXPECT_EQ(std::get<AnyObject>(seen[0]).Class, object->Class);
+    }
+  }
+}
+
 TEST_F(DispatchTest, EventHandlersDoNoHarm) {
   const AnyObject layouts = New("PageLayouts");
   int calls = 0;

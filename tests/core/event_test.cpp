@@ -1,6 +1,8 @@
+#include <memory>
 #include <optional>
 #include <stdexcept>
 #include <string>
+#include <vector>
 
 #include <gmock/gmock.h>
 
@@ -35,6 +37,17 @@ TEST_F(Events, HandlersMayChangeTheSubscriptions) {
   EXPECT_THAT(Calls, ElementsAre("itself", "last"));
   Raised.Raise();
   EXPECT_THAT(Calls, ElementsAre("itself", "last", "last", "added"));
+}
+
+TEST_F(Events, TheEndOfAHandlerMayChangeTheSubscriptions) {
+  std::vector<Connection> kept;
+  auto ending = Raised.Connect(
+      [held = std::shared_ptr<void>(this, [&](void*) { kept.push_back(Raised.Connect(Note("last"))); })] {});
+  const auto first = Raised.Connect(Note("first"));
+  ending.Close();
+  const auto second = Raised.Connect(Note("second"));
+  Raised.Raise();
+  EXPECT_THAT(Calls, ElementsAre("first", "second", "last"));
 }
 
 TEST_F(Events, HandlersMayRaiseTheEventAndEndIt) {

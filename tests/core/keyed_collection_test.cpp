@@ -94,6 +94,37 @@ TEST(KeyedList, AppendsInPlaceOfOlderValues) {
     EXPECT_THAT(list.Find(key), ::testing::Pointee(value)) << key;
 }
 
+// The end of a value may run code that looks at the list and changes it.
+TEST(KeyedList, IsWholeWhenAValueEnds) {
+  using List = KeyedList<std::shared_ptr<void>>;
+  using Change = void (*)(List&);
+  const auto checkKeys = [](const List& list) {
+    for (std::int32_t at = 1; at <= list.Count(); ++at) EXPECT_EQ(list.Find(list.KeyAt(at)), &list.At(at));
+  };
+  for (const Change change : {Change([](List& list) { list.Remove("a"); }),
+                              Change([](List& list) { list.Clear(); }), Change([](List& list) {
+                                list.AddReplacing({{nullptr, "c"}, {nullptr, "A"}});
+                              })}) {
+    List list;
+    int ends = 0;
+    list.Add(nullptr, "before");
+    list.Add({&ends,
+              [&](void*) {
+                ++ends;
+                EXPECT_TRUE(list.Find("a") == nullptr || *list.Find("a") == nullptr);
+                for (int at = 0; at < 20; ++at) list.Add(nullptr, "new " + std::to_string(at));
+                list.Remove(1);
+                checkKeys(list);
+              }},
+             "a");
+    list.Add(nullptr, "b");
+    change(list);
+    EXPECT_EQ(ends, 1);
+    EXPECT_NE(list.Find("new 19"), nullptr);
+    checkKeys(list);
+  }
+}
+
 // The same random steps on the collection and on a plain list of what should be in it.
 TEST(KeyedCollection, AgreesWithAPlainListOverManySteps) {
   struct Spelling {
