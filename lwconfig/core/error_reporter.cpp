@@ -6,13 +6,30 @@
 #include <lwconfig/core/instance_count.h>
 #include <lwconfig/core/xml_document.h>
 #include <lwconfig/platform/components.h>
-#include <lwconfig/platform/message_box.h>
 
 namespace lwconfig {
 namespace {
 
 /// Every late-bound call looks at it; the model spares a call of the loader each time.
 [[gnu::tls_model("initial-exec")]] thread_local int gDepth = 0;
+
+/// A report, and that of a failure during it.
+constexpr int kMostReports = 2;
+/// Reports under way on this thread.
+thread_local int gReports = 0;
+
+/// Marks a report as under way. It runs code of others: that of the component, and of whatever a message box
+/// lets go on.
+class ReportScope {
+ public:
+  ReportScope() { ++gReports; }
+  ~ReportScope() { --gReports; }
+  ReportScope(const ReportScope&) = delete;
+  ReportScope& operator=(const ReportScope&) = delete;
+
+ private:
+  OutsideScope mOutside;
+};
 
 /// A text as a report can hold it.
 std::string Reportable(std::string text) {
@@ -39,6 +56,11 @@ bool OperationScope::IsOutermost() const {
 OutsideScope::OutsideScope() : mDepth(std::exchange(gDepth, 0)) {}
 OutsideScope::~OutsideScope() {
   gDepth = mDepth;
+}
+
+void ShowMessageBox(const platform::Message& message) {
+  const OutsideScope outside;
+  platform::ShowMessage(message);
 }
 
 Error CurrentFailure() {
@@ -88,6 +110,9 @@ ReportedError::ReportedError(Error cause)
 }
 
 void ReportFailure(const Error& failure, const Operation& operation) {
+  // Otherwise a component that fails inside the library at each report would be told without end.
+  if (gReports == kMostReports) throw Error(failure);
+  const ReportScope reporting;
   if (const auto component = platform::CreateComponent(kErrorComponent)) {
     try {
       component->Receive(FailureReport(failure, operation));
@@ -96,8 +121,7 @@ void ReportFailure(const Error& failure, const Operation& operation) {
     }
     throw ReportedError(failure);
   }
-  platform::ShowMessage(
-      {"LWConfigObjects", FailureMessage(failure, operation), platform::MessageIcon::Critical});
+  ShowMessageBox({"LWConfigObjects", FailureMessage(failure, operation), platform::MessageIcon::Critical});
 }
 
 }  // namespace lwconfig

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include <lwconfig/core/error.h>
+#include <lwconfig/platform/message_box.h>
 
 namespace lwconfig {
 
@@ -37,7 +38,8 @@ class ReportedError : public Error {
 
 /// Hands a failure of a published operation to the process-wide reporter. With the error-reporting component
 /// it gets the report and a `ReportedError` is thrown; without it the critical message box is shown and the
-/// call returns.
+/// call returns. A failure of an operation that begins during a report is reported too; one during that
+/// second report is thrown on as it is.
 void ReportFailure(const Error& failure, const Operation& operation);
 
 /// The report that the component gets: module, procedure, line, error, parameters and instance counts.
@@ -55,8 +57,9 @@ class OperationScope {
   bool IsOutermost() const;
 };
 
-/// Marks code of others that an operation calls, such as a handler of an event: an operation that this code
-/// begins is outermost again.
+/// Marks code of others that an operation calls, such as a handler of an event, or that goes on during a
+/// message box that it shows: an operation that this code begins is outermost again. The scopes of a thread
+/// end in the reverse order of their beginnings.
 class OutsideScope {
  public:
   OutsideScope();
@@ -67,6 +70,9 @@ class OutsideScope {
  private:
   int mDepth;
 };
+
+/// Shows a modal message; operations that begin while it stands are outermost.
+void ShowMessageBox(const platform::Message& message);
 
 /// Runs `body` as a published operation, which `describe()` tells of as an `Operation`. Its failure ends it
 /// with the state changed so far: inside another published operation the failure is thrown on; at the

@@ -1,7 +1,7 @@
 #include <lwconfig/core/application_values.h>
 #include <lwconfig/core/configuration_files.h>
+#include <lwconfig/core/error_reporter.h>
 #include <lwconfig/namespaces/namespace_profiles.h>
-#include <lwconfig/platform/message_box.h>
 
 namespace lwconfig {
 
@@ -10,7 +10,7 @@ void NamespaceProfiles::Load() {
   DiskFile namespaces;
   namespaces.SetFolder(folder);
   if (!namespaces.IsFolder()) {
-    platform::ShowMessage(
+    ShowMessageBox(
         {"Folder not found",
          "Lexiwend namespaces folder '" + folder + "' could not be found.  No namespaces have been loaded.",
          platform::MessageIcon::Exclamation});

@@ -3,22 +3,22 @@
 #include <lwconfig/core/application_values.h>
 #include <lwconfig/core/configuration_files.h>
 #include <lwconfig/core/diagnostics.h>
+#include <lwconfig/core/error_reporter.h>
 #include <lwconfig/core/inspection.h>
-#include <lwconfig/platform/message_box.h>
 #include <lwconfig/templates/page_templates.h>
 
 namespace lwconfig {
 namespace {
 
 void ShowDuplicate(const PageTemplate& added) {
-  platform::ShowMessage({"Duplicate Template",
-                         "A duplicate template was found in folder '" + added.RootFolder +
-                             "'. This problem is usually caused by duplicating a Template folder using "
-                             "Windows Explorer instead of using "
-                             "the Template Manager to create a new Template. Remove the duplicate folder to "
-                             "avoid seeing this message in "
-                             "future. If the message stays, please contact Corvantis product support.",
-                         platform::MessageIcon::Exclamation});
+  ShowMessageBox({"Duplicate Template",
+                  "A duplicate template was found in folder '" + added.RootFolder +
+                      "'. This problem is usually caused by duplicating a Template folder using "
+                      "Windows Explorer instead of using "
+                      "the Template Manager to create a new Template. Remove the duplicate folder to "
+                      "avoid seeing this message in "
+                      "future. If the message stays, please contact Corvantis product support.",
+                  platform::MessageIcon::Exclamation});
 }
 
 /// Whether a folder may hold a template. A file that cannot even be examined is told of when it is its turn
@@ -58,10 +58,10 @@ void PageTemplates::Load() {
   DiskFile templates;
   templates.SetFolder(TemplateFolder);
   if (!templates.IsFolder()) {
-    platform::ShowMessage({"Folder not found",
-                           "Lexiwend templates folder '" + TemplateFolder +
-                               "' could not be found.  No templates have been loaded.",
-                           platform::MessageIcon::Exclamation});
+    ShowMessageBox({"Folder not found",
+                    "Lexiwend templates folder '" + TemplateFolder +
+                        "' could not be found.  No templates have been loaded.",
+                    platform::MessageIcon::Exclamation});
     return;
   }
   std::vector<DiskFile> configs;

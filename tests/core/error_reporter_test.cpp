@@ -7,6 +7,7 @@
 namespace lwconfig {
 namespace {
 
+using ::testing::ElementsAre;
 using testing::ErrorOf;
 using ::testing::HasSubstr;
 using ::testing::IsEmpty;
@@ -18,14 +19,20 @@ class ErrorReporter : public testing::ConfigurationTest {
   ~ErrorReporter() override { platform::RegisterComponent(std::string(kErrorComponent), mPrevious); }
 
   /// Installs the error-reporting component; its reports are kept in `Reports`.
-  void InstallComponent() {
+  void InstallComponent(const std::function<void()>& onReport = [] {}) {
     struct Recorder final : platform::Component {
-      explicit Recorder(std::vector<std::string>& reports) : Reports(reports) {}
-      void Receive(std::string_view text) override { Reports.emplace_back(text); }
+      Recorder(std::vector<std::string>& reports, std::function<void()> onReport)
+          : Reports(reports), OnReport(std::move(onReport)) {}
+      void Receive(std::string_view text) override {
+        Reports.emplace_back(text);
+        OnReport();
+      }
       std::vector<std::string>& Reports;
+      std::function<void()> OnReport;
     };
-    mPrevious = platform::RegisterComponent(std::string(kErrorComponent),
-                                            [this] { return std::make_unique<Recorder>(Reports); });
+    mPrevious = platform::RegisterComponent(std::string(kErrorComponent), [this, onReport] {
+      return std::make_unique<Recorder>(Reports, onReport);
+    });
   }
   /// A published operation that changes something and then fails inside another one.
   int Fail() {
@@ -95,6 +102,30 @@ TEST_F(ErrorReporter, ReportsOnceToTheComponentAndRaises65535) {
   EXPECT_EQ(text("Description"), "config.xml:3:14: The key is used twice");
   EXPECT_EQ(text("Source"), "LWConfigObjects");
   EXPECT_NE(text("Line"), "0");
+}
+
+// Code of others runs during a report. Its own failures are reported, but not those in reports of these.
+TEST_F(ErrorReporter, ReportsFailuresDuringAReport) {
+  std::vector<std::int32_t> raised;
+  const auto failAgain = [&] { raised.push_back(ErrorOf([&] { Fail(); }).Number()); };
+  InstallComponent(failAgain);
+  failAgain();
+  EXPECT_EQ(Reports.size(), 2U);
+  EXPECT_THAT(raised, ElementsAre(kDuplicateKey, kReportedFailure, kReportedFailure));
+
+  platform::RegisterComponent(std::string(kErrorComponent), nullptr);
+  int boxes = 0;
+  const auto previous = platform::SetMessageBoxHandler([&](const platform::Message&) {
+    ++boxes;
+    if (boxes == 1) {
+      EXPECT_EQ(Fail(), 0);
+    } else {
+      EXPECT_EQ(ErrorOf([&] { Fail(); }).Number(), kDuplicateKey);
+    }
+  });
+  EXPECT_EQ(Fail(), 0);
+  platform::SetMessageBoxHandler(previous);
+  EXPECT_EQ(boxes, 2);
 }
 
 TEST_F(ErrorReporter, ReportsParametersWhateverTheyHold) {
