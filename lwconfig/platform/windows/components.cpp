@@ -1,3 +1,7 @@
+#include <memory>
+#include <new>
+#include <utility>
+
 #include <lwconfig/platform/internal/host_defaults.h>
 
 #include "system.h"
@@ -9,11 +13,12 @@ namespace {
 /// no such method.
 class AutomationComponent final : public Component {
  public:
-  /// Takes the reference over.
-  explicit AutomationComponent(IDispatch* object) : mObject(object) {}
-  ~AutomationComponent() override { mObject->Release(); }
-  AutomationComponent(const AutomationComponent&) = delete;
-  AutomationComponent& operator=(const AutomationComponent&) = delete;
+  struct Releaser {
+    void operator()(IDispatch* object) const { object->Release(); }
+  };
+  using Reference = std::unique_ptr<IDispatch, Releaser>;
+
+  explicit AutomationComponent(Reference object) : mObject(std::move(object)) {}
 
   void Receive(std::string_view text) override {
     wchar_t name[] = L"Report";
@@ -24,6 +29,7 @@ class AutomationComponent final : public Component {
     ::VariantInit(&argument);
     argument.vt = VT_BSTR;
     argument.bstrVal = ::SysAllocString(Wide(text).c_str());
+    if (argument.bstrVal == nullptr) throw std::bad_alloc();
     DISPPARAMS parameters{&argument, nullptr, 1, 0};
     mObject->Invoke(id, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_METHOD, &parameters, nullptr, nullptr,
                     nullptr);
@@ -31,7 +37,7 @@ class AutomationComponent final : public Component {
   }
 
  private:
-  IDispatch* mObject;
+  Reference mObject;
 };
 
 }  // namespace
@@ -41,7 +47,8 @@ std::unique_ptr<Component> CreateHostComponent(std::string_view progId) {
   if (FAILED(::CLSIDFromProgID(Wide(progId).c_str(), &id))) return nullptr;
   void* object = nullptr;
   if (FAILED(::CoCreateInstance(id, nullptr, CLSCTX_ALL, IID_IDispatch, &object))) return nullptr;
-  return std::make_unique<AutomationComponent>(static_cast<IDispatch*>(object));
+  return std::make_unique<AutomationComponent>(
+      AutomationComponent::Reference(static_cast<IDispatch*>(object)));
 }
 
 }  // namespace lwconfig::platform
