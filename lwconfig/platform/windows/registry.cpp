@@ -1,6 +1,5 @@
 #include <algorithm>
 #include <cstring>
-#include <limits>
 #include <memory>
 
 #include <lwconfig/platform/letter_case.h>
@@ -106,13 +105,8 @@ class NativeRegistry final : public Registry {
   std::optional<RegistryKey> List(Hive hive, std::string_view key) override {
     const Key opened = Open(hive, key, KEY_READ);
     if (!opened) return std::nullopt;
-    DWORD longestKey = 0;
-    DWORD longestName = 0;
-    Check(::RegQueryInfoKeyW(opened.get(), nullptr, nullptr, nullptr, nullptr, &longestKey, nullptr, nullptr,
-                             &longestName, nullptr, nullptr, nullptr),
-          hive, key);
     RegistryKey listed;
-    std::wstring name(std::max(longestKey, longestName) + 1, L'\0');
+    std::wstring name(1 << 15, L'\0');  // no name is longer
     for (DWORD at = 0;; ++at) {
       auto length = static_cast<DWORD>(name.size());
       const LSTATUS status =
