@@ -103,7 +103,19 @@ class NativeFiles final : public Files {
   void MakeFolders(std::string_view folder) override {
     std::wstring path = SystemPath(folder);
     while (path.ends_with(L'\\')) path.pop_back();
-    MakeFolder(path, folder);
+    // Up to the nearest folder that there is or can be made, then down again. A NUL takes the place of the
+    // separator where the path of the folder in question ends.
+    std::size_t end = path.size();
+    while (!MakeFolder(path.c_str(), folder)) {
+      const std::size_t parent = path.find_last_of(L'\\', end);
+      if (parent == std::wstring::npos || parent < 3) ThrowWindowsError(folder, ERROR_PATH_NOT_FOUND);
+      path[end = parent] = L'\0';
+    }
+    while (end < path.size()) {
+      path[end] = L'\\';
+      end = std::min(path.find(L'\0', end), path.size());
+      if (!MakeFolder(path.c_str(), folder)) ThrowWindowsError(folder, ERROR_PATH_NOT_FOUND);
+    }
   }
 
   std::string NativePath(std::string_view path) override {
@@ -114,20 +126,17 @@ class NativeFiles final : public Files {
   std::string ProductPath(std::string_view hostPath) override { return FullPath(hostPath); }
 
  private:
-  static void MakeFolder(const std::wstring& path, std::string_view subject) {
-    if (::CreateDirectoryW(path.c_str(), nullptr) != 0) return;
+  /// False where the folder that it would be in is missing.
+  static bool MakeFolder(const wchar_t* path, std::string_view subject) {
+    if (::CreateDirectoryW(path, nullptr) != 0) return true;
     const DWORD error = ::GetLastError();
-    if (error == ERROR_ALREADY_EXISTS) {
-      const DWORD attributes = ::GetFileAttributesW(path.c_str());
-      if ((attributes & FILE_ATTRIBUTE_DIRECTORY) != 0) return;
+    if (error == ERROR_PATH_NOT_FOUND) return false;
+    if (error != ERROR_ALREADY_EXISTS) ThrowWindowsError(subject, error);
+    const DWORD attributes = ::GetFileAttributesW(path);
+    if (attributes == INVALID_FILE_ATTRIBUTES) ThrowWindowsError(subject);
+    if ((attributes & FILE_ATTRIBUTE_DIRECTORY) == 0)
       throw std::system_error(EEXIST, std::generic_category(), std::string(subject));
-    }
-    const std::size_t parent = path.find_last_of(L'\\');
-    if (error != ERROR_PATH_NOT_FOUND || parent == std::wstring::npos || parent < 3)
-      ThrowWindowsError(subject, error);
-    MakeFolder(path.substr(0, parent), subject);
-    if (::CreateDirectoryW(path.c_str(), nullptr) == 0 && ::GetLastError() != ERROR_ALREADY_EXISTS)
-      ThrowWindowsError(subject);
+    return true;
   }
 };
 

@@ -92,6 +92,27 @@ TEST_F(NativeFilesTest, TakesPathsOfAnyLength) {
   EXPECT_EQ(mFiles.List(deep).size(), 1U);
 }
 
+TEST_F(NativeFilesTest, RefusesFoldersBelowAFileAtAnyDepth) {
+  mFiles.MakeFolders(mFolder);
+  Put(mFolder + "\\file", "x");
+  EXPECT_EQ(CodeOf([&] { mFiles.MakeFolders(mFolder + "\\file"); }), EEXIST);
+  std::string deep = mFolder + "\\file";
+  while (deep.size() < 32'000) deep += "\\a";
+  // On the small stack of some host's thread.
+  std::function<void()> work = [&] { mFiles.MakeFolders(deep); };
+  const HANDLE thread = ::CreateThread(
+      nullptr, 256 << 10,
+      [](void* given) -> DWORD {
+        return static_cast<DWORD>(CodeOf(*static_cast<std::function<void()>*>(given)));
+      },
+      &work, STACK_SIZE_PARAM_IS_A_RESERVATION, nullptr);
+  ::WaitForSingleObject(thread, INFINITE);
+  DWORD code = 0;
+  ::GetExitCodeThread(thread, &code);
+  ::CloseHandle(thread);
+  EXPECT_EQ(code, DWORD{EEXIST});
+}
+
 class NativeRegistryTest : public ::testing::Test {
  protected:
   using Kinds = RegistryChange::Kinds;
