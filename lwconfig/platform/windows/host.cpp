@@ -40,6 +40,8 @@ constexpr std::array kNamedPages{
     std::pair{std::string_view("euc-kr"), UINT{949}},     std::pair{std::string_view("koi8-r"), UINT{20866}},
     std::pair{std::string_view("koi8-u"), UINT{21866}}};
 
+constexpr UINT kFirstCodePage = 37;
+
 /// 0 for an encoding that is not known.
 UINT CodePageOf(std::string_view encoding) {
   for (const auto& [name, page] : kNamedPages) {
@@ -65,10 +67,14 @@ Environment& Environment::Native() {
 
 std::optional<std::string> DecodeAs(std::string_view bytes, const std::string& encoding) {
   const UINT page = CodePageOf(encoding);
-  if (page == 0 || ::IsValidCodePage(page) == 0) return std::nullopt;
+  // The first numbers stand for whatever page the system uses, and that for symbols is none of text.
+  if (page < kFirstCodePage || page == CP_SYMBOL || ::IsValidCodePage(page) == 0) return std::nullopt;
   if (bytes.empty()) return std::string();
   const int size = static_cast<int>(bytes.size());
-  const int length = ::MultiByteToWideChar(page, MB_ERR_INVALID_CHARS, bytes.data(), size, nullptr, 0);
+  int length = ::MultiByteToWideChar(page, MB_ERR_INVALID_CHARS, bytes.data(), size, nullptr, 0);
+  // Some encodings, such as those with shifts, are only read leniently.
+  if (length == 0 && ::GetLastError() == ERROR_INVALID_FLAGS)
+    length = ::MultiByteToWideChar(page, 0, bytes.data(), size, nullptr, 0);
   if (length == 0) return std::nullopt;
   std::wstring wide(static_cast<std::size_t>(length), L'\0');
   ::MultiByteToWideChar(page, 0, bytes.data(), size, wide.data(), length);

@@ -154,7 +154,9 @@ TEST(NativeHost, KnowsItsSurroundings) {
   EXPECT_EQ(Files::Native().Kind(Folders::Native().ShellFolder(5)), EntryKind::Folder);
   EXPECT_EQ(Folders::Native().ShellFolder(9999), "");
   EXPECT_EQ(DecodeAs("\xe4", "Windows-1252"), "\u00e4");
-  EXPECT_EQ(DecodeAs("x", "klingon"), std::nullopt);
+  EXPECT_EQ(DecodeAs("+AOQ-", "cp65000"), "\u00e4");
+  for (const char* none : {"klingon", "cp0", "cp1", "cp42"})
+    EXPECT_EQ(DecodeAs("x", none), std::nullopt) << none;
 }
 
 }  // namespace
