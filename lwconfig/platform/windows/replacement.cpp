@@ -4,6 +4,8 @@
 #include <cerrno>
 #include <system_error>
 
+#include <lwconfig/platform/letter_case.h>
+
 #include "system.h"
 
 namespace lwconfig::platform {
@@ -12,6 +14,12 @@ namespace {
 constexpr std::wstring_view kLongPrefix = L"\\\\?\\";
 /// In characters: the system's lengths are 16 bits of bytes, with room for the prefix and a name beside it.
 constexpr std::size_t kLongestPath = 32'000;
+
+/// The system would take a path to end at its first NUL.
+void CheckPath(std::string_view path) {
+  if (path.find('\0') != std::string_view::npos)
+    throw std::system_error(ENOENT, std::generic_category(), std::string(path));
+}
 
 std::wstring FullSystemPath(std::string_view path) {
   std::wstring wide = Wide(path);
@@ -121,14 +129,17 @@ class Replacement final : public FileReplacement {
 }  // namespace
 
 std::string FullPath(std::string_view path) {
-  std::wstring full = FullSystemPath(path);
-  if (full.starts_with(kLongPrefix)) full.erase(0, kLongPrefix.size());
-  return Narrow(full);
+  CheckPath(path);
+  const std::wstring full = FullSystemPath(path);
+  if (!full.starts_with(kLongPrefix)) return Narrow(full);
+  const std::string rest = Narrow(full.substr(kLongPrefix.size()));
+  if (EqualIgnoringCase(rest.substr(0, 4), "UNC\\")) return "\\" + rest.substr(3);
+  return rest.substr(1, 1) == ":" ? rest : Narrow(full);
 }
 
 std::wstring SystemPath(std::string_view path) {
-  if (path.find('\0') != std::string_view::npos || path.empty())
-    throw std::system_error(ENOENT, std::generic_category(), std::string(path));
+  CheckPath(path);
+  if (path.empty()) throw std::system_error(ENOENT, std::generic_category(), std::string());
   const std::wstring full = FullSystemPath(path);
   if (full.size() > kLongestPath)
     throw std::system_error(ENAMETOOLONG, std::generic_category(), std::string(path));

@@ -8,9 +8,10 @@
 
 namespace lwconfig::platform {
 
-/// The absolute path with backslashes, as people write it.
+/// The absolute path with backslashes, as people write it. As of `SystemPath`, `ENOENT` for a path that holds
+/// a NUL.
 std::string FullPath(std::string_view path);
-/// The path as the system takes it: absolute, and of any length.
+/// The path as the system takes it: absolute, and of any length. `ENOENT` for none.
 std::wstring SystemPath(std::string_view path);
 
 enum class ReplaceMode {

@@ -113,6 +113,15 @@ TEST_F(NativeFilesTest, RefusesFoldersBelowAFileAtAnyDepth) {
   EXPECT_EQ(code, DWORD{EEXIST});
 }
 
+TEST_F(NativeFilesTest, WritesPathsAsPeopleDo) {
+  for (const auto& [path, written] : {std::pair("C:/a\\b", "C:\\a\\b"),
+                                      {"\\\\?\\C:\\a", "C:\\a"},
+                                      {"\\\\?\\unc\\srv\\share\\a", "\\\\srv\\share\\a"},
+                                      {"//srv/share/a", "\\\\srv\\share\\a"}})
+    EXPECT_EQ(mFiles.ProductPath(path), written);
+  EXPECT_EQ(CodeOf([&] { mFiles.ProductPath(std::string("C:\\a\0b", 6)); }), ENOENT);
+}
+
 class NativeRegistryTest : public ::testing::Test {
  protected:
   using Kinds = RegistryChange::Kinds;
