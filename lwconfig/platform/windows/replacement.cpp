@@ -86,10 +86,13 @@ class Replacement final : public FileReplacement {
   void Commit() override {
     if (::FlushFileBuffers(mFile.Get()) == 0) ThrowWindowsError(mSubject);
     mFile.Close();
+    const DWORD attributes = ::GetFileAttributesW(mTarget.c_str());
     try {
-      PutInPlace();
+      PutInPlace(attributes);
     } catch (...) {
-      ::DeleteFileW(mTemporary.c_str());
+      // Where the old file is lost, the new content must not go too.
+      if (!Exists(attributes) || Exists(::GetFileAttributesW(mTarget.c_str())))
+        ::DeleteFileW(mTemporary.c_str());
       throw;
     }
   }
@@ -100,23 +103,33 @@ class Replacement final : public FileReplacement {
     return target.substr(0, name) + L"." + target.substr(name) + L".lwtmp";
   }
 
-  void PutInPlace() const {
-    const DWORD attributes = ::GetFileAttributesW(mTarget.c_str());
-    const bool exists = attributes != INVALID_FILE_ATTRIBUTES;
-    if (exists && mMode == ReplaceMode::Rewrite) {
-      // Keeps the permissions, attributes and times of the old file.
-      constexpr DWORD kFlags = REPLACEFILE_IGNORE_MERGE_ERRORS | REPLACEFILE_IGNORE_ACL_ERRORS;
-      if (::ReplaceFileW(mTarget.c_str(), mTemporary.c_str(), nullptr, kFlags, nullptr, nullptr) == 0)
-        ThrowWindowsError(mSubject);
+  static bool Exists(DWORD attributes) { return attributes != INVALID_FILE_ATTRIBUTES; }
+
+  /// `attributes` are those of the target.
+  void PutInPlace(DWORD attributes) const {
+    const bool rewrites = Exists(attributes) && mMode == ReplaceMode::Rewrite;
+    if (rewrites && Replace()) {
       ::SetFileAttributesW(mTarget.c_str(), attributes);
       return;
     }
-    if (exists && (attributes & FILE_ATTRIBUTE_READONLY) != 0)
+    if (Exists(attributes) && !rewrites && (attributes & FILE_ATTRIBUTE_READONLY) != 0)
       ::SetFileAttributesW(mTarget.c_str(), FILE_ATTRIBUTE_NORMAL);
-    ::SetFileAttributesW(mTemporary.c_str(), FILE_ATTRIBUTE_NORMAL);
+    ::SetFileAttributesW(mTemporary.c_str(), rewrites ? attributes : FILE_ATTRIBUTE_NORMAL);
     if (::MoveFileExW(mTemporary.c_str(), mTarget.c_str(),
                       MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) == 0)
       ThrowWindowsError(mSubject);
+  }
+
+  /// Keeps the permissions, attributes and times of the old file. False where the file is still to be moved:
+  /// the file system cannot replace, or has removed the old file and come no further.
+  bool Replace() const {
+    constexpr DWORD kFlags = REPLACEFILE_IGNORE_MERGE_ERRORS | REPLACEFILE_IGNORE_ACL_ERRORS;
+    if (::ReplaceFileW(mTarget.c_str(), mTemporary.c_str(), nullptr, kFlags, nullptr, nullptr) != 0)
+      return true;
+    const DWORD error = ::GetLastError();
+    const bool cannot = error == ERROR_NOT_SUPPORTED || error == ERROR_INVALID_FUNCTION;
+    if (!cannot && Exists(::GetFileAttributesW(mTarget.c_str()))) ThrowWindowsError(mSubject, error);
+    return false;
   }
 
   const std::wstring mTarget;
