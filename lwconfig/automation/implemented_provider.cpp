@@ -3,6 +3,7 @@
 #include <lwconfig/automation/implemented_provider.h>
 #include <lwconfig/automation/published.h>
 #include <lwconfig/automation/value.h>
+#include <lwconfig/core/error_reporter.h>
 #include <lwconfig/namespaces/namespace_provider.h>
 
 namespace lwconfig::automation {
@@ -83,6 +84,7 @@ class ImplementedProvider final : public INamespaceProvider {
   Result Forward(std::string_view member, A&... arguments) const {
     std::array<Variant, sizeof...(A)> values{ToVariant(arguments)...};
     Variant result;
+    const OutsideScope outside;
     if (mImplementation(member, values, result)) {
       [[maybe_unused]] std::size_t at = 0;
       (TakeBack(values[at++], arguments), ...);
