@@ -69,6 +69,7 @@ function(expect_script_output text)
 endfunction()
 
 execute_process(COMMAND ${RUN} reg delete ${maker} /f /reg:32 OUTPUT_QUIET ERROR_QUIET)
+run(0 reg add "HKCU\\Software\\Classes" /f)  # which every user has on Windows
 run(0 cmd /c "install.cmd /uninstall")
 # A script host registers itself when it runs for the first time.
 file(WRITE "${folder}/try.vbs" "WScript.Echo \"done\"\n")

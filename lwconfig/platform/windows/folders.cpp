@@ -13,6 +13,7 @@ class NativeFolders final : public Folders {
   std::string ShellFolder(std::int32_t csidl) override {
     constexpr int kUnverified = 0x4000;  // the path also of a folder that does not exist
     wchar_t path[MAX_PATH] = L"";
+    // No token: the folders of the user who runs the program, not of the one that new users are made from.
     if (::SHGetFolderPathW(::GetDesktopWindow(), csidl | kUnverified, nullptr, SHGFP_TYPE_CURRENT, path) !=
         S_OK)
       return {};

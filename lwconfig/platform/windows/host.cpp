@@ -1,6 +1,5 @@
 #include <array>
 #include <charconv>
-#include <memory>
 #include <utility>
 
 #include <lwconfig/platform/host.h>
@@ -16,12 +15,14 @@ class NativeEnvironment final : public Environment {
   int DisplayWidth() override { return ::GetSystemMetrics(SM_CXSCREEN); }
 
   std::vector<std::string> ProcessArguments() override {
-    int count = 0;
-    const std::unique_ptr<wchar_t*, HLOCAL(WINAPI*)(HLOCAL)> words(
-        ::CommandLineToArgvW(::GetCommandLineW(), &count), ::LocalFree);
-    std::vector<std::string> arguments;
-    for (int at = 1; words && at < count; ++at) arguments.push_back(Narrow(words.get()[at]));
-    return arguments;
+    // Windows passes one text. Only the program's name, which may be quoted, is taken off.
+    const std::wstring_view line = ::GetCommandLineW();
+    const wchar_t* const blanks = L" \t";
+    const std::size_t end = line.starts_with(L'"') ? line.find(L'"', 1) : 0;
+    const std::size_t gap = line.find_first_of(blanks, end);
+    const std::size_t rest = line.find_first_not_of(blanks, gap);
+    if (gap == std::wstring_view::npos || rest == std::wstring_view::npos) return {};
+    return {Narrow(line.substr(rest))};
   }
 };
 

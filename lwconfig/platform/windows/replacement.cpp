@@ -123,6 +123,11 @@ class Replacement final : public FileReplacement {
   /// Keeps the permissions, attributes and times of the old file. False where the file is still to be moved:
   /// the file system cannot replace, or has removed the old file and come no further.
   bool Replace() const {
+    // A file that others hold fails here, before the system has begun and leaves things behind.
+    if (!Handle(::CreateFileW(mTarget.c_str(), DELETE, kShareAll, nullptr, OPEN_EXISTING,
+                              FILE_FLAG_BACKUP_SEMANTICS, nullptr))
+             .IsOpen())
+      ThrowWindowsError(mSubject);
     constexpr DWORD kFlags = REPLACEFILE_IGNORE_MERGE_ERRORS | REPLACEFILE_IGNORE_ACL_ERRORS;
     if (::ReplaceFileW(mTarget.c_str(), mTemporary.c_str(), nullptr, kFlags, nullptr, nullptr) != 0)
       return true;

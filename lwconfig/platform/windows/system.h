@@ -25,6 +25,9 @@ std::string Narrow(std::wstring_view text);
 /// Throws the `std::system_error` for a Windows error code: with its errno code where it has one.
 [[noreturn]] void ThrowWindowsError(std::string_view subject, DWORD error = ::GetLastError());
 
+/// Others may use a file in every way while it is open here.
+inline constexpr DWORD kShareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+
 /// A handle of the system, closed at the end of its life.
 class Handle {
  public:

@@ -6,12 +6,12 @@
 
 #include <gtest/gtest.h>
 #include <tests/temporary_folder.h>
-#include <windows.h>
 
 #include <lwconfig/platform/files.h>
 #include <lwconfig/platform/folders.h>
 #include <lwconfig/platform/host.h>
 #include <lwconfig/platform/registry.h>
+#include <lwconfig/platform/windows/system.h>
 
 namespace lwconfig::platform {
 namespace {
@@ -36,6 +36,22 @@ class NativeFilesTest : public ::testing::Test {
   testing::TemporaryFolder mTemporary;
   const std::string mFolder = mTemporary.Path().string() + "\\\u00dcn\u00efcode \u65e5\u672c";
 };
+
+TEST_F(NativeFilesTest, AFileThatOthersHoldStaysAsItIs) {
+  mFiles.MakeFolders(mFolder);
+  const std::string path = mFolder + "\\held.txt";
+  Put(path, "one");
+  {
+    const Handle reader(::CreateFileW(Wide(path).c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE,
+                                      nullptr, OPEN_EXISTING, 0, nullptr));
+    ASSERT_TRUE(reader.IsOpen());
+    EXPECT_EQ(CodeOf([&] { Put(path, "two"); }), EBUSY);
+  }
+  EXPECT_EQ(mFiles.Read(path), "one");
+  EXPECT_EQ(mFiles.List(mFolder).size(), 1U);
+  Put(path, "two");
+  EXPECT_EQ(mFiles.Read(path), "two");
+}
 
 TEST_F(NativeFilesTest, PutsContentInPlaceInOneStep) {
   mFiles.MakeFolders(mFolder + "/a/b");
@@ -154,6 +170,13 @@ TEST_F(NativeRegistryTest, KeepsValuesOfEveryType) {
                      {Kinds::DeletedKey, hive, std::string(kKey) + "\\absent", {}, {}}});
     EXPECT_TRUE(mRegistry.List(hive, std::string(kKey) + "\\Sub")->Values.empty());
   }
+}
+
+TEST(NativeHost, PassesTheCommandLineAsItIs) {
+  const std::string line = Narrow(::GetCommandLineW());
+  const auto start = line.find("first \"two  words\"");
+  ASSERT_NE(start, std::string::npos) << "run it with the arguments first \"two  words\"";
+  EXPECT_EQ(Environment::Native().ProcessArguments(), std::vector{line.substr(start)});
 }
 
 TEST(NativeHost, KnowsItsSurroundings) {
