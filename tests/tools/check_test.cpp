@@ -1,4 +1,3 @@
-#include <fstream>
 #include <map>
 #include <regex>
 #include <set>
@@ -6,32 +5,17 @@
 #include <string>
 #include <vector>
 
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-#include <nlohmann/json.hpp>
 #include <sys/stat.h>
 #include <tests/tools/tool_test.h>
 
 #include <lwconfig/core/problem.h>
+#include <lwconfig/platform/files.h>
 
 namespace lwconfig {
 namespace {
 
 using ::testing::ElementsAre;
 using ::testing::HasSubstr;
-
-std::string ReadFile(const std::string& path) {
-  std::ifstream file(path, std::ios::binary);
-  std::stringstream text;
-  text << file.rdbuf();
-  return text.str();
-}
-
-std::string Replaced(std::string text, const std::string& old, const std::string& by) {
-  for (std::size_t at = 0; (at = text.find(old, at)) != std::string::npos; at += by.size())
-    text.replace(at, old.size(), by);
-  return text;
-}
 
 /// The example of one code: files to write, and what is then printed.
 struct Example {
@@ -50,7 +34,7 @@ struct Example {
 /// alone. The first example has no code; it is what the others stand in.
 std::vector<Example> DocumentedExamples() {
   static const std::regex file("`([^`]+)`(?: \\(([^)]*)\\))?:");
-  std::istringstream lines(ReadFile(LWCONFIG_DOCS "/check.md"));
+  std::istringstream lines(platform::Files::Native().Read(LWCONFIG_DOCS "/check.md"));
   std::vector<Example> examples(1);
   bool isNamed = false;
   for (std::string line; std::getline(lines, line);) {
@@ -75,10 +59,9 @@ std::vector<Example> DocumentedExamples() {
 
 class CheckCommand : public testing::ToolTest {
  protected:
-  testing::ToolResult Check(std::vector<std::string> arguments = {}) {
-    arguments.insert(arguments.begin(), {"check", "--config", Below("checked")});
-    auto result = Run(arguments);
-    result.Out = Replaced(result.Out, "<test>/checked/", "");
+  testing::ToolResult Check(const std::string& options = {}) {
+    auto result = Run("check --config " + Below("checked") + " " + options);
+    result.Out = std::regex_replace(result.Out, std::regex("<test>/checked/"), "");
     return result;
   }
 
@@ -91,7 +74,8 @@ class CheckCommand : public testing::ToolTest {
         ASSERT_EQ(::mkfifo(full.c_str(), 0600), 0);
       } else {
         const bool isWindows = path.ends_with(".txt") && how.empty();
-        Folder.Write("checked/" + path, isWindows ? Replaced(content, "\n", "\r\n") : content);
+        Folder.Write("checked/" + path,
+                     isWindows ? std::regex_replace(content, std::regex("\n"), "\r\n") : content);
       }
     }
   }
@@ -139,7 +123,7 @@ TEST_F(CheckCommand, EveryExampleOfTheDocumentationIsTrue) {
 }
 
 TEST_F(CheckCommand, TheStarterConfigurationIsClean) {
-  const auto result = Run({"check"});
+  const auto result = Run("check");
   EXPECT_EQ(result.Status, 0);
   EXPECT_THAT(result.Out, ::testing::EndsWith(" files: no problems\n"));
 }
@@ -187,7 +171,7 @@ TEST_F(CheckCommand, TellsOfManyProblemsOfOneKindBriefly) {
               ::testing::EndsWith(
                   "Templates/House/config.xml: warning: and 980 more of this kind [unread-attribute]\n"
                   "1000 warnings in 1 of 4 files\n"));
-  const auto json = nlohmann::json::parse(Check({"--json"}).Out);
+  const auto json = nlohmann::json::parse(Check("--json").Out);
   ASSERT_EQ(json.size(), 21u);
   EXPECT_THAT(json[1]["File"].get<std::string>(), ::testing::EndsWith("Templates/House/config.xml"));
   EXPECT_EQ(json[1]["Line"], 2);
@@ -199,7 +183,7 @@ TEST_F(CheckCommand, TellsOfManyProblemsOfOneKindBriefly) {
 TEST_F(CheckCommand, OtherCommandsTellNoMoreThanTheLoaders) {
   Reset();
   WriteTemplate("House", "<PageTemplate Name='House' Description='' UseDropShadow='true' x=''/>");
-  const auto shown = Run({"show", "--config", Below("checked")});
+  const auto shown = Run("show --config " + Below("checked"));
   EXPECT_EQ(shown.Err, "");
   EXPECT_EQ(shown.Status, 0);
 }

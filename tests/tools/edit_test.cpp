@@ -1,6 +1,3 @@
-#include <filesystem>
-
-#include <gmock/gmock.h>
 #include <tests/configuration.h>
 #include <tests/tools/tool_test.h>
 #include <tools/lwconfig/overlay/difference.h>
@@ -22,66 +19,47 @@ class EditTest : public ToolTest {
     Folder.Write("config/modelcomments/One.xml",
                  "<ModelCommentProfile Namespace=\"LW.Core\" Name=\"One\" Description=\"d\"/>");
   }
-  ToolResult RunIn(std::vector<std::string> arguments) {
-    arguments.insert(arguments.end(), {"--config", Below("config")});
-    return Run(arguments);
-  }
-  std::string Got(const std::string& path) { return RunIn({"get", path}).Out; }
+  std::string Got(const std::string& path) { return RunIn("get \"" + path + '"').Out; }
   std::string Config() const { return Folder.Read("config/Templates/Small/config.xml"); }
-  ToolResult Apply(std::string_view commands, std::vector<std::string> options = {}) {
-    const auto file = Folder.Write("commands.txt", commands).string();
-    options.insert(options.begin(), {"apply", file});
-    return RunIn(options);
+  ToolResult Apply(std::string_view commands) {
+    return RunIn("apply " + Folder.Write("commands.txt", commands).string());
   }
 };
 
 TEST_F(EditTest, ChangesAreSavedByTheirOwners) {
   const std::string before = Config();
-  const struct {
-    std::vector<std::string> Command;
-    const char* Path;
-    const char* Got;
-  } kRows[] = {
-      {{"set", "PageTemplates[1].Description", "[x]"}, "PageTemplates[1].Description", "[x]\n"},
-      {{"set", "pagetemplates[small].BorderWidth", "-3"}, "PageTemplates[1].BorderWidth", "-3\n"},
-      {{"set", "PageTemplates[1].UseDropShadow", "yes"}, "PageTemplates[1].UseDropShadow", "True\n"},
-      {{"set", "PageTemplates[1].PageLayouts[1].PageType", "PGEVENT"},
-       "PageTemplates[1].PageLayouts[1].PageType",
+  const std::tuple<const char*, const char*, const char*> kRows[] = {
+      {"set PageTemplates[1].Description [x]", "PageTemplates[1].Description", "[x]\n"},
+      {"set pagetemplates[small].BorderWidth -3", "PageTemplates[1].BorderWidth", "-3\n"},
+      {"set PageTemplates[1].UseDropShadow yes", "PageTemplates[1].UseDropShadow", "True\n"},
+      {"set PageTemplates[1].PageLayouts[1].PageType PGEVENT", "PageTemplates[1].PageLayouts[1].PageType",
        "pgEvent\n"},
-      {{"set", "PageTemplates[1].TOCDefinitions[1].NodeDefs[N2].PageLayout",
-        "@PageTemplates[1].PageLayouts[template.hhc]"},
-       "PageTemplates[1].TOCDefinitions[1].NodeDefs[N2].PageLayout.FileName",
-       "template.hhc\n"},
-      {{"add", "PageTemplates[1].VariableDefs", "Name=New", "Description=", "VariableDefType=vdtDate",
-        "--before", "1"},
-       "PageTemplates[1].VariableDefs",
-       "New\nFooter\n"},
-      {{"remove", "PageTemplates[1].VariableDefs[-1]"}, "PageTemplates[1].VariableDefs", "New\n"},
-      {{"add", "PageTemplates[1].SupportedItemTypes", "[files]"},
-       "PageTemplates[1].SupportedItemTypes",
+      {"set PageTemplates[1].TOCDefinitions[1].NodeDefs[N2].PageLayout "
+       "@PageTemplates[1].PageLayouts[template.hhc]",
+       "PageTemplates[1].TOCDefinitions[1].NodeDefs[N2].PageLayout.FileName", "template.hhc\n"},
+      {"add PageTemplates[1].VariableDefs Name=New Description= VariableDefType=vdtDate --before 1",
+       "PageTemplates[1].VariableDefs", "New\nFooter\n"},
+      {"remove PageTemplates[1].VariableDefs[-1]", "PageTemplates[1].VariableDefs", "New\n"},
+      {"add PageTemplates[1].SupportedItemTypes [files]", "PageTemplates[1].SupportedItemTypes",
        "binary\nsource\n[files]\n"},
-      {{"add", "ExternalDocs", "NamespaceName=My*", "ClassLink.URLFormat=u", "--before", "System*"},
-       "ExternalDocs[1].URLFormat",
-       "u\n"},
-      {{"add", "CommentFileLocations", "AssemblyFileName=a.dll", "CommentFilePath=a.xml"},
-       "CommentFileLocations[1].AssemblyFileName",
-       "a.dll\n"},
-      {{"add", "TaggedCommentDefs", "TagIdentifier=@x:", "ElementType=etModule", "Description=d"},
-       "TaggedCommentDefs[\"@x:\"].Description",
-       "d\n"},
-      {{"add", "ModelCommentProfiles[One]", "MemberName=Item", "TaggedCommentPrefix=p"},
-       "ModelCommentProfiles[One][1].MemberName",
-       "Item\n"},
-      {{"set", "VBOptions.WrapCharacters", "72"}, "VBOptions.WrapCharacters", "72\n"},
+      {"add ExternalDocs NamespaceName=My* ClassLink.URLFormat=u --before System*",
+       "ExternalDocs[1].URLFormat", "u\n"},
+      {"add CommentFileLocations AssemblyFileName=a.dll CommentFilePath=a.xml",
+       "CommentFileLocations[1].AssemblyFileName", "a.dll\n"},
+      {"add TaggedCommentDefs TagIdentifier=@x: ElementType=etModule Description=d",
+       "TaggedCommentDefs['@x:'].Description", "d\n"},
+      {"add ModelCommentProfiles[One] MemberName=Item TaggedCommentPrefix=p",
+       "ModelCommentProfiles[One][1].MemberName", "Item\n"},
+      {"set VBOptions.WrapCharacters 72", "VBOptions.WrapCharacters", "72\n"},
   };
-  for (const auto& row : kRows) {
-    const auto done = RunIn(row.Command);
+  for (const auto& [command, path, got] : kRows) {
+    const auto done = RunIn(command);
     EXPECT_EQ(done.Status, 0) << done.Err;
     EXPECT_THAT(done.Out, ::testing::ContainsRegex("^(wrote <test>/config/|set HKEY_CURRENT_USER)"));
-    EXPECT_EQ(Got(row.Path), row.Got);
+    EXPECT_EQ(Got(path), got);
   }
   EXPECT_NE(Config(), before);
-  const auto same = RunIn({"set", "ExternalDocs[1].NamespaceName", "My*"});
+  const auto same = RunIn("set ExternalDocs[1].NamespaceName My*");
   EXPECT_EQ(same.Out, "");
   EXPECT_THAT(same.Err, HasSubstr("nothing changes"));
 }
@@ -89,85 +67,71 @@ TEST_F(EditTest, ChangesAreSavedByTheirOwners) {
 TEST_F(EditTest, WhatCannotBeDoneIsToldAndWritesNothing) {
   Set("LWCONFIG_STARTER", Below("config"));
   const std::string before = Config();
-  const struct {
-    std::vector<std::string> Command;
-    int Status;
-    const char* Message;
-  } kRows[] = {
-      {{"set", "PageTemplates[1].PageLayouts[1].PageType", "pgMetho"}, 2, "did you mean 'pgMethod'?"},
-      {{"set", "PageTemplates[1].BorderWidth", "2.5"}, 2, "'2.5' is not a whole number"},
-      {{"set", "PageTemplates[1].BorderWidth", "9999999999"}, 2, "whole number that fits"},
-      {{"set", "PageTemplates[1].DiagramBold", "maybe"}, 2, "'maybe' is not True or False"},
-      {{"set", "PageTemplates[1].PageLayouts", "x"}, 2, "@ and the path of an object"},
-      {{"set", "PageTemplates[1].PageLayouts", "@PageTemplates"}, 2, "a PageLayouts was expected"},
-      {{"set", "PageTemplates[1].PageLayouts", "@PageTemplates[2]"}, 1, "column 15 of 'PageTemplates[2]'"},
-      {{"set", "PageTemplates[1].PlugIns", "null"}, 2, "can only be read"},
-      {{"set", "PageTemplates[1]", "x"}, 2, "the path of a property was expected"},
-      {{"set", "PageTemplates[1].NamespaceDefs[1].Caption", "x"}, 2, "the model only reads it"},
-      {{"set", "NamespaceProfiles[1].Caption", "x"}, 2, "the model only reads it"},
-      {{"set", "ReloadFlag", "True"}, 2, "not kept in any file"},
-      {{"add", "ExternalDocs", "NamespaceName=system*"}, 3, "already"},
-      {{"set", "PageTemplates[1].TOCDefinitions[1].NodeDefs[N1].Key", "n2"},
-       3,
-       "there is an item 'n2' already"},
-      {{"set", "ModelCommentProfiles[1].Name", "../x"}, 4, "error 52 of LWConfigObjects"},
-      {{"call", "PageTemplates[1].EnabledPlugins.Add", "LW.Core", "--save"}, 3, "could not be read any more"},
-      {{"add", "ExternalDocs", "NamespaceNam=x"}, 1, "did you mean 'NamespaceName'?"},
-      {{"add", "ExternalDocs", "x"}, 2, "MEMBER=VALUE was expected"},
-      {{"add", "ExternalDocs", "NamespaceName=x", "--after", "7"}, 1, "no item '7' to add beside"},
-      {{"add", "PageTemplates[1]", "Name=x"}, 2, "nothing can be added to a PageTemplate"},
-      {{"remove", "ExternalDocs[7]"}, 1, "there is no item 7"},
-      {{"remove", "ExternalDocs"}, 2, "the path of an item"},
-      {{"remove", "ModelCommentProfiles[1]"}, 2, "remove the file"},
-      {{"call", "ExternalDocs.URL"}, 2, "(ObjectFullName) is missing"},
-      {{"call", "ExternalDocs.Dirty"}, 2, "'lwconfig get' reads it"},
-      {{"call", "PageTemplates.Remove", "7"}, 3, "error 9 of LWConfigObjects in PageTemplates.Remove"},
-  };
-  for (const auto& row : kRows) {
-    const auto failed = RunIn(row.Command);
-    EXPECT_EQ(failed.Status, row.Status) << row.Message << failed.Err;
-    EXPECT_THAT(failed.Err, HasSubstr(row.Message));
-    EXPECT_EQ(failed.Out, "");
-  }
+  ExpectRefusals({
+      {"set PageTemplates[1].PageLayouts[1].PageType pgMetho", 2, "did you mean 'pgMethod'?"},
+      {"set PageTemplates[1].BorderWidth 2.5", 2, "'2.5' is not a whole number"},
+      {"set PageTemplates[1].BorderWidth 9999999999", 2, "whole number that fits"},
+      {"set PageTemplates[1].DiagramBold maybe", 2, "'maybe' is not True or False"},
+      {"set PageTemplates[1].PageLayouts x", 2, "@ and the path of an object"},
+      {"set PageTemplates[1].PageLayouts @PageTemplates", 2, "a PageLayouts was expected"},
+      {"set PageTemplates[1].PageLayouts @PageTemplates[2]", 1, "column 15 of 'PageTemplates[2]'"},
+      {"set PageTemplates[1].PlugIns null", 2, "can only be read"},
+      {"set PageTemplates[1] x", 2, "the path of a property was expected"},
+      {"set PageTemplates[1].NamespaceDefs[1].Caption x", 2, "the model only reads it"},
+      {"set NamespaceProfiles[1].Caption x", 2, "the model only reads it"},
+      {"set ReloadFlag True", 2, "not kept in any file"},
+      {"add ExternalDocs NamespaceName=system*", 3, "already"},
+      {"set PageTemplates[1].TOCDefinitions[1].NodeDefs[N1].Key n2", 3, "there is an item 'n2' already"},
+      {"set ModelCommentProfiles[1].Name ../x", 4, "error 52 of LWConfigObjects"},
+      {"call PageTemplates[1].EnabledPlugins.Add LW.Core --save", 3, "could not be read any more"},
+      {"add ExternalDocs NamespaceNam=x", 1, "did you mean 'NamespaceName'?"},
+      {"add ExternalDocs x", 2, "MEMBER=VALUE was expected"},
+      {"add ExternalDocs NamespaceName=x --after 7", 1, "no item '7' to add beside"},
+      {"add PageTemplates[1] Name=x", 2, "nothing can be added to a PageTemplate"},
+      {"remove ExternalDocs[7]", 1, "there is no item 7"},
+      {"remove ExternalDocs", 2, "the path of an item"},
+      {"remove ModelCommentProfiles[1]", 2, "remove the file"},
+      {"call ExternalDocs.URL", 2, "(ObjectFullName) is missing"},
+      {"call ExternalDocs.Dirty", 2, "'lwconfig get' reads it"},
+      {"call PageTemplates.Remove 7", 3, "error 9 of LWConfigObjects in PageTemplates.Remove"},
+  });
   // Never the starter, and never what was read in part.
-  EXPECT_EQ(Run({"set", "PageTemplates[1].Name", "x"}).Status, 4);
-  EXPECT_EQ(Run({"set", "VBOptions.Grouped", "True"}).Status, 0);
+  EXPECT_EQ(Run("set PageTemplates[1].Name x").Status, 4);
+  EXPECT_EQ(Run("set VBOptions.Grouped True").Status, 0);
   Folder.Write("config/ExternalDocs.xml", "<e><ExternalDoc Namespace=\"A\"/><ExternalDoc/></e>");
-  const auto damaged = RunIn({"set", "ExternalDocs[1].URLFormat", "x"});
-  EXPECT_EQ(damaged.Status, 3);
-  EXPECT_THAT(damaged.Err, HasSubstr("could lose what was not read"));
+  ExpectRefusals({{"set ExternalDocs[1].URLFormat x", 3, "could lose what was not read"}});
   EXPECT_EQ(Config(), before);
   EXPECT_FALSE(std::filesystem::exists(Below("config/Templates/Small/config.xml.bak")));
 }
 
 TEST_F(EditTest, CallsMethods) {
-  EXPECT_EQ(RunIn({"call", "ExternalDocs.URL", "System.Text"}).Out, "s\n");
-  EXPECT_EQ(RunIn({"call", "GetDefaultTemplate", "LW.Core", "--json"}).Status, 0);
-  const auto filled = RunIn({"call", "NamespaceProfiles[1].GetNamespaceDefsByName", "LW:Module"});
+  EXPECT_EQ(RunIn("call ExternalDocs.URL System.Text").Out, "s\n");
+  EXPECT_EQ(RunIn("call GetDefaultTemplate LW.Core --json").Status, 0);
+  const auto filled = RunIn("call NamespaceProfiles[1].GetNamespaceDefsByName LW:Module");
   EXPECT_EQ(filled.Out, "1\ncol = 1\n") << filled.Err;
-  const auto unsaved = RunIn({"call", "PageTemplates[1].VariableDefs.Remove", "1"});
+  const auto unsaved = RunIn("call PageTemplates[1].VariableDefs.Remove 1");
   EXPECT_EQ(unsaved.Status, 0) << unsaved.Err;
   EXPECT_EQ(Got("PageTemplates[1].VariableDefs.Count"), "1\n");
-  const auto saved = RunIn({"call", "PageTemplates[1].VariableDefs.Remove", "Footer", "--save"});
+  const auto saved = RunIn("call PageTemplates[1].VariableDefs.Remove Footer --save");
   EXPECT_THAT(saved.Err, HasSubstr("note: wrote <test>/config/Templates/Small/config.xml"));
   EXPECT_EQ(Got("PageTemplates[1].VariableDefs.Count"), "0\n");
 }
 
 TEST_F(EditTest, ADryRunPrintsWhatWouldBeWritten) {
-  EXPECT_EQ(RunIn({"set", "ExternalDocs[1].URLFormat", "first"}).Status, 0);
+  EXPECT_EQ(RunIn("set ExternalDocs[1].URLFormat first").Status, 0);
   const std::string before = Folder.Read("config/ExternalDocs.xml");
-  const auto dry = RunIn({"set", "ExternalDocs[1].URLFormat", "second", "--dry-run"});
+  const auto dry = RunIn("set ExternalDocs[1].URLFormat second --dry-run");
   EXPECT_EQ(dry.Status, 0) << dry.Err;
   EXPECT_THAT(dry.Out,
               ::testing::MatchesRegex("--- <test>/config/ExternalDocs.xml\n\\+\\+\\+ <test>/config/"
                                       "ExternalDocs.xml\n@@ -1,[0-9] \\+1,[0-9] @@\n(.|\n)*-[^\n]*first"
                                       "(.|\n)*\\+[^\n]*second(.|\n)*"));
   EXPECT_EQ(Folder.Read("config/ExternalDocs.xml"), before);
-  EXPECT_EQ(RunIn({"set", "VBOptions.WrapCharacters", "72", "-n"}).Out,
+  EXPECT_EQ(RunIn("set VBOptions.WrapCharacters 72 -n").Out,
             "--- registry\n+++ registry\n [HKEY_CURRENT_USER\\Software\\Corvantis\\Lexiwend4\\VB]\n"
             "+\"WrapCharacters\"=\"72\"\n");
   EXPECT_EQ(Got("VBOptions.WrapCharacters"), "90\n");
-  EXPECT_THAT(RunIn({"set", "PageTemplates[1].Name", "x", "-n"}).Out,
+  EXPECT_THAT(RunIn("set PageTemplates[1].Name x -n").Out,
               HasSubstr("copy <test>/config/Templates/Small/config.xml as it is to "
                         "<test>/config/Templates/Small/config.xml.bak\n"));
 }
@@ -187,11 +151,7 @@ TEST_F(EditTest, AFileOfCommandsIsDoneWhollyOrNotAtAll) {
   EXPECT_EQ(Got("ExternalDocs[1].URLFormat"), "b\n");
 
   const std::string before = Config();
-  const struct {
-    const char* Commands;
-    int Status;
-    const char* Message;
-  } kRows[] = {
+  const Refusal kRows[] = {
       {"set PageTemplates[1].Name x\n  set PageTemplates[1].'Nam' y\n", 1,
        "<test>/commands.txt:2:25: error: there is no member 'Nam'"},
       {"set PageTemplates[1].Name x\nset VBOptions.Grouped maybe", 2, "commands.txt:2:23: error: 'maybe'"},
@@ -205,22 +165,18 @@ TEST_F(EditTest, AFileOfCommandsIsDoneWhollyOrNotAtAll) {
       {"set VBOptions.Grouped False\ncall PageTemplates.Remove 7", 3, "2:1: error: the command here failed"},
   };
   for (const auto& row : kRows) {
-    const auto failed = Apply(row.Commands);
+    const auto failed = Apply(row.Line);
     EXPECT_EQ(failed.Status, row.Status) << failed.Err;
     EXPECT_THAT(failed.Err, HasSubstr(row.Message));
     EXPECT_THAT(failed.Err, HasSubstr("nothing was written"));
   }
   EXPECT_EQ(Config(), before);
   EXPECT_EQ(Got("VBOptions.Grouped"), "True\n");
-  EXPECT_EQ(RunIn({"apply", Below("missing")}).Status, 4);
+  EXPECT_EQ(RunIn("apply " + Below("missing")).Status, 4);
 }
 
 TEST(UnifiedDifference, ShowsChangesWithTheirSurroundings) {
-  const struct {
-    const char* Before;
-    const char* After;
-    const char* Difference;
-  } kRows[] = {
+  const std::tuple<const char*, const char*, const char*> kRows[] = {
       {"a\n", "a\n", ""},
       {"", "a\nb\n", "@@ -0,0 +1,2 @@\n+a\n+b\n"},
       {"a\n", "", "@@ -1 +0,0 @@\n-a\n"},
@@ -230,7 +186,8 @@ TEST(UnifiedDifference, ShowsChangesWithTheirSurroundings) {
       {"a\n1\n2\n3\n4\n5\n6\n7\nb\n", "1\n2\n3\n4\n5\n6\n7\nb\nc\n",
        "@@ -1,4 +1,3 @@\n-a\n 1\n 2\n 3\n@@ -7,3 +6,4 @@\n 6\n 7\n b\n+c\n"},
   };
-  for (const auto& row : kRows) EXPECT_EQ(tool::UnifiedDifference(row.Before, row.After), row.Difference);
+  for (const auto& [before, after, difference] : kRows)
+    EXPECT_EQ(tool::UnifiedDifference(before, after), difference);
 }
 
 class OverlayTest : public ConfigurationTest {
@@ -285,30 +242,30 @@ TEST_F(OverlayTest, ReadsSeeWhatWasWrittenAndTheDiskDoesNot) {
 
 TEST_F(OverlayTest, AFailurePutsBackWhatWasWritten) {
   using Operation = FileOperation;
-  const struct {
-    Operation Fails;
-    const char* Path;
-  } kRows[] = {{Operation::MakeFolders, "made\\"}, {Operation::Replace, "b.txt"}, {Operation::Write, "b.txt"},
-               {Operation::Commit, "b.txt"},       {Operation::Commit, "c.txt"},  {Operation::Read, "b.txt"}};
-  for (const auto& row : kRows) {
+  const auto failRegistry = [this] {
+    Registry.Fault = [] { throw std::system_error(EACCES, std::generic_category()); };
+  };
+  const auto failFile = [this](Operation operation, const char* path) {
+    return [this, operation, path] { Files.Fail(operation, path, ENOSPC); };
+  };
+  const std::function<void()> kFaults[] = {failFile(Operation::MakeFolders, "made\\"),
+                                           failFile(Operation::Replace, "b.txt"),
+                                           failFile(Operation::Write, "b.txt"),
+                                           failFile(Operation::Commit, "b.txt"),
+                                           failFile(Operation::Commit, "c.txt"),
+                                           failFile(Operation::Read, "b.txt"),
+                                           failRegistry};
+  for (const auto& fail : kFaults) {
     tool::Overlay overlay;
     ChangeAll();
-    Files.Fail(row.Fails, row.Path, ENOSPC);
-    EXPECT_THROW(overlay.WriteOut(), Error) << row.Path;
+    fail();
+    EXPECT_THROW(overlay.WriteOut(), Error);
     Files.Heal();
+    Registry.Fault = nullptr;
     EXPECT_EQ(Read("a.txt"), "old a");
     EXPECT_EQ(Read("b.txt"), "old b");
     EXPECT_EQ(Read("gone.txt"), "old");
     EXPECT_FALSE(Exists("made/c.txt"));
-  }
-  {
-    tool::Overlay overlay;
-    ChangeAll();
-    Registry.Fault = [] { throw std::system_error(EACCES, std::generic_category()); };
-    EXPECT_THROW(overlay.WriteOut(), Error);
-    Registry.Fault = nullptr;
-    EXPECT_EQ(Read("a.txt"), "old a");
-    EXPECT_EQ(Read("gone.txt"), "old");
   }
   tool::Overlay overlay;
   ChangeAll();

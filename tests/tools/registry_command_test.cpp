@@ -1,5 +1,4 @@
 #include <gmock/gmock.h>
-#include <nlohmann/json.hpp>
 #include <tests/tools/tool_test.h>
 
 namespace lwconfig::testing {
@@ -9,88 +8,66 @@ using ::testing::HasSubstr;
 
 class RegistryCommandTest : public ToolTest {
  protected:
-  ToolResult Registry(std::vector<std::string> arguments) {
-    arguments.insert(arguments.begin(), "registry");
-    return Run(arguments);
-  }
+  ToolResult Registry(const std::string& line) { return Run("registry " + line); }
   std::string User() const { return Folder.Read("registry/user.reg"); }
 };
 
 TEST_F(RegistryCommandTest, StoresAndShowsEveryType) {
-  const struct {
-    std::vector<std::string> Data;  // and type, where one is given
-    const char* Type;
-    const char* Stored;
-    const char* Read;
-  } kRows[] = {
-      {{"C:\\x"}, "sz", "\"v\"=\"C:\\\\x\"", "C:\\x\n"},
-      {{"%T%", "--type", "REG_EXPAND"}, "expand", "\"v\"=hex(2):25,00,54,00,25,00,00,00", "%T%\n"},
-      {{"x"}, "expand", "\"v\"=hex(2):78,00,00,00", "x\n"},  // the type that it has
-      {{"0x1F", "--type", "dword"}, "dword", "\"v\"=dword:0000001f", "31\n"},
-      {{"18446744073709551615", "--type", "qword"},
-       "qword",
-       "\"v\"=hex(b):ff,ff,ff,ff,ff,ff,ff,ff",
+  const std::tuple<const char*, const char*, const char*, const char*> kRows[] = {
+      {"'C:\\x'", "sz", "\"v\"=\"C:\\\\x\"", "C:\\x\n"},
+      {"%T% --type REG_EXPAND", "expand", "\"v\"=hex(2):25,00,54,00,25,00,00,00", "%T%\n"},
+      {"x", "expand", "\"v\"=hex(2):78,00,00,00", "x\n"},  // the type that it has
+      {"0x1F --type dword", "dword", "\"v\"=dword:0000001f", "31\n"},
+      {"18446744073709551615 --type qword", "qword", "\"v\"=hex(b):ff,ff,ff,ff,ff,ff,ff,ff",
        "18446744073709551615\n"},
-      {{"00fF", "--type", "binary"}, "binary", "\"v\"=hex:00,ff", "00ff\n"},
-      {{"a", "\xc3\xbc", "--type", "multi"},
-       "multi",
-       "\"v\"=hex(7):61,00,00,00,fc,00,00,00,00,00",
-       "a\n\xc3\xbc\n"},
+      {"00fF --type binary", "binary", "\"v\"=hex:00,ff", "00ff\n"},
+      {"a ü --type multi", "multi", "\"v\"=hex(7):61,00,00,00,fc,00,00,00,00,00", "a\nü\n"},
   };
-  for (const auto& row : kRows) {
-    std::vector<std::string> set{"set", "hkcu/software/Test", "v"};
-    set.insert(set.end(), row.Data.begin(), row.Data.end());
-    const auto done = Registry(set);
-    EXPECT_EQ(done.Status, 0) << row.Type << done.Err;
-    EXPECT_THAT(User(), HasSubstr(row.Stored));
-    EXPECT_EQ(Registry({"get", "HKEY_CURRENT_USER\\Software\\test", "V"}).Out, row.Read);
-    const auto json = nlohmann::json::parse(Registry({"list", "HKCU", "--json"}).Out);
-    EXPECT_EQ(json.at(0).at("Type"), row.Type);
+  for (const auto& [data, type, stored, read] : kRows) {
+    const auto done = Registry("set hkcu/software/Test v " + std::string(data));
+    EXPECT_EQ(done.Status, 0) << type << done.Err;
+    EXPECT_THAT(User(), HasSubstr(stored));
+    EXPECT_EQ(Registry("get 'HKEY_CURRENT_USER\\Software\\test' V").Out, read);
+    const auto json = nlohmann::json::parse(Registry("list HKCU --json").Out);
+    EXPECT_EQ(json.at(0).at("Type"), type);
   }
-  EXPECT_EQ(Registry({"list", "HKCU", "--width", "40"}).Out,
+  EXPECT_EQ(Registry("list HKCU --width 40").Out,
             "KEY                              VALUE …\n"
             "HKEY_CURRENT_USER\\software\\Test  v     …\n");
 }
 
 TEST_F(RegistryCommandTest, SaysWhatIsWrong) {
-  ASSERT_EQ(Registry({"set", "HKCU/Soft/Test", "Value", "1"}).Status, 0);
+  ASSERT_EQ(Registry("set HKCU/Soft/Test Value 1").Status, 0);
   Folder.Write("bad.reg", "REGEDIT4\n[HKCU\\Soft\\Test]\n\"Value\"=\"2\"\n\"x\"=dword:\n");
   Folder.Write("other.reg", "REGEDIT4\n[HKCU\\Soft\\Test]\n\"Value\"=\"2\"\n[HKEY_CLASSES_ROOT\\x]\n");
   const std::string before = User();
-  const struct {
-    std::vector<std::string> Arguments;
-    int Status;
-    const char* Message;
-  } kRows[] = {
-      {{"get", "HKCU/Soft/Test", "Valu"}, 1, "there is no 'Valu'; did you mean 'Value'?"},
-      {{"get", "HKCU/Soft/Test"}, 1, "there is no '(default)'"},
-      {{"list", "HKCU/Soft/Tst/Deeper"}, 1, "What there is:\n  HKEY_CURRENT_USER\\Soft\\Test"},
-      {{"delete", "HKCU/Soft/None"}, 1, "there is no 'HKEY_CURRENT_USER\\Soft\\None'"},
-      {{"delete", "HKCU/Soft/Test", "None"}, 1, "there is no 'None'"},
-      {{"delete", "HKCU"}, 2, "a whole hive cannot be deleted"},
-      {{"list", "Software"}, 2, "'Software' is no key"},
-      {{"set", "HKCU/x", "v", "1x", "--type", "dword"}, 2, "'1x' is no value of the type dword"},
-      {{"set", "HKCU/x", "v", "4294967296", "--type", "dword"}, 2, "no value of the type dword"},
-      {{"set", "HKCU/x", "v", "abc", "--type", "binary"}, 2, "no value of the type binary"},
-      {{"set", "HKCU/x", "v", "a", "b"}, 2, "several texts are no value of the type sz"},
-      {{"set", "HKCU/x", "v", "1", "--type", "dwrd"}, 2, "did you mean 'dword'?"},
-      {{"import", Below("bad.reg")}, 3, "bad.reg:4:11: error: This is no registry file that can be used"},
-      {{"import", Below("other.reg")}, 3, "other.reg:4:1: error: This is no registry file that can be used"},
-      {{"import", Below("none.reg")}, 4, "none.reg: error: "},
-      {{"export", "HKCU/Soft", Below("none/x.reg")}, 4, "x.reg: error: "},
+  const Refusal kRows[] = {
+      {"get HKCU/Soft/Test Valu", 1, "there is no 'Valu'; did you mean 'Value'?"},
+      {"get HKCU/Soft/Test", 1, "there is no '(default)'"},
+      {"list HKCU/Soft/Tst/Deeper", 1, "What there is:\n  HKEY_CURRENT_USER\\Soft\\Test"},
+      {"delete HKCU/Soft/None", 1, "there is no 'HKEY_CURRENT_USER\\Soft\\None'"},
+      {"delete HKCU/Soft/Test None", 1, "there is no 'None'"},
+      {"delete HKCU", 2, "a whole hive cannot be deleted"},
+      {"list Software", 2, "'Software' is no key"},
+      {"set HKCU/x v 1x --type dword", 2, "'1x' is no value of the type dword"},
+      {"set HKCU/x v 4294967296 --type dword", 2, "no value of the type dword"},
+      {"set HKCU/x v abc --type binary", 2, "no value of the type binary"},
+      {"set HKCU/x v a b", 2, "several texts are no value of the type sz"},
+      {"set HKCU/x v 1 --type dwrd", 2, "did you mean 'dword'?"},
+      {"import " + Below("bad.reg"), 3, "bad.reg:4:11: error: This is no registry file that can be used"},
+      {"import " + Below("other.reg"), 3, "other.reg:4:1: error: This is no registry file that can be used"},
+      {"import " + Below("none.reg"), 4, "none.reg: error: "},
+      {"export HKCU/Soft " + Below("none/x.reg"), 4, "x.reg: error: "},
   };
   for (const auto& row : kRows) {
-    const auto result = Registry(row.Arguments);
+    const auto result = Registry(row.Line);
     EXPECT_EQ(result.Status, row.Status) << row.Message;
     EXPECT_THAT(result.Err, HasSubstr(row.Message));
     EXPECT_EQ(User(), before) << row.Message;
   }
   Folder.Write("registry/user.reg", "REGEDIT4\n[HKCU\\Soft]\nx\n");
-  for (const auto& arguments :
-       std::vector<std::vector<std::string>>{{"registry", "list"},
-                                             {"registry", "set", "HKCU/x", "v", "1"},
-                                             {"options", "set", "IDEOptions.AutoSave", "1"}}) {
-    const auto result = Run(arguments);
+  for (const char* line : {"registry list", "registry set HKCU/x v 1", "options set IDEOptions.AutoSave 1"}) {
+    const auto result = Run(line);
     EXPECT_EQ(result.Status, 4);
     EXPECT_THAT(result.Err,
                 HasSubstr("<test>/registry/user.reg:3:1: error: The registry file is damaged and was left"));
@@ -106,28 +83,25 @@ TEST_F(RegistryCommandTest, ImportsAndExportsTheSameRegistry) {
   Folder.Write(
       "in.reg",
       "Windows Registry Editor Version 5.00\r\n[-HKCU\\Soft\\Old]\r\n[HKEY_CURRENT_USER\\Soft\\Kept]\r\n"
-      "\"a\"=-\r\n\"b\"=dword:4\r\n\"c\"=\"\xc3\xbc\"\r\n[HKLM\\Soft\\Empty]\r\n[HKLM\\Soft]\r\n@=hex(9):"
+      "\"a\"=-\r\n\"b\"=dword:4\r\n\"c\"=\"ü\"\r\n[HKLM\\Soft\\Empty]\r\n[HKLM\\Soft]\r\n@=hex(9):"
       "01\r\n");
-  const auto imported = Registry({"import", Below("in.reg")});
+  const auto imported = Registry("import " + Below("in.reg"));
   EXPECT_EQ(imported.Status, 0) << imported.Err;
   EXPECT_EQ(imported.Out, "imported 3 values, followed 2 deletions\n");
-  EXPECT_EQ(User(), "REGEDIT4\n; mine\n[HKCU\\Soft\\Kept]\n\"b\"=dword:00000004\n\"c\"=\"\xc3\xbc\"\n");
+  EXPECT_EQ(User(), "REGEDIT4\n; mine\n[HKCU\\Soft\\Kept]\n\"b\"=dword:00000004\n\"c\"=\"ü\"\n");
 
   const std::string kUser =
       "Windows Registry Editor Version 5.00\n\n[HKEY_CURRENT_USER]\n\n[HKEY_CURRENT_USER\\Soft]\n\n"
-      "[HKEY_CURRENT_USER\\Soft\\Kept]\n\"b\"=dword:00000004\n\"c\"=\"\xc3\xbc\"\n";
-  EXPECT_EQ(Registry({"export", "HKCU"}).Out, kUser);
+      "[HKEY_CURRENT_USER\\Soft\\Kept]\n\"b\"=dword:00000004\n\"c\"=\"ü\"\n";
+  EXPECT_EQ(Registry("export HKCU").Out, kUser);
   for (const bool isUtf16 : {false, true}) {
-    std::vector<std::string> exported{"export", "HKLM/Soft", Below("out.reg")};
-    if (isUtf16) exported.emplace_back("--utf16");
-    ASSERT_EQ(Registry(exported).Status, 0);
+    ASSERT_EQ(Registry("export HKLM/Soft " + Below("out.reg") + (isUtf16 ? " --utf16" : "")).Status, 0);
     EXPECT_EQ(Folder.Read("out.reg").starts_with("\xff\xfeW"), isUtf16);
-    const std::string before = Registry({"export", "HKLM"}).Out;
-    ASSERT_EQ(Registry({"delete", "HKLM/Soft"}).Status, 0);
-    EXPECT_EQ(Registry({"export", "HKLM"}).Out,
-              "Windows Registry Editor Version 5.00\n\n[HKEY_LOCAL_MACHINE]\n");
-    ASSERT_EQ(Registry({"import", Below("out.reg")}).Status, 0);
-    EXPECT_EQ(Registry({"export", "HKLM"}).Out, before);
+    const std::string before = Registry("export HKLM").Out;
+    ASSERT_EQ(Registry("delete HKLM/Soft").Status, 0);
+    EXPECT_EQ(Registry("export HKLM").Out, "Windows Registry Editor Version 5.00\n\n[HKEY_LOCAL_MACHINE]\n");
+    ASSERT_EQ(Registry("import " + Below("out.reg")).Status, 0);
+    EXPECT_EQ(Registry("export HKLM").Out, before);
   }
 }
 

@@ -1,7 +1,3 @@
-#include <filesystem>
-
-#include <gmock/gmock.h>
-#include <nlohmann/json.hpp>
 #include <tests/language_element.h>
 #include <tests/tools/tool_test.h>
 
@@ -44,58 +40,56 @@ class ShowMoreTest : public ToolTest {
 };
 
 TEST_F(ShowMoreTest, DrawsComments) {
-  EXPECT_EQ(Show({"comments"}).Out, R"(comments (2)
+  EXPECT_EQ(Show("comments").Out, R"(comments (2)
 ├─ standard  1 tag
 │  └─ ##UNIT  Details · for LW:Property · XML unit,units
 └─ custom  1 tag
    └─ ##OLD  House · hidden → ##UNIT
 )");
-  EXPECT_THAT(Show({"comments/standard/##unit"}).Out, HasSubstr("designer     Usual.Editor (default)\n"));
-  EXPECT_EQ(Show({"modelcomments"}).Out, R"(modelcomments (1)
+  EXPECT_THAT(Show("comments/standard/##unit").Out, HasSubstr("designer     Usual.Editor (default)\n"));
+  EXPECT_EQ(Show("modelcomments").Out, R"(modelcomments (1)
 └─ Plant
    │  description  Of the plant
    │  namespaces   LW.Core
    └─ Key*  LW:Event · at the end → ##OLD · A key.
 )");
-  EXPECT_EQ(Show({"commentfiles/a.dll"}).Out, R"(a.dll
+  EXPECT_EQ(Show("commentfiles/a.dll").Out, R"(a.dll
    comment file  C:\Windows\Microsoft.NET\Framework\\a.xml
    set as        %NETPATH%a.xml
 )");
   Folder.Write("drives/c/Windows/Microsoft.NET/.keep", "");
   std::filesystem::create_symlink("Framework", Below("drives/c/Windows/Microsoft.NET/Framework"));
-  const auto unresolved = Show({"commentfiles/a.dll"});
+  const auto unresolved = Show("commentfiles/a.dll");
   EXPECT_EQ(unresolved.Out, "a.dll\n   comment file  %NETPATH%a.xml\n");
   EXPECT_EQ(unresolved.Status, 4) << unresolved.Err;
 }
 
 TEST_F(ShowMoreTest, DrawsLanguagesAndExternalDocumentation) {
-  EXPECT_EQ(Show({"languages"}).Out, "languages (1)\n└─ C  Caption  · included by default\n");
-  const auto language = Show({"languages/c"}).Out;
+  EXPECT_EQ(Show("languages").Out, "languages (1)\n└─ C  Caption  · included by default\n");
+  const auto language = Show("languages/c").Out;
   EXPECT_THAT(language, HasSubstr("by reference            \"ByRef \"\n"));
   EXPECT_THAT(language, HasSubstr("data types              System.Int32 = int · System.Char = char\n"));
-  EXPECT_EQ(Show({"externaldocs/System*"}).Out, R"(System*
+  EXPECT_EQ(Show("externaldocs/System*").Out, R"(System*
    class address        https://x/%%Object%%
    member link, help 2  M:%%MemberName%%
 )");
 }
 
 TEST_F(ShowMoreTest, DrawsOptions) {
-  ASSERT_EQ(Run({"options", "set", "VBOptions.ToolbarStyle", "0"}).Status, 0);
-  EXPECT_EQ(Show({"options/vboptions/ToolbarStyle"}).Out, R"(ToolbarStyle
+  ASSERT_EQ(Run("options set VBOptions.ToolbarStyle 0").Status, 0);
+  EXPECT_EQ(Show("options/vboptions/ToolbarStyle").Out, R"(ToolbarStyle
    type     enumeration
    value    0 ToolbarStyleOfficeXP · stored
    default  2 ToolbarStyleOffice2003NoThemes
    section  VB
 )");
-  const auto all = Show({"options"}).Out;
+  const auto all = Show("options").Out;
   EXPECT_TRUE(all.starts_with("options (5)\n")) << all;
   EXPECT_THAT(all, HasSubstr("= 0 ToolbarStyleOfficeXP · stored · default 2 Toolbar"));
 }
 
 TEST_F(ShowMoreTest, PrintsTheSameAsJson) {
-  const auto shown = Show({"--json"});
-  ASSERT_EQ(shown.Status, 0) << shown.Err;
-  const auto json = nlohmann::json::parse(shown.Out);
+  const auto json = Json("show");
   EXPECT_EQ(json["TaggedCommentDefs"][0]["TaggedCommentDefs"][0]["XMLCommentTypes"], "unit,units");
   EXPECT_EQ(json["TaggedCommentDefs"][1]["Standard"], false);
   EXPECT_EQ(json["ModelCommentProfiles"][0]["ModelComments"][0]["InsertionPoint"], 3);

@@ -1,21 +1,19 @@
-#include <string_view>
-
-#include <gmock/gmock.h>
-#include <nlohmann/json.hpp>
 #include <tests/tools/tool_test.h>
+
+#include <lwconfig/core/text.h>
+#include <lwconfig/platform/files.h>
 
 namespace lwconfig::testing {
 namespace {
 
-using ::testing::ElementsAre;
+using ::testing::AnyOf;
 using ::testing::HasSubstr;
-using ::testing::Not;
 using ::testing::StartsWith;
 
 class ShowTest : public ToolTest {};
 
 TEST_F(ShowTest, DrawsTheWholeConfiguration) {
-  const auto shown = Show({});
+  const auto shown = Show("");
   EXPECT_EQ(shown.Status, 0);
   EXPECT_EQ(shown.Err, "");
   EXPECT_THAT(shown.Out, StartsWith(R"(paths
@@ -85,9 +83,7 @@ options (5)
 }
 
 TEST_F(ShowTest, PrintsTheSameAsJson) {
-  const auto shown = Show({"--json"});
-  EXPECT_EQ(shown.Status, 0);
-  const auto json = nlohmann::json::parse(shown.Out);
+  const auto json = Json("show");
   EXPECT_EQ(json["NamespaceProfiles"][0]["NamespaceDefs"][0]["ChildNamespaceDefs"][0]["FileNameFormat"],
             "%%name%%.html");
   EXPECT_EQ(json["NamespaceProfiles"][0]["ElementDefs"][0]["ElementAttributeDefs"][0]["Mandatory"], true);
@@ -107,13 +103,13 @@ TEST_F(ShowTest, PrintsTheSameAsJson) {
 }
 
 TEST_F(ShowTest, ShowsAnObjectByItselfInFull) {
-  EXPECT_EQ(Show({"templates/small/contents/main/n3"}).Out, R"(Diagram
+  EXPECT_EQ(Show("templates/small/contents/main/n3").Out, R"(Diagram
    key        N3
    produced   by plug-in LW.Diagrams (x)
    icon       icon 7
    condition  if 1+ LW:Project
 )");
-  EXPECT_EQ(Show({"namespaces/LW.Core/LW:Value"}).Out, R"(LW:Value
+  EXPECT_EQ(Show("namespaces/LW.Core/LW:Value").Out, R"(LW:Value
 │  description  A value
 │  category     Text
 └─ attributes (2)
@@ -123,61 +119,44 @@ TEST_F(ShowTest, ShowsAnObjectByItselfInFull) {
 }
 
 TEST_F(ShowTest, FindsPartsByTheirNames) {
-  const struct {
-    const char* What;
-    const char* FirstLine;
-  } kRows[] = {
+  const std::pair<const char*, std::string> kRows[] = {
       {"PATHS", "paths"},
       {"/namespaces/", "namespaces (1)"},
       {"namespaceprofiles/lw.core", "LW.Core"},
       {"namespaces/LW.Core/ELEMENTS", "elements (1)"},
       {"namespaces/LW.Core/lw:module", "LW:Module"},
       {"namespaces/LW.Core/definitions/LW:Module", "LW:Module"},
-      {"templates/small/ER one", "Small/er one"},
-      {"templates/small/er one/Layouts", "layouts (2)"},
+      {"'templates/small/ER one'", "Small/er one"},
+      {"'templates/small/er one/Layouts'", "layouts (2)"},
       {"templates/SMALL/PageLayouts/Method.HTML", "method.html"},
       {"templates/small/footer", "Footer"},
       {"templates/small/contents/main/%%NAME%%", "%%name%%"},
   };
-  for (const auto& row : kRows) {
-    const auto shown = Show({row.What});
-    EXPECT_EQ(shown.Status, 0) << row.What << ": " << shown.Err;
-    EXPECT_THAT(shown.Out, StartsWith(std::string(row.FirstLine) + "\n")) << row.What;
+  for (const auto& [what, firstLine] : kRows) {
+    const auto shown = Show(what);
+    EXPECT_EQ(shown.Status, 0) << what << ": " << shown.Err;
+    EXPECT_THAT(shown.Out, StartsWith(firstLine + "\n")) << what;
   }
+  // Several objects of one name are shown all.
+  Folder.Write("config/PlugIns/second.xml", Folder.Read("config/PlugIns/core.xml"));
+  EXPECT_EQ(Json("show plugins/lw.core").size(), 2u);
 }
 
 TEST_F(ShowTest, SaysWhatThereIsInsteadOfAnUnknownName) {
-  const struct {
-    const char* What;
-    const char* Message;
-  } kRows[] = {
-      {"templats/x",
-       "lwconfig: error: there is no 'templats'; did you mean 'templates'?\nWhat there is:\n  paths\n  "
-       "namespaces\n  plugins\n  templates\n  comments\n  modelcomments\n  commentfiles\n  languages\n"
+  ExpectRefusals({
+      {"show templats/x", 1,
+       "error: there is no 'templats'; did you mean 'templates'?\nWhat there is:\n  paths\n  namespaces\n"
+       "  plugins\n  templates\n  comments\n  modelcomments\n  commentfiles\n  languages\n"
        "  externaldocs\n  options\n"},
-      {"templates/smal",
-       "lwconfig: error: there is no 'smal'; did you mean 'Small/er one'?\nWhat there is:\n  Small/er one\n"},
-      {"templates/small/nothing",
-       "lwconfig: error: there is no 'nothing'\nWhat there is:\n  layouts\n  contents\n  variables\n"},
-      {"plugins/lw.core/x", "lwconfig: error: there is no 'x'\n"},
-  };
-  for (const auto& row : kRows) {
-    const auto shown = Show({row.What});
-    EXPECT_EQ(shown.Status, 1) << row.What;
-    EXPECT_EQ(shown.Out, "") << row.What;
-    EXPECT_EQ(shown.Err, row.Message) << row.What;
-  }
-}
-
-TEST_F(ShowTest, ShowsEveryObjectOfAName) {
-  Folder.Write("config/PlugIns/second.xml", Folder.Read("config/PlugIns/core.xml"));
-  const auto shown = Show({"plugins/lw.core", "--json"});
-  EXPECT_EQ(nlohmann::json::parse(shown.Out).size(), 2u);
+      {"show templates/smal", 1, "there is no 'smal'; did you mean 'Small/er one'?\nWhat there is:\n  Small"},
+      {"show templates/small/nothing", 1, "'nothing'\nWhat there is:\n  layouts\n  contents\n  variables\n"},
+  });
+  EXPECT_EQ(Show("plugins/lw.core/x").Err, "lwconfig: error: there is no 'x'\n");
 }
 
 TEST_F(ShowTest, OpensTheRegisteredConfigurationElseTheStarter) {
   Set("LWCONFIG_STARTER", Below("config"));
-  const auto starter = Run({"show", "plugins"});
+  const auto starter = Run("show plugins");
   EXPECT_EQ(starter.Status, 0);
   EXPECT_THAT(starter.Err, HasSubstr("starter configuration in <test>/config"));
   EXPECT_THAT(starter.Out, StartsWith("plugins (1)"));
@@ -186,25 +165,25 @@ TEST_F(ShowTest, OpensTheRegisteredConfigurationElseTheStarter) {
       "registry/machine.reg",
       "REGEDIT4\n\n[HKEY_LOCAL_MACHINE\\Software\\Corvantis\\Lexiwend4]\n\"ConfigPath\"=\"C:\\\\Lexi\"\n"
       "\"InstallPath4\"=\"C:\\\\App\"\n");
-  const auto registered = Run({"show", "paths", "--json"});
+  const auto registered = Run("show paths --json");
   EXPECT_EQ(registered.Err, "");
   EXPECT_EQ(nlohmann::json::parse(registered.Out)["ConfigPath"], "C:\\Lexi");
   // A folder replaces the configuration path only.
-  const auto folder = nlohmann::json::parse(Show({"paths", "--json"}).Out);
+  const auto folder = Json("show paths");
   EXPECT_EQ(folder["AppPath"], "C:\\App");
   EXPECT_THAT(folder["ConfigPath"].get<std::string>(), ::testing::EndsWith("\\config"));
 
   for (const char* name : {"HOME", "LWCONFIG_DRIVES"}) Set(name, nullptr);
-  EXPECT_THAT(Run({"show", "paths"}).Out, HasSubstr("C:\\Lexi"));
+  EXPECT_THAT(Run("show paths").Out, HasSubstr("C:\\Lexi"));
 }
 
 TEST_F(ShowTest, TellsOfMissingFolders) {
-  const auto missing = Run({"show", "--config", Below("nowhere")});
+  const auto missing = Run("show --config " + Below("nowhere"));
   EXPECT_EQ(missing.Status, 4);
   EXPECT_EQ(missing.Err, "<test>/nowhere: error: there is no such folder\n");
 
   std::filesystem::create_directories(Below("empty"));
-  const auto empty = Run({"show", "templates", "--config", Below("empty")});
+  const auto empty = Run("show templates --config " + Below("empty"));
   EXPECT_EQ(empty.Status, 3);
   EXPECT_THAT(empty.Err, HasSubstr("lwconfig: warning: Folder not found: Lexiwend namespaces folder"));
   EXPECT_THAT(empty.Err, HasSubstr("lwconfig: warning: Folder not found: Lexiwend templates folder"));
@@ -216,23 +195,21 @@ TEST_F(ShowTest, ARegisteredFolderThatIsGoneIsAnErrorOfEverythingInIt) {
   Folder.Write(
       "registry/machine.reg",
       "REGEDIT4\n\n[HKEY_LOCAL_MACHINE\\Software\\Corvantis\\Lexiwend4]\n\"ConfigPath\"=\"C:\\\\Lexi\"\n");
-  const std::vector<std::vector<std::string>> fromFiles{
-      {"show"}, {"show", "languages"}, {"template", "list"}, {"link", "x"}, {"phrase", "t", "--compare"}};
-  for (const auto& arguments : fromFiles) {
-    const auto shown = Run(arguments);
-    EXPECT_EQ(shown.Status, 4) << arguments[0];
+  for (const char* line : {"show", "show languages", "template list", "link x", "phrase t --compare"}) {
+    const auto shown = Run(line);
+    EXPECT_EQ(shown.Status, 4) << line;
     EXPECT_EQ(shown.Err, "<test>/drives/c/Lexi: error: the registered configuration folder does not exist\n");
     EXPECT_EQ(shown.Out, "");
   }
-  EXPECT_EQ(Run({"show", "options"}).Status, 0);
+  EXPECT_EQ(Run("show options").Status, 0);
   for (const char* command : {"show", "options", "template"})
-    EXPECT_EQ(Run({command, "--config", ""}).Status, 2) << command;
+    EXPECT_EQ(Run(std::string(command) + " --config ''").Status, 2) << command;
 }
 
 TEST_F(ShowTest, ShowsWhatCouldBeLoaded) {
   Folder.Write("config/Templates/Third/config.xml", "<PageTemplate Name=\"Third\">\n  <PageLayout");
   Folder.Write("config/Templates/Zebra/config.xml", "<PageTemplate Name=\"Z\" Description=\"\"/>");
-  const auto shown = Show({"templates"});
+  const auto shown = Show("templates");
   EXPECT_EQ(shown.Status, 3);
   EXPECT_THAT(shown.Out, StartsWith("templates (1)\n└─ Small/er one\n"));
   EXPECT_THAT(shown.Err, HasSubstr("<test>/config/Templates/Third/config.xml:2:"));
@@ -241,20 +218,19 @@ TEST_F(ShowTest, ShowsWhatCouldBeLoaded) {
   EXPECT_THAT(shown.Err, HasSubstr(": error: "));
   EXPECT_THAT(shown.Err, HasSubstr("this file ends the load; files after it that are not read: 1\n"));
   // What the fault does not touch is shown without a word.
-  EXPECT_EQ(Show({"plugins"}).Status, 0);
-}
+  EXPECT_EQ(Show("plugins").Status, 0);
 
-TEST_F(ShowTest, ABadProfileDoesNotHideTheTemplates) {
+  std::filesystem::remove_all(Below("config/Templates/Third"));
   Folder.Write("config/Namespaces/second.xml", "<p Name=\"lw.core\"/>");
-  const auto shown = Show({"templates"});
-  EXPECT_EQ(shown.Status, 3);
-  EXPECT_THAT(shown.Err, HasSubstr("<test>/config/Namespaces/second.xml:1:"));
-  EXPECT_THAT(shown.Out, StartsWith("templates (1)\n"));
+  const auto second = Show("templates");
+  EXPECT_EQ(second.Status, 3);
+  EXPECT_THAT(second.Err, HasSubstr("<test>/config/Namespaces/second.xml:1:"));
+  EXPECT_THAT(second.Out, StartsWith("templates (2)\n"));
 }
 
 TEST_F(ShowTest, ADamagedRegistryIsAFileError) {
   Folder.Write("registry/machine.reg", "no registry\n");
-  const auto shown = Run({"show", "paths"});
+  const auto shown = Run("show paths");
   EXPECT_EQ(shown.Status, 4);
   EXPECT_THAT(shown.Err, StartsWith("<test>/registry/machine.reg:1:1: error: "));
 }
@@ -267,7 +243,7 @@ TEST_F(ShowTest, NodesInAParentLoopAreShownApart) {
     <NodeDef Key="N3" NodeCaptionTemplate="below" ParentKey="N2"/>
     <NodeDef Key="N4" NodeCaptionTemplate="fine"/>
   </TOCDefinition></PageTemplate>)");
-  const auto shown = Show({"templates/loop/contents/t"});
+  const auto shown = Show("templates/loop/contents/t");
   EXPECT_EQ(shown.Status, 3);
   EXPECT_EQ(shown.Err,
             "<test>/config/Templates/Loop/config.xml:3:6: warning: the parents of the node \"N1\" lead in a "
@@ -294,33 +270,42 @@ TEST_F(ShowTest, DeepTreesAreCutAndFoundAtAnyDepth) {
   for (int level = 1; level <= kLevels; ++level) definitions += "</lwnamespace>";
   Folder.Write("config/Namespaces/deep.xml", definitions + "</p>");
   Folder.Write("config/Templates/Deep/config.xml", nodes + "</TOCDefinition></PageTemplate>");
-  EXPECT_THAT(Show({"namespaces/deep", "--width", "80"}).Out,
-              HasSubstr("└─ deeper levels not shown (19800)\n"));
-  const auto contents = Show({"templates/deep/contents", "--json"});
+  EXPECT_THAT(Show("namespaces/deep --width 80").Out, HasSubstr("└─ deeper levels not shown (19800)\n"));
+  const auto contents = Show("templates/deep/contents --json");
   EXPECT_EQ(contents.Status, 0);
   EXPECT_THAT(contents.Out, HasSubstr("\"DeeperLevelsNotShown\": 19801\n"));
   // The last but one of either tree.
-  EXPECT_EQ(nlohmann::json::parse(Show({"namespaces/deep/d19999", "-j"}).Out)["ChildNamespaceDefs"].size(),
-            1u);
-  EXPECT_EQ(
-      nlohmann::json::parse(Show({"templates/deep/contents/t/n19999", "-j"}).Out)["ChildNodeDefs"].size(),
-      1u);
+  EXPECT_EQ(Json("show namespaces/deep/d19999")["ChildNamespaceDefs"].size(), 1u);
+  EXPECT_EQ(Json("show templates/deep/contents/t/n19999")["ChildNodeDefs"].size(), 1u);
 }
 
 TEST_F(ShowTest, HelpAndMisuse) {
-  const auto help = Run({});
+  const auto help = Run("");
   EXPECT_EQ(help.Status, 0);
-  EXPECT_EQ(help.Out, Run({"--help"}).Out);
+  EXPECT_EQ(help.Out, Run("--help").Out);
   for (const char* part : {"Usage: lwconfig", "LWCONFIG_REGISTRY", "Exit status:"})
     EXPECT_THAT(help.Out, HasSubstr(part));
-  EXPECT_THAT(Run({"show", "--help"}).Out, HasSubstr("templates/NAME/layouts"));
-  EXPECT_THAT(Run({"--version"}).Out, ::testing::MatchesRegex("lwconfig [0-9.]+\n"));
-  const auto misspelt = Run({"shwo"});
-  EXPECT_EQ(misspelt.Status, 2);
-  EXPECT_THAT(misspelt.Err, HasSubstr("did you mean 'show'?"));
-  for (const char* wrong : {"--width=3", "--color=red", "--nope"})
-    EXPECT_EQ(Show({wrong}).Status, 2) << wrong;
-  EXPECT_EQ(Show({"paths", "plugins"}).Status, 2);
+  EXPECT_THAT(Run("show --help").Out, HasSubstr("templates/NAME/layouts"));
+  EXPECT_THAT(Run("--version").Out, ::testing::MatchesRegex("lwconfig [0-9.]+\n"));
+  ExpectRefusals({{"shwo", 2, "did you mean 'show'?"},
+                  {"show --width=3", 2, ""},
+                  {"show --color=red", 2, ""},
+                  {"show --nope", 2, ""},
+                  {"show paths plugins", 2, ""}});
+}
+
+TEST_F(ShowTest, TheManualPageNamesEveryCommand) {
+  const std::string manual = platform::Files::Native().Read(LWCONFIG_MANUAL);
+  const std::string help = Run("--help").Out;
+  int count = 0;
+  for (const auto line : Split(std::string_view(help).substr(help.find("Commands:\n") + 10), "\n")) {
+    if (!line.starts_with("  ")) break;
+    if (line[2] == ' ') continue;  // the description goes on
+    const std::string name(line.substr(2, line.find(' ', 2) - 2));
+    EXPECT_THAT(manual, AnyOf(HasSubstr(".It Cm " + name), HasSubstr(" , Cm " + name)));
+    ++count;
+  }
+  EXPECT_GT(count, 10);
 }
 
 }  // namespace

@@ -4,9 +4,12 @@
 #include <vector>
 
 #include <fcntl.h>
+#include <gmock/gmock.h>
+#include <nlohmann/json.hpp>
 #include <pty.h>
 #include <sys/ioctl.h>
 #include <tests/platform/posix/private_host.h>
+#include <tools/lwconfig/members/words.h>
 
 namespace lwconfig::testing {
 
@@ -16,7 +19,15 @@ struct ToolResult {
   std::string Err;
 };
 
-/// Runs the built command in surroundings of its own, with a small configuration to show.
+/// A command that fails, its exit status and a part of what it says about that.
+struct Refusal {
+  std::string Line;
+  int Status;
+  std::string Message;
+};
+
+/// Runs the built command, whose line is read as a shell does, in surroundings of its own, with a small
+/// configuration to show.
 class ToolTest : public PrivateHost {
  protected:
   ToolTest() {
@@ -55,33 +66,48 @@ class ToolTest : public PrivateHost {
 </PageTemplate>)");
   }
 
-  /// Runs the command with `show --config` and the small configuration.
-  ToolResult Show(std::vector<std::string> arguments) {
-    arguments.insert(arguments.begin(), {"show", "--config", Below("config")});
-    return Run(arguments);
+  /// Runs the command on the small configuration.
+  ToolResult RunIn(const std::string& line, int output = -1) {
+    return Run(line + " --config " + Below("config"), output);
+  }
+  ToolResult Show(const std::string& what) { return RunIn("show " + what); }
+  /// What the command prints about the small configuration as JSON.
+  nlohmann::json Json(const std::string& line) {
+    const auto printed = RunIn(line + " --json");
+    EXPECT_EQ(printed.Status, 0) << line << printed.Err;
+    return nlohmann::json::parse(printed.Out);
+  }
+  /// Expects each of them to fail on the small configuration, printing nothing else.
+  void ExpectRefusals(const std::vector<Refusal>& refusals) {
+    for (const auto& [line, status, message] : refusals) {
+      const auto refused = RunIn(line);
+      EXPECT_EQ(refused.Status, status) << line << refused.Err;
+      EXPECT_THAT(refused.Err, ::testing::HasSubstr(message)) << line;
+      EXPECT_EQ(refused.Out, "") << line;
+    }
   }
 
   /// Standard output goes to the open file `output` where one is given.
-  ToolResult Run(const std::vector<std::string>& arguments, int output = -1) {
+  ToolResult Run(const std::string& line, int output = -1) {
     const std::string out = Below("out");
     const std::string err = Below("err");
     const pid_t process = StartProcess([&] {
       ::dup2(output >= 0 ? output : ::open(out.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0600), STDOUT_FILENO);
       ::dup2(::open(err.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0600), STDERR_FILENO);
-      return Execute(arguments);
+      return Execute(line);
     });
     const int status = ExitStatus(process);
     return {status, Read("out"), Read("err")};
   }
 
   /// What the command writes to a terminal so many columns wide; line ends are line feeds.
-  std::string RunOnTerminal(const std::vector<std::string>& arguments, unsigned short columns) {
+  std::string RunOnTerminal(const std::string& line, unsigned short columns) {
     winsize size{};
     size.ws_row = 24;
     size.ws_col = columns;
     int terminal = -1;
     const pid_t process = ::forkpty(&terminal, nullptr, nullptr, &size);
-    if (process == 0) ::_exit(Execute(arguments));
+    if (process == 0) ::_exit(Execute(line));
     std::string text;
     char part[4096];
     // A terminal whose other end has gone fails to be read.
@@ -104,9 +130,11 @@ class ToolTest : public PrivateHost {
  private:
   std::string Read(const char* name) const { return WithoutFolder(Folder.Read(name)); }
 
-  static int Execute(const std::vector<std::string>& arguments) {
+  static int Execute(const std::string& line) {
+    std::vector<tool::Word> words;
+    tool::WordReader(line).Next(words);
     std::vector<char*> argv{const_cast<char*>("lwconfig")};
-    for (const auto& argument : arguments) argv.push_back(const_cast<char*>(argument.c_str()));
+    for (auto& word : words) argv.push_back(word.Text.data());
     argv.push_back(nullptr);
     ::execv(LWCONFIG_COMMAND, argv.data());
     return 127;

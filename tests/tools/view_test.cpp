@@ -5,8 +5,6 @@
 #include <tools/lwconfig/view/tree_path.h>
 #include <tools/lwconfig/view/tree_text.h>
 
-#include <lwconfig/core/nearest.h>
-
 namespace lwconfig::tool {
 namespace {
 
@@ -46,15 +44,6 @@ TEST(StyledText, WrapsAtBlanksElseInsideWords) {
   EXPECT_THAT(Wrapped({{"to abcdefgh"}}, 4), ElementsAre("to", "abcd", "efgh"));
   EXPECT_THAT(Wrapped({{"日本"}}, 1), ElementsAre("日", "本"));
   EXPECT_THAT(Wrapped({}, 4), ElementsAre(""));
-}
-
-TEST(TreePath, SuggestsOnlyWhatIsNear) {
-  const std::vector<std::string> names{"Platform SDK", "VBTechDoc", "layouts"};
-  EXPECT_EQ(Nearest("VBTechDok", names), "VBTechDoc");
-  EXPECT_EQ(Nearest("platform", names), "Platform SDK");
-  EXPECT_EQ(Nearest("layotus", names), "layouts");
-  EXPECT_EQ(Nearest("something", names), "");
-  EXPECT_EQ(Nearest("", names), "");
 }
 
 TEST(TreePath, TheLongestOfSeveralMatchesCounts) {
