@@ -14,22 +14,18 @@ using testing::ErrorOf;
 class ApplicationValues : public testing::ConfigurationTest {};
 
 TEST_F(ApplicationValues, FoldersComeFromTheRegistryAsStoredNow) {
-  struct Row {
-    const char* Stored;
-    const char* Config;
-    const char* Common;
-  };
-  for (const Row& row :
+  using Row = std::tuple<const char*, const char*, const char*>;
+  for (const auto& [stored, config, common] :
        {Row{"C:\\Config\\", "C:\\Config", "C:\\Config\\"}, Row{"C:\\Config", "C:\\Config", "C:\\Config\\"},
         Row{"C:\\Config\\\\", "C:\\Config\\", "C:\\Config\\\\"}, Row{"", "", "\\"}, Row{"\\", "", "\\"}}) {
-    Register("ConfigPath", row.Stored);
-    Register("InstallPath4", row.Stored);
-    Registry.Write(Hive::LocalMachine, "software\\corvantis", "commonpath", {1, row.Stored});
-    EXPECT_EQ(ConfigPath(), row.Config);
-    EXPECT_EQ(AppPath(), row.Stored);
-    EXPECT_EQ(CommonPath(), row.Common);
+    Register("ConfigPath", stored);
+    Register("InstallPath4", stored);
+    Registry.Write(Hive::LocalMachine, "software\\corvantis", "commonpath", {1, stored});
+    EXPECT_EQ(ConfigPath(), config);
+    EXPECT_EQ(AppPath(), stored);
+    EXPECT_EQ(CommonPath(), common);
     EXPECT_EQ(Root().TemplatePath(),
-              std::string(row.Stored).size() > 1 ? "C:\\Config\\Templates" : "\\Templates");
+              std::string(stored).size() > 1 ? "C:\\Config\\Templates" : "\\Templates");
   }
 }
 

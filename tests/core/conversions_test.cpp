@@ -14,12 +14,8 @@ std::string Outcome(const Conversion<T>& conversion) {
 const std::string kManyZeros(400, '0');
 
 TEST(Conversions, ReadNumbers) {
-  struct Row {
-    std::string Text;
-    const char* Leading;
-    const char* Strict;
-  };
-  for (const Row& row :
+  using Row = std::tuple<std::string, const char*, const char*>;
+  for (const auto& [text, leading, strict] :
        {Row{"", "0", "error 13"}, Row{"  ", "0", "error 13"}, Row{"abc", "0", "error 13"},
         Row{"12abc", "12", "error 13"}, Row{"1 2", "1", "error 13"}, Row{"1,5", "1", "error 13"},
         Row{" 12 ", "12", "12"}, Row{"\t-12\r\n", "-12", "-12"}, Row{"+7", "7", "7"},
@@ -45,22 +41,19 @@ TEST(Conversions, ReadNumbers) {
             "12",
             "0", "error 13"},
         Row{"\xEF\xBC\x91", "0", "error 13"}}) {
-    EXPECT_EQ(Outcome(LeadingInteger(row.Text)), row.Leading) << '"' << row.Text << '"';
-    EXPECT_EQ(Outcome(StrictInteger(row.Text)), row.Strict) << '"' << row.Text << '"';
+    EXPECT_EQ(Outcome(LeadingInteger(text)), leading) << '"' << text << '"';
+    EXPECT_EQ(Outcome(StrictInteger(text)), strict) << '"' << text << '"';
   }
 }
 
 TEST(Conversions, ReadBooleans) {
-  struct Row {
-    const char* Text;
-    const char* Value;
-  };
-  for (const Row& row :
+  using Row = std::pair<const char*, const char*>;
+  for (const auto& [text, value] :
        {Row{"True", "True"}, Row{"tRUE", "True"}, Row{"FALSE", "False"}, Row{"0", "False"},
         Row{" 1 ", "True"}, Row{"-1", "True"}, Row{"0.3", "True"}, Row{"-0.0", "False"}, Row{"1e400", "True"},
         Row{"", "error 13"}, Row{"yes", "error 13"}, Row{"1x", "error 13"}, Row{"Truely", "error 13"}}) {
-    EXPECT_EQ(Outcome(TextToBoolean(row.Text)), row.Value) << row.Text;
-    EXPECT_EQ(ExactTrue(row.Text).Value, std::string_view(row.Text) == "True") << row.Text;
+    EXPECT_EQ(Outcome(TextToBoolean(text)), value) << text;
+    EXPECT_EQ(ExactTrue(text).Value, std::string_view(text) == "True") << text;
   }
 }
 

@@ -17,14 +17,8 @@ class DiskFiles : public testing::ConfigurationTest {
 };
 
 TEST(Paths, AreSplitAndJoined) {
-  struct Row {
-    const char* Path;
-    const char* Folder;
-    const char* BaseName;
-    const char* Extension;
-    const char* Joined;
-  };
-  for (const Row& row :
+  using Row = std::tuple<const char*, const char*, const char*, const char*, const char*>;
+  for (const auto& [path, folder, baseName, extension, joined] :
        {Row{"", "", "", "", ""},
         Row{"C:\\Config\\config.xml", "C:\\Config\\", "config", "xml", "C:\\Config\\config.xml"},
         Row{"C:/Config//Sub\\\\a.b.hhk", "C:\\Config\\Sub\\", "a.b", "hhk", "C:\\Config\\Sub\\a.b.hhk"},
@@ -35,11 +29,11 @@ TEST(Paths, AreSplitAndJoined) {
         Row{"name.xml", "", "name", "xml", "name.xml"}, Row{"\\.hidden", "\\", "", "hidden", "\\.hidden"},
         Row{"\\ends.", "\\", "ends.", "", "\\ends."},
         Row{"\\v2.0.50727", "\\", "v2.0", "50727", "\\v2.0.50727"}}) {
-    const DiskFile file{std::string_view(row.Path)};
-    EXPECT_EQ(file.FolderPath(), row.Folder) << row.Path;
-    EXPECT_EQ(file.BaseName(), row.BaseName) << row.Path;
-    EXPECT_EQ(file.Extension(), row.Extension) << row.Path;
-    EXPECT_EQ(file.FullPath(), row.Joined) << row.Path;
+    const DiskFile file{std::string_view(path)};
+    EXPECT_EQ(file.FolderPath(), folder) << path;
+    EXPECT_EQ(file.BaseName(), baseName) << path;
+    EXPECT_EQ(file.Extension(), extension) << path;
+    EXPECT_EQ(file.FullPath(), joined) << path;
   }
   DiskFile file("C:\\Config", "config", "xml");
   EXPECT_EQ(file.FullPath(), "C:\\Config\\config.xml");

@@ -34,24 +34,20 @@ class ErrorReporter : public testing::ConfigurationTest {
       return std::make_unique<Recorder>(Reports, onReport);
     });
   }
+  template <class Work>
+  static auto Publish(const Operation& operation, Work work) {
+    return RunPublished([&] { return operation; }, work);
+  }
   /// A published operation that changes something and then fails inside another one.
   int Fail() {
-    return RunPublished(
-        [&] {
-          return Operation{"PageTemplates", "Save", {}};
-        },
-        [&] {
-          return RunPublished(
-              [&] {
-                return Operation{"PageTemplate", "Load", {{"e", "<\"Element\">"}}};
-              },
-              [&]() -> int {
-                ++Changes;
-                Error failure(kDuplicateKey, "The key is used twice");
-                failure.SetPosition({"config.xml", 3, 14});
-                throw failure;
-              });
-        });
+    return Publish({"PageTemplates", "Save", {}}, [&] {
+      return Publish({"PageTemplate", "Load", {{"e", "<\"Element\">"}}}, [&]() -> int {
+        ++Changes;
+        Error failure(kDuplicateKey, "The key is used twice");
+        failure.SetPosition({"config.xml", 3, 14});
+        throw failure;
+      });
+    });
   }
   std::vector<std::string> Reports;
   int Changes = 0;
@@ -70,15 +66,10 @@ TEST_F(ErrorReporter, ShowsOneMessageAndReturnsNothingWithoutTheComponent) {
   for (const char* line : {"\nModule: PageTemplates", "\nProcedure: Save",
                            "\nLine Number: ", "config.xml:3:14: The key is used twice", "457"})
     EXPECT_THAT(Messages[0].Text, HasSubstr(line));
-  EXPECT_EQ(RunPublished(
-                [&] {
-                  return Operation{"A", "B", {}};
-                },
-                [] { return std::string("fine"); }),
-            "fine");
+  EXPECT_EQ(Publish({"A", "B", {}}, [] { return std::string("fine"); }), "fine");
   EXPECT_EQ(Messages.size(), 1U);
   // The next failure is reported again, and other exceptions too.
-  RunPublished([&] { return Operation{"A", "B", {}}; }, [] { throw std::runtime_error("of another kind"); });
+  Publish({"A", "B", {}}, [] { throw std::runtime_error("of another kind"); });
   ASSERT_EQ(Messages.size(), 2U);
   EXPECT_THAT(Messages[1].Text, HasSubstr("of another kind"));
 }
@@ -134,11 +125,7 @@ TEST_F(ErrorReporter, ReportsParametersWhateverTheyHold) {
        {std::string("<\"Element\">"), std::string("a\0b", 3), std::string("\xFF")}) {
     Reports.clear();
     const auto failure = ErrorOf([&] {
-      RunPublished(
-          [&] {
-            return Operation{"Root", "Item", {{"Key", value}}};
-          },
-          [] { throw Error(kTypeMismatch, "Type mismatch"); });
+      Publish({"Root", "Item", {{"Key", value}}}, [] { throw Error(kTypeMismatch, "Type mismatch"); });
     });
     EXPECT_EQ(failure.Number(), kReportedFailure) << failure.what();
     ASSERT_EQ(Reports.size(), 1U);

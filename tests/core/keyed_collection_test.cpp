@@ -25,10 +25,7 @@ TEST(KeyedCollection, FindsByKeyInAnyLetterCaseAndByPosition) {
   int id = 0;
   for (const char* key : {"Module", "Straße", "Ärger", "1", "", ""})
     things.Add(std::make_shared<Thing>(++id), key);
-  struct Row {
-    ItemKey Key;
-    int Id;  // 0: none
-  };
+  using Row = std::pair<ItemKey, int>;
   for (const auto& [key, found] :
        {Row{"module", 1}, Row{"STRASSE", 2}, Row{"äRGER", 3}, Row{"1", 4}, Row{1, 1}, Row{6, 6}, Row{0, 0},
         Row{-1, 0}, Row{7, 0}, Row{INT64_C(4294967297), 0}, Row{"", 0}, Row{"5", 0}, Row{"Modul", 0},

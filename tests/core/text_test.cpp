@@ -11,11 +11,8 @@ using ::testing::ElementsAre;
 using ::testing::StartsWith;
 
 TEST(TextFiles, AreDecodedByWhatTheySayAboutThemselves) {
-  struct Row {
-    std::string Bytes;
-    std::string Text;
-  };
-  for (const Row& row :
+  using Row = std::pair<std::string, std::string>;
+  for (const auto& [bytes, text] :
        {Row{"", ""}, Row{"plain", "plain"}, Row{"\xEF\xBB\xBF", ""}, Row{"\xEF\xBB\xBFgr\xC3\xBCn", "grün"},
         Row{"gr\xC3\xBCn \xF0\x9F\x93\x98", "grün 📘"}, Row{"\xFF\xFE", ""},
         Row{"\xFF\xFEg\0r\0\xFC\0n\0"s, "grün"}, Row{"\xFE\xFF\0g\0r\0\xFC\0n"s, "grün"},
@@ -37,7 +34,7 @@ TEST(TextFiles, AreDecodedByWhatTheySayAboutThemselves) {
         Row{"<?xml encoding='utf-16'?><a b='\xC3\xBC'/>", "<?xml encoding='utf-16'?><a b='ü'/>"},
         // The mark is no text, also where the rest is not what it promises.
         Row{"\xEF\xBB\xBFgr\xFCn", "grün"}}) {
-    EXPECT_EQ(DecodeText(row.Bytes), row.Text) << ::testing::PrintToString(row.Bytes);
+    EXPECT_EQ(DecodeText(bytes), text) << ::testing::PrintToString(bytes);
   }
   // A file cut in the middle of a character is still what its mark says.
   EXPECT_THAT(DecodeText("\xFF\xFE<\0a\0/\0>\0x"s), StartsWith("<a/>"));
@@ -45,17 +42,13 @@ TEST(TextFiles, AreDecodedByWhatTheySayAboutThemselves) {
 }
 
 TEST(Text, MatchesFilePatterns) {
-  struct Row {
-    const char* Name;
-    const char* Pattern;
-    bool Matches;
-  };
-  for (const Row& row :
+  using Row = std::tuple<const char*, const char*, bool>;
+  for (const auto& [name, pattern, matches] :
        {Row{"a.xml", "*.xml", true}, Row{"A.XML", "*.xml", true}, Row{"a.xmlx", "*.xml", false},
         Row{"axml", "*.xml", false}, Row{".xml", "*.xml", true}, Row{"a.xml.xml", "*.xml", true},
         Row{"noextension", "*.*", true}, Row{"", "*", true}, Row{"", "?", false}, Row{"grün", "GR?N", true},
         Row{"aXbXc", "a*b*c", true}, Row{"aXbX", "a*b*c", false}, Row{"ab", "a*b*", true}}) {
-    EXPECT_EQ(MatchesFilePattern(row.Name, row.Pattern), row.Matches) << row.Name << ' ' << row.Pattern;
+    EXPECT_EQ(MatchesFilePattern(name, pattern), matches) << name << ' ' << pattern;
   }
 }
 
@@ -77,17 +70,14 @@ TEST(StringTools, ExpandsPlaceholders) {
   values.Add("Lexi", "Name");
   values.Add("%%Name%%", "Nested");
   values.Add("", "Empty");
-  struct Row {
-    const char* Format;
-    const char* Expanded;
-  };
-  for (const Row& row :
+  using Row = std::pair<const char*, const char*>;
+  for (const auto& [format, expanded] :
        {Row{"", ""}, Row{"%%Name%%", "Lexi"}, Row{"a %%NAME%% b %%name%%", "a Lexi b Lexi"},
         Row{"%%Name%%%%Name%%", "LexiLexi"}, Row{"%%Nested%%Empty%%Empty%%", "%%Name%%Empty"},
         Row{"%%None%% %%Name%%", "%%None%% Lexi"}, Row{"%%None%%%%Name%%", "%%None%%Lexi"},
         Row{"100%% of %%Name%%", "100%% of Lexi"}, Row{"%%Name%% is 100%%", "Lexi is 100%%"},
         Row{"%%%%", "%%%%"}, Row{"%Name%", "%Name%"}, Row{"%%", "%%"}}) {
-    EXPECT_EQ(StringTools::ExpandPlaceholders(row.Format, values, "%%"), row.Expanded) << row.Format;
+    EXPECT_EQ(StringTools::ExpandPlaceholders(format, values, "%%"), expanded) << format;
   }
   EXPECT_EQ(StringTools::ExpandPlaceholders("%%Name%%", values, ""), "%%Name%%");
 }

@@ -102,13 +102,8 @@ TEST_F(XML, IsReadAndWrittenInAnyOrder) {
 }
 
 TEST_F(XML, KeepsWhatStandsBeforeAFault) {
-  struct Row {
-    const char* Text;
-    bool Parses;
-    const char* Root;
-    std::vector<std::string> Children;
-  };
-  for (const Row& row :
+  using Row = std::tuple<const char*, bool, const char*, std::vector<std::string>>;
+  for (const auto& [text, parses, root, children] :
        std::vector<Row>{{"", false, "", {}},
                         {"  \n", false, "", {}},
                         {"no markup", false, "", {}},
@@ -125,10 +120,10 @@ TEST_F(XML, KeepsWhatStandsBeforeAFault) {
                          "a",
                          {"b", "d"}}}) {
     XMLDocument document;
-    EXPECT_EQ(document.LoadXML(row.Text), row.Parses) << row.Text;
-    EXPECT_EQ(document.RootElement().Name(), row.Root) << row.Text;
-    EXPECT_EQ(ChildNames(document.RootElement()), row.Children) << row.Text;
-    EXPECT_EQ(document.RootElement().ParseFailure().empty(), row.Parses) << row.Text;
+    EXPECT_EQ(document.LoadXML(text), parses) << text;
+    EXPECT_EQ(document.RootElement().Name(), root) << text;
+    EXPECT_EQ(ChildNames(document.RootElement()), children) << text;
+    EXPECT_EQ(document.RootElement().ParseFailure().empty(), parses) << text;
   }
   // Every way to cut a document leaves one that can be read, and written where there is an element.
   const std::string whole = "<?xml version=\"1.0\"?><a b=\"&lt;ü\"><!-- c --><d><![CDATA[e]]></d>&#228;</a>";
@@ -210,18 +205,15 @@ TEST_F(XML, LooksUpAttributesWithoutRegardToLetterCase) {
 }
 
 TEST_F(XML, FailuresTellTheirPlaceInCharacters) {
-  struct Row {
-    const char* Text;
-    std::int32_t Line;
-    std::int32_t Column;
-  };
+  using Row = std::tuple<const char*, std::int32_t, std::int32_t>;
   Write("place.xml", "");
   DiskFile file(ConfigFolder() + "\\place.xml");
-  for (const Row& row : {Row{"<item/>", 1, 2}, Row{"<?xml version='1.0'?>\r\n\r\n  <item/>", 3, 4},
-                         Row{"<ä><ö x='grün &amp; rot'>\tüß</ö><item y='1'/></ä>", 1, 34},
-                         Row{"<a>\n<!-- ä\n ö --><item\n\n/></a>", 3, 8}}) {
+  for (const auto& [text, line, column] :
+       {Row{"<item/>", 1, 2}, Row{"<?xml version='1.0'?>\r\n\r\n  <item/>", 3, 4},
+        Row{"<ä><ö x='grün &amp; rot'>\tüß</ö><item y='1'/></ä>", 1, 34},
+        Row{"<a>\n<!-- ä\n ö --><item\n\n/></a>", 3, 8}}) {
     for (const bool withMark : {false, true}) {
-      Write("place.xml", (withMark ? "\xEF\xBB\xBF" : "") + std::string(row.Text));
+      Write("place.xml", (withMark ? "\xEF\xBB\xBF" : "") + std::string(text));
       const auto failure = ErrorOf([&] {
         ReadConfigurationFiles({file}, [](const DiskFile&, const XMLElement& root) {
           if (root.IsNamed("item")) root.Attributes().Item("Name");
@@ -231,14 +223,14 @@ TEST_F(XML, FailuresTellTheirPlaceInCharacters) {
       });
       EXPECT_EQ(failure.Number(), kInvalidCall);
       EXPECT_EQ(failure.Position().File, file.FullPath());
-      EXPECT_EQ(failure.Position().Line, row.Line) << row.Text;
-      EXPECT_EQ(failure.Position().Column, row.Column) << row.Text;
+      EXPECT_EQ(failure.Position().Line, line) << text;
+      EXPECT_EQ(failure.Position().Column, column) << text;
     }
-    XMLElement item = Parse(row.Text);
+    XMLElement item = Parse(text);
     for (const XMLElement child : XMLElement(item).Children())
       if (child.IsNamed("item")) item = child;
-    EXPECT_EQ(item.Position().Line, row.Line) << row.Text;
-    EXPECT_EQ(item.Position().Column, row.Column) << row.Text;
+    EXPECT_EQ(item.Position().Line, line) << text;
+    EXPECT_EQ(item.Position().Column, column) << text;
   }
   EXPECT_THAT(Diagnostics, ::testing::IsEmpty());
 

@@ -12,11 +12,7 @@ std::string TextIn(const std::string& text, bool keeps, bool isWellFormed = true
 }
 
 TEST(XMLText, IsKeptAsWritten) {
-  struct Row {
-    const char* Inside;
-    const char* Kept;
-    const char* Usual;
-  };
+  using Row = std::tuple<const char*, const char*, const char*>;
   for (const auto& [inside, kept, usual] :
        {Row{"", "", ""}, Row{"  ", "  ", ""}, Row{" a \r\n\tb ", " a \r\n\tb ", " a \n\tb "},
         Row{"&lt;b&gt; &#252;&nbsp;", "<b> ü&nbsp;", "<b> ü&nbsp;"},
