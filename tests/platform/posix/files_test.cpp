@@ -19,12 +19,8 @@ class FilesTest : public lwconfig::testing::PrivateHost {
 
 TEST_F(FilesTest, TranslatesTheProductsNotation) {
   const std::string drives = Below("drives");
-  struct Row {
-    std::string Product;
-    std::string Native;
-    std::string Back;
-  };
-  for (const Row& row : {
+  using Row = std::tuple<std::string, std::string, std::string>;
+  for (const auto& [product, native, back] : {
            Row{"C:\\Config\\x.xml", drives + "/c/Config/x.xml", "C:\\Config\\x.xml"},
            Row{"d:/Config//x.xml\\", drives + "/d/Config/x.xml", "D:\\Config\\x.xml"},
            Row{"C:", drives + "/c", "C:\\"},
@@ -38,8 +34,8 @@ TEST_F(FilesTest, TranslatesTheProductsNotation) {
            Row{"", "/", "\\"},
            Row{"1:\\no-such", "/1:/no-such", "\\1:\\no-such"},
        }) {
-    EXPECT_EQ(Host.NativePath(row.Product), row.Native);
-    EXPECT_EQ(Host.ProductPath(row.Native), row.Back);
+    EXPECT_EQ(Host.NativePath(product), native);
+    EXPECT_EQ(Host.ProductPath(native), back);
   }
   EXPECT_EQ(Host.ProductPath("some/../file"), Host.ProductPath("./file"));
   EXPECT_EQ(Host.ProductPath(drives + "/config/x"), Host.ProductPath(drives) + "\\config\\x");
@@ -59,19 +55,16 @@ TEST_F(FilesTest, FindsNamesInAnyLetterCase) {
   Folder.Write("drives/c/Config/Templates/Gr\xc3\xbcn.xml", "green");
   Folder.Write("drives/c/Config/config.xml", "small");
   Folder.Write("drives/c/Config/CONFIG.XML", "capital");
-  struct Row {
-    const char* Path;
-    const char* Content;
-  };
-  for (const Row& row : {
+  using Row = std::pair<const char*, const char*>;
+  for (const auto& [path, content] : {
            Row{"C:\\Config\\config.xml", "small"},
            Row{"c:\\CONFIG\\config.xml", "small"},
            Row{"C:\\config\\CONFIG.XML", "capital"},
            Row{"C:\\config\\Config.Xml", "capital"},
            Row{"C:\\config\\templates\\GR\xc3\x9cN.XML", "green"},
        }) {
-    EXPECT_EQ(Host.Read(row.Path), row.Content) << row.Path;
-    EXPECT_EQ(Host.Kind(row.Path), EntryKind::File) << row.Path;
+    EXPECT_EQ(Host.Read(path), content) << path;
+    EXPECT_EQ(Host.Kind(path), EntryKind::File) << path;
   }
   EXPECT_EQ(Host.Kind("C:\\CONFIG\\templates"), EntryKind::Folder);
   EXPECT_EQ(Host.Kind("C:\\CONFIG\\templates\\config.xml"), EntryKind::Missing);

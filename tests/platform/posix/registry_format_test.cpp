@@ -23,11 +23,8 @@ RegistryValue Text(std::string text) {
 }
 
 TEST_F(RegistryFormat, UnderstandsEveryFormOfAValue) {
-  struct Row {
-    std::string Lines;
-    std::optional<RegistryValue> Value;  // of "v"
-  };
-  for (const Row& row : {
+  using Row = std::pair<std::string, std::optional<RegistryValue>>;
+  for (const auto& [lines, value] : {
            Row{"\"v\"=\"text\"\n", Text("text")},
            Row{"  \"V\" = \"text\"  ; with a comment", Text("text")},
            Row{"\"v\"=\"C:\\\\a \\\"b\\\" ; c\"\r\n", Text("C:\\a \"b\" ; c")},
@@ -37,9 +34,8 @@ TEST_F(RegistryFormat, UnderstandsEveryFormOfAValue) {
            Row{"\"v\"=DWORD:ffffffff\n", RegistryValue{4, 0xffffffffU}},
            Row{"\"v\"=hex:\n", RegistryValue{3, Bytes{}}},
            Row{"\"v\"=hex:01,\\\r\n  fF,\\ \n\t2\n", RegistryValue{3, Bytes{1, 255, 2}}},
-           Row{"\"v\"=hex(2):25,00,e4,00,3d,d8,00,de,00,00\n", RegistryValue{2, "%\xc3\xa4\xf0\x9f\x98\x80"}},
-           Row{"\"v\"=hex(1):3d,d8,41,00,42\n", Text("\xef\xbf\xbd"
-                                                     "A\xef\xbf\xbd")},  // broken UTF-16
+           Row{"\"v\"=hex(2):25,00,e4,00,3d,d8,00,de,00,00\n", RegistryValue{2, "%ä😀"}},
+           Row{"\"v\"=hex(1):3d,d8,41,00,42\n", Text("\uFFFDA\uFFFD")},  // broken UTF-16
            Row{"\"v\"=hex(4):01,02,00,00\n", RegistryValue{4, 0x201U}},
            Row{"\"v\"=hex(7):61,00,00,00\n", RegistryValue{7, Bytes{0x61, 0, 0, 0}}},
            Row{"\"v\"=hex(ffff0010):\n", RegistryValue{0xffff0010U, Bytes{}}},
@@ -51,18 +47,16 @@ TEST_F(RegistryFormat, UnderstandsEveryFormOfAValue) {
            Row{"[HKLM\\Soft]\n\"v\"=\"1\"\n[HKEY_USERS\\Soft]\n\"v\"=\"2\"\n", std::nullopt},
            Row{"[HKCU\\Soft\\]\n;\"v\"=\"2\"\n\"v\"=\"3\"\n", Text("3")},
        }) {
-    SetText(kBegin + row.Lines);
-    EXPECT_EQ(Read("v"), row.Value) << row.Lines;
+    SetText(kBegin + lines);
+    EXPECT_EQ(Read("v"), value) << lines;
   }
-  SetText(kBegin + "@=\"default\"\n[HKCU\\Soft\\[a]] \n\"\xc3\x9c\\\\\"=\"odd\"");
+  SetText(kBegin + "@=\"default\"\n[HKCU\\Soft\\[a]] \n\"Ü\\\\\"=\"odd\"");
   EXPECT_EQ(Read(""), Text("default"));
-  EXPECT_EQ(Read("\xc3\xbc\\", "\\SOFT\\[A]\\"), Text("odd"));
+  EXPECT_EQ(Read("ü\\", "\\SOFT\\[A]\\"), Text("odd"));
 }
 
 TEST_F(RegistryFormat, AcceptsEveryEncoding) {
-  const std::string text = kBegin +
-                           "\"v\"=\"Gr\xc3\xbc\xc3\x9f"
-                           "e\"\n";
+  const std::string text = kBegin + "\"v\"=\"Grüße\"\n";
   std::string little = "\xff\xfe";
   std::string big = "\xfe\xff";
   std::string windows;
@@ -75,17 +69,16 @@ TEST_F(RegistryFormat, AcceptsEveryEncoding) {
   }
   for (const std::string& bytes : {text, "\xef\xbb\xbf" + text, little, big, windows}) {
     SetText(bytes);
-    EXPECT_EQ(Read("V"), Text("Gr\xc3\xbc\xc3\x9f"
-                              "e"));
-    Registry::Native().Write(Hive::CurrentUser, "Soft", "v", Text("\xe2\x82\xac"));
-    EXPECT_EQ(Read("V"), Text("\xe2\x82\xac"));
+    EXPECT_EQ(Read("V"), Text("Grüße"));
+    Registry::Native().Write(Hive::CurrentUser, "Soft", "v", Text("€"));
+    EXPECT_EQ(Read("V"), Text("€"));
   }
   SetText("REGEDIT4\r\n[HKEY_CURRENT_USER\\Soft]\r\n\"v\"=hex(2):fc,80,00\r\n");
-  EXPECT_EQ(Read("v"), (RegistryValue{2, "\xc3\xbc\xe2\x82\xac"}));
-  Registry::Native().Write(Hive::CurrentUser, "Soft", "v", {2, "%\xc3\xbc"});
+  EXPECT_EQ(Read("v"), (RegistryValue{2, "ü€"}));
+  Registry::Native().Write(Hive::CurrentUser, "Soft", "v", {2, "%ü"});
   EXPECT_EQ(Folder.Read("registry/user.reg"),
             "REGEDIT4\r\n[HKEY_CURRENT_USER\\Soft]\r\n\"v\"=hex(2):25,c3,bc,00\r\n");
-  EXPECT_EQ(Read("v"), (RegistryValue{2, "%\xc3\xbc"}));
+  EXPECT_EQ(Read("v"), (RegistryValue{2, "%ü"}));
 }
 
 TEST_F(RegistryFormat, TellsWhereAFileIsDamaged) {
@@ -105,9 +98,9 @@ TEST_F(RegistryFormat, TellsWhereAFileIsDamaged) {
            Row{kBegin + "[HKCU\\Soft \r\n", 4, 12, "expected ']', found the end of the line"},
            Row{kBegin + "[]\n", 4, 2, "expected the name of a key"},
            Row{kBegin + "[HKCU\\a] b\n", 4, 10, "expected the end of the line, found 'b'"},
-           Row{kBegin + "\"\xc3\xa4\xc3\xb6\" \"1\"\n", 4, 6, "expected '=', found '\"'"},
+           Row{kBegin + "\"äö\" \"1\"\n", 4, 6, "expected '=', found '\"'"},
            Row{kBegin + "\"v\"=\n", 4, 5, "expected a text in quotes"},
-           Row{kBegin + "\"v\"=\xe2\x82\xac\n", 4, 5, "found '\xe2\x82\xac'"},
+           Row{kBegin + "\"v\"=€\n", 4, 5, "found '€'"},
            Row{kBegin + "\"v\"=\"C:\\x\"\n", 4, 9, "after a backslash, found 'x'"},
            Row{kBegin + "\"v\"=\"a\nb\"x\n", 5, 3, "expected the end of the line, found 'x'"},
            Row{kBegin + "\n\"v\"=\"open\n\n", 5, 5, "expected a closing quote"},

@@ -96,10 +96,7 @@ TEST_F(RegistryTest, MakesSeveralChangesInOneStep) {
   const RegistryChange noKey{Kinds::DeletedKey, kUser, "k", {}, {}};
   const std::string begin = "REGEDIT4\r\n[HKCU\\K]\r\n";
   const std::string other = "[HKCU\\Ka]\r\n\"v\"=\"4\"";
-  const struct {
-    std::vector<RegistryChange> Changes;
-    std::string After;
-  } kRows[] = {
+  const std::pair<std::vector<RegistryChange>, std::string> kRows[] = {
       {{deleted("k", "V"), value("K", "w", "5")}, begin + "\"w\"=\"5\"\r\n" + other},
       {{value("K", "v", "5"), deleted("K", "v"), deleted("K", "none")}, begin + other},
       {{deleted("K", "v"), value("K", "v", "5")}, begin + "\"v\"=\"1\"\r\n\"V\"=\"5\" ; note\r\n" + other},

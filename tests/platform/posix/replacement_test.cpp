@@ -166,18 +166,15 @@ TEST_F(ReplacementTest, IsRefusedWhereThereIsNoPermission) {
       return FailureOf([&] { Host.Replace(kTarget); });
     }));
   };
-  struct Row {
-    mode_t Folder;
-    mode_t File;
-    int Failure;
-  };
+  using Row = std::tuple<mode_t, mode_t, int>;
   // A temporary that may be written is no way around a folder that may not.
   Folder.Write("drives/c/save/.Target.xml.lwtmp", "");
   ::chmod((folder + "/.Target.xml.lwtmp").c_str(), 0666);
-  for (const Row& row : {Row{0777, 0444, EACCES}, Row{0555, 0666, EACCES}, Row{0777, 0666, 0}}) {
-    ::chmod(folder.c_str(), row.Folder);
-    ::chmod((folder + "/Target.xml").c_str(), row.File);
-    EXPECT_EQ(replaceAsNobody(), row.Failure) << std::oct << row.Folder << ' ' << row.File;
+  for (const auto& [folderMode, fileMode, failure] :
+       {Row{0777, 0444, EACCES}, Row{0555, 0666, EACCES}, Row{0777, 0666, 0}}) {
+    ::chmod(folder.c_str(), folderMode);
+    ::chmod((folder + "/Target.xml").c_str(), fileMode);
+    EXPECT_EQ(replaceAsNobody(), failure) << std::oct << folderMode << ' ' << fileMode;
   }
 }
 
