@@ -22,11 +22,7 @@ class Phrases : public testing::ConfigurationTest {
 
 TEST_F(Phrases, ComeFromLinesOrFromADocument) {
   using Strings = std::vector<std::string>;
-  struct Row {
-    const char* File;
-    Strings Names;
-    Strings Texts;
-  };
+  using Row = std::tuple<const char*, Strings, Strings>;
   for (const auto& [file, names, texts] :
        {Row{"", {}, {}}, Row{"Title~Contents\r\ntitle~Other\r\n", {"Title"}, {"Contents"}},
         Row{"\r\nA~x~y\r\n\r\nB\r\nC~\r\nD~~y\r\n", {"A", "B", "C", "D"}, {"x", "", "", ""}},
