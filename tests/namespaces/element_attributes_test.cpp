@@ -17,12 +17,9 @@ Pairs All(const ElementAttributes& attributes) {
 }
 
 TEST(ElementAttributes, AreSplitAtBlanks) {
-  struct Row {
-    const char* Text;
-    Pairs Attributes;
-  };
+  using Row = std::pair<const char*, Pairs>;
   // Where there is a "=", the end of the text adds an empty attribute.
-  for (const Row& row :
+  for (const auto& [text, pairs] :
        {Row{"Title=Hello", {{"Title", "Hello"}, {"", ""}}},
         Row{"Title=Hello ", {{"Title", "Hello"}, {"", ""}}},
         Row{" a=1  b=2", {{"", ""}, {"a", "1"}, {"", ""}, {"b", "2"}, {"", ""}}},
@@ -38,8 +35,8 @@ TEST(ElementAttributes, AreSplitAtBlanks) {
         Row{"a=1 b=\"2 3", {{"a", "1"}, {"b", "2 3"}}}, Row{"a=1 \"", {{"a", "1"}, {"", ""}}},
         Row{"a=\"x=y\tü\"", {{"a", "x=y\tü"}, {"", ""}}}}) {
     ElementAttributes attributes;
-    EXPECT_EQ(attributes.Parse(row.Text), static_cast<int>(row.Attributes.size())) << row.Text;
-    EXPECT_EQ(All(attributes), row.Attributes) << row.Text;
+    EXPECT_EQ(attributes.Parse(text), static_cast<int>(pairs.size())) << text;
+    EXPECT_EQ(All(attributes), pairs) << text;
   }
 }
 
@@ -47,17 +44,14 @@ TEST(ElementAttributes, AreFoundByPositionOrName) {
   ElementAttributes attributes;
   EXPECT_EQ(attributes.AttributeData(1) + attributes.AttributeName("") + attributes.AttributeData(0), "");
   attributes.Parse("Title=a TITLE=b 0=zero 2x=c größe=d 0.4=e --5=f =g");
-  struct Row {
-    ItemKey Index;
-    const char* Value;
-  };
-  for (const Row& row :
+  using Row = std::pair<ItemKey, const char*>;
+  for (const auto& [index, value] :
        {Row{1, "a"},      Row{2, "b"},      Row{9, ""},      Row{10, ""},       Row{-1, ""},
         Row{0, "zero"},   Row{"0", "zero"}, Row{"00", ""},   Row{"title", "a"}, Row{"GRÖSSE", "d"},
         Row{"none", ""},  Row{"2", "b"},    Row{" 2 ", "b"}, Row{"1.5", "b"},   Row{"2x", ""},
         Row{"-5", ""},    Row{"0.4", ""},   Row{40000, ""},  Row{"40000", ""},  Row{"99999999999", ""},
         Row{"1e999", ""}, Row{"", "g"},     Row{{}, "g"}}) {
-    EXPECT_EQ(attributes.AttributeData(row.Index), row.Value) << row.Index.Description();
+    EXPECT_EQ(attributes.AttributeData(index), value) << index.Description();
   }
   EXPECT_EQ(attributes.AttributeName("TITLE"), "Title");
 }

@@ -60,20 +60,17 @@ TEST(NamespaceDefs, LoadProfilesAndTheirDefinitions) {
 }
 
 TEST(NamespaceDefs, KeepWhatWasReadBeforeAFailure) {
-  struct Row {
-    std::string Children;
-    std::int32_t Error;
-    std::int32_t Line;
-  };
+  using Row = std::tuple<std::string, std::int32_t, std::int32_t>;
   const std::string a = Definition("A");
-  for (const Row& row : {Row{a + "<x/>\n" + Definition("a"), kDuplicateKey, 2},
-                         Row{a + "\n\n<lwnamespace Name='B' Handler=''/>", kInvalidCall, 3},
-                         Row{a + Definition("B", "\n<x Name='B1' Caption=''/>"), kInvalidCall, 2}}) {
+  for (const auto& [children, error, line] :
+       {Row{a + "<x/>\n" + Definition("a"), kDuplicateKey, 2},
+        Row{a + "\n\n<lwnamespace Name='B' Handler=''/>", kInvalidCall, 3},
+        Row{a + Definition("B", "\n<x Name='B1' Caption=''/>"), kInvalidCall, 2}}) {
     const auto profile = std::make_shared<NamespaceDefs>();
-    const auto e = Parse("<profile Name='P'>" + row.Children + "</profile>");
+    const auto e = Parse("<profile Name='P'>" + children + "</profile>");
     const auto failure = ErrorOf([&] { profile->Load(e); });
-    EXPECT_EQ(failure.Number(), row.Error);
-    EXPECT_EQ(failure.Position().Line, row.Line) << row.Children;
+    EXPECT_EQ(failure.Number(), error);
+    EXPECT_EQ(failure.Position().Line, line) << children;
     EXPECT_THAT(NamesOf(*profile), ElementsAre("A"));
   }
   // Of nested siblings the first stays; the nested ones complete before a failure do too.
@@ -202,21 +199,19 @@ TEST(ElementDefs, ShareTheCommonAttributesBeforeThem) {
 }
 
 TEST(ElementDefs, KeepWhatWasReadBeforeAFailure) {
-  struct Row {
-    const char* Children;
-    std::int32_t Error;
-  };
-  for (const Row& row : {Row{"<lwelement/>", kInvalidCall},
-                         Row{"<lwelement Name='B'><attribute Name='x'/></lwelement>", kInvalidCall},
-                         Row{"<lwelement Name='B'><attribute Name='x' Description=''/><attribute Name='X' "
-                             "Description=''/></lwelement>",
-                             kDuplicateKey},
-                         Row{"<commonattributes><attribute Name='x' Description=''/><attribute Name='X' "
-                             "Description=''/></commonattributes>",
-                             kDuplicateKey}}) {
+  using Row = std::pair<const char*, std::int32_t>;
+  for (const auto& [children, error] :
+       {Row{"<lwelement/>", kInvalidCall},
+        Row{"<lwelement Name='B'><attribute Name='x'/></lwelement>", kInvalidCall},
+        Row{"<lwelement Name='B'><attribute Name='x' Description=''/><attribute Name='X' "
+            "Description=''/></lwelement>",
+            kDuplicateKey},
+        Row{"<commonattributes><attribute Name='x' Description=''/><attribute Name='X' "
+            "Description=''/></commonattributes>",
+            kDuplicateKey}}) {
     ElementDefs elements;
-    const auto e = Parse("<lwelements><lwelement Name='A'/>" + std::string(row.Children) + "</lwelements>");
-    EXPECT_EQ(ErrorOf([&] { elements.Load(e, nullptr); }).Number(), row.Error) << row.Children;
+    const auto e = Parse("<lwelements><lwelement Name='A'/>" + std::string(children) + "</lwelements>");
+    EXPECT_EQ(ErrorOf([&] { elements.Load(e, nullptr); }).Number(), error) << children;
     EXPECT_THAT(Each(elements, &ElementDef::Name), ElementsAre("A"));
   }
 }
