@@ -20,12 +20,7 @@ using ::testing::HasSubstr;
 using ::testing::StartsWith;
 
 TEST(Contracts, ComeFromTheHeaders) {
-  const struct {
-    const char* What;
-    const char* Owner;
-    const char* Member;
-    const char* Text;
-  } kRows[] = {
+  const std::tuple<const char*, const char*, const char*, const char*> kRows[] = {
       {"of a class", "VariableDefs", "", "The variables of a template, filed under their names."},
       {"beside a member", "PageTemplate", "RootFolder", "The template's folder, with trailing backslash."},
       {"above several members", "Root", "VBOptions",
@@ -49,7 +44,7 @@ TEST(Contracts, ComeFromTheHeaders) {
       {"of an event", "PageLayouts", "ContentsChange", "Raised at the end of every `Add` that succeeded."},
       {"of a value", "NodeTypeEnum", "ntSmart", "repeats for every code element of one kind"},
       {"of nothing", "VariableDefs", "Colour", ""}};
-  for (const auto& row : kRows) EXPECT_EQ(Contract(row.Owner, row.Member), row.Text) << row.What;
+  for (const auto& [what, owner, member, text] : kRows) EXPECT_EQ(Contract(owner, member), text) << what;
   EXPECT_EQ(Summary(Contract("Root", "VBOptions")), "The user's options.");
 }
 
