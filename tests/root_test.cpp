@@ -113,18 +113,14 @@ TEST_F(RootTest, ChoosesTheFirstTemplateThatFits) {
   AddTemplate("A", "SupportedItemTypes='binary'", "LW.Core,Other");
   AddTemplate("B", "SupportedItemTypes='source,binary'", "other,LW.Core,Other");
   AddTemplate("C", "SupportedItemTypes='quelle'", "Größe");
-  struct Row {
-    const char* Profile;
-    const char* Supports;
-    const char* Name;
-  };
+  using Row = std::tuple<const char*, const char*, const char*>;
   Root root;
-  for (const Row& row :
+  for (const auto& [profile, supports, name] :
        {Row{"LW.Core", "", "A"}, Row{"lw.CORE", "", "A"}, Row{"Other", "SOURCE", "B"},
         Row{"LW.Core", "ource,bin", "B"}, Row{"LW.Core", "bin", "A"}, Row{"LW.Core", "quelle", ""},
         Row{"GRÖSSE", "", "C"}, Row{"LW", "", ""}, Row{"", "", ""}}) {
-    const auto found = root.GetDefaultTemplate(row.Profile, row.Supports);
-    EXPECT_EQ(found ? found->Name : "", row.Name) << row.Profile << ' ' << row.Supports;
+    const auto found = root.GetDefaultTemplate(profile, supports);
+    EXPECT_EQ(found ? found->Name : "", name) << profile << ' ' << supports;
   }
 }
 

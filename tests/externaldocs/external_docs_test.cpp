@@ -123,24 +123,18 @@ TEST(ExternalDocs, ChooseTheFormatByTheKindOfHelp) {
 }
 
 TEST(ExternalDocs, MatchDifferentPartsOfAName) {
-  struct Row {
-    const char* Pattern;
-    const char* Name;
-    bool Link;
-    bool IsAvailable;  // the same for member links
-    bool URL;
-  };
-  for (const Row& row :
+  using Row = std::tuple<const char*, const char*, bool, bool, bool>;
+  for (const auto& [pattern, name, link, isAvailable, url] :
        {Row{"System.*", "System.A", true, false, true}, Row{"System.*", "System.Xml.A", true, true, true},
         Row{"System", "System.A", false, true, false}, Row{"System.Xml", "System.Xml.A", true, true, false},
         Row{".", "A", true, false, false}, Row{"", "A", false, true, false},
         Row{"A", "A", false, false, true}, Row{"system.*", "System.A", false, false, false}}) {
     ExternalDocs docs;
-    docs.Add(Formats(row.Pattern, "found"));
-    EXPECT_EQ(docs.Link(row.Name, "", false) != "", row.Link) << row.Name;
-    for (int i = 0; i < 2; ++i) EXPECT_EQ(docs.IsLinkAvailable(row.Name), row.IsAvailable) << row.Name;
-    EXPECT_EQ(docs.MemberLink(row.Name, "", "", false) != "", row.IsAvailable) << row.Name;
-    EXPECT_EQ(docs.URL(row.Name) != "", row.URL) << row.Name;
+    docs.Add(Formats(pattern, "found"));
+    EXPECT_EQ(docs.Link(name, "", false) != "", link) << name;
+    for (int i = 0; i < 2; ++i) EXPECT_EQ(docs.IsLinkAvailable(name), isAvailable) << name;
+    EXPECT_EQ(docs.MemberLink(name, "", "", false) != "", isAvailable) << name;
+    EXPECT_EQ(docs.URL(name) != "", url) << name;
   }
 }
 

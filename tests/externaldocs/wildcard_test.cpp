@@ -9,12 +9,8 @@ namespace lwconfig {
 namespace {
 
 TEST(Wildcard, MatchesTheWholeText) {
-  struct Row {
-    const char* Pattern;
-    std::vector<const char*> Matching;
-    std::vector<const char*> Other;
-  };
-  for (const Row& row :
+  using Row = std::tuple<const char*, std::vector<const char*>, std::vector<const char*>>;
+  for (const auto& [pattern, matching, other] :
        {Row{"", {""}, {"a"}}, Row{"System", {"System"}, {"system", "System.Xml", "xSystem", ""}},
         Row{"System.*", {"System.", "System.Xml"}, {"System", "xSystem."}}, Row{"**", {"", "x"}, {}},
         Row{"*.Xml", {"System.Xml.Xml"}, {"System.Xml.XPath", "Xml"}}, Row{"*ab", {"aab"}, {"aba"}},
@@ -31,10 +27,8 @@ TEST(Wildcard, MatchesTheWholeText) {
         Row{"[ab", {"[ab"}, {"a", "b"}}, Row{"]*[", {"]x["}, {"x"}}, Row{"[a]]", {"a]"}, {"a", "]"}},
         Row{"[]", {}, {"", "[]", "x"}}, Row{"[!]", {"!", "x"}, {"", "[!]"}},
         Row{"[z-a]", {}, {"m", "z", "-"}}, Row{"[!z-a]", {"m"}, {""}}}) {
-    for (const char* text : row.Matching)
-      EXPECT_TRUE(MatchesWildcard(text, row.Pattern)) << row.Pattern << text;
-    for (const char* text : row.Other)
-      EXPECT_FALSE(MatchesWildcard(text, row.Pattern)) << row.Pattern << text;
+    for (const char* text : matching) EXPECT_TRUE(MatchesWildcard(text, pattern)) << pattern << text;
+    for (const char* text : other) EXPECT_FALSE(MatchesWildcard(text, pattern)) << pattern << text;
   }
 }
 

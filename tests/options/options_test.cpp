@@ -95,12 +95,8 @@ std::string Reading(const AnyOption& option) {
 }
 
 TEST_F(OptionsTest, ReadTextsOfTheirForm) {
-  struct Row {
-    const AnyOption& Option;
-    const char* Stored;
-    const char* Reading;
-  };
-  for (const Row& row :
+  using Row = std::tuple<const AnyOption&, const char*, const char*>;
+  for (const auto& [option, stored, reading] :
        {Row{VSNET.WrapCharacters, " -2 ", "-2"}, Row{VSNET.WrapCharacters, "2.5", "2"},
         Row{VSNET.WrapCharacters, "3.5", "4"}, Row{VSNET.WrapCharacters, "2x", "error 13"},
         Row{VSNET.WrapCharacters, "2147483648", "error 6"}, Row{VB.ToolbarStyle, "-1", "-1"},
@@ -109,8 +105,8 @@ TEST_F(OptionsTest, ReadTextsOfTheirForm) {
         Row{VB.IncludeSpace, "1", "False"}, Row{VB.IncludeSpace, "x", "False"},
         Row{VB.Grouped, "FALSE", "False"}, Row{VB.Grouped, "-0.5", "True"}, Row{VB.Grouped, "0", "False"},
         Row{VB.Grouped, "yes", "error 13"}, Row{VB.PreviewTemplate, " ü\t", " ü\t"}}) {
-    SetAppValue(row.Option.ValueName(), row.Stored, row.Option.Section());
-    EXPECT_EQ(Reading(row.Option), row.Reading) << row.Option.Name() << row.Stored;
+    SetAppValue(option.ValueName(), stored, option.Section());
+    EXPECT_EQ(Reading(option), reading) << option.Name() << stored;
   }
   EXPECT_THAT(ErrorOf([&] { VB.ToolbarStyle.Get(); }).what(),
               HasSubstr("The option VB\\ToolbarStyle is stored as \"x\", which is not a number"));

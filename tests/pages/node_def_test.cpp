@@ -47,16 +47,13 @@ TEST_F(Nodes, TakeKeysAboveEveryLoadedOne) {
   EXPECT_EQ(NumberOf(NodeDef()), first + 44);
   Loaded("Key='ß" + std::to_string(first + 50) + ".4'");
   EXPECT_EQ(NumberOf(NodeDef()), first + 51);
-  struct Row {
-    const char* Key;
-    std::int32_t Error;
-  };
-  for (const Row& row : {Row{"", kTypeMismatch}, Row{"N", kTypeMismatch}, Row{"Node1", kTypeMismatch},
-                         Row{"N99999999999", kOverflow}}) {
+  using Row = std::pair<const char*, std::int32_t>;
+  for (const auto& [key, error] : {Row{"", kTypeMismatch}, Row{"N", kTypeMismatch},
+                                   Row{"Node1", kTypeMismatch}, Row{"N99999999999", kOverflow}}) {
     NodeDef node;
-    const auto e = Parse("<NodeDef Key='" + std::string(row.Key) + "' DependantOn='3'/>");
-    EXPECT_EQ(ErrorOf([&] { node.Load(e, Toc); }).Number(), row.Error) << row.Key;
-    EXPECT_EQ(node.Key, row.Key);
+    const auto e = Parse("<NodeDef Key='" + std::string(key) + "' DependantOn='3'/>");
+    EXPECT_EQ(ErrorOf([&] { node.Load(e, Toc); }).Number(), error) << key;
+    EXPECT_EQ(node.Key, key);
     EXPECT_EQ(node.DependantOn, 0);
     EXPECT_EQ(node.TOCDefinition(), Toc);
   }

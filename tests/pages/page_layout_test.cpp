@@ -127,23 +127,21 @@ TEST(PageLayouts, TellEveryAdditionThatSucceeded) {
 }
 
 TEST(VariableDefs, LoadWhatTheySave) {
-  struct Row {
-    const char* Attributes;
-    const char* Saved;
-  };
-  for (const Row& row : {Row{"Name='Footer' Description='d'",
-                             "Name=\"Footer\" Type=\"0\" Caption=\"Footer\" Description=\"d\" "
-                             "Defaultvalue=\"\""},
-                         Row{"Name='F' Description='' Caption='' Type='4' DefaultValue='a&#9;b'",
-                             "Name=\"F\" Type=\"4\" Caption=\"F\" Description=\"\" Defaultvalue=\"a&#09;b\""},
-                         Row{"Name='F' Description='' Caption='C' Type='Color'",
-                             "Name=\"F\" Type=\"0\" Caption=\"C\" Description=\"\" Defaultvalue=\"\""},
-                         Row{"Name='F' Description='' Caption='C' Type='99'",
-                             "Name=\"F\" Type=\"99\" Caption=\"C\" Description=\"\" Defaultvalue=\"\""}}) {
+  using Row = std::pair<const char*, const char*>;
+  for (const auto& [attributes, savedText] :
+       {Row{"Name='Footer' Description='d'",
+            "Name=\"Footer\" Type=\"0\" Caption=\"Footer\" Description=\"d\" "
+            "Defaultvalue=\"\""},
+        Row{"Name='F' Description='' Caption='' Type='4' DefaultValue='a&#9;b'",
+            "Name=\"F\" Type=\"4\" Caption=\"F\" Description=\"\" Defaultvalue=\"a&#09;b\""},
+        Row{"Name='F' Description='' Caption='C' Type='Color'",
+            "Name=\"F\" Type=\"0\" Caption=\"C\" Description=\"\" Defaultvalue=\"\""},
+        Row{"Name='F' Description='' Caption='C' Type='99'",
+            "Name=\"F\" Type=\"99\" Caption=\"C\" Description=\"\" Defaultvalue=\"\""}}) {
     VariableDef variable;
-    variable.Load(Parse("<VariableDef " + std::string(row.Attributes) + "/>"), nullptr);
+    variable.Load(Parse("<VariableDef " + std::string(attributes) + "/>"), nullptr);
     const std::string saved = Saved(*variable.Clone());
-    EXPECT_EQ(saved, Normal("<VariableDef " + std::string(row.Saved) + "/>"));
+    EXPECT_EQ(saved, Normal("<VariableDef " + std::string(savedText) + "/>"));
     VariableDef again;
     again.Load(Parse(saved), nullptr);
     EXPECT_EQ(Saved(again), saved);
