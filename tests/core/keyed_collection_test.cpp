@@ -124,16 +124,10 @@ TEST(KeyedList, IsWholeWhenAValueEnds) {
 
 // The same random steps on the collection and on a plain list of what should be in it.
 TEST(KeyedCollection, AgreesWithAPlainListOverManySteps) {
-  struct Spelling {
-    const char* Text;
-    int Meaning;
-  };
-  std::vector<Spelling> spellings{{"Straße", 0}, {"STRASSE", 0}, {"Äpfel", 1},
-                                  {"äPFEL", 1},  {"Σίσυφος", 2}, {"ΣΊΣΥΦΟΣ", 2}};
-  std::vector<std::string> numbered;
-  for (int i = 0; i < 40; ++i) numbered.push_back((i % 2 == 0 ? "Key" : "KEY") + std::to_string(i / 2));
-  for (std::size_t i = 0; i < numbered.size(); ++i)
-    spellings.push_back({numbered[i].c_str(), 3 + static_cast<int>(i) / 2});
+  std::vector<std::pair<std::string, int>> spellings{{"Straße", 0}, {"STRASSE", 0}, {"Äpfel", 1},
+                                                     {"äPFEL", 1},  {"Σίσυφος", 2}, {"ΣΊΣΥΦΟΣ", 2}};
+  for (int i = 0; i < 40; ++i)
+    spellings.emplace_back((i % 2 == 0 ? "Key" : "KEY") + std::to_string(i / 2), 3 + i / 2);
 
   struct Entry {
     int Id;
@@ -149,33 +143,35 @@ TEST(KeyedCollection, AgreesWithAPlainListOverManySteps) {
   };
   for (int step = 0; step < 6000; ++step) {
     // Some item by key or position, which may name none.
-    const Spelling& named = spellings[below(spellings.size())];
+    const auto& [name, meaningOfName] = spellings[below(spellings.size())];
     const bool byKey = below(2) == 0;
     const std::size_t position = below(list.size() + 2);
-    const ItemKey key = byKey ? ItemKey(named.Text) : ItemKey(position);
-    const std::size_t place = byKey ? placeOf(named.Meaning) : position - 1;
+    const ItemKey key = byKey ? ItemKey(name) : ItemKey(position);
+    const std::size_t place = byKey ? placeOf(meaningOfName) : position - 1;
     const bool exists = place < list.size();
-    bool fails = false;
-    const auto run = [&](auto change) {
+    const auto fails = [](auto change) {
       try {
         change();
+        return false;
       } catch (const Error&) {
-        fails = true;
+        return true;
       }
     };
     if (below(list.size() > 30 ? 2 : 4) == 0) {
-      run([&] { things.Remove(key); });
-      ASSERT_EQ(fails, !exists) << step;
+      ASSERT_EQ(fails([&] { things.Remove(key); }), !exists) << step;
       if (exists) list.erase(list.begin() + static_cast<std::ptrdiff_t>(place));
     } else {
-      const Spelling fresh = below(4) == 0 ? Spelling{"", -1} : spellings[below(spellings.size())];
+      const auto fresh = below(4) == 0 ? std::pair(std::string(), -1) : spellings[below(spellings.size())];
       const std::size_t where = below(3);  // at the end, before or after
       const auto thing = std::make_shared<Thing>(step);
-      run([&] { things.Add(thing, fresh.Text, where == 1 ? key : ItemKey(), where == 2 ? key : ItemKey()); });
-      const bool duplicate = fresh.Meaning >= 0 && placeOf(fresh.Meaning) < list.size();
-      ASSERT_EQ(fails, duplicate || (where != 0 && !exists)) << step;
+      const bool isRefused = fails([&] {
+        things.Add(thing, fresh.first, where == 1 ? key : ItemKey(), where == 2 ? key : ItemKey());
+      });
+      const bool duplicate = fresh.second >= 0 && placeOf(fresh.second) < list.size();
+      ASSERT_EQ(isRefused, duplicate || (where != 0 && !exists)) << step;
       const std::size_t target = where == 0 ? list.size() : place + (where == 2 ? 1 : 0);
-      if (!fails) list.insert(list.begin() + static_cast<std::ptrdiff_t>(target), Entry{step, fresh.Meaning});
+      if (!isRefused)
+        list.insert(list.begin() + static_cast<std::ptrdiff_t>(target), Entry{step, fresh.second});
     }
     std::vector<int> expected;
     for (const auto& entry : list) expected.push_back(entry.Id);

@@ -206,31 +206,29 @@ TEST_F(XML, LooksUpAttributesWithoutRegardToLetterCase) {
 
 TEST_F(XML, FailuresTellTheirPlaceInCharacters) {
   using Row = std::tuple<const char*, std::int32_t, std::int32_t>;
-  Write("place.xml", "");
-  DiskFile file(ConfigFolder() + "\\place.xml");
+  const DiskFile file(ConfigFolder() + "\\place.xml");
+  const auto itemIn = [](const XMLElement& root) {
+    for (XMLElement child : root.Children())
+      if (child.IsNamed("item")) return child;
+    return root;
+  };
   for (const auto& [text, line, column] :
        {Row{"<item/>", 1, 2}, Row{"<?xml version='1.0'?>\r\n\r\n  <item/>", 3, 4},
         Row{"<ä><ö x='grün &amp; rot'>\tüß</ö><item y='1'/></ä>", 1, 34},
         Row{"<a>\n<!-- ä\n ö --><item\n\n/></a>", 3, 8}}) {
-    for (const bool withMark : {false, true}) {
-      Write("place.xml", (withMark ? "\xEF\xBB\xBF" : "") + std::string(text));
+    const std::pair place(line, column);
+    for (const char* mark : {"", "\xEF\xBB\xBF"}) {
+      Write("place.xml", std::string(mark) + text);
       const auto failure = ErrorOf([&] {
-        ReadConfigurationFiles({file}, [](const DiskFile&, const XMLElement& root) {
-          if (root.IsNamed("item")) root.Attributes().Item("Name");
-          for (const XMLElement child : root.Children())
-            if (child.IsNamed("item")) child.Attributes().Item("Name");
-        });
+        ReadConfigurationFiles(
+            {file}, [&](const DiskFile&, const XMLElement& root) { itemIn(root).Attributes().Item("Name"); });
       });
       EXPECT_EQ(failure.Number(), kInvalidCall);
       EXPECT_EQ(failure.Position().File, file.FullPath());
-      EXPECT_EQ(failure.Position().Line, line) << text;
-      EXPECT_EQ(failure.Position().Column, column) << text;
+      EXPECT_EQ(std::pair(failure.Position().Line, failure.Position().Column), place) << text;
     }
-    XMLElement item = Parse(text);
-    for (const XMLElement child : XMLElement(item).Children())
-      if (child.IsNamed("item")) item = child;
-    EXPECT_EQ(item.Position().Line, line) << text;
-    EXPECT_EQ(item.Position().Column, column) << text;
+    const auto position = itemIn(Parse(text)).Position();
+    EXPECT_EQ(std::pair(position.Line, position.Column), place) << text;
   }
   EXPECT_THAT(Diagnostics, ::testing::IsEmpty());
 
