@@ -43,7 +43,8 @@ void CompareCalls(const Server& server) {
   const std::int32_t count = info.Find("DependantCount")->Id;
   const double library = Median(kTimes, [&] { automation::Invoke(model, count, automation::kPropertyGet); });
 
-  const Object object = server.Create("PageLayout");
+  Object object;
+  server.Create(__uuidof(PageLayout), object);
   ComPtr<_PageLayout> layout;
   object.As(&layout);
   layout->put_Name(Value(L"Introduction").bstrVal);
@@ -93,8 +94,10 @@ void CompareLoads(const Server& server) {
     for (const auto& pageTemplate : *root.PageTemplates()) pageTemplate->PageLayouts()->Count();
   });
   const double through = Median(3, [&] {
-    const Object root = server.Create("Root");
-    for (const Value& item : ItemsOf(Walk(root, {L"PageTemplates"}))) Walk(item.ToObject(), {L"PageLayouts"});
+    Object root;
+    server.Create(__uuidof(Root), root);
+    for (const Value& item : ItemsOf(Get(root, L"PageTemplates").ToObject()))
+      Get(item.ToObject(), L"PageLayouts");
   });
   Tell("the templates of the starter configuration, by the library", library, library);
   Tell("the templates of the starter configuration, by the server", through, library);

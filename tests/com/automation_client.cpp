@@ -1,5 +1,6 @@
 #include <array>
 #include <filesystem>
+#include <regex>
 
 #include <tests/com/automation_client.h>
 
@@ -7,90 +8,45 @@ namespace lwconfig::testing {
 namespace {
 
 constexpr IID kNoId{};
-constexpr CLSID kErrorClass{0x5d1c2a34, 0x8a0e, 0x4f51, {0x9b, 0x6e, 0x21, 0x0c, 0x7d, 0x33, 0xf4, 0x01}};
+constexpr const wchar_t* kErrorClass = L"{5D1C2A34-8A0E-4F51-9B6E-210C7D33F401}";
 
-HRESULT TypeOf(IDispatch* object, ComPtr<ITypeInfo>& info) {
-  return object->GetTypeInfo(0, LOCALE_USER_DEFAULT, &info);
-}
-
-/// Makes objects for the error component's class.
-class Factory final : public IClassFactory {
- public:
-  explicit Factory(Object object) : mObject(std::move(object)) {}
-  HRESULT STDMETHODCALLTYPE QueryInterface(REFIID id, void** object) override {
-    const bool isKnown = id == __uuidof(IUnknown) || id == __uuidof(IClassFactory);
-    *object = isKnown ? this : nullptr;
-    if (isKnown) AddRef();
-    return isKnown ? S_OK : E_NOINTERFACE;
-  }
-  ULONG STDMETHODCALLTYPE AddRef() override { return ++mReferences; }
-  ULONG STDMETHODCALLTYPE Release() override {
-    const ULONG left = --mReferences;
-    if (left == 0) delete this;
-    return left;
-  }
-  HRESULT STDMETHODCALLTYPE CreateInstance(IUnknown*, REFIID id, void** object) override {
-    return mObject->QueryInterface(id, object);
-  }
-  HRESULT STDMETHODCALLTYPE LockServer(BOOL) override { return S_OK; }
-
- private:
-  ~Factory() = default;
-  Object mObject;
-  ULONG mReferences = 0;
-};
-
-void SetText(const wchar_t* key, const wchar_t* name, const std::wstring& text, REGSAM view) {
+void SetText(const wchar_t* key, REGSAM view, const wchar_t* name, const std::wstring& text) {
   HKEY opened = nullptr;
-  if (::RegCreateKeyExW(HKEY_LOCAL_MACHINE, key, 0, nullptr, 0, KEY_WRITE | view, nullptr, &opened,
-                        nullptr) != ERROR_SUCCESS)
-    return;
+  ::RegCreateKeyExW(HKEY_LOCAL_MACHINE, key, 0, nullptr, 0, KEY_WRITE | view, nullptr, &opened, nullptr);
   ::RegSetValueExW(opened, name, 0, REG_SZ, reinterpret_cast<const BYTE*>(text.c_str()),
                    static_cast<DWORD>((text.size() + 1) * sizeof(wchar_t)));
   ::RegCloseKey(opened);
 }
 
-/// The product's values are those of 32-bit programs.
-void SetProductText(const wchar_t* name, const std::wstring& text) {
-  SetText(L"Software\\Corvantis\\Lexiwend4", name, text, KEY_WOW64_32KEY);
-}
+constexpr const wchar_t* kProduct = L"Software\\Corvantis\\Lexiwend4";
 
 }  // namespace
 
 std::wstring Wide(std::string_view utf8) {
-  const int size = static_cast<int>(utf8.size());
-  std::wstring text(
-      static_cast<std::size_t>(::MultiByteToWideChar(CP_UTF8, 0, utf8.data(), size, nullptr, 0)), L'\0');
-  ::MultiByteToWideChar(CP_UTF8, 0, utf8.data(), size, text.data(), static_cast<int>(text.size()));
-  return text;
+  return std::filesystem::path(std::u8string(utf8.begin(), utf8.end())).wstring();
 }
 
 std::string Utf8(std::wstring_view text) {
-  const int size = static_cast<int>(text.size());
-  std::string utf8(static_cast<std::size_t>(
-                       ::WideCharToMultiByte(CP_UTF8, 0, text.data(), size, nullptr, 0, nullptr, nullptr)),
-                   '\0');
-  ::WideCharToMultiByte(CP_UTF8, 0, text.data(), size, utf8.data(), static_cast<int>(utf8.size()), nullptr,
-                        nullptr);
-  return utf8;
+  const std::u8string utf8 = std::filesystem::path(text).u8string();
+  return {utf8.begin(), utf8.end()};
+}
+
+Value Value::Zero(VARTYPE type) {
+  Value value;
+  value.vt = type;
+  return value;
 }
 
 Value Value::Missing() {
-  Value value;
-  value.vt = VT_ERROR;
+  Value value = Zero(VT_ERROR);
   value.scode = DISP_E_PARAMNOTFOUND;
   return value;
 }
 
 Value Value::Reference(Value& to) {
-  Value value;
-  value.vt = VT_VARIANT | VT_BYREF;
+  Value value = Zero(VT_VARIANT | VT_BYREF);
   value.pvarVal = &to;
   return value;
-}
-
-Object Value::ToObject() const {
-  return vt == VT_DISPATCH ? Object(pdispVal) : Object();
 }
 
 std::string Value::Describe() const {
@@ -107,7 +63,7 @@ std::string Value::Describe() const {
     case VT_R8:
       return "number " + std::to_string(dblVal);
     case VT_BSTR:
-      return "text \"" + Utf8({bstrVal, ::SysStringLen(bstrVal)}) + "\"";
+      return "text \"" + Utf8(Text()) + "\"";
     case VT_DISPATCH:
       return pdispVal == nullptr ? "null" : "object (" + ClassOf(pdispVal) + ")";
     case VT_UNKNOWN:
@@ -149,13 +105,12 @@ Outcome Ended(HRESULT code) {
   if (SUCCEEDED(code)) return outcome;
   outcome.Number = NumberOf(code);
   if (isTold) {
-    Value text;
-    text.vt = VT_BSTR;
-    info->GetDescription(&text.bstrVal);
-    outcome.Description.assign(text.bstrVal, ::SysStringLen(text.bstrVal));
-    ::SysFreeString(std::exchange(text.bstrVal, nullptr));
-    info->GetSource(&text.bstrVal);
-    outcome.Source.assign(text.bstrVal, ::SysStringLen(text.bstrVal));
+    Value description = Value::Zero(VT_BSTR);
+    Value source = Value::Zero(VT_BSTR);
+    info->GetDescription(&description.bstrVal);
+    info->GetSource(&source.bstrVal);
+    outcome.Description = description.Text();
+    outcome.Source = source.Text();
   }
   return outcome;
 }
@@ -163,10 +118,9 @@ Outcome Ended(HRESULT code) {
 Outcome Invoke(IDispatch* object, DISPID id, WORD kinds, std::vector<Value> arguments,
                std::vector<DISPID> named) {
   std::vector<VARIANT> reversed(arguments.rbegin(), arguments.rend());
-  DISPID put = DISPID_PROPERTYPUT;
   const bool isPut = (kinds & (DISPATCH_PROPERTYPUT | DISPATCH_PROPERTYPUTREF)) != 0;
   std::vector<DISPID> names(named.rbegin(), named.rend());
-  if (isPut) names.insert(names.begin(), put);
+  if (isPut) names.insert(names.begin(), DISPID{DISPID_PROPERTYPUT});
   DISPPARAMS parameters{reversed.data(), names.data(), static_cast<UINT>(reversed.size()),
                         static_cast<UINT>(names.size())};
   EXCEPINFO failure{};
@@ -209,13 +163,6 @@ Outcome Call(const Object& object, const wchar_t* member, std::vector<Value> arg
   return Invoke(object.Get(), member, DISPATCH_METHOD, std::move(arguments));
 }
 
-Object Walk(Object object, std::initializer_list<const wchar_t*> members) {
-  for (const wchar_t* member : members) {
-    if (object) object = Get(object, member).ToObject();
-  }
-  return object;
-}
-
 std::vector<Value> ItemsOf(const Object& collection) {
   const Outcome all = Invoke(collection.Get(), DISPID_NEWENUM, DISPATCH_PROPERTYGET);
   ComPtr<IEnumVARIANT> items;
@@ -234,14 +181,17 @@ bool AreSame(IUnknown* a, IUnknown* b) {
   return first.Get() == second.Get();
 }
 
+std::string NameOf(ITypeInfo& info, MEMBERID member) {
+  Value name = Value::Zero(VT_BSTR);
+  info.GetDocumentation(member, &name.bstrVal, nullptr, nullptr, nullptr);
+  return Utf8(name.Text());
+}
+
 std::string ClassOf(IDispatch* object) {
   ComPtr<ITypeInfo> info;
-  Value name;
-  if (FAILED(TypeOf(object, info)) || !info) return "";
-  name.vt = VT_BSTR;
-  info->GetDocumentation(MEMBERID_NIL, &name.bstrVal, nullptr, nullptr, nullptr);
-  const std::string text = Utf8({name.bstrVal, ::SysStringLen(name.bstrVal)});
-  return text.starts_with('_') ? text.substr(1) : text;
+  if (FAILED(object->GetTypeInfo(0, LOCALE_USER_DEFAULT, &info))) return "";
+  const std::string name = NameOf(*info.Get());
+  return name.starts_with('_') ? name.substr(1) : name;
 }
 
 Server::Server() : mModule(::LoadLibraryW(Path())) {
@@ -259,53 +209,17 @@ const wchar_t* Server::Path() {
 }
 
 HRESULT Server::GetClassObject(REFCLSID id, REFIID interfaceId, void** object) const {
-  using Function = HRESULT(STDAPICALLTYPE*)(REFCLSID, REFIID, void**);
-  const auto get =
-      reinterpret_cast<Function>(reinterpret_cast<void*>(::GetProcAddress(mModule, "DllGetClassObject")));
-  return get == nullptr ? E_FAIL : get(id, interfaceId, object);
+  return CallExported<REFCLSID, REFIID, void**>("DllGetClassObject", id, interfaceId, object);
 }
 
 HRESULT Server::CanUnloadNow() const {
-  using Function = HRESULT(STDAPICALLTYPE*)();
-  const auto ask =
-      reinterpret_cast<Function>(reinterpret_cast<void*>(::GetProcAddress(mModule, "DllCanUnloadNow")));
-  return ask == nullptr ? E_FAIL : ask();
+  return CallExported("DllCanUnloadNow");
 }
 
-ComPtr<ITypeInfo> Server::ClassInfo(std::string_view className) const {
-  std::wstring name = Wide(className);
-  std::array<ITypeInfo*, 8> found{};
-  std::array<MEMBERID, 8> members{};
-  USHORT count = static_cast<USHORT>(found.size());
-  ComPtr<ITypeInfo> result;
-  if (!mTypes || FAILED(mTypes->FindName(name.data(), 0, found.data(), members.data(), &count)))
-    return result;
-  for (USHORT at = 0; at < count; ++at) {
-    TYPEATTR* attributes = nullptr;
-    if (SUCCEEDED(found[at]->GetTypeAttr(&attributes))) {
-      if (attributes->typekind == TKIND_COCLASS) result = found[at];
-      found[at]->ReleaseTypeAttr(attributes);
-    }
-    found[at]->Release();
-  }
-  return result;
-}
-
-HRESULT Server::Create(std::string_view className, Object& object) const {
-  const auto info = ClassInfo(className);
-  TYPEATTR* attributes = nullptr;
-  if (!info || FAILED(info->GetTypeAttr(&attributes))) return TYPE_E_ELEMENTNOTFOUND;
-  const CLSID id = attributes->guid;
-  info->ReleaseTypeAttr(attributes);
+HRESULT Server::Create(REFCLSID id, Object& object) const {
   ComPtr<IClassFactory> factory;
   const HRESULT code = GetClassObject(id, IID_PPV_ARGS(&factory));
   return FAILED(code) ? code : factory->CreateInstance(nullptr, IID_PPV_ARGS(&object));
-}
-
-Object Server::Create(std::string_view className) const {
-  Object object;
-  Create(className, object);
-  return object;
 }
 
 HRESULT ForeignObject::QueryInterface(REFIID id, void** object) {
@@ -321,30 +235,12 @@ ULONG ForeignObject::Release() {
   return left;
 }
 
-HRESULT ForeignObject::GetTypeInfoCount(UINT* count) {
-  *count = 0;
-  return S_OK;
-}
-
-HRESULT ForeignObject::GetTypeInfo(UINT /*index*/, LCID /*locale*/, ITypeInfo** info) {
-  *info = nullptr;
-  return DISP_E_BADINDEX;
-}
-
-HRESULT ForeignObject::GetIDsOfNames(REFIID /*id*/, LPOLESTR* /*names*/, UINT count, LCID /*locale*/,
-                                     DISPID* ids) {
-  for (UINT at = 0; at < count; ++at) ids[at] = static_cast<DISPID>(at);
-  return S_OK;
-}
-
 HRESULT ForeignObject::Invoke(DISPID id, REFIID /*interfaceId*/, LCID /*locale*/, WORD /*kinds*/,
-                              DISPPARAMS* arguments, VARIANT* result, EXCEPINFO* /*failure*/,
+                              DISPPARAMS* arguments, VARIANT* /*result*/, EXCEPINFO* /*failure*/,
                               UINT* /*argument*/) {
-  if (result != nullptr) ::VariantInit(result);
   // The handler may let go of this object.
   const ComPtr<IUnknown> keep(this);
-  const Handler handler = mHandler;
-  if (handler) handler(id, *arguments);
+  if (mHandler) mHandler(id, *arguments);
   return S_OK;
 }
 
@@ -352,34 +248,44 @@ Object NewForeign(ForeignObject::Handler handler, const IID& events) {
   return new ForeignObject(std::move(handler), events);
 }
 
+Connected::Connected(IDispatch* object, ForeignObject::Handler handler) {
+  ComPtr<IProvideClassInfo2> described;
+  ComPtr<IConnectionPointContainer> container;
+  if (SUCCEEDED(object->QueryInterface(IID_PPV_ARGS(&described))) &&
+      SUCCEEDED(object->QueryInterface(IID_PPV_ARGS(&container))) &&
+      SUCCEEDED(described->GetGUID(GUIDKIND_DEFAULT_SOURCE_DISP_IID, &mSource)) &&
+      SUCCEEDED(container->FindConnectionPoint(mSource, &mPoint)))
+    mPoint->Advise(NewForeign(std::move(handler), mSource).Get(), &mCookie);
+}
+
 ErrorComponent::ErrorComponent() {
-  wchar_t* id = nullptr;
-  ::StringFromCLSID(kErrorClass, &id);
   // The key may stay: without a process that offers the class, the component cannot be created.
-  SetText(L"Software\\Classes\\CorvaError.Error\\CLSID", nullptr, id, 0);
-  ::CoTaskMemFree(id);
-  const ComPtr<IClassFactory> factory(new Factory(NewForeign([this](DISPID, const DISPPARAMS& arguments) {
-    for (UINT at = 0; at < arguments.cArgs; ++at) {
-      if (arguments.rgvarg[at].vt == VT_BSTR) mReports.emplace_back(arguments.rgvarg[at].bstrVal);
-    }
-  })));
-  ::CoRegisterClassObject(kErrorClass, factory.Get(), CLSCTX_INPROC_SERVER, REGCLS_MULTIPLEUSE,
-                          &mRegistration);
+  SetText(L"Software\\Classes\\CorvaError.Error\\CLSID", 0, nullptr, kErrorClass);
+  CLSID id{};
+  ::CLSIDFromString(kErrorClass, &id);
+  ::CoRegisterClassObject(id, this, CLSCTX_INPROC_SERVER, REGCLS_MULTIPLEUSE, &mRegistration);
 }
 
-ErrorComponent::~ErrorComponent() {
-  ::CoRevokeClassObject(mRegistration);
+HRESULT ErrorComponent::QueryInterface(REFIID id, void** object) {
+  const bool isKnown = id == __uuidof(IUnknown) || id == __uuidof(IClassFactory);
+  *object = isKnown ? this : nullptr;
+  return isKnown ? S_OK : E_NOINTERFACE;
 }
 
-std::wstring ErrorComponent::Last(const wchar_t* element) const {
-  if (mReports.empty()) return L"";
-  const std::wstring name(element);
-  const std::wstring& report = mReports.back();
-  const auto start = report.find(L"<" + name + L">");
-  const auto end = report.find(L"</" + name + L">");
-  return start == std::wstring::npos || end == std::wstring::npos
-             ? L""
-             : report.substr(start + name.size() + 2, end - start - name.size() - 2);
+HRESULT ErrorComponent::CreateInstance(IUnknown* /*outer*/, REFIID id, void** object) {
+  return NewForeign([this](DISPID, const DISPPARAMS& arguments) {
+           for (UINT at = 0; at < arguments.cArgs; ++at) {
+             if (arguments.rgvarg[at].vt == VT_BSTR) mReports.emplace_back(arguments.rgvarg[at].bstrVal);
+           }
+         })
+      ->QueryInterface(id, object);
+}
+
+std::wstring ErrorComponent::Last(const std::wstring& element) const {
+  std::wsmatch found;
+  const bool isTold = !mReports.empty() &&
+                      std::regex_search(mReports.back(), found, std::wregex(L"<" + element + L">([^<]*)<"));
+  return isTold ? found[1].str() : L"";
 }
 
 StarterConfiguration::StarterConfiguration()
@@ -388,13 +294,15 @@ StarterConfiguration::StarterConfiguration()
                 std::to_string(::GetTickCount64())))
                   .wstring()) {
   std::filesystem::copy(LWCONFIG_STARTER, mFolder, std::filesystem::copy_options::recursive);
-  SetProductText(L"ConfigPath", mFolder + L"\\");
-  SetProductText(L"InstallPath4", mFolder + L"\\");
+  SetText(kProduct, KEY_WOW64_32KEY, L"ConfigPath", mFolder + L"\\");
+  SetText(kProduct, KEY_WOW64_32KEY, L"InstallPath4", mFolder + L"\\");
+  ::SetCurrentDirectoryW(mFolder.c_str());
 }
 
 StarterConfiguration::~StarterConfiguration() {
-  SetProductText(L"ConfigPath", L"");
-  SetProductText(L"InstallPath4", L"");
+  ::SetCurrentDirectoryW(L"C:\\");
+  SetText(kProduct, KEY_WOW64_32KEY, L"ConfigPath", L"");
+  SetText(kProduct, KEY_WOW64_32KEY, L"InstallPath4", L"");
   ::RegDeleteTreeW(HKEY_CURRENT_USER, L"Software\\Corvantis");
   std::error_code ignored;
   std::filesystem::remove_all(mFolder, ignored);

@@ -1,8 +1,8 @@
 #pragma once
 
+#include <algorithm>
 #include <cstdint>
 #include <functional>
-#include <initializer_list>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -28,7 +28,7 @@ std::string Utf8(std::wstring_view text);
 /// A VARIANT that owns what it holds.
 class Value : public VARIANT {
  public:
-  Value() noexcept { ::VariantInit(this); }
+  Value() noexcept : VARIANT() {}
   Value(bool value) noexcept : Value() {
     vt = VT_BOOL;
     boolVal = value ? VARIANT_TRUE : VARIANT_FALSE;
@@ -55,13 +55,17 @@ class Value : public VARIANT {
   }
   ~Value() { ::VariantClear(this); }
 
+  /// Zero, or null, as a value of that type.
+  static Value Zero(VARTYPE type);
   /// An argument that was left out.
   static Value Missing();
   /// A reference to the other one, which has to live longer.
   static Value Reference(Value& to);
 
+  /// The text in it.
+  std::wstring_view Text() const { return {bstrVal, ::SysStringLen(bstrVal)}; }
   /// The object in it, or null.
-  Object ToObject() const;
+  Object ToObject() const { return vt == VT_DISPATCH ? Object(pdispVal) : Object(); }
   /// Kind and value, objects by their class: `text "a"`, `integer 1`, `object (PageLayout)`, `null`.
   std::string Describe() const;
 };
@@ -91,12 +95,12 @@ Outcome Invoke(IDispatch* object, const wchar_t* member, WORD kinds, std::vector
 Outcome Get(const Object& object, const wchar_t* member, std::vector<Value> arguments = {});
 Outcome Put(const Object& object, const wchar_t* member, Value value);
 Outcome Call(const Object& object, const wchar_t* member, std::vector<Value> arguments = {});
-/// Follows properties from one object to the next.
-Object Walk(Object object, std::initializer_list<const wchar_t*> members);
 /// The items that `NewEnum` gives.
 std::vector<Value> ItemsOf(const Object& collection);
 /// Whether both are the same object, or none.
 bool AreSame(IUnknown* a, IUnknown* b);
+/// The name that type information has, or that it gives a member.
+std::string NameOf(ITypeInfo& info, MEMBERID member = MEMBERID_NIL);
 /// The class of an object as its type information has it, without the underscore.
 std::string ClassOf(IDispatch* object);
 
@@ -112,15 +116,20 @@ class Server {
   bool IsLoaded() const { return mModule != nullptr; }
   HRESULT GetClassObject(REFCLSID id, REFIID interfaceId, void** object) const;
   HRESULT CanUnloadNow() const;
-  /// A new object of the published class; the code of the failure where there is none.
-  HRESULT Create(std::string_view className, Object& object) const;
-  Object Create(std::string_view className) const;
+  /// A new object of the class.
+  HRESULT Create(REFCLSID id, Object& object) const;
 
   const ComPtr<ITypeLib>& Types() const { return mTypes; }
-  /// The class with that name, or null.
-  ComPtr<ITypeInfo> ClassInfo(std::string_view className) const;
 
  private:
+  template <class... P>
+  HRESULT CallExported(const char* name, P... arguments) const {
+    using Function = HRESULT(STDAPICALLTYPE*)(P...);
+    const auto function =
+        reinterpret_cast<Function>(reinterpret_cast<void*>(::GetProcAddress(mModule, name)));
+    return function == nullptr ? E_FAIL : function(arguments...);
+  }
+
   HMODULE mModule;
   ComPtr<ITypeLib> mTypes;
 };
@@ -139,13 +148,15 @@ class ForeignObject final : public IDispatch {
   HRESULT STDMETHODCALLTYPE QueryInterface(REFIID id, void** object) override;
   ULONG STDMETHODCALLTYPE AddRef() override { return ++mReferences; }
   ULONG STDMETHODCALLTYPE Release() override;
-  HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT* count) override;
-  HRESULT STDMETHODCALLTYPE GetTypeInfo(UINT index, LCID locale, ITypeInfo** info) override;
-  HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID id, LPOLESTR* names, UINT count, LCID locale,
-                                          DISPID* ids) override;
-  HRESULT STDMETHODCALLTYPE Invoke(DISPID id, REFIID interfaceId, LCID locale, WORD kinds,
-                                   DISPPARAMS* arguments, VARIANT* result, EXCEPINFO* failure,
-                                   UINT* argument) override;
+  HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT*) override { return E_NOTIMPL; }
+  HRESULT STDMETHODCALLTYPE GetTypeInfo(UINT, LCID, ITypeInfo**) override { return E_NOTIMPL; }
+  /// Every name is that of the member 0.
+  HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID, LPOLESTR*, UINT count, LCID, DISPID* ids) override {
+    std::fill_n(ids, count, 0);
+    return S_OK;
+  }
+  HRESULT STDMETHODCALLTYPE Invoke(DISPID id, REFIID, LCID, WORD, DISPPARAMS* arguments, VARIANT*, EXCEPINFO*,
+                                   UINT*) override;
 
  private:
   ~ForeignObject() { --gLive; }
@@ -156,33 +167,53 @@ class ForeignObject final : public IDispatch {
 };
 Object NewForeign(ForeignObject::Handler handler = {}, const IID& events = IID_IDispatch);
 
+/// A sink's connection to the one source of events that an object has. It stays open until it is closed.
+class Connected {
+ public:
+  Connected(IDispatch* object, ForeignObject::Handler handler);
+  bool IsOpen() const { return mCookie != 0; }
+  HRESULT Close() { return mPoint->Unadvise(std::exchange(mCookie, 0)); }
+  const ComPtr<IConnectionPoint>& Point() const { return mPoint; }
+  const IID& Source() const { return mSource; }
+
+ private:
+  IID mSource{};
+  ComPtr<IConnectionPoint> mPoint;
+  DWORD mCookie = 0;
+};
+
 /// While it lives, "CorvaError.Error" is a component of this process, which keeps the reports it gets.
-class ErrorComponent {
+class ErrorComponent final : private IClassFactory {
  public:
   ErrorComponent();
-  ~ErrorComponent();
+  ~ErrorComponent() { ::CoRevokeClassObject(mRegistration); }
   ErrorComponent(const ErrorComponent&) = delete;
   ErrorComponent& operator=(const ErrorComponent&) = delete;
 
   const std::vector<std::wstring>& Reports() const { return mReports; }
   /// The text of an element of the last report; empty where there is none.
-  std::wstring Last(const wchar_t* element) const;
+  std::wstring Last(const std::wstring& element) const;
   void Forget() { mReports.clear(); }
 
  private:
+  HRESULT STDMETHODCALLTYPE QueryInterface(REFIID id, void** object) override;
+  ULONG STDMETHODCALLTYPE AddRef() override { return 1; }
+  ULONG STDMETHODCALLTYPE Release() override { return 1; }
+  HRESULT STDMETHODCALLTYPE CreateInstance(IUnknown* outer, REFIID id, void** object) override;
+  HRESULT STDMETHODCALLTYPE LockServer(BOOL) override { return S_OK; }
+
   std::vector<std::wstring> mReports;
   DWORD mRegistration = 0;
 };
 
-/// A copy of the starter configuration in a folder of its own, registered for this wine prefix while it
-/// lives.
+/// A copy of the starter configuration in a folder of its own, which is the current one, registered for this
+/// wine prefix while it lives.
 class StarterConfiguration {
  public:
   StarterConfiguration();
   ~StarterConfiguration();
   StarterConfiguration(const StarterConfiguration&) = delete;
   StarterConfiguration& operator=(const StarterConfiguration&) = delete;
-  const std::wstring& Folder() const { return mFolder; }
 
  private:
   std::wstring mFolder;

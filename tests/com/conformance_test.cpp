@@ -13,7 +13,9 @@ class AutomationFace final : public Face {
 
   AnyObject New(const std::string& className) override {
     Object object;
-    const HRESULT code = mServer.Create(className, object);
+    const auto info = std::find_if(SlotClasses().begin(), SlotClasses().end(),
+                                   [&](const SlotClass& known) { return known.Name == className; });
+    const HRESULT code = mServer.Create(*info->Id, object);
     if (FAILED(code)) throw FaceFailure{NumberOf(code)};
     return Held(object.Get());
   }
@@ -79,27 +81,13 @@ class AutomationFace final : public Face {
   }
 
   Closer Connect(const AnyObject& object, const std::string& event, std::function<void()> handler) override {
-    ComPtr<IProvideClassInfo2> described;
-    ComPtr<IConnectionPointContainer> container;
-    ComPtr<IConnectionPoint> point;
+    const auto connection =
+        std::make_shared<Connected>(Pointer(object), [handler](DISPID, const DISPPARAMS&) { handler(); });
     ComPtr<ITypeInfo> events;
-    IID source;
-    DISPID id = DISPID_UNKNOWN;
-    DWORD cookie = 0;
-    std::wstring wide = Wide(event);
-    wchar_t* name = wide.data();
-    if (FAILED(Pointer(object)->QueryInterface(IID_PPV_ARGS(&described))) ||
-        FAILED(described->GetGUID(GUIDKIND_DEFAULT_SOURCE_DISP_IID, &source)) ||
-        FAILED(mServer.Types()->GetTypeInfoOfGuid(source, &events)) ||
-        FAILED(events->GetIDsOfNames(&name, 1, &id)) ||
-        FAILED(Pointer(object)->QueryInterface(IID_PPV_ARGS(&container))) ||
-        FAILED(container->FindConnectionPoint(source, &point)))
+    if (FAILED(mServer.Types()->GetTypeInfoOfGuid(connection->Source(), &events)) ||
+        NameOf(*events.Get(), 1) != event)
       throw FaceFailure{459};
-    const auto handle = [id, handler](DISPID raised, const DISPPARAMS&) {
-      if (raised == id) handler();
-    };
-    EXPECT_EQ(point->Advise(NewForeign(handle, source).Get(), &cookie), S_OK);
-    return [point, cookie] { EXPECT_EQ(point->Unadvise(cookie), S_OK); };
+    return [connection] { EXPECT_EQ(connection->Close(), S_OK); };
   }
 
   std::optional<std::int32_t> Constant(const std::string& name) override {
@@ -170,16 +158,15 @@ class AutomationFace final : public Face {
     if (const auto* boolean = std::get_if<bool>(&value)) return *boolean;
     if (const auto* number = std::get_if<std::int32_t>(&value)) return static_cast<int>(*number);
     if (const auto* object = std::get_if<AnyObject>(&value)) return Pointer(*object);
-    Value real;
     if (std::holds_alternative<Missing>(value)) return Value::Missing();
-    real.vt = VT_R8;
+    Value real = Value::Zero(VT_R8);
     real.dblVal = std::get<double>(value);
     return real;
   }
   static Variant VariantOf(const Value& value) {
     switch (value.vt) {
       case VT_BSTR:
-        return Utf8({value.bstrVal, ::SysStringLen(value.bstrVal)});
+        return Utf8(value.Text());
       case VT_BOOL:
         return value.boolVal != VARIANT_FALSE;
       case VT_I2:
@@ -201,18 +188,12 @@ class AutomationFace final : public Face {
       VARDESC* member = nullptr;
       type->GetVarDesc(at, &member);
       if (member->lpvarValue->lVal == value.lVal)
-        result.Constant = NameOf(*type.Get(), MEMBERID_NIL) + " " + NameOf(*type.Get(), member->memid);
+        result.Constant = NameOf(*type.Get()) + " " + NameOf(*type.Get(), member->memid);
       type->ReleaseVarDesc(member);
     }
     type->ReleaseTypeAttr(attributes);
     return result;
   }
-  static std::string NameOf(ITypeInfo& info, MEMBERID member) {
-    Value name(L"");
-    info.GetDocumentation(member, &name.bstrVal, nullptr, nullptr, nullptr);
-    return Utf8(name.bstrVal);
-  }
-
   static std::vector<DISPID> IdsOf(const AnyObject& object, const std::vector<std::string>& names) {
     std::vector<std::wstring> wide;
     for (const auto& name : names) wide.push_back(Wide(name));

@@ -123,18 +123,5 @@ TEST_F(ServerErrorsTest, CallsThatAreWrongThemselvesHaveTheirOwnNumbers) {
   EXPECT_TRUE(errors.Reports().empty());
 }
 
-TEST_F(ServerErrorsTest, InterfacesOfObjectsHaveErrorObjects) {
-  const Object provider = Create("INamespaceProvider");
-  ComPtr<ISupportErrorInfo> supports;
-  ASSERT_EQ(provider.As(&supports), S_OK);
-  TYPEATTR* attributes = nullptr;
-  ComPtr<ITypeInfo> info;
-  ASSERT_EQ(provider->GetTypeInfo(0, LOCALE_USER_DEFAULT, &info), S_OK);
-  ASSERT_EQ(info->GetTypeAttr(&attributes), S_OK);
-  EXPECT_EQ(supports->InterfaceSupportsErrorInfo(attributes->guid), S_OK);
-  EXPECT_EQ(supports->InterfaceSupportsErrorInfo(IID_IEnumVARIANT), S_FALSE);
-  info->ReleaseTypeAttr(attributes);
-}
-
 }  // namespace
 }  // namespace lwconfig::testing

@@ -1,5 +1,4 @@
 #include <tests/com/fixture.h>
-#include <tests/com/slots.h>
 
 namespace lwconfig::testing {
 namespace {
@@ -26,6 +25,10 @@ TEST_F(ServerObjectsTest, EveryInterfaceOfAnObjectLeadsToEveryOther) {
     const Object object = Create(info.Name);
     std::vector<IID> ids{IID_IUnknown,          IID_IDispatch,         *info.Interface,
                          IID_ISupportErrorInfo, IID_IProvideClassInfo, IID_IProvideClassInfo2};
+    ComPtr<ISupportErrorInfo> errors;
+    ASSERT_EQ(object.As(&errors), S_OK) << info.Name;
+    EXPECT_EQ(errors->InterfaceSupportsErrorInfo(*info.Interface), S_OK) << info.Name;
+    EXPECT_EQ(errors->InterfaceSupportsErrorInfo(IID_IEnumVARIANT), S_FALSE) << info.Name;
     ComPtr<IConnectionPointContainer> container;
     if (SUCCEEDED(object.As(&container))) ids.push_back(IID_IConnectionPointContainer);
     for (const IID& from : ids) {
@@ -46,6 +49,12 @@ TEST_F(ServerObjectsTest, AnObjectIsTheSameHoweverItIsReached) {
   EXPECT_TRUE(AreSame(Get(pageTemplate, L"PageLayouts").ToObject().Get(), layouts.Get()));
   const Object layout = Create("PageLayout");
   EXPECT_TRUE(Call(layouts, L"Add", {layout, L"key"}).Succeeded());
+  // Scripts set objects as they let other values.
+  const Object node = Create("NodeDef");
+  const Object parent = Create("NodeDef");
+  EXPECT_TRUE(Put(node, L"ParentNodeDef", parent).Succeeded());
+  EXPECT_TRUE(AreSame(Get(node, L"ParentNodeDef").ToObject().Get(), parent.Get()));
+  EXPECT_TRUE(Put(node, L"ParentNodeDef", Object()).Succeeded());
   layouts.Reset();
   layouts = Get(pageTemplate, L"PageLayouts").ToObject();
   EXPECT_TRUE(AreSame(Get(layouts, L"Item", {L"KEY"}).ToObject().Get(), layout.Get()));
@@ -79,8 +88,7 @@ TEST_F(ServerObjectsTest, ValuesOfOtherOriginComeBackAsTheyAre) {
   const Object foreign = NewForeign();
   EXPECT_TRUE(Put(comment, L"Tag", foreign).Succeeded());
   EXPECT_TRUE(AreSame(Get(comment, L"Tag").ToObject().Get(), foreign.Get()));
-  Value text;
-  text.vt = VT_BSTR;
+  Value text = Value::Zero(VT_BSTR);
   text.bstrVal = ::SysAllocStringLen(L"a\0b", 3);
   EXPECT_TRUE(Put(comment, L"Tag", text).Succeeded());
   EXPECT_EQ(::SysStringLen(Get(comment, L"Tag").Result.bstrVal), 3U);
@@ -103,6 +111,80 @@ TEST_F(ServerObjectsTest, ValuesOfOtherOriginComeBackAsTheyAre) {
     EXPECT_TRUE(Put(comment, L"Tag", value).Succeeded()) << row.Type;
     EXPECT_EQ(Get(comment, L"Tag").Describe(), row.Read) << row.Type;
   }
+}
+
+TEST_F(ServerObjectsTest, TheLibraryStaysWhileAnythingOfItIsHeld) {
+  struct Row {
+    const char* Held;
+    std::function<ComPtr<IUnknown>(const Object&)> From;
+  };
+  const auto as = [](const Object& object, const IID& id) {
+    ComPtr<IUnknown> found;
+    EXPECT_EQ(object->QueryInterface(id, &found), S_OK);
+    return found;
+  };
+  const Row rows[]{
+      {"an object", [](const Object& layouts) { return layouts; }},
+      {"another interface", [&](const Object& layouts) { return as(layouts, IID_IProvideClassInfo); }},
+      {"an enumerator",
+       [](const Object& layouts) {
+         return ComPtr<IUnknown>(Invoke(layouts.Get(), DISPID_NEWENUM, DISPATCH_PROPERTYGET).Result.punkVal);
+       }},
+      {"a connection point",
+       [&](const Object& layouts) {
+         ComPtr<IEnumConnectionPoints> all;
+         ComPtr<IConnectionPointContainer> container;
+         ComPtr<IConnectionPoint> point;
+         EXPECT_EQ(layouts.As(&container), S_OK);
+         EXPECT_EQ(container->EnumConnectionPoints(&all), S_OK);
+         EXPECT_EQ(all->Next(1, &point, nullptr), S_OK);
+         return ComPtr<IUnknown>(point);
+       }},
+      {"a collection of a template that is gone",
+       [&](const Object&) { return Get(Create("PageTemplate"), L"PageLayouts").ToObject(); }},
+  };
+  EXPECT_EQ(TheServer().CanUnloadNow(), S_OK);
+  for (const Row& row : rows) {
+    ComPtr<IUnknown> held = row.From(Create("PageLayouts"));
+    EXPECT_TRUE(held) << row.Held;
+    EXPECT_EQ(TheServer().CanUnloadNow(), S_FALSE) << row.Held;
+    held.Reset();
+    EXPECT_EQ(TheServer().CanUnloadNow(), S_OK) << row.Held;
+  }
+}
+
+TEST_F(ServerObjectsTest, ALockedFactoryKeepsTheLibraryToo) {
+  ComPtr<IClassFactory> factory;
+  ASSERT_EQ(TheServer().GetClassObject(*SlotClasses().front().Id, IID_PPV_ARGS(&factory)), S_OK);
+  EXPECT_EQ(factory->LockServer(TRUE), S_OK);
+  EXPECT_EQ(TheServer().CanUnloadNow(), S_FALSE);
+  EXPECT_EQ(factory->LockServer(FALSE), S_OK);
+  void* none = &none;
+  EXPECT_EQ(factory->CreateInstance(factory.Get(), IID_IUnknown, &none), CLASS_E_NOAGGREGATION);
+  EXPECT_EQ(none, nullptr);
+  EXPECT_EQ(factory->CreateInstance(nullptr, IID_IClassFactory, &none), E_NOINTERFACE);
+  EXPECT_EQ(factory->CreateInstance(nullptr, IID_IUnknown, nullptr), E_POINTER);
+  EXPECT_EQ(TheServer().GetClassObject(IID_IUnknown, IID_IClassFactory, &none), CLASS_E_CLASSNOTAVAILABLE);
+  factory.Reset();
+}
+
+/// This one finds the server as other programs do.
+TEST(RegisteredServerTest, TheSystemUnloadsWhatIsNotUsedAnyMore) {
+  ::CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED);
+  for (int time = 0; time < 2; ++time) {
+    CLSID id{};
+    ASSERT_EQ(::CLSIDFromProgID(L"LWConfigObjects.Root", &id), S_OK);
+    Object root;
+    ASSERT_EQ(::CoCreateInstance(id, nullptr, CLSCTX_INPROC_SERVER, IID_PPV_ARGS(&root)), S_OK);
+    EXPECT_EQ(ClassOf(root.Get()), "Root");
+    ::CoFreeUnusedLibrariesEx(0, 0);
+    EXPECT_NE(::GetModuleHandleW(L"LWConfigObjects.dll"), nullptr);
+    root.Reset();
+    ::CoFreeUnusedLibrariesEx(0, 0);
+    ::CoFreeUnusedLibrariesEx(0, 0);
+    EXPECT_EQ(::GetModuleHandleW(L"LWConfigObjects.dll"), nullptr);
+  }
+  ::CoUninitialize();
 }
 
 }  // namespace

@@ -1,9 +1,12 @@
+#include <fstream>
 #include <map>
 
 #include <com/registration.h>
 #include <gmock/gmock.h>
+#include <wrl/client.h>
 
 #include <lwconfig/automation/contracts.h>
+#include <lwconfig/automation/manifest.h>
 #include <lwconfig/automation/published.h>
 #include <lwconfig/core/error.h>
 #include <lwconfig/platform/windows/system.h>
@@ -173,6 +176,36 @@ TEST_P(Registration, TakesBackWhatItWroteBeforeAFailure) {
     EXPECT_EQ(Classes(), before);
     ::RegDeleteKeyW(Hive(), Wide(key).c_str());
   }
+}
+
+TEST(SideBySideManifest, CreatesObjectsWithoutRegistration) {
+  // The server is in the folder of this program.
+  std::wstring path(1000, L'\0');
+  path.resize(::GetModuleFileNameW(nullptr, path.data(), static_cast<DWORD>(path.size())));
+  path = path.substr(0, path.find_last_of(L'\\') + 1) + L"LWConfigObjects.X.manifest";
+  std::ofstream(Narrow(path)) << (sizeof(void*) == 8 ? automation::Manifest64() : automation::Manifest32());
+  ASSERT_EQ(::CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED), S_OK);
+  CLSID id;
+  ASSERT_NE(::CLSIDFromProgID(L"LWConfigObjects.Root", &id), S_OK) << "it is registered";
+
+  ACTCTXW description{};
+  description.cbSize = sizeof description;
+  description.lpSource = path.c_str();
+  const HANDLE context = ::CreateActCtxW(&description);
+  ASSERT_NE(context, INVALID_HANDLE_VALUE) << ::GetLastError();
+  ULONG_PTR cookie = 0;
+  ASSERT_TRUE(::ActivateActCtx(context, &cookie));
+  for (const wchar_t* name : {L"LWConfigObjects.Root", L"LWConfigObjects.Root.1"}) {
+    Microsoft::WRL::ComPtr<IDispatch> root;
+    EXPECT_EQ(::CLSIDFromProgID(name, &id), S_OK);
+    EXPECT_EQ(::CoCreateInstance(id, nullptr, CLSCTX_INPROC_SERVER, IID_PPV_ARGS(&root)), S_OK);
+    Microsoft::WRL::ComPtr<ITypeInfo> info;
+    EXPECT_TRUE(root && SUCCEEDED(root->GetTypeInfo(0, LOCALE_USER_DEFAULT, &info)));
+  }
+  ::DeactivateActCtx(0, cookie);
+  ::ReleaseActCtx(context);
+  ::CoUninitialize();
+  ::DeleteFileW(path.c_str());
 }
 
 }  // namespace

@@ -8,39 +8,33 @@
 namespace lwconfig::testing {
 namespace {
 
-/// A type of the header as a parameter, and its value in a variant.
+/// A type of the header as a parameter: a variant's type, and the place of its value in a variant.
 template <class T>
-struct Parameter {  // of enumerations
-  static_assert(std::is_enum_v<T> || std::is_same_v<T, long>);
-  static constexpr VARTYPE kType = VT_I4;
-  static const IID* Interface() { return nullptr; }
-  static T* In(Value& value) { return reinterpret_cast<T*>(&value.lVal); }
-};
+constexpr VARTYPE kType = VT_I4;  // of enumerations too
 template <>
-struct Parameter<short> {
-  static constexpr VARTYPE kType = VT_I2;
-  static const IID* Interface() { return nullptr; }
-  static short* In(Value& value) { return &value.iVal; }
-};
+constexpr VARTYPE kType<short> = VT_I2;
 template <>
-struct Parameter<BSTR> {
-  static constexpr VARTYPE kType = VT_BSTR;
-  static const IID* Interface() { return nullptr; }
-  static BSTR* In(Value& value) { return &value.bstrVal; }
-};
+constexpr VARTYPE kType<BSTR> = VT_BSTR;
 template <>
-struct Parameter<VARIANT> {
-  static constexpr VARTYPE kType = VT_VARIANT;
-  static const IID* Interface() { return nullptr; }
-  static VARIANT* In(Value& value) { return &value; }
-};
+constexpr VARTYPE kType<VARIANT> = VT_VARIANT;
+template <>
+constexpr VARTYPE kType<IUnknown*> = VT_UNKNOWN;
 template <class T>
-requires std::is_base_of_v<IUnknown, T>
-struct Parameter<T*> {
-  static constexpr VARTYPE kType = std::is_same_v<T, IUnknown> ? VT_UNKNOWN : VT_DISPATCH;
-  static const IID* Interface() { return &__uuidof(T); }
-  static T** In(Value& value) { return reinterpret_cast<T**>(&value.pdispVal); }
-};
+requires std::is_base_of_v<IDispatch, T>
+constexpr VARTYPE kType<T*> = VT_DISPATCH;
+
+template <class T>
+T* PlaceIn(Value& value) {
+  static_assert(kType<T> != VT_I4 || std::is_enum_v<T> || std::is_same_v<T, long>);
+  if constexpr (kType<T> == VT_VARIANT) return &value;
+  return reinterpret_cast<T*>(&value.llVal);
+}
+
+template <class T>
+const IID* InterfaceOf() {
+  if constexpr (kType<T> == VT_DISPATCH || kType<T> == VT_UNKNOWN) return &__uuidof(std::remove_pointer_t<T>);
+  return nullptr;
+}
 
 template <class T>
 struct Passed {
@@ -50,29 +44,25 @@ struct Passed {
     if constexpr (std::is_pointer_v<T>) {
       if (isNull) return nullptr;
     }
-    return *Parameter<T>::In(value);
+    return *PlaceIn<T>(value);
   }
 };
 template <class T>
 requires(!std::is_base_of_v<IUnknown, T> && !std::is_same_v<T*, BSTR>) struct Passed<T*> {
   static constexpr bool kIsPointer = true;
   using Type = T;
-  static T* Pass(Value& value, bool isNull) { return isNull ? nullptr : Parameter<T>::In(value); }
+  static T* Pass(Value& value, bool isNull) { return isNull ? nullptr : PlaceIn<T>(value); }
 };
-
-template <class... P>
-std::span<const SlotParameter> ParametersOf() {
-  static const std::array<SlotParameter, sizeof...(P)> parameters{
-      SlotParameter{Parameter<typename Passed<P>::Type>::kType, Passed<P>::kIsPointer,
-                    Parameter<typename Passed<P>::Type>::Interface()}...};
-  return parameters;
-}
 
 template <auto Method>
 struct Method_;
 template <class I, class... P, HRESULT (STDMETHODCALLTYPE I::*Method)(P...)>
 struct Method_<Method> {
-  static std::span<const SlotParameter> Parameters() { return ParametersOf<P...>(); }
+  static std::span<const SlotParameter> Parameters() {
+    static const std::array<SlotParameter, sizeof...(P)> parameters{SlotParameter{
+        kType<typename Passed<P>::Type>, Passed<P>::kIsPointer, InterfaceOf<typename Passed<P>::Type>()}...};
+    return parameters;
+  }
   static HRESULT Call(IDispatch* self, Value* values, unsigned nulls) {
     return CallWith(self, values, nulls, std::index_sequence_for<P...>());
   }
@@ -105,7 +95,7 @@ std::span<const Slot> Slots() {
 }
 
 std::span<const SlotClass> SlotClasses() {
-#define CLASS(Class, IsCreatable) {#Class, IsCreatable != 0, &__uuidof(_##Class)},
+#define CLASS(Class, IsCreatable) {#Class, IsCreatable != 0, &__uuidof(_##Class), &__uuidof(Class)},
 #define SLOT(...)
   static const SlotClass classes[]{
 #include "slots.inc"

@@ -31,6 +31,7 @@ struct SlotClass {
   const char* Name;
   bool IsCreatable;
   const IID* Interface;
+  const CLSID* Id;
 };
 
 /// In the order of the interface description.

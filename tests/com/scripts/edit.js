@@ -1,7 +1,4 @@
-// Edits a template of the configuration in the folder that is the argument, and saves it. edit.txt has the same edits for
-// the command of other systems.
-new ActiveXObject("LWConfigObjects.RegistryAccess")
-    .SetValue(0x80000002 | 0, "Software\\Corvantis\\Lexiwend4", "ConfigPath", WScript.Arguments(0), 1);
+// Edits a template of the configuration and saves it. edit.txt has the same edits for the command of other systems.
 var root = new ActiveXObject("LWConfigObjects.Root");
 var template = root.PageTemplates.Item(1);
 template.Name = "Gr\u00f6\u00dfe \u2013 \u65e5\u672c \ud83d\ude00 & <new>";

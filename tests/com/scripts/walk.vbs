@@ -7,7 +7,6 @@ Sub Failure(what)
   Err.Clear
 End Sub
 
-CreateObject("LWConfigObjects.RegistryAccess").SetValue &H80000002, "Software\Corvantis\Lexiwend4", "ConfigPath", WScript.Arguments(0), 1
 Set root = CreateObject("LWConfigObjects.Root")
 WScript.Echo "folder known: " & (root.ConfigPath = WScript.Arguments(0))
 
@@ -15,12 +14,6 @@ WScript.Echo "folder known: " & (root.ConfigPath = WScript.Arguments(0))
 For Each item In root.PageTemplates
   WScript.Echo "template " & item.Name & ": " & item.PageLayouts.Count & " layouts, " & item.TOCDefinitions.Count & " contents, " & item.VariableDefs.Count & " variables"
 Next
-count = 0
-For Each item In root.PageTemplates(1).TOCDefinitions(1).NodeDefs
-  count = count + 1
-  If count < 4 Then WScript.Echo "node " & item.Key & " " & item.NodeCaptionTemplate & " type " & item.NodeType
-Next
-WScript.Echo "nodes " & count
 For Each item In root.Languages
   WScript.Echo "language " & item.Name & " " & TypeName(item.IncludeFlag)
 Next
@@ -61,13 +54,12 @@ WScript.Echo "parent: " & (node.ParentNodeDef Is parent)
 Set node.ParentNodeDef = Nothing
 WScript.Echo "parent: " & (node.ParentNodeDef Is Nothing)
 
-' Optional arguments
+' An argument that is left out
 Dim names
 Set names = CreateObject("LWConfigObjects.Collection")
 names.Add "b", "second"
 names.Add "a", , "second"
-names.Add "c", "third", , 2
-WScript.Echo names(1) & names(2) & names("THIRD") & names.Count
+WScript.Echo names(1) & names("SECOND") & names.Count
 
 ' Errors that have a name and number
 On Error Resume Next
@@ -77,12 +69,6 @@ names.Absent
 Failure "absent member"
 names.Count = 3
 Failure "read-only"
-names.Add
-Failure "missing argument"
-layouts.Add node
-Failure "wrong class"
-layout.DependantCount = "many"
-Failure "no number"
 Set item = CreateObject("LWConfigObjects.XMLElement")
 Failure "not to be created"
 WScript.Echo "done"
