@@ -123,6 +123,41 @@ TEST_F(EarlyBoundTest, EverySlotDoesWhatTheMemberOfItsNameDoes) {
   EXPECT_GT(succeeded.size(), described * 95 / 100);
 }
 
+TEST_F(EarlyBoundTest, EverySlotSurvivesNullsAndVariantsOfEveryType) {
+  const Objects objects(TheServer());
+  for (const Slot& slot : Slots()) {
+    const std::string name = std::string(slot.Class) + "." + slot.Method;
+    const Object object = objects.Called.With(*slot.Interface);
+    const std::size_t count = slot.Parameters.size();
+    const std::size_t given = count - (slot.HasResult ? 1 : 0);
+    const auto call = [&](unsigned nulls, std::size_t place = 0, const Value& odd = {}) {
+      std::vector<Value> values(count);
+      if (place < given) values[place] = odd;
+      const HRESULT code = slot.Call(object.Get(), values.data(), nulls);
+      for (std::size_t at = 0; at < count; ++at) {
+        const SlotParameter& parameter = slot.Parameters[at];
+        const bool isReturned = parameter.IsPointer && parameter.Type != VT_VARIANT;
+        if (isReturned) values[at].vt = parameter.Type;  // to free what it holds
+      }
+      return code;
+    };
+    call(0);
+    for (std::size_t at = 0; at < given; ++at) {
+      call(1U << at);
+      if (slot.Parameters[at].Type != VT_VARIANT || slot.Parameters[at].IsPointer) continue;
+      for (VARTYPE type = VT_EMPTY; type <= VT_UINT; ++type) {
+        if (type == 15 || type == VT_VARIANT) continue;  // no type, and only a reference
+        call(0, at, Value::Zero(type));
+        call(0, at, Value::Zero(static_cast<VARTYPE>(type | VT_BYREF)));
+        call(0, at, Value::Zero(static_cast<VARTYPE>(type | VT_ARRAY)));
+      }
+    }
+    if (slot.HasResult) {
+      EXPECT_EQ(call(1U << given), E_POINTER) << name;
+    }
+  }
+}
+
 TEST_F(EarlyBoundTest, TheTypeLibraryDescribesEverySlotAtItsPlace) {
   constexpr std::size_t kInherited = 7;  // of IUnknown and IDispatch
   auto slot = Slots().begin();
