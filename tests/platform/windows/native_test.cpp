@@ -108,6 +108,10 @@ TEST_F(NativeFilesTest, TakesPathsOfAnyLength) {
   EXPECT_EQ(mFiles.List(deep).size(), 1U);
 }
 
+DWORD WINAPI CodeOnThread(void* work) {
+  return static_cast<DWORD>(CodeOf(*static_cast<std::function<void()>*>(work)));
+}
+
 TEST_F(NativeFilesTest, RefusesFoldersBelowAFileAtAnyDepth) {
   mFiles.MakeFolders(mFolder);
   Put(mFolder + "\\file", "x");
@@ -116,12 +120,8 @@ TEST_F(NativeFilesTest, RefusesFoldersBelowAFileAtAnyDepth) {
   while (deep.size() < 32'000) deep += "\\a";
   // On the small stack of some host's thread.
   std::function<void()> work = [&] { mFiles.MakeFolders(deep); };
-  const HANDLE thread = ::CreateThread(
-      nullptr, 256 << 10,
-      [](void* given) -> DWORD {
-        return static_cast<DWORD>(CodeOf(*static_cast<std::function<void()>*>(given)));
-      },
-      &work, STACK_SIZE_PARAM_IS_A_RESERVATION, nullptr);
+  const HANDLE thread =
+      ::CreateThread(nullptr, 256 << 10, &CodeOnThread, &work, STACK_SIZE_PARAM_IS_A_RESERVATION, nullptr);
   ::WaitForSingleObject(thread, INFINITE);
   DWORD code = 0;
   ::GetExitCodeThread(thread, &code);
