@@ -1,6 +1,7 @@
 #include "slot_call.h"
 
 #include <array>
+#include <cstring>
 #include <span>
 
 #include <lwconfig/automation/conversion.h>
@@ -32,42 +33,30 @@ T* Pointer(Word word) {
   return reinterpret_cast<T*>(word);
 }
 
-/// The argument in the words.
-Variant Read(ValueKind kind, const Word* words) {
-  switch (kind) {
-    case ValueKind::Boolean:
-      return static_cast<VARIANT_BOOL>(*words) != VARIANT_FALSE;
-    case ValueKind::Integer16:
-      return static_cast<std::int16_t>(*words);
-    case ValueKind::Integer32:
-    case ValueKind::Enumeration:
-      return static_cast<std::int32_t>(*words);
-    case ValueKind::Text:
-      return FromBstr(Pointer<OLECHAR>(*words));
-    case ValueKind::Variant:
-      return FromVariant(
-          *(kVariantsArePointers ? Pointer<VARIANT>(*words) : reinterpret_cast<const VARIANT*>(words)));
-    default:
-      return FromPointer(Pointer<IUnknown>(*words));
-  }
+/// What lies at a place: in the word of an argument, whose lowest bytes come first, or where that points to.
+template <class T>
+T At(const void* place) {
+  T value;
+  std::memcpy(&value, place, sizeof value);
+  return value;
 }
 
-/// What the word of a by-reference argument points to.
-Variant ReadReferred(ValueKind kind, Word word) {
+/// The value of that kind at a place.
+Variant Read(ValueKind kind, const void* place) {
   switch (kind) {
     case ValueKind::Boolean:
-      return *Pointer<VARIANT_BOOL>(word) != VARIANT_FALSE;
+      return At<VARIANT_BOOL>(place) != VARIANT_FALSE;
     case ValueKind::Integer16:
-      return *Pointer<std::int16_t>(word);
+      return At<std::int16_t>(place);
     case ValueKind::Integer32:
     case ValueKind::Enumeration:
-      return *Pointer<std::int32_t>(word);
+      return At<std::int32_t>(place);
     case ValueKind::Text:
-      return FromBstr(*Pointer<BSTR>(word));
+      return FromBstr(At<BSTR>(place));
     case ValueKind::Variant:
-      return FromVariant(*Pointer<VARIANT>(word));
+      return FromVariant(At<VARIANT>(place));
     default:
-      return FromPointer(*Pointer<IUnknown*>(word));
+      return FromPointer(At<IUnknown*>(place));
   }
 }
 
@@ -148,9 +137,10 @@ class SlotArguments {
   std::span<Variant> ReadAll() {
     for (std::size_t at = 0; at < mSlot.ParameterCount; ++at) {
       const ParameterInfo& parameter = mSlot.ParameterList[at];
-      mValues[at] = !parameter.IsByReference ? Read(parameter.Type.Kind, mPlaces[at])
-                    : *mPlaces[at] != 0      ? ReadReferred(parameter.Type.Kind, *mPlaces[at])
-                                             : Variant(Missing{});
+      const ValueKind kind = parameter.Type.Kind;
+      const bool isPointer = parameter.IsByReference || (kind == ValueKind::Variant && kVariantsArePointers);
+      const void* place = isPointer ? Pointer<const void>(*mPlaces[at]) : mPlaces[at];
+      mValues[at] = place != nullptr ? Read(kind, place) : Variant(Missing{});
     }
     return {mValues.data(), mSlot.ParameterCount};
   }
