@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <string>
+#include <string_view>
 #include <unordered_map>
 
 #include <lwconfig/automation/contracts.h>
@@ -11,6 +12,14 @@
 
 namespace lwconfig::com {
 namespace {
+
+/// The identity of what is published (see `automation::Identity`).
+GUID IdentityOf(std::string_view published) {
+  GUID identity{};
+  ::IIDFromString(platform::Wide("{" + std::string(automation::Identity(published)) + "}").c_str(),
+                  &identity);
+  return identity;
+}
 
 ClassBinding Bind(const automation::ClassInfo& info) {
   const std::string name = info.Name();
@@ -31,13 +40,6 @@ const Bindings& AllBindings() {
 }
 
 }  // namespace
-
-GUID IdentityOf(std::string_view published) {
-  GUID identity{};
-  ::IIDFromString(platform::Wide("{" + std::string(automation::Identity(published)) + "}").c_str(),
-                  &identity);
-  return identity;
-}
 
 const ClassBinding& BindingOf(const automation::ClassInfo& info) {
   return AllBindings().at(&info);

@@ -1,16 +1,11 @@
 #pragma once
 
-#include <cstdint>
-#include <string_view>
 #include <vector>
 
 #include <lwconfig/automation/class_info.h>
 #include <lwconfig/platform/windows/system.h>
 
 namespace lwconfig::com {
-
-/// The identity of what is published (see `automation::Identity`).
-GUID IdentityOf(std::string_view published);
 
 /// What clients reach a published class by.
 struct ClassBinding {

@@ -16,7 +16,7 @@ class ClassFactory final : public Implements<IClassFactory> {
     if (result == nullptr) return E_POINTER;
     *result = nullptr;
     if (outer != nullptr) return CLASS_E_NOAGGREGATION;
-    return Guarded([&] { return TakeOver(Publish(mBinding.Class.Create())).CopyTo(id, result); },
+    return Guarded([&] { return TakeOver(Object::Publish(mBinding.Class.Create())).CopyTo(id, result); },
                    [](const Error& failure) { return Tell(failure, IID_IClassFactory); });
   }
   HRESULT STDMETHODCALLTYPE LockServer(BOOL lock) override {

@@ -33,13 +33,16 @@ Place PlaceOf(const AnyObject& model) {
 
 }  // namespace
 
-Object* Object::Of(const AnyObject& model) {
+IDispatch* Object::Publish(const AnyObject& model) {
   const auto found = LiveObjects().find(PlaceOf(model));
+  Object* object = nullptr;
   if (found != LiveObjects().end()) {
-    found->second->AddRef();
-    return found->second;
+    object = found->second;
+    object->AddRef();
+  } else {
+    object = new Object(model);
   }
-  return new Object(model);
+  return reinterpret_cast<IDispatch*>(&object->mDual);
 }
 
 Object::Object(const AnyObject& model)
@@ -84,10 +87,6 @@ HRESULT Object::FindConnectionPoint(REFIID id, IConnectionPoint** result) {
     if (id == mBinding->EventsId) *result = EventsOf(*this);
     return *result != nullptr ? S_OK : CONNECT_E_NOCONNECTION;
   });
-}
-
-IDispatch* Publish(const AnyObject& model) {
-  return reinterpret_cast<IDispatch*>(Object::Of(model)->Dual());
 }
 
 }  // namespace lwconfig::com

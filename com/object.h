@@ -36,12 +36,11 @@ struct DualInterface {
 class Object final
     : public Implements<IOwnObject, IProvideClassInfo2, ISupportErrorInfo, IConnectionPointContainer> {
  public:
-  /// The one of that object of the library, with one more reference, which is the caller's.
-  static Object* Of(const AnyObject& model);
+  /// The object of the library as its clients hold it: the caller releases the result.
+  static IDispatch* Publish(const AnyObject& model);
 
   const AnyObject& Model() const override { return mModel; }
   const ClassBinding& Binding() const { return *mBinding; }
-  DualInterface* Dual() { return &mDual; }
 
   HRESULT STDMETHODCALLTYPE GetClassInfo(ITypeInfo** result) override;
   HRESULT STDMETHODCALLTYPE GetGUID(DWORD kind, GUID* result) override;
@@ -58,8 +57,5 @@ class Object final
   const ClassBinding* mBinding;
   DualInterface mDual;
 };
-
-/// The object as its clients hold it: the caller releases the result.
-IDispatch* Publish(const AnyObject& model);
 
 }  // namespace lwconfig::com

@@ -195,7 +195,7 @@ AnyObject FromPointer(IUnknown* pointer) {
 
 IDispatch* ToDispatch(const AnyObject& object) {
   if (!object) return nullptr;
-  if (object.Class != nullptr) return Publish(object);
+  if (object.Class != nullptr) return Object::Publish(object);
   IDispatch* dispatch = DispatchOf(object);
   if (dispatch == nullptr)
     throw Error(kTypeMismatch, "An automation object was expected, another kind of object was found");
