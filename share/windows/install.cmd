@@ -11,10 +11,13 @@ set "failed="
 
 rem Which regsvr32 is for which server.
 set "tool64="
-set "tool32=%SystemRoot%\System32\regsvr32.exe"
-if exist "%SystemRoot%\SysWOW64\regsvr32.exe" set "tool32=%SystemRoot%\SysWOW64\regsvr32.exe"
+set "tool32=%SystemRoot%\SysWOW64\regsvr32.exe"
+if /i "%PROCESSOR_ARCHITECTURE%"=="x86" set "tool32=%SystemRoot%\System32\regsvr32.exe"
 if /i "%PROCESSOR_ARCHITECTURE%"=="AMD64" set "tool64=%SystemRoot%\System32\regsvr32.exe"
-if defined PROCESSOR_ARCHITEW6432 set "tool64=%SystemRoot%\Sysnative\regsvr32.exe"
+if defined PROCESSOR_ARCHITEW6432 (
+  set "tool64=%SystemRoot%\Sysnative\regsvr32.exe"
+  set "tool32=%SystemRoot%\SysWOW64\regsvr32.exe"
+)
 
 if "%~1"=="" goto install
 if /i "%~1"=="/user" goto user
