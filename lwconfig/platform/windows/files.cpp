@@ -15,8 +15,8 @@ namespace {
 /// Whether nothing stands where the failed call looked.
 bool NamesNothing(DWORD error) {
   return error == ERROR_FILE_NOT_FOUND || error == ERROR_PATH_NOT_FOUND || error == ERROR_INVALID_NAME ||
-         error == ERROR_BAD_NETPATH || error == ERROR_INVALID_DRIVE || error == ERROR_BAD_PATHNAME ||
-         error == ERROR_NOT_READY || error == ERROR_DIRECTORY;
+         error == ERROR_BAD_NETPATH || error == ERROR_BAD_NET_NAME || error == ERROR_INVALID_DRIVE ||
+         error == ERROR_BAD_PATHNAME || error == ERROR_NOT_READY || error == ERROR_DIRECTORY;
 }
 
 bool InNameOrder(const FolderEntry& a, const FolderEntry& b) {

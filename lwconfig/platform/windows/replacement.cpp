@@ -21,6 +21,10 @@ void CheckPath(std::string_view path) {
     throw std::system_error(ENOENT, std::generic_category(), std::string(path));
 }
 
+[[noreturn]] void ThrowBadName(std::string_view path) {
+  throw std::system_error(EINVAL, std::generic_category(), std::string(path));
+}
+
 std::wstring FullSystemPath(std::string_view path) {
   std::wstring wide = Wide(path);
   std::ranges::replace(wide, L'/', L'\\');
@@ -44,7 +48,8 @@ std::wstring LinkTarget(const std::wstring& path) {
   return target.empty() ? path : target;
 }
 
-/// The path with the last name in the letter case that it has on disk.
+/// The path with the last name in the letter case that it has on disk. Something has to be there: in other
+/// names the search takes wildcards, and finds another file.
 std::wstring InLetterCaseOnDisk(std::wstring path) {
   WIN32_FIND_DATAW found{};
   const HANDLE search = ::FindFirstFileW(path.c_str(), &found);
@@ -64,7 +69,11 @@ class Replacement final : public FileReplacement {
         mTemporary(TemporaryName(mTarget)),
         mFile(::CreateFileW(mTemporary.c_str(), GENERIC_WRITE | DELETE, 0, nullptr, CREATE_ALWAYS,
                             FILE_ATTRIBUTE_HIDDEN, nullptr)) {
-    if (!mFile.IsOpen()) ThrowWindowsError(mSubject);
+    if (mFile.IsOpen()) return;
+    const DWORD error = ::GetLastError();
+    // What cannot be found under such a name is missing; what is to be written there cannot be.
+    if (error == ERROR_INVALID_NAME) ThrowBadName(mSubject);
+    ThrowWindowsError(mSubject, error);
   }
   ~Replacement() override {
     if (!mFile.IsOpen()) return;
@@ -99,8 +108,16 @@ class Replacement final : public FileReplacement {
 
  private:
   static std::wstring TemporaryName(const std::wstring& target) {
-    const std::size_t name = target.find_last_of(L'\\') + 1;
-    return target.substr(0, name) + L"." + target.substr(name) + L".lwtmp";
+    constexpr std::size_t kLongestName = 255;
+    constexpr std::wstring_view kSuffix = L".lwtmp";
+    const std::size_t start = target.find_last_of(L'\\') + 1;
+    std::wstring name = L"." + target.substr(start);
+    if (name.size() + kSuffix.size() > kLongestName) {
+      const std::wstring hash = L"~" + std::to_wstring(HashIgnoringCase(Narrow(name)));
+      name.resize(kLongestName - kSuffix.size() - hash.size());
+      name += hash;
+    }
+    return target.substr(0, start).append(name).append(kSuffix);
   }
 
   static bool Exists(DWORD attributes) { return attributes != INVALID_FILE_ATTRIBUTES; }
@@ -159,6 +176,7 @@ std::wstring SystemPath(std::string_view path) {
   CheckPath(path);
   if (path.empty()) throw std::system_error(ENOENT, std::generic_category(), std::string());
   const std::wstring full = FullSystemPath(path);
+  if (full.starts_with(L"\\\\.\\")) ThrowBadName(path);  // a device, such as that of the name "aux"
   if (full.size() > kLongestPath)
     throw std::system_error(ENAMETOOLONG, std::generic_category(), std::string(path));
   if (full.starts_with(kLongPrefix)) return full;
@@ -168,6 +186,8 @@ std::wstring SystemPath(std::string_view path) {
 
 std::unique_ptr<FileReplacement> BeginReplacement(std::string_view path, ReplaceMode mode) {
   std::wstring target = SystemPath(path);
+  // A second stream of a file, which could not be put in place.
+  if (target.find(L':', target.find_last_of(L'\\') + 1) != std::wstring::npos) ThrowBadName(path);
   if (mode == ReplaceMode::Rewrite) target = LinkTarget(target);
   const DWORD attributes = ::GetFileAttributesW(target.c_str());
   if (attributes != INVALID_FILE_ATTRIBUTES) {
@@ -175,8 +195,9 @@ std::unique_ptr<FileReplacement> BeginReplacement(std::string_view path, Replace
       throw std::system_error(EISDIR, std::generic_category(), std::string(path));
     if ((attributes & FILE_ATTRIBUTE_READONLY) != 0 && mode == ReplaceMode::Rewrite)
       throw std::system_error(EACCES, std::generic_category(), std::string(path));
+    target = InLetterCaseOnDisk(std::move(target));
   }
-  return std::make_unique<Replacement>(InLetterCaseOnDisk(std::move(target)), mode, std::string(path));
+  return std::make_unique<Replacement>(std::move(target), mode, std::string(path));
 }
 
 }  // namespace lwconfig::platform

@@ -13,6 +13,7 @@ constexpr std::array kErrorCodes{
     std::pair{DWORD{ERROR_PATH_NOT_FOUND}, ENOENT},
     std::pair{DWORD{ERROR_BAD_PATHNAME}, ENOENT},
     std::pair{DWORD{ERROR_BAD_NETPATH}, ENOENT},
+    std::pair{DWORD{ERROR_BAD_NET_NAME}, ENOENT},
     std::pair{DWORD{ERROR_INVALID_NAME}, ENOENT},
     std::pair{DWORD{ERROR_INVALID_DRIVE}, ENOENT},
     std::pair{DWORD{ERROR_ACCESS_DENIED}, EACCES},

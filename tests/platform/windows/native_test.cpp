@@ -82,6 +82,20 @@ TEST_F(NativeFilesTest, PutsContentInPlaceInOneStep) {
   EXPECT_EQ(mFiles.Kind(readOnly), EntryKind::Missing);
 }
 
+TEST_F(NativeFilesTest, TakesNoNameForAnotherOne) {
+  mFiles.MakeFolders(mFolder);
+  Put(mFolder + "\\FAQ1.xml", "years of work");
+  for (const char* name : {"FAQ?.xml", "*", "FAQ<", "FAQ1.xml\"", "FAQ*.xml", "FAQ1.xml:other"}) {
+    const std::string path = mFolder + "\\" + name;
+    EXPECT_EQ(CodeOf([&] { Put(path, "lost"); }), EINVAL) << name;
+    EXPECT_EQ(CodeOf([&] { mFiles.Supersede(path, mFolder + "\\FAQ1.xml"); }), EINVAL) << name;
+    EXPECT_EQ(CodeOf([&] { mFiles.Read(path); }), ENOENT) << name;
+    EXPECT_EQ(CodeOf([&] { mFiles.Remove(path); }), ENOENT) << name;
+  }
+  EXPECT_EQ(mFiles.Read(mFolder + "\\FAQ1.xml"), "years of work");
+  EXPECT_EQ(mFiles.List(mFolder).size(), 1U);
+}
+
 TEST_F(NativeFilesTest, TellsWhatIsNotThere) {
   mFiles.MakeFolders(mFolder);
   EXPECT_EQ(CodeOf([&] { mFiles.Read(mFolder + "\\absent"); }), ENOENT);
@@ -105,6 +119,11 @@ TEST_F(NativeFilesTest, TakesPathsOfAnyLength) {
   mFiles.MakeFolders(deep);
   Put(deep + "\\x", "deep");
   EXPECT_EQ(mFiles.Read(deep + "/x"), "deep");
+  mFiles.Remove(deep + "\\x");
+  const std::string longest = deep + "\\" + std::string(255, 'n');
+  Put(longest, "old");
+  Put(longest, "new");
+  EXPECT_EQ(mFiles.Read(longest), "new");
   EXPECT_EQ(mFiles.List(deep).size(), 1U);
 }
 
