@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <utility>
 
+#include "failures.h"
 #include "late_binding.h"
 #include "object.h"
 #include "slot_call.h"
@@ -22,14 +23,15 @@ ULONG STDMETHODCALLTYPE Release(DualInterface* self) {
   return self->Owner->Release();
 }
 HRESULT STDMETHODCALLTYPE GetTypeInfoCount(DualInterface*, UINT* result) {
-  if (result == nullptr) return E_POINTER;
+  if (result == nullptr) return ForgetFailure(E_POINTER);
   *result = 1;
   return S_OK;
 }
 HRESULT STDMETHODCALLTYPE GetTypeInfo(DualInterface* self, UINT index, LCID, ITypeInfo** result) {
-  if (result == nullptr) return E_POINTER;
+  if (result == nullptr) return ForgetFailure(E_POINTER);
   *result = nullptr;
-  return index == 0 ? FindTypeInfo(self->Owner->Binding().InterfaceId, result) : DISP_E_BADINDEX;
+  if (index != 0) return ForgetFailure(DISP_E_BADINDEX);
+  return FindTypeInfo(self->Owner->Binding().InterfaceId, result);
 }
 HRESULT STDMETHODCALLTYPE GetIDsOfNames(DualInterface* self, REFIID reserved, LPOLESTR* names, UINT count,
                                         LCID, DISPID* ids) {

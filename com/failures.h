@@ -33,12 +33,12 @@ HRESULT Guarded(Body body, TellFailure tell) noexcept {
     const std::scoped_lock lock(gLibrary);
     return body();
   } catch (const std::bad_alloc&) {
-    return E_OUTOFMEMORY;
+    return ForgetFailure(E_OUTOFMEMORY);
   } catch (...) {
     try {
       return tell(CurrentFailure());
     } catch (...) {  // no memory for that either
-      return E_OUTOFMEMORY;
+      return ForgetFailure(E_OUTOFMEMORY);
     }
   }
 }
@@ -46,7 +46,7 @@ HRESULT Guarded(Body body, TellFailure tell) noexcept {
 /// As above where the result itself says all there is to say.
 template <class Body>
 HRESULT Guarded(Body body) noexcept {
-  return Guarded(body, ResultOf);
+  return Guarded(body, [](const Error& failure) { return ForgetFailure(ResultOf(failure)); });
 }
 
 }  // namespace lwconfig::com

@@ -4,6 +4,7 @@
 #include <array>
 #include <span>
 #include <string>
+#include <vector>
 
 #include <lwconfig/automation/dispatch.h>
 #include <lwconfig/automation/errors.h>
@@ -82,14 +83,22 @@ class LateArguments {
     return {std::span(mArguments).first(mOrderedCount), std::span(mNamed).first(mCount - mOrderedCount)};
   }
 
-  /// Stores what the call may have replaced where the client passed a reference.
+  /// Stores what the call has replaced where the client passed a reference.
   void Return() const {
-    for (std::size_t at = 0; at < mCount; ++at) {
-      if (mReferences[at] != nullptr) StoreReferred(*mReferences[at], mArguments[at]);
+    for (const Reference& reference : mReferences) {
+      const Variant& now = mArguments[reference.Argument];
+      if (!IsUnchanged(reference.Before, now)) StoreReferred(*reference.Place, now);
     }
   }
 
  private:
+  /// What the client passed as a reference to it.
+  struct Reference {
+    const VARIANT* Place;
+    std::size_t Argument;
+    Variant Before;
+  };
+
   /// `place` is that of the parameter; what lies beyond belongs to the object that the member holds.
   void Add(const VARIANT& source, std::size_t place) {
     if (place >= mParameters.size()) {
@@ -97,8 +106,10 @@ class LateArguments {
       return;
     }
     const ParameterInfo& parameter = mParameters[place];
-    if (parameter.IsByReference && (source.vt & VT_BYREF) != 0) mReferences[mCount] = &source;
-    mArguments[mCount++] = ValueFor(parameter, source);
+    mArguments[mCount] = ValueFor(parameter, source);
+    if (parameter.IsByReference && (source.vt & VT_BYREF) != 0)
+      mReferences.push_back({&source, mCount, mArguments[mCount]});
+    ++mCount;
   }
   void AddNamed(DISPID id, const VARIANT& source) {
     if (id < 0 || static_cast<std::size_t>(id) >= mParameters.size())
@@ -113,7 +124,7 @@ class LateArguments {
   const ClassInfo::Member& mMember;
   std::span<const ParameterInfo> mParameters;
   std::array<Variant, kMost> mArguments{};
-  std::array<const VARIANT*, kMost> mReferences{};
+  std::vector<Reference> mReferences;
   std::size_t mCount = 0;
   std::size_t mOrderedCount = 0;
   std::array<automation::NamedArgument, kMost> mNamed{};
@@ -128,10 +139,10 @@ HRESULT TellMissing(const std::string& text, HRESULT result) {
 }  // namespace
 
 HRESULT FindNames(Object& object, REFIID reserved, LPOLESTR* names, UINT count, DISPID* ids) noexcept {
-  if (reserved != IID_NULL) return DISP_E_UNKNOWNINTERFACE;
+  if (reserved != IID_NULL) return ForgetFailure(DISP_E_UNKNOWNINTERFACE);
   if (count == 0) return S_OK;
   if (names == nullptr || ids == nullptr || std::find(names, names + count, nullptr) != names + count)
-    return E_POINTER;
+    return ForgetFailure(E_POINTER);
   return Guarded([&] {
     std::fill_n(ids, count, DISPID_UNKNOWN);
     const ClassInfo& info = object.Binding().Class;
@@ -158,9 +169,9 @@ HRESULT FindNames(Object& object, REFIID reserved, LPOLESTR* names, UINT count, 
 
 HRESULT InvokeLate(Object& object, DISPID id, REFIID reserved, WORD flags, DISPPARAMS* parameters,
                    VARIANT* result, EXCEPINFO* failure) noexcept {
-  if (reserved != IID_NULL) return DISP_E_UNKNOWNINTERFACE;
-  if (!IsComplete(parameters)) return E_INVALIDARG;
   if (result != nullptr) ::VariantInit(result);
+  if (reserved != IID_NULL) return ForgetFailure(DISP_E_UNKNOWNINTERFACE);
+  if (!IsComplete(parameters)) return ForgetFailure(E_INVALIDARG);
   return Guarded(
       [&] {
         const ClassInfo& info = object.Binding().Class;

@@ -11,6 +11,9 @@ namespace lwconfig::com {
 /// How the server knows its own objects among those that clients pass.
 struct IOwnObject : IUnknown {
   virtual const AnyObject& Model() const = 0;
+  /// The same address for all objects of one copy of the server: a process may have loaded another one too,
+  /// whose objects are somebody else's.
+  virtual const void* Home() const = 0;
 
  protected:
   ~IOwnObject() = default;
@@ -18,8 +21,8 @@ struct IOwnObject : IUnknown {
 
 }  // namespace lwconfig::com
 
-__CRT_UUID_DECL(lwconfig::com::IOwnObject, 0x6D2C1A54, 0x0E0B, 0x4B5E, 0x9B, 0x7C, 0x52, 0x1F, 0x3A, 0x88,
-                0xD0, 0x16)
+__CRT_UUID_DECL(lwconfig::com::IOwnObject, 0x2E9B70C3, 0x51D8, 0x4F0A, 0xA6, 0x3D, 0x18, 0xC4, 0x7F, 0x05,
+                0xB2, 0x9E)
 
 namespace lwconfig::com {
 
@@ -40,6 +43,7 @@ class Object final
   static IDispatch* Publish(const AnyObject& model);
 
   const AnyObject& Model() const override { return mModel; }
+  const void* Home() const override { return &gUses; }
   const ClassBinding& Binding() const { return *mBinding; }
 
   HRESULT STDMETHODCALLTYPE GetClassInfo(ITypeInfo** result) override;

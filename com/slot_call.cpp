@@ -149,7 +149,10 @@ class SlotArguments {
     for (std::size_t at = 0; at < mSlot.ParameterCount; ++at) {
       const ParameterInfo& parameter = mSlot.ParameterList[at];
       if (!parameter.IsByReference || *mPlaces[at] == 0) continue;
-      Replace(parameter.Type.Kind, mValues[at], *mPlaces[at]);
+      const ValueKind kind = parameter.Type.Kind;
+      // What the call left alone stays as the client has it, also which interface of an object it is.
+      if (IsUnchanged(Read(kind, Pointer<const void>(*mPlaces[at])), mValues[at])) continue;
+      Replace(kind, mValues[at], *mPlaces[at]);
     }
     if (HasResult()) Store(mSlot.Result.Kind, result, *mResult);
   }
@@ -174,9 +177,9 @@ std::size_t WordCount(const MemberInfo& slot) {
 HRESULT CallSlot(Object& object, std::size_t number, const Word* words) noexcept {
   const ClassBinding& binding = object.Binding();
   const MemberInfo& slot = binding.Class.Slots()[number];
-  SlotArguments arguments(slot, words);
   return Guarded(
       [&] {
+        SlotArguments arguments(slot, words);
         arguments.ClearResult();
         if (!arguments.HasPlaces()) return ForgetFailure(E_POINTER);
         // The call may let go of the last reference that the client has, and so of `object`.

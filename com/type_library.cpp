@@ -12,7 +12,7 @@ HRESULT FindTypeInfo(REFGUID id, ITypeInfo** result) {
     ComPtr<ITypeLib> library;
     // The system keeps those that are in use.
     const HRESULT loaded = ::LoadTypeLibEx(ModulePath().c_str(), REGKIND_NONE, library.GetAddressOf());
-    return FAILED(loaded) ? loaded : library->GetTypeInfoOfGuid(id, result);
+    return FAILED(loaded) ? ForgetFailure(loaded) : library->GetTypeInfoOfGuid(id, result);
   });
 }
 

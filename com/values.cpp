@@ -186,10 +186,20 @@ void StoreReferred(const VARIANT& reference, const Variant& value) {
   }
 }
 
+bool IsUnchanged(const Variant& before, const Variant& after) {
+  const auto* now = std::get_if<AnyObject>(&after);
+  if (now == nullptr) return before == after;
+  const auto* was = std::get_if<AnyObject>(&before);
+  if (was == nullptr) return !*now;
+  return *was == *now && was->Class == now->Class;  // one object may begin with another
+}
+
 AnyObject FromPointer(IUnknown* pointer) {
   if (pointer == nullptr) return {};
   ComPtr<IOwnObject> own;
-  if (SUCCEEDED(pointer->QueryInterface(IID_PPV_ARGS(own.GetAddressOf())))) return own->Model();
+  const bool isOurs =
+      SUCCEEDED(pointer->QueryInterface(IID_PPV_ARGS(own.GetAddressOf()))) && own->Home() == &gUses;
+  if (isOurs) return own->Model();
   return Foreign(pointer);
 }
 

@@ -26,6 +26,9 @@ VARIANT ToVariant(const Variant& value);
 /// has no such form.
 void StoreReferred(const VARIANT& reference, const Variant& value);
 
+/// Whether a call has left an argument as it was; nothing of any kind is the same as no object.
+bool IsUnchanged(const Variant& before, const Variant& after);
+
 /// The object behind a pointer from a client, which may be null.
 AnyObject FromPointer(IUnknown* pointer);
 /// The caller releases the result; null for none. Error 13 for somebody else's object that is not an

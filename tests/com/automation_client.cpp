@@ -1,6 +1,7 @@
 #include <array>
 #include <filesystem>
 #include <regex>
+#include <stdexcept>
 
 #include <tests/com/automation_client.h>
 
@@ -10,15 +11,23 @@ namespace {
 constexpr IID kNoId{};
 constexpr const wchar_t* kErrorClass = L"{5D1C2A34-8A0E-4F51-9B6E-210C7D33F401}";
 
-void SetText(const wchar_t* key, REGSAM view, const wchar_t* name, const std::wstring& text) {
+const std::wstring kErrorComponent = L"Software\\Classes\\CorvaError.Error";
+constexpr const wchar_t* kProduct = L"Software\\Corvantis\\Lexiwend4";
+
+/// Nobody's own settings are there.
+void RequireWine() {
+  if (::GetProcAddress(::GetModuleHandleW(L"ntdll.dll"), "wine_get_version") == nullptr)
+    throw std::runtime_error("The clients' tests replace what is registered: they run under wine only");
+}
+
+void SetText(const std::wstring& key, REGSAM view, const wchar_t* name, const std::wstring& text) {
   HKEY opened = nullptr;
-  ::RegCreateKeyExW(HKEY_LOCAL_MACHINE, key, 0, nullptr, 0, KEY_WRITE | view, nullptr, &opened, nullptr);
+  ::RegCreateKeyExW(HKEY_LOCAL_MACHINE, key.c_str(), 0, nullptr, 0, KEY_WRITE | view, nullptr, &opened,
+                    nullptr);
   ::RegSetValueExW(opened, name, 0, REG_SZ, reinterpret_cast<const BYTE*>(text.c_str()),
                    static_cast<DWORD>((text.size() + 1) * sizeof(wchar_t)));
   ::RegCloseKey(opened);
 }
-
-constexpr const wchar_t* kProduct = L"Software\\Corvantis\\Lexiwend4";
 
 }  // namespace
 
@@ -194,8 +203,8 @@ std::string ClassOf(IDispatch* object) {
   return name.starts_with('_') ? name.substr(1) : name;
 }
 
-Server::Server() : mModule(::LoadLibraryW(Path())) {
-  ::LoadTypeLibEx(Path(), REGKIND_NONE, &mTypes);
+Server::Server(const wchar_t* path) : mModule(::LoadLibraryW(path)) {
+  ::LoadTypeLibEx(path, REGKIND_NONE, &mTypes);
 }
 
 Server::~Server() {
@@ -214,6 +223,10 @@ HRESULT Server::GetClassObject(REFCLSID id, REFIID interfaceId, void** object) c
 
 HRESULT Server::CanUnloadNow() const {
   return CallExported("DllCanUnloadNow");
+}
+
+HRESULT Server::Install(BOOL install, const wchar_t* commandLine) const {
+  return CallExported("DllInstall", install, commandLine);
 }
 
 HRESULT Server::Create(REFCLSID id, Object& object) const {
@@ -259,11 +272,16 @@ Connected::Connected(IDispatch* object, ForeignObject::Handler handler) {
 }
 
 ErrorComponent::ErrorComponent() {
-  // The key may stay: without a process that offers the class, the component cannot be created.
-  SetText(L"Software\\Classes\\CorvaError.Error\\CLSID", 0, nullptr, kErrorClass);
+  RequireWine();
+  SetText(kErrorComponent + L"\\CLSID", 0, nullptr, kErrorClass);
   CLSID id{};
   ::CLSIDFromString(kErrorClass, &id);
   ::CoRegisterClassObject(id, this, CLSCTX_INPROC_SERVER, REGCLS_MULTIPLEUSE, &mRegistration);
+}
+
+ErrorComponent::~ErrorComponent() {
+  ::CoRevokeClassObject(mRegistration);
+  ::RegDeleteTreeW(HKEY_LOCAL_MACHINE, kErrorComponent.c_str());
 }
 
 HRESULT ErrorComponent::QueryInterface(REFIID id, void** object) {
@@ -293,6 +311,7 @@ StarterConfiguration::StarterConfiguration()
                ("lwconfig-com-" + std::to_string(::GetCurrentProcessId()) + "-" +
                 std::to_string(::GetTickCount64())))
                   .wstring()) {
+  RequireWine();
   std::filesystem::copy(LWCONFIG_STARTER, mFolder, std::filesystem::copy_options::recursive);
   SetText(kProduct, KEY_WOW64_32KEY, L"ConfigPath", mFolder + L"\\");
   SetText(kProduct, KEY_WOW64_32KEY, L"InstallPath4", mFolder + L"\\");

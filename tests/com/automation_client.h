@@ -107,7 +107,7 @@ std::string ClassOf(IDispatch* object);
 /// The DLL under test, loaded for as long as this lives.
 class Server {
  public:
-  Server();
+  explicit Server(const wchar_t* path = Path());
   ~Server();
   Server(const Server&) = delete;
   Server& operator=(const Server&) = delete;
@@ -116,6 +116,7 @@ class Server {
   bool IsLoaded() const { return mModule != nullptr; }
   HRESULT GetClassObject(REFCLSID id, REFIID interfaceId, void** object) const;
   HRESULT CanUnloadNow() const;
+  HRESULT Install(BOOL install, const wchar_t* commandLine) const;
   /// A new object of the class.
   HRESULT Create(REFCLSID id, Object& object) const;
 
@@ -186,7 +187,7 @@ class Connected {
 class ErrorComponent final : private IClassFactory {
  public:
   ErrorComponent();
-  ~ErrorComponent() { ::CoRevokeClassObject(mRegistration); }
+  ~ErrorComponent();
   ErrorComponent(const ErrorComponent&) = delete;
   ErrorComponent& operator=(const ErrorComponent&) = delete;
 

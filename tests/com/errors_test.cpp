@@ -1,4 +1,5 @@
 #include <cstddef>
+#include <functional>
 
 #include <tests/com/fixture.h>
 
@@ -121,6 +122,31 @@ TEST_F(ServerErrorsTest, CallsThatAreWrongThemselvesHaveTheirOwnNumbers) {
   }
   // These are the caller's, not failures to report.
   EXPECT_TRUE(errors.Reports().empty());
+}
+
+TEST_F(ServerErrorsTest, AFailureWithoutATextLeavesNoneOfAnEarlierOne) {
+  const Object layouts = Create("PageLayouts");
+  wchar_t absent[] = L"Absent";
+  wchar_t* names[]{absent};
+  DISPID id = 0;
+  DISPPARAMS none{};
+  ComPtr<ITypeInfo> type;
+  const std::function<HRESULT()> calls[]{
+      [&] { return layouts->Invoke(0, IID_NULL, 0, DISPATCH_METHOD, nullptr, nullptr, nullptr, nullptr); },
+      [&] { return layouts->Invoke(0, IID_IDispatch, 0, DISPATCH_METHOD, &none, nullptr, nullptr, nullptr); },
+      [&] { return layouts->GetIDsOfNames(IID_IDispatch, names, 1, 0, &id); },
+      [&] { return layouts->GetIDsOfNames(IID_NULL, names, 1, 0, nullptr); },
+      [&] { return layouts->GetTypeInfo(1, 0, &type); },
+      [&] { return layouts->GetTypeInfo(0, 0, nullptr); },
+      [&] { return layouts->GetTypeInfoCount(nullptr); },
+  };
+  for (const auto& call : calls) {
+    const auto at = &call - calls;
+    EXPECT_EQ(layouts->GetIDsOfNames(IID_NULL, names, 1, 0, &id), DISP_E_UNKNOWNNAME);
+    EXPECT_TRUE(FAILED(call())) << at;
+    ComPtr<IErrorInfo> left;
+    EXPECT_EQ(::GetErrorInfo(0, &left), S_FALSE) << at;
+  }
 }
 
 }  // namespace

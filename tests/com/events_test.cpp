@@ -1,3 +1,6 @@
+#include <array>
+#include <memory>
+
 #include <tests/com/fixture.h>
 
 namespace lwconfig::testing {
@@ -69,6 +72,24 @@ TEST_F(ServerEventsTest, ASinkHearsOfItsSourceAlsoAfterItWasReleasedAndObtainedA
   }
   AddLayout(Get(pageTemplate, L"PageLayouts").ToObject());
   EXPECT_EQ(calls, 1);
+}
+
+TEST_F(ServerEventsTest, ASinkMayEndConnectionsWhileItIsCalled) {
+  const Object layouts = Create("PageLayouts");
+  std::vector<std::unique_ptr<Connected>> connections(3);
+  std::array<int, 3> calls{};
+  for (std::size_t at = 0; at < connections.size(); ++at) {
+    connections[at] = std::make_unique<Connected>(layouts.Get(), [&, at](DISPID, const DISPPARAMS&) {
+      ++calls[at];
+      if (at != 1) return;
+      EXPECT_EQ(connections[1]->Close(), S_OK);
+      EXPECT_EQ(connections[2]->Close(), S_OK);
+    });
+  }
+  AddLayout(layouts);
+  AddLayout(layouts);
+  EXPECT_EQ(calls, (std::array{2, 1, 0}));
+  EXPECT_EQ(connections[0]->Close(), S_OK);
 }
 
 TEST_F(ServerEventsTest, ConnectionPointsAreEnumeratedAndRefuseWhatIsNoSink) {

@@ -1,3 +1,5 @@
+#include <algorithm>
+
 #include <tests/com/fixture.h>
 
 namespace lwconfig::testing {
@@ -29,6 +31,11 @@ TEST_F(ServerObjectsTest, EveryInterfaceOfAnObjectLeadsToEveryOther) {
     ASSERT_EQ(object.As(&errors), S_OK) << info.Name;
     EXPECT_EQ(errors->InterfaceSupportsErrorInfo(*info.Interface), S_OK) << info.Name;
     EXPECT_EQ(errors->InterfaceSupportsErrorInfo(IID_IEnumVARIANT), S_FALSE) << info.Name;
+    ComPtr<IProvideClassInfo> described;
+    ComPtr<ITypeInfo> type;
+    ASSERT_EQ(object.As(&described), S_OK) << info.Name;
+    ASSERT_EQ(described->GetClassInfo(&type), S_OK) << info.Name;
+    EXPECT_EQ(NameOf(*type.Get()), info.Name);
     ComPtr<IConnectionPointContainer> container;
     if (SUCCEEDED(object.As(&container))) ids.push_back(IID_IConnectionPointContainer);
     for (const IID& from : ids) {
@@ -95,6 +102,10 @@ TEST_F(ServerObjectsTest, ValuesOfOtherOriginComeBackAsTheyAre) {
   text.bstrVal[1] = 0xDC00;  // half of a character
   EXPECT_TRUE(Put(comment, L"Tag", text).Succeeded());
   EXPECT_EQ(Get(comment, L"Tag").Result.vt, VT_BSTR);
+  const Object layout = Create("PageLayout");
+  EXPECT_TRUE(Put(layout, L"Name", L"name").Succeeded());
+  EXPECT_TRUE(Put(layout, L"Name", Value::Zero(VT_BSTR)).Succeeded());
+  EXPECT_EQ(Get(layout, L"Name").Describe(), "text \"\"");
   struct Row {
     VARTYPE Type;
     const char* Read;
@@ -111,6 +122,45 @@ TEST_F(ServerObjectsTest, ValuesOfOtherOriginComeBackAsTheyAre) {
     EXPECT_TRUE(Put(comment, L"Tag", value).Succeeded()) << row.Type;
     EXPECT_EQ(Get(comment, L"Tag").Describe(), row.Read) << row.Type;
   }
+}
+
+TEST_F(ServerObjectsTest, WhatACallLeavesAloneStaysAsTheClientHasIt) {
+  const Object provider = Create("INamespaceProvider");
+  const Object project = Create("PageLayout");
+  Value passed = Value::Zero(VT_UNKNOWN);
+  ASSERT_EQ(project->QueryInterface(IID_IProvideClassInfo, reinterpret_cast<void**>(&passed.punkVal)), S_OK);
+  Value reference = Value::Zero(VT_UNKNOWN | VT_BYREF);
+  reference.ppunkVal = &passed.punkVal;
+  const IUnknown* const before = passed.punkVal;
+  EXPECT_TRUE(Call(provider, L"Initialise", {reference}).Succeeded());
+  EXPECT_EQ(passed.punkVal, before);
+  const auto slot = std::ranges::find_if(Slots(), [](const Slot& each) {
+    return each.Class == std::string("INamespaceProvider") && each.Method == std::string("Initialise");
+  });
+  ASSERT_NE(slot, Slots().end());
+  EXPECT_EQ(slot->Call(provider.Get(), &passed, 0), S_OK);
+  EXPECT_EQ(passed.punkVal, before);
+  Value empty;
+  EXPECT_TRUE(Call(provider, L"Initialise", {Value::Reference(empty)}).Succeeded());
+  EXPECT_EQ(empty.vt, VT_EMPTY);
+}
+
+TEST_F(ServerObjectsTest, ObjectsOfAnotherCopyOfTheServerAreSomebodyElses) {
+  const std::wstring copy = Server::Path() + std::wstring(L".copy.dll");
+  ASSERT_NE(::CopyFileW(Server::Path(), copy.c_str(), FALSE), 0);
+  {
+    const Server other(copy.c_str());
+    const auto info = std::ranges::find(SlotClasses(), std::string_view("PageLayout"), &SlotClass::Name);
+    ASSERT_NE(info, SlotClasses().end());
+    Object layout;
+    ASSERT_EQ(other.Create(*info->Id, layout), S_OK);
+    EXPECT_EQ(Call(Create("PageLayouts"), L"Add", {layout}).Number, 13);
+    const Object comment = Create("ModelComment");
+    EXPECT_TRUE(Put(comment, L"Tag", layout).Succeeded());
+    EXPECT_TRUE(AreSame(Get(comment, L"Tag").ToObject().Get(), layout.Get()));
+    ::SetErrorInfo(0, nullptr);
+  }
+  EXPECT_NE(::DeleteFileW(copy.c_str()), 0);
 }
 
 TEST_F(ServerObjectsTest, TheLibraryStaysWhileAnythingOfItIsHeld) {
@@ -165,6 +215,7 @@ TEST_F(ServerObjectsTest, ALockedFactoryKeepsTheLibraryToo) {
   EXPECT_EQ(factory->CreateInstance(nullptr, IID_IClassFactory, &none), E_NOINTERFACE);
   EXPECT_EQ(factory->CreateInstance(nullptr, IID_IUnknown, nullptr), E_POINTER);
   EXPECT_EQ(TheServer().GetClassObject(IID_IUnknown, IID_IClassFactory, &none), CLASS_E_CLASSNOTAVAILABLE);
+  EXPECT_EQ(TheServer().Install(FALSE, L"nobody"), E_INVALIDARG);
   factory.Reset();
 }
 
