@@ -14,7 +14,7 @@ constexpr const wchar_t* kErrorClass = L"{5D1C2A34-8A0E-4F51-9B6E-210C7D33F401}"
 const std::wstring kErrorComponent = L"Software\\Classes\\CorvaError.Error";
 constexpr const wchar_t* kProduct = L"Software\\Corvantis\\Lexiwend4";
 
-/// Nobody's own settings are there.
+/// Elsewhere the registry holds somebody's own settings.
 void RequireWine() {
   if (::GetProcAddress(::GetModuleHandleW(L"ntdll.dll"), "wine_get_version") == nullptr)
     throw std::runtime_error("The clients' tests replace what is registered: they run under wine only");

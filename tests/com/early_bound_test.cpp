@@ -148,8 +148,10 @@ TEST_F(EarlyBoundTest, EverySlotSurvivesNullsAndVariantsOfEveryType) {
       for (VARTYPE type = VT_EMPTY; type <= VT_UINT; ++type) {
         if (type == 15 || type == VT_VARIANT) continue;  // no type, and only a reference
         call(0, at, Value::Zero(type));
-        EXPECT_TRUE(FAILED(call(0, at, Value::Zero(static_cast<VARTYPE>(type | VT_BYREF))))) << name << type;
-        EXPECT_TRUE(FAILED(call(0, at, Value::Zero(static_cast<VARTYPE>(type | VT_ARRAY))))) << name << type;
+        EXPECT_TRUE(FAILED(call(0, at, Value::Zero(static_cast<VARTYPE>(type | VT_BYREF)))))
+            << name << " " << type;
+        EXPECT_TRUE(FAILED(call(0, at, Value::Zero(static_cast<VARTYPE>(type | VT_ARRAY)))))
+            << name << " " << type;
       }
     }
     if (slot.HasResult) {
