@@ -5,6 +5,7 @@
 
 #include <gmock/gmock.h>
 #include <pugixml.hpp>
+#include <tests/paths.h>
 
 #include <lwconfig/automation/contracts.h>
 #include <lwconfig/automation/idl.h>
@@ -88,7 +89,7 @@ std::string BinaryInterface() {
 
 TEST(InterfaceDescription, KeepsWhatProgramsAreCompiledAgainst) {
   std::istringstream current(BinaryInterface());
-  std::ifstream frozen(LWCONFIG_PUBLISHED_INTERFACE);
+  std::ifstream frozen(testing::kPublishedInterface);
   ASSERT_TRUE(frozen.is_open());
   std::string wanted;
   for (int number = 1; std::getline(frozen, wanted); ++number) {

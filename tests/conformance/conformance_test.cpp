@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 #include <tests/automation/memory_host.h>
 #include <tests/conformance/interpreter.h>
+#include <tests/paths.h>
 
 #include <lwconfig/automation/conversion.h>
 #include <lwconfig/automation/dispatch.h>
@@ -115,8 +116,8 @@ TEST(ConformanceTest, LateBoundCallsGiveTheTranscript) {
   const auto previous = platform::RegisterComponent(std::string(kErrorComponent),
                                                     [] { return std::make_unique<SilentComponent>(); });
   DispatchFace face;
-  EXPECT_EQ(testing::Interpreter(face).Run(LWCONFIG_CONFORMANCE),
-            testing::Interpreter::Transcript(LWCONFIG_CONFORMANCE));
+  EXPECT_EQ(testing::Interpreter(face).Run(testing::kConformanceFolder),
+            testing::Interpreter::Transcript(testing::kConformanceFolder));
   platform::RegisterComponent(std::string(kErrorComponent), previous);
 }
 

@@ -34,7 +34,7 @@ struct Example {
 /// alone. The first example has no code; it is what the others stand in.
 std::vector<Example> DocumentedExamples() {
   static const std::regex file("`([^`]+)`(?: \\(([^)]*)\\))?:");
-  std::istringstream lines(platform::Files::Native().Read(LWCONFIG_DOCS "/check.md"));
+  std::istringstream lines(platform::Files::Native().Read(std::string(testing::kGuidesFolder) + "/check.md"));
   std::vector<Example> examples(1);
   bool isNamed = false;
   for (std::string line; std::getline(lines, line);) {

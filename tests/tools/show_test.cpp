@@ -295,7 +295,8 @@ TEST_F(ShowTest, HelpAndMisuse) {
 }
 
 TEST_F(ShowTest, TheManualPageNamesEveryCommand) {
-  const std::string manual = platform::Files::Native().Read(LWCONFIG_MANUAL);
+  const std::string manual =
+      platform::Files::Native().Read(std::string(testing::kGuidesFolder) + "/lwconfig.1");
   const std::string help = Run("--help").Out;
   int count = 0;
   for (const auto line : Split(std::string_view(help).substr(help.find("Commands:\n") + 10), "\n")) {

@@ -8,6 +8,7 @@
 #include <nlohmann/json.hpp>
 #include <pty.h>
 #include <sys/ioctl.h>
+#include <tests/paths.h>
 #include <tests/platform/posix/private_host.h>
 #include <tools/lwconfig/members/words.h>
 
@@ -136,7 +137,7 @@ class ToolTest : public PrivateHost {
     std::vector<char*> argv{const_cast<char*>("lwconfig")};
     for (auto& word : words) argv.push_back(word.Text.data());
     argv.push_back(nullptr);
-    ::execv(LWCONFIG_COMMAND, argv.data());
+    ::execv(kCommandPath, argv.data());
     return 127;
   }
 };
