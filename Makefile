@@ -9,7 +9,7 @@ CXX_FILES = find . -path ./build -prune -o -path ./.git -prune -o \( -name '*.h'
 
 .DEFAULT_GOAL := help
 .PHONY: help demo build test test-windows package-windows bench bench-windows windows-libraries generate format check \
-        format-check install packages check-packages
+        format-check types install packages check-packages
 
 help:
 	@echo 'make demo      show the starter configuration as a tree'
@@ -22,7 +22,8 @@ help:
 	@echo 'make install   install below PREFIX ($(PREFIX)), staged below DESTDIR'
 	@echo 'make generate  write the reference manual, the interface description and the Python stubs anew'
 	@echo 'make format    format the C++ files in place'
-	@echo 'make check     format, clang-tidy, tests with sanitizers, and no warnings from clang or gcc'
+	@echo 'make types     check the types of the Python stubs, their tests and the sample in the README'
+	@echo 'make check     format, types, clang-tidy, tests with sanitizers, and no warnings from clang or gcc'
 	@echo
 	@echo 'demo, build, test, bench and install need the Debian packages that tools/install-dependencies'
 	@echo 'names, check a few more; what is missing is installed with apt-get.'
@@ -93,8 +94,11 @@ format: check-packages
 format-check: check-packages
 	$(CXX_FILES) | xargs -0 clang-format-14 --dry-run -Werror
 
+types: check-packages
+	tools/check-types
+
 # One build serves clang's warnings, clang-tidy and the sanitizers, the other gcc's warnings.
-check: format-check
+check: format-check types
 	cmake --preset check
 	cmake --build --preset check -- -k 0
 	ctest --preset check -j $(JOBS)

@@ -12,6 +12,8 @@
 
 #include <lwconfig/automation/dispatch.h>
 #include <lwconfig/automation/errors.h>
+#include <lwconfig/automation/member_facts.h>
+#include <lwconfig/automation/signature.h>
 
 namespace py = pybind11;
 
@@ -35,7 +37,7 @@ const ParameterInfo* FindParameter(const MemberInfo& slot, std::string_view name
 
 Variant ToArgument(PyObject* value, const ParameterInfo& parameter) {
   if (value == Py_None && parameter.IsOptional) return Missing{};
-  return FromPython(value);
+  return automation::IsFileName(parameter.Name, parameter.Type) ? FromPythonPath(value) : FromPython(value);
 }
 
 /// The call's arguments in the order of the parameters, those left out as `Missing`.
@@ -75,15 +77,13 @@ class PlacedArguments {
 
 py::object ResultOf(const MemberInfo& slot, const Variant& result, const PlacedArguments& arguments) {
   py::object value = ToPython(result, slot.Result);
-  std::size_t returned = 0;
-  for (const ParameterInfo& parameter : slot.Parameters()) returned += parameter.IsByReference ? 1 : 0;
-  if (returned == 0) return value;
-  py::tuple all(returned + 1);
+  if (slot.ReturnedCount() == 0) return value;
+  py::tuple all(slot.ReturnedCount() + 1);
   all[0] = value;
   std::size_t place = 1;
   for (std::size_t at = 0; at < slot.ParameterCount; ++at) {
     const ParameterInfo& parameter = slot.ParameterList[at];
-    if (parameter.IsByReference) all[place++] = ToPython(arguments[at], parameter.Type);
+    if (parameter.IsReturned()) all[place++] = ToPython(arguments[at], parameter.Type);
   }
   return all;
 }
@@ -160,7 +160,6 @@ void DeleteMethod(PyObject* callable) {
 
 PyObject* CallSlot(PyObject* self, const MemberInfo& slot, PyObject* const* arguments, std::size_t count,
                    PyObject* names) {
-  const bool isAboutKey = Unwrap(self).Class->Find(automation::kDefaultMemberId) != nullptr;
   return Guarded<PyObject*>(
       nullptr,
       [&] {
@@ -170,7 +169,7 @@ PyObject* CallSlot(PyObject* self, const MemberInfo& slot, PyObject* const* argu
         const Variant result = automation::Invoke(object, slot, placed.Values());
         return ResultOf(slot, result, placed).release().ptr();
       },
-      isAboutKey);
+      slot.TakesItemKey());
 }
 
 PyObject* GetProperty(PyObject* self, const MemberInfo& getter) {
@@ -185,7 +184,9 @@ int SetProperty(PyObject* self, const automation::ClassInfo::Member& member, PyO
     if (value == nullptr)
       throw Error(automation::kReadOnlyProperty, FullName(self, member.Name) + " cannot be deleted");
     const AnyObject object = Unwrap(self);
-    Variant converted = FromPython(value);
+    Variant converted = automation::IsFileName(member.Name, automation::TypeOf(member))
+                            ? FromPythonPath(value)
+                            : FromPython(value);
     automation::Invoke(object, member.Id, automation::kPropertyLet, {std::span(&converted, 1)});
     return 0;
   });

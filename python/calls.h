@@ -9,7 +9,7 @@ namespace lwconfig::python {
 /// Calls of published members with Python's arguments. None for an argument that may be left out leaves it
 /// out. Failures are set as Python exceptions, and the result is then null or -1.
 
-/// The slot's result; where it has by-reference parameters a tuple of the result and these.
+/// The slot's result; where the slot has parameters that are returned, a tuple of the result and these.
 PyObject* CallSlot(PyObject* self, const automation::MemberInfo& slot, PyObject* const* arguments,
                    std::size_t count, PyObject* names = nullptr);
 PyObject* GetProperty(PyObject* self, const automation::MemberInfo& getter);

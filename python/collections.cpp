@@ -26,9 +26,8 @@ py::object ItemOf(const AnyObject& collection, Variant key) {
   return ToPython(automation::Invoke(collection, slot, {std::span(&key, 1)}), slot.Result);
 }
 
-[[noreturn]] void FailIndex(const AnyObject& collection, const std::string& index) {
-  throw py::index_error(std::string(collection.Class->Name()) + " has no item [" + index + "]; it holds " +
-                        std::to_string(CountOf(collection)));
+[[noreturn]] void FailSubscript(const AnyObject& collection, ErrorNumber number, py::handle index) {
+  throw Error(number, std::string(py::str("{} has no item [{!r}]").format(collection.Class->Name(), index)));
 }
 
 /// The position from 1 of a Python index from 0, or from -1 at the end; 0 where it names none.
@@ -63,13 +62,13 @@ py::object Subscript(const AnyObject& collection, py::handle index) {
     const Variant key = FromPython(index);
     py::object item = HasKey(collection, key) ? ItemOf(collection, key) : py::none();
     if (!item.is_none()) return item;
-    throw py::key_error(std::get<std::string>(key));
+    FailSubscript(collection, kInvalidCall, index);
   }
   if (PyIndex_Check(index.ptr()) == 0 || !collection.Class->IsCollection())
     throw py::type_error(std::string(collection.Class->Name()) +
                          " takes keys, positions and slices in brackets");
   const std::int32_t position = PositionOf(collection, index);
-  if (position == 0) FailIndex(collection, py::str(index));
+  if (position == 0) FailSubscript(collection, kSubscriptOutOfRange, index);
   return ItemOf(collection, position);
 }
 
@@ -90,7 +89,7 @@ int DeleteItem(PyObject* self, PyObject* index, PyObject* value) {
         Variant key = FromPython(index);
         if (PyUnicode_Check(index) == 0) {
           const std::int32_t position = PositionOf(collection, index);
-          if (position == 0) FailIndex(collection, py::str(py::handle(index)));
+          if (position == 0) FailSubscript(collection, kSubscriptOutOfRange, index);
           key = position;
         }
         automation::Invoke(collection, *remove->Method, {std::span(&key, 1)});

@@ -14,8 +14,9 @@ std::string MemberDocumentation(const automation::ClassInfo& info,
   if (isReadOnly) text += " (read-only)";
   const auto contract = automation::Contract(info.Name(), member.Name);
   if (!contract.empty()) text += "\n\n" + std::string(contract);
-  if (std::ranges::any_of(automation::ParametersOf(member), &automation::ParameterInfo::IsByReference))
-    text += "\n\nGives a tuple: the result, and then the arguments marked ByRef as the call left them.";
+  if (std::ranges::any_of(automation::ParametersOf(member), &automation::ParameterInfo::IsReturned))
+    text +=
+        "\n\nReturns a tuple: the result, then each ByRef argument that is no object as the call left it.";
   return text;
 }
 

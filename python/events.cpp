@@ -12,7 +12,7 @@ namespace py = pybind11;
 namespace lwconfig::python {
 namespace {
 
-/// One subscription, shared by the event's handler and Python's connection.
+/// The connection of a callback, which Python owns and the event's handler refers to.
 struct Subscription {
   Subscription() = default;
   Subscription(const Subscription&) = delete;
@@ -27,9 +27,10 @@ struct Subscription {
   ~Subscription() { Release(Callback.release().ptr()); }
 };
 
-void CallBack(const std::shared_ptr<Subscription>& subscription) {
+void CallBack(const std::weak_ptr<Subscription>& connection) {
   const py::gil_scoped_acquire lock;
-  const py::object callback = subscription->Callback;
+  const auto subscription = connection.lock();
+  const py::object callback = subscription ? subscription->Callback : py::object();
   if (!callback) return;
   try {
     callback();
@@ -48,15 +49,19 @@ PyObject* ConnectHandler(PyObject* self, PyObject* arguments) {
     if (PyCallable_Check(callback) == 0) throw py::type_error("on() needs something to call");
     auto subscription = std::make_shared<Subscription>();
     subscription->Callback = py::reinterpret_borrow<py::object>(callback);
-    subscription->Link = automation::Connect(Unwrap(self), event, [subscription] { CallBack(subscription); });
+    const std::weak_ptr<Subscription> connection = subscription;
+    subscription->Link = automation::Connect(Unwrap(self), event, [connection] { CallBack(connection); });
     return py::cast(std::move(subscription)).release().ptr();
   });
 }
 
 void AddConnections(py::module_& module) {
   py::class_<Subscription, std::shared_ptr<Subscription>>(
-      module, "Connection", "The connection of a callback to an event; closes at the end of a with block.")
-      .def("close", &Subscription::Close, "Ends the connection; harmless when it has ended.")
+      module, "Connection",
+      "The connection of a callback to an event, as long as this object lives or until it is closed. A with "
+      "block "
+      "closes it at its end.")
+      .def("close", &Subscription::Close, "Closes the connection; does nothing where it is closed.")
       .def("__enter__", [](py::object self) { return self; })
       .def("__exit__", [](Subscription& self, const py::args&) { self.Close(); });
 }

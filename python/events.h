@@ -4,8 +4,8 @@
 
 namespace lwconfig::python {
 
-/// `obj.on(event, callback)`: a connection of which the callback is part until it is closed, whoever holds
-/// it. A callback that raises is told of like other exceptions that nobody can catch, and stops nothing.
+/// `obj.on(event, callback)`: a connection that lasts until it is closed or its Python object is destroyed.
+/// An exception of the callback is reported as one that nobody can catch, and stops nothing.
 PyObject* ConnectHandler(PyObject* self, PyObject* arguments);
 
 /// Adds the type of connections to the module.

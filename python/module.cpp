@@ -1,7 +1,9 @@
+#include <filesystem>
 #include <memory>
 #include <string>
 
 #include <pybind11/pybind11.h>
+#include <pybind11/stl/filesystem.h>
 #include <python/collections.h>
 #include <python/events.h>
 #include <python/objects.h>
@@ -89,8 +91,9 @@ PYBIND11_MODULE(_lwconfig, module) {
       "set_message_box_handler", &SetMessageBoxHandler, py::arg("handler").none(true),
       "Calls handler(title, text, icon) for every message box of the library; None restores the default.");
   module.def(
-      "NativePath", [](const std::string& path) { return lwconfig::NativePath(path); }, py::arg("path"),
-      "The system's own path for a path in the product's notation.");
+      "NativePath",
+      [](const std::filesystem::path& path) { return ToPythonText(lwconfig::NativePath(path.native())); },
+      py::arg("path"), "The system's own path for a path in the product's notation.");
   module.attr("__version__") = LWCONFIG_VERSION;
   module.attr("__all__") = PublicNames(module);
 }

@@ -8,6 +8,7 @@
 #include <python/events.h>
 #include <python/failures.h>
 #include <python/objects.h>
+#include <python/representation.h>
 #include <python/values.h>
 #include <structmember.h>
 
@@ -66,8 +67,8 @@ PyObject* Wrap(PyTypeObject* type, AnyObject object) {
   return self;
 }
 
-/// Calls the method of a Python class that stands for a published member. A tuple holds the result and then
-/// the by-reference arguments.
+/// Calls the method of a Python class in place of a published member. Where the member has parameters that
+/// are returned, a tuple holds the result and then these.
 bool CallOverride(PyObject* self, const ClassInfo& info, std::string_view member,
                   std::span<Variant> arguments, Variant& result) {
   const py::gil_scoped_acquire lock;
@@ -89,7 +90,7 @@ bool CallOverride(PyObject* self, const ClassInfo& info, std::string_view member
       values[at] = ToPython(arguments[at], slot.ParameterList[at].Type);
     answer = py::handle(self).attr(name.c_str())(*values);
   }
-  if (!PyTuple_Check(answer.ptr())) {
+  if (slot.ReturnedCount() == 0 || !PyTuple_Check(answer.ptr())) {
     result = FromPython(answer);
     return true;
   }
@@ -97,7 +98,7 @@ bool CallOverride(PyObject* self, const ClassInfo& info, std::string_view member
   const py::tuple all = answer;
   if (!all.empty()) result = FromPython(all[0]);
   for (std::size_t at = 0; at < arguments.size(); ++at) {
-    if (slot.ParameterList[at].IsByReference && next < all.size()) arguments[at] = FromPython(all[next++]);
+    if (slot.ParameterList[at].IsReturned() && next < all.size()) arguments[at] = FromPython(all[next++]);
   }
   return true;
 }
@@ -136,22 +137,15 @@ void DeleteObject(PyObject* self) {
   Py_DECREF(type);
 }
 
-/// `<lwconfig.PageTemplate Name="VB Technical Documentation">`
-py::str Show(PyObject* self) {
-  const AnyObject& object = Unwrap(self);
-  py::str text = py::str("<lwconfig.") + py::str(object.Class->Name());
-  for (const char* member :
-       {"Name", "Key", "FileName", "TagIdentifier", "NamespaceName", "AssemblyFileName"}) {
-    const auto* found = object.Class->Find(member);
-    if (found == nullptr || found->Get == nullptr || object.Class->IsCollection()) continue;
-    text = text + py::str(" {}={!r}").format(member, ToPython(automation::Invoke(object, *found->Get)));
-  }
-  if (object.Class->IsCollection()) text = text + py::str(" of {}").format(CountOf(object));
-  return text + py::str(">");
+bool IsPlainProperty(const ClassInfo::Member& member) {
+  return member.Method == nullptr && (member.Get == nullptr || member.Get->ParameterCount == 0) &&
+         member.Id != automation::kNewEnumId;
 }
 
 PyObject* ShowObject(PyObject* self) {
-  return Guarded<PyObject*>(nullptr, [&] { return Show(self).release().ptr(); });
+  return Guarded<PyObject*>(nullptr, [&] {
+    return Representation(py::type::handle_of(self), AnyObject(Unwrap(self))).release().ptr();
+  });
 }
 
 /// An argument of `Clone`: a property of its name says what the copy belongs to; an object of the class
@@ -188,11 +182,6 @@ int SetMember(PyObject* self, PyObject* value, void* member) {
   return SetProperty(self, *static_cast<const ClassInfo::Member*>(member), value);
 }
 
-bool IsPlainProperty(const ClassInfo::Member& member) {
-  return member.Method == nullptr && (member.Get == nullptr || member.Get->ParameterCount == 0) &&
-         member.Id != automation::kNewEnumId;
-}
-
 /// A text that lives as long as the process, as what types are made from has to.
 const char* Kept(std::string text) {
   return (new std::string(std::move(text)))->c_str();
@@ -227,11 +216,12 @@ PyType_Slot SlotFor(int id, F* function) {
 }
 
 void MakeBase() {
-  static PyMethodDef methods[] = {
-      {"on", reinterpret_cast<PyCFunction>(ConnectHandler), METH_VARARGS,
-       "on(event, callback): calls callback() whenever the event is raised, until the connection is closed."},
-      {"__deepcopy__", DeepCopy, METH_O, "A copy, made by Clone."},
-      {}};
+  static PyMethodDef methods[] = {{"on", reinterpret_cast<PyCFunction>(ConnectHandler), METH_VARARGS,
+                                   "on(event, callback): calls callback() whenever the event is raised, as "
+                                   "long as the connection that it "
+                                   "returns lives and is not closed."},
+                                  {"__deepcopy__", DeepCopy, METH_O, "A copy, made by Clone."},
+                                  {}};
   static PyMemberDef members[] = {
       {"__weaklistoffset__", T_PYSSIZET, offsetof(Wrapper, WeakReferences), READONLY, nullptr}, {}};
   TheRegistry().Base = MakeType("lwconfig.Object", nullptr,

@@ -74,6 +74,13 @@ Variant FromPython(py::handle value) {
   return ObjectOf(value);
 }
 
+Variant FromPythonPath(py::handle value) {
+  if (!py::hasattr(value, "__fspath__")) return FromPython(value);
+  PyObject* text = nullptr;
+  if (PyUnicode_FSDecoder(value.ptr(), &text) == 0) throw py::error_already_set();
+  return FromPythonText(py::reinterpret_steal<py::object>(text));
+}
+
 py::object ToPython(const Variant& value, const automation::TypeInfo& type) {
   struct Converter {
     const automation::TypeInfo& Type;

@@ -13,6 +13,9 @@ namespace lwconfig::python {
 /// None is no object; integers beyond 32 bits are doubles; objects of no published class pass as they are.
 Variant FromPython(pybind11::handle value);
 
+/// The text for a file or folder; a path object, such as one of pathlib, is its text.
+Variant FromPythonPath(pybind11::handle value);
+
 /// No object, empty and Null are None; an integer of an enumeration is its member, where it has one.
 pybind11::object ToPython(const Variant& value, const automation::TypeInfo& type = {});
 

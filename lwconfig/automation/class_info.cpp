@@ -71,6 +71,10 @@ AnyObject ClassInfo::Implement(Implementation implementation) const {
   return {mExtras.Implement(std::move(implementation)), this};
 }
 
+const OptionSet* ClassInfo::OptionsOf(const AnyObject& object) const {
+  return mExtras.Options != nullptr ? &mExtras.Options(object.Pointer.get()) : nullptr;
+}
+
 const ClassInfo::Member* ClassInfo::Find(std::string_view name) const {
   const auto isNamed = [&](std::uint32_t at) {
     // Most callers write a name as it is published.

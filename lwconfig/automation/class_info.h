@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <cstdint>
@@ -13,6 +14,10 @@
 #include <lwconfig/core/event.h>
 #include <lwconfig/core/keyed_list.h>
 #include <lwconfig/core/variant.h>
+
+namespace lwconfig {
+class OptionSet;
+}
 
 namespace lwconfig::automation {
 
@@ -47,6 +52,8 @@ struct TypeInfo {
   ValueKind Kind = ValueKind::None;
   const ClassInfo& (*Class)() = nullptr;       // of `Object` only
   const EnumInfo& (*Enumeration)() = nullptr;  // of `Enumeration` only
+  bool MayBeNull = false;                      // a result: there may be no such object or text
+  bool IsItemKey = false;                      // a key or position of an item that has to be there
 };
 
 struct ParameterInfo {
@@ -54,6 +61,12 @@ struct ParameterInfo {
   TypeInfo Type{};
   bool IsOptional = false;
   bool IsByReference = false;  // the call may replace the caller's value
+
+  /// Whether languages without by-reference arguments return the argument behind the result. Objects are
+  /// changed in place, or are the result themselves.
+  constexpr bool IsReturned() const {
+    return IsByReference && Type.Kind != ValueKind::Object && Type.Kind != ValueKind::AnyObject;
+  }
 };
 
 /// The ways to use a member. They are the bits that automation clients pass, who may allow several at once.
@@ -84,6 +97,13 @@ struct MemberInfo {
   constexpr std::span<const ParameterInfo> Parameters() const {
     return {ParameterList.data(), ParameterCount};
   }
+  constexpr std::size_t ReturnedCount() const {
+    return static_cast<std::size_t>(std::ranges::count_if(Parameters(), &ParameterInfo::IsReturned));
+  }
+  /// Whether an argument names an item, so that error 5 is about a key that names nothing.
+  constexpr bool TakesItemKey() const {
+    return std::ranges::any_of(Parameters(), [](const ParameterInfo& p) { return p.Type.IsItemKey; });
+  }
 };
 
 /// What faces want to know of a collection beyond its published members.
@@ -111,6 +131,7 @@ struct ClassExtras {
   std::span<const EventInfo> Events{};          // they live as long as the process
   CollectionInfo Collection{};
   std::shared_ptr<void> (*Implement)(Implementation) = nullptr;  // of a contract that others implement
+  const OptionSet& (*Options)(const void* self) = nullptr;       // of a class of options
 };
 
 /// A published class. Its interface has the name of the class after an underscore.
@@ -147,6 +168,8 @@ class ClassInfo {
   const Member* Find(std::string_view name) const;
   const Member* Find(std::int32_t id) const;
   const EventInfo* FindEvent(std::string_view name) const;
+  /// The options in an object of the class; null where it is no class of options.
+  const OptionSet* OptionsOf(const AnyObject& object) const;
   bool IsCollection() const { return mNewEnum != nullptr; }
   const CollectionInfo& Collection() const { return mExtras.Collection; }
 

@@ -107,6 +107,8 @@ class Interface {
             return Self(self).KeyAt(position);
           }};
     }
+    if constexpr (std::is_base_of_v<OptionSet, T>)
+      extras.Options = [](const void* self) -> const OptionSet& { return *static_cast<const T*>(self); };
     return ClassInfo(name, slots, extras);
   }
 
@@ -158,7 +160,7 @@ class Interface {
   }
   /// The members that every collection has; `added` names the first parameter of `Add`.
   static constexpr auto CollectionMembers(const char* added) {
-    return SlotList<5>{Get<&T::Item>("Item", "Key")[0], Method<&T::Remove>("Remove", "Key")[0],
+    return SlotList<5>{MayBeNull(Get<&T::Item>("Item", "Key"))[0], Method<&T::Remove>("Remove", "Key")[0],
                        Method<&T::Add>("Add", added, "[Key]", "[Before]", "[After]")[0],
                        Get<&T::Count>("Count")[0], NewEnum()[0]};
   }
@@ -185,6 +187,13 @@ class Interface {
   template <std::size_t N>
   static constexpr auto AsVariant(const SlotList<N>& row) {
     return Declared(row, {ValueKind::Variant});
+  }
+
+  /// The row of a result that may be null; a text or object that is always there needs no such mark.
+  template <std::size_t N>
+  static constexpr auto MayBeNull(SlotList<N> row) {
+    for (MemberInfo& slot : row) slot.Result.MayBeNull = slot.Result.Kind != ValueKind::None;
+    return row;
   }
 
   template <auto Member>

@@ -1,6 +1,7 @@
 #include <algorithm>
 
 #include <lwconfig/automation/contracts.h>
+#include <lwconfig/automation/member_facts.h>
 #include <lwconfig/automation/published.h>
 #include <lwconfig/automation/python_stubs.h>
 #include <lwconfig/automation/signature.h>
@@ -17,42 +18,45 @@ constexpr const char* kBeginning = R"("""The configuration object model of Lexiw
 
 Written by `lwconfig describe --stubs`; not to be edited. Positions count from 1 in the published members, such as
 `Item`, and from 0 between square brackets. What the published members call null is `None` here. Arguments that are
-passed by reference come back behind the result, as a tuple.
+passed by reference and are no objects come back behind the result, as a tuple.
 """
 
 from collections.abc import Callable, Iterator
 from enum import IntEnum
+from os import PathLike
 from types import TracebackType
 from typing import Any, Literal, overload
 
 import lwconfig
+from lwconfig._failures import *
 
-class Error(Exception):
-    """A failure of the library, with its place in a file where it has one."""
+__version__: str
 
-    number: int
-    description: str
-    source: str
-    file: str
-    line: int
-    column: int
+class _FilePath:
+    @overload
+    def __get__(self, instance: None, owner: type) -> _FilePath: ...
+    @overload
+    def __get__(self, instance: object, owner: type) -> str: ...
+    def __set__(self, instance: object, value: str | PathLike[str]) -> None: ...
 
 class Object:
     """What all published classes are derived from."""
 
 class Connection:
-    """A handler that is connected to an event, as long as this object lives or until it is closed."""
+    """The connection of a callback to an event, as long as this object lives or until it is closed. A with block
+    closes it at its end."""
 
-    def close(self) -> None: ...
+    def close(self) -> None:
+        """Closes the connection; does nothing where it is closed."""
     def __enter__(self) -> Connection: ...
     def __exit__(
         self, kind: type[BaseException] | None, value: BaseException | None, trace: TracebackType | None
     ) -> None: ...
 
-def set_message_box_handler(handler: Callable[[str, str, str], object] | None) -> None:
+def set_message_box_handler(handler: Callable[[str, str, int], object] | None) -> None:
     """Message boxes of the library go to `handler(title, text, icon)`, or to standard error for None."""
 
-def NativePath(path: str) -> str:
+def NativePath(path: str | PathLike[str]) -> str:
     """The path of this system for a path in the product's notation."""
 
 )";
@@ -107,29 +111,36 @@ Text TypeText(const TypeInfo& type) {
   }
 }
 
-Text OrNone(const TypeInfo& type) {
-  return TypeText(type) + (type.Kind == ValueKind::Object ? " | None" : "");
+Text OrNone(const TypeInfo& type, bool mayBeNone) {
+  const Text text = TypeText(type);
+  return mayBeNone && text != "Any" ? text + " | None" : text;
 }
 
-Text ParameterText(const ParameterInfo& parameter) {
-  return Text(parameter.Name) + ": " + OrNone(parameter.Type) + (parameter.IsOptional ? " = ..." : "");
+/// Callers may pass more than a class of Python that implements the member has to take.
+Text ParameterText(const ClassInfo& info, const ParameterInfo& parameter) {
+  const bool isLenient = !info.IsImplementable();
+  Text type =
+      OrNone(parameter.Type, parameter.Type.Kind == ValueKind::Object || (parameter.IsOptional && isLenient));
+  if (isLenient && IsFileName(parameter.Name, parameter.Type)) type = "PathLike[str] | " + type;
+  return Text(parameter.Name) + ": " + type + (parameter.IsOptional ? " = ..." : "");
 }
 
-/// By-reference arguments come back behind the result.
+Text ValueText(const TypeInfo& type) {
+  return OrNone(type, type.MayBeNull);
+}
+
 Text ResultText(const MemberInfo& slot) {
-  Text result = TypeText(slot.Result) + (slot.Id == kDefaultMemberId ? " | None" : "");
-  bool isTuple = false;
+  Text result = ValueText(slot.Result);
   for (const ParameterInfo& parameter : slot.Parameters()) {
-    if (!parameter.IsByReference) continue;
-    isTuple = true;
-    result += ", " + OrNone(parameter.Type);
+    if (parameter.IsReturned()) result += ", " + TypeText(parameter.Type);
   }
-  return isTuple ? "tuple[" + result + "]" : result;
+  return slot.ReturnedCount() > 0 ? "tuple[" + result + "]" : result;
 }
 
-Text FunctionText(const Text& name, const MemberInfo& slot, std::string_view contract) {
+Text FunctionText(const ClassInfo& info, const Text& name, const MemberInfo& slot,
+                  std::string_view contract) {
   Text text = "    def " + name + "(self";
-  for (const ParameterInfo& parameter : slot.Parameters()) text += ", " + ParameterText(parameter);
+  for (const ParameterInfo& parameter : slot.Parameters()) text += ", " + ParameterText(info, parameter);
   text += ") -> " + ResultText(slot) + ":";
   return contract.empty() ? text + " ...\n" : text + "\n" + DocText(contract, 8);
 }
@@ -137,20 +148,25 @@ Text FunctionText(const Text& name, const MemberInfo& slot, std::string_view con
 Text MemberText(const ClassInfo& info, const ClassInfo::Member& member) {
   const auto contract = Contract(info.Name(), member.Name);
   const Text name = member.Name;
-  if (member.Method != nullptr) return FunctionText(name, *member.Method, contract);
-  if (!ParametersOf(member).empty()) return FunctionText(name, *member.Get, contract);
+  if (member.Method != nullptr) return FunctionText(info, name, *member.Method, contract);
+  if (!ParametersOf(member).empty()) return FunctionText(info, name, *member.Get, contract);
+  // A class of Python may implement it by an attribute, a property or a method.
+  if (info.IsImplementable()) return "    " + name + ": Any\n" + DocText(contract, 4);
   if (member.Let == nullptr && member.Set == nullptr)
-    return "    @property\n" + FunctionText(name, *member.Get, contract);
-  return "    " + name + ": " + TypeText(TypeOf(member)) + "\n" + DocText(contract, 4);
+    return "    @property\n" + FunctionText(info, name, *member.Get, contract);
+  const TypeInfo type = TypeOf(member);
+  return "    " + name + ": " + (IsFileName(name, type) ? "_FilePath" : ValueText(type)) + "\n" +
+         DocText(contract, 4);
 }
 
 /// What Python adds to a class with a default member, and to one that can be enumerated.
 Text ContainerText(const ClassInfo& info) {
   const ClassInfo::Member* item = info.Find(kDefaultMemberId);
   if (item == nullptr) return {};
-  Text text = FunctionText("__call__", *item->Get, {});
-  if (!info.IsCollection()) return text;
   const Text type = TypeText(item->Get->Result);
+  Text text = FunctionText(info, "__call__", *item->Get, {});
+  if (!info.IsCollection()) return text + "    def __getitem__(self, key: str) -> " + type + ": ...\n";
+  if (info.Find("Remove") != nullptr) text += "    def __delitem__(self, key: int | str) -> None: ...\n";
   return text + "    def __len__(self) -> int: ...\n    def __iter__(self) -> Iterator[" + type +
          "]: ...\n    def __reversed__(self) -> Iterator[" + type +
          "]: ...\n    def __contains__(self, item: object) -> bool: ...\n    @overload\n"
@@ -161,14 +177,16 @@ Text ContainerText(const ClassInfo& info) {
 Text EventsText(const ClassInfo& info) {
   if (info.Events().empty()) return {};
   Text names;
-  Text about = "Calls the handler at every event of that name, as long as the connection lives.\n\n";
+  Text about =
+      "Calls the callback at every event of that name, as long as the connection lives and is not "
+      "closed.\n\n";
   for (const EventInfo& event : info.Events()) {
     names += (names.empty() ? "\"" : ", \"") + Text(event.Name) + "\"";
     about += Text("`") + event.Name + "`: " + Text(Contract(info.Name(), event.Name)) + "\n\n";
   }
   about.erase(about.find_last_not_of('\n') + 1);
   return "    def on(self, event: Literal[" + names +
-         "], handler: Callable[[], object]) -> lwconfig.Connection:\n" + DocText(about, 8);
+         "], callback: Callable[[], object], /) -> lwconfig.Connection:\n" + DocText(about, 8);
 }
 
 Text ClassText(const ClassInfo& info) {

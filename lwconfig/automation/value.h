@@ -77,7 +77,7 @@ struct Crossing<std::string_view> : Crossing<std::string> {};
 /// A text that may be absent, such as an item of a collection of texts.
 template <>
 struct Crossing<const std::string*> {
-  static constexpr TypeInfo kType{ValueKind::Text};
+  static constexpr TypeInfo kType{.Kind = ValueKind::Text, .MayBeNull = true};
   static Variant ToVariant(const std::string* value) {
     return value != nullptr ? Variant(*value) : Variant();
   }
@@ -85,7 +85,7 @@ struct Crossing<const std::string*> {
 
 template <>
 struct Crossing<ItemKey> {
-  static constexpr TypeInfo kType{ValueKind::Variant};
+  static constexpr TypeInfo kType{.Kind = ValueKind::Variant, .IsItemKey = true};
   static ItemKey FromVariant(const Variant& value) { return ToItemKey(value); }
 };
 

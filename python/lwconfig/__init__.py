@@ -6,9 +6,9 @@
         print(template.Name, len(template.PageLayouts))
 """
 
-from . import _lwconfig
-from ._failures import Error
+from . import _failures, _lwconfig
+from ._failures import *  # noqa: F403
 from ._lwconfig import *  # noqa: F403
 
-__all__ = ["Error", *_lwconfig.__all__]
+__all__ = [*_failures.__all__, *_lwconfig.__all__]
 __version__ = _lwconfig.__version__

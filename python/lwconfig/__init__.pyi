@@ -2,42 +2,45 @@
 
 Written by `lwconfig describe --stubs`; not to be edited. Positions count from 1 in the published members, such as
 `Item`, and from 0 between square brackets. What the published members call null is `None` here. Arguments that are
-passed by reference come back behind the result, as a tuple.
+passed by reference and are no objects come back behind the result, as a tuple.
 """
 
 from collections.abc import Callable, Iterator
 from enum import IntEnum
+from os import PathLike
 from types import TracebackType
 from typing import Any, Literal, overload
 
 import lwconfig
+from lwconfig._failures import *
 
-class Error(Exception):
-    """A failure of the library, with its place in a file where it has one."""
+__version__: str
 
-    number: int
-    description: str
-    source: str
-    file: str
-    line: int
-    column: int
+class _FilePath:
+    @overload
+    def __get__(self, instance: None, owner: type) -> _FilePath: ...
+    @overload
+    def __get__(self, instance: object, owner: type) -> str: ...
+    def __set__(self, instance: object, value: str | PathLike[str]) -> None: ...
 
 class Object:
     """What all published classes are derived from."""
 
 class Connection:
-    """A handler that is connected to an event, as long as this object lives or until it is closed."""
+    """The connection of a callback to an event, as long as this object lives or until it is closed. A with block
+    closes it at its end."""
 
-    def close(self) -> None: ...
+    def close(self) -> None:
+        """Closes the connection; does nothing where it is closed."""
     def __enter__(self) -> Connection: ...
     def __exit__(
         self, kind: type[BaseException] | None, value: BaseException | None, trace: TracebackType | None
     ) -> None: ...
 
-def set_message_box_handler(handler: Callable[[str, str, str], object] | None) -> None:
+def set_message_box_handler(handler: Callable[[str, str, int], object] | None) -> None:
     """Message boxes of the library go to `handler(title, text, icon)`, or to standard error for None."""
 
-def NativePath(path: str) -> str:
+def NativePath(path: str | PathLike[str]) -> str:
     """The path of this system for a path in the product's notation."""
 
 class PageTypeEnum(IntEnum):
@@ -332,7 +335,7 @@ class Root(Object):
     @property
     def SpellingOptions(self) -> lwconfig.SpellingOptions:
         """The user's options. They hold no values: each read and write goes to the registry."""
-    def GetDefaultTemplate(self, NamespaceProfile: str, Supports: str = ...) -> lwconfig.PageTemplate:
+    def GetDefaultTemplate(self, NamespaceProfile: str, Supports: str | None = ...) -> lwconfig.PageTemplate | None:
         """The first template, in catalogue order, that lists the namespace profile and, unless `Supports` is
         empty, whose item types joined by "," contain it; both without regard to letter case. Null where there
         is none."""
@@ -347,7 +350,7 @@ class PageTemplates(Object):
     `config.xml`."""
 
     def __init__(self) -> None: ...
-    TemplateFolder: str
+    TemplateFolder: _FilePath
     """The folder under which templates are found and saved; `Load` sets it from the configuration path."""
     def Item(self, Key: Any) -> lwconfig.PageTemplate | None:
         """As of every collection; where no item has the key, a text also finds the first template of that
@@ -357,7 +360,7 @@ class PageTemplates(Object):
     def Remove(self, Key: Any) -> None:
         """Removes the item at that position or under that key. Error 5 for an unknown key, 9 for a position
         out of range."""
-    def Add(self, obj: lwconfig.PageTemplate | None, Key: str = ..., Before: Any = ..., After: Any = ...) -> None:
+    def Add(self, obj: lwconfig.PageTemplate | None, Key: str | None = ..., Before: Any = ..., After: Any = ...) -> None:
         """As of every collection, but a key that is present is told by a message box: nothing is added or
         raised.
 
@@ -377,6 +380,7 @@ class PageTemplates(Object):
         """Writes the template's `config.xml` in its folder, created when missing. An older `config.xml` is
         first copied to `config.xml.bak`, the one backup kept; when that fails, `config.xml` is not touched."""
     def __call__(self, Key: Any) -> lwconfig.PageTemplate | None: ...
+    def __delitem__(self, key: int | str) -> None: ...
     def __len__(self) -> int: ...
     def __iter__(self) -> Iterator[lwconfig.PageTemplate]: ...
     def __reversed__(self) -> Iterator[lwconfig.PageTemplate]: ...
@@ -391,7 +395,7 @@ class PageTemplate(Object):
     `config.xml`."""
 
     def __init__(self) -> None: ...
-    RootFolder: str
+    RootFolder: _FilePath
     """The template's folder, with trailing backslash."""
     Name: str
     """The key by which users know the template."""
@@ -472,10 +476,10 @@ class PageTemplate(Object):
     def Save(self, e: lwconfig.XMLElement | None) -> None:
         """Names the element `PageTemplate` and writes the template into it, in the current version of the
         format."""
-    Scraps: lwconfig.Collection
+    Scraps: lwconfig.Collection | None
     """The fixed texts of the loaded output language, filed under their names: short phrases, and scraps of
     HTML. Null before the first load. When set: the loaded language is left as it was."""
-    Phrases: lwconfig.Collection
+    Phrases: lwconfig.Collection | None
     """The fixed texts of the loaded output language, filed under their names: short phrases, and scraps of
     HTML. Null before the first load. When set: the loaded language is left as it was."""
     def ScrapNames(self) -> lwconfig.Collection:
@@ -490,8 +494,8 @@ class PageTemplate(Object):
         """The phrase of that name, letter case ignored; "!MISSING PHRASE 'Name'!" where there is none."""
     def Scrap(self, Name: str) -> str:
         """The scrap of that name, letter case ignored; "!MISSING Scrap 'Name'!" where there is none."""
-    def on(self, event: Literal["PageLayoutsChange"], handler: Callable[[], object]) -> lwconfig.Connection:
-        """Calls the handler at every event of that name, as long as the connection lives.
+    def on(self, event: Literal["PageLayoutsChange"], callback: Callable[[], object], /) -> lwconfig.Connection:
+        """Calls the callback at every event of that name, as long as the connection lives and is not closed.
 
         `PageLayoutsChange`: Raised after every `Add` to `PageLayouts` that succeeded."""
 
@@ -504,18 +508,19 @@ class PageLayouts(Object):
     def Remove(self, Key: Any) -> None:
         """Removes the item at that position or under that key. Error 5 for an unknown key, 9 for a position
         out of range."""
-    def Add(self, obj: lwconfig.PageLayout | None, Key: str = ..., Before: Any = ..., After: Any = ...) -> None:
+    def Add(self, obj: lwconfig.PageLayout | None, Key: str | None = ..., Before: Any = ..., After: Any = ...) -> None:
         """Inserts `obj` before the item that `Before` names, else after the one that `After` names, else at
         the end. An empty key is none. Error 457 for a key that is present, 5 or 9 where `Before` or `After`
         names no item, 91 for no object; nothing is then added."""
     @property
     def Count(self) -> int:
         """The number of items."""
-    def on(self, event: Literal["ContentsChange"], handler: Callable[[], object]) -> lwconfig.Connection:
-        """Calls the handler at every event of that name, as long as the connection lives.
+    def on(self, event: Literal["ContentsChange"], callback: Callable[[], object], /) -> lwconfig.Connection:
+        """Calls the callback at every event of that name, as long as the connection lives and is not closed.
 
         `ContentsChange`: Raised at the end of every `Add` that succeeded."""
     def __call__(self, Key: Any) -> lwconfig.PageLayout | None: ...
+    def __delitem__(self, key: int | str) -> None: ...
     def __len__(self) -> int: ...
     def __iter__(self) -> Iterator[lwconfig.PageLayout]: ...
     def __reversed__(self) -> Iterator[lwconfig.PageLayout]: ...
@@ -531,7 +536,7 @@ class PageLayout(Object):
     def __init__(self) -> None: ...
     Name: str
     """Kept for other tools."""
-    FileName: str
+    FileName: _FilePath
     """Within the template folder; the key in `PageLayouts`."""
     PageType: lwconfig.PageTypeEnum | int
     """Kind of page; -1 where the file had no usable value. At first `pgStandard`."""
@@ -569,7 +574,7 @@ class TOCDefinitions(Object):
     def Remove(self, Key: Any) -> None:
         """Removes the item at that position or under that key. Error 5 for an unknown key, 9 for a position
         out of range."""
-    def Add(self, obj: lwconfig.TOCDefinition | None, Key: str = ..., Before: Any = ..., After: Any = ...) -> None:
+    def Add(self, obj: lwconfig.TOCDefinition | None, Key: str | None = ..., Before: Any = ..., After: Any = ...) -> None:
         """Inserts `obj` before the item that `Before` names, else after the one that `After` names, else at
         the end. An empty key is none. Error 457 for a key that is present, 5 or 9 where `Before` or `After`
         names no item, 91 for no object; nothing is then added."""
@@ -577,6 +582,7 @@ class TOCDefinitions(Object):
     def Count(self) -> int:
         """The number of items."""
     def __call__(self, Key: Any) -> lwconfig.TOCDefinition | None: ...
+    def __delitem__(self, key: int | str) -> None: ...
     def __len__(self) -> int: ...
     def __iter__(self) -> Iterator[lwconfig.TOCDefinition]: ...
     def __reversed__(self) -> Iterator[lwconfig.TOCDefinition]: ...
@@ -596,7 +602,7 @@ class TOCDefinition(Object):
     """What it is for."""
     NodeDefs: lwconfig.NodeDefs
     """Its nodes, filed under their keys."""
-    PageTemplate: lwconfig.PageTemplate
+    PageTemplate: lwconfig.PageTemplate | None
     """The template that owns this definition, or null. When set: the template is not kept alive."""
     def Load(self, e: lwconfig.XMLElement | None, PageTemplate: lwconfig.PageTemplate | None) -> None:
         """Reads a `TOCDefinition` element of the template. "Name" and "Description" are required; a missing
@@ -616,7 +622,7 @@ class NodeDefs(Object):
     def Remove(self, Key: Any) -> None:
         """Removes the item at that position or under that key. Error 5 for an unknown key, 9 for a position
         out of range."""
-    def Add(self, obj: lwconfig.NodeDef | None, Key: str = ..., Before: Any = ..., After: Any = ...) -> None:
+    def Add(self, obj: lwconfig.NodeDef | None, Key: str | None = ..., Before: Any = ..., After: Any = ...) -> None:
         """Inserts `obj` before the item that `Before` names, else after the one that `After` names, else at
         the end. An empty key is none. Error 457 for a key that is present, 5 or 9 where `Before` or `After`
         names no item, 91 for no object; nothing is then added."""
@@ -626,6 +632,7 @@ class NodeDefs(Object):
     def Clone(self, TOCDefinition: lwconfig.TOCDefinition | None = ...) -> lwconfig.NodeDefs:
         """A deep copy whose nodes belong to the given definition and have each other as parents."""
     def __call__(self, Key: Any) -> lwconfig.NodeDef | None: ...
+    def __delitem__(self, key: int | str) -> None: ...
     def __len__(self) -> int: ...
     def __iter__(self) -> Iterator[lwconfig.NodeDef]: ...
     def __reversed__(self) -> Iterator[lwconfig.NodeDef]: ...
@@ -684,12 +691,12 @@ class NodeDef(Object):
     `CementReferences` runs."""
     NodeIconIndex: int
     """The icon of the help file that a node with `UseCustomIcon` shows."""
-    ParentNodeDef: lwconfig.NodeDef
+    ParentNodeDef: lwconfig.NodeDef | None
     """The linked parent, or null. When set: links the parent, or null for none, and sets `ParentKey` to its
     key."""
-    TOCDefinition: lwconfig.TOCDefinition
+    TOCDefinition: lwconfig.TOCDefinition | None
     """The definition that the node belongs to, or null."""
-    PageLayout: lwconfig.PageLayout
+    PageLayout: lwconfig.PageLayout | None
     """The layout of the node's page in the template of its definition, or null where it has none there. Error
     91 for a node without a definition, or whose definition has no template. When set: refers to the layout by
     its file name; null for none."""
@@ -718,7 +725,7 @@ class VariableDefs(Object):
     def Remove(self, Key: Any) -> None:
         """Removes the item at that position or under that key. Error 5 for an unknown key, 9 for a position
         out of range."""
-    def Add(self, obj: lwconfig.VariableDef | None, Key: str = ..., Before: Any = ..., After: Any = ...) -> None:
+    def Add(self, obj: lwconfig.VariableDef | None, Key: str | None = ..., Before: Any = ..., After: Any = ...) -> None:
         """Inserts `obj` before the item that `Before` names, else after the one that `After` names, else at
         the end. An empty key is none. Error 457 for a key that is present, 5 or 9 where `Before` or `After`
         names no item, 91 for no object; nothing is then added."""
@@ -726,6 +733,7 @@ class VariableDefs(Object):
     def Count(self) -> int:
         """The number of items."""
     def __call__(self, Key: Any) -> lwconfig.VariableDef | None: ...
+    def __delitem__(self, key: int | str) -> None: ...
     def __len__(self) -> int: ...
     def __iter__(self) -> Iterator[lwconfig.VariableDef]: ...
     def __reversed__(self) -> Iterator[lwconfig.VariableDef]: ...
@@ -763,7 +771,7 @@ class TaggedCommentDefs(Object):
     def __init__(self) -> None: ...
     DefaultDesignerProgID: str
     """Component that edits comments whose definition names none."""
-    FileName: str
+    FileName: _FilePath
     """The file loaded last."""
     IsPopulated: bool
     """Whether a `LoadFrom` has finished."""
@@ -772,7 +780,7 @@ class TaggedCommentDefs(Object):
     def Remove(self, Key: Any) -> None:
         """Removes the item at that position or under that key. Error 5 for an unknown key, 9 for a position
         out of range."""
-    def Add(self, obj: lwconfig.TaggedCommentDef | None, Key: str = ..., Before: Any = ..., After: Any = ...) -> None:
+    def Add(self, obj: lwconfig.TaggedCommentDef | None, Key: str | None = ..., Before: Any = ..., After: Any = ...) -> None:
         """Inserts `obj` before the item that `Before` names, else after the one that `After` names, else at
         the end. An empty key is none. Error 457 for a key that is present, 5 or 9 where `Before` or `After`
         names no item, 91 for no object; nothing is then added."""
@@ -788,20 +796,21 @@ class TaggedCommentDefs(Object):
         left untouched."""
     def SaveEx(self, IncludeStandard: bool, IncludeCustom: bool) -> None:
         """As `Save`, of the chosen files only; the older file stays."""
-    def LoadFrom(self, FileName: str) -> None:
+    def LoadFrom(self, FileName: PathLike[str] | str) -> None:
         """Adds the definitions of a file at the end, each in place of one with the same prefix. A file that
         does not exist adds nothing. A failing definition ends the load; those before it stay, and
         `IsPopulated` is left as it was."""
-    def SaveTo(self, FileName: str) -> None:
+    def SaveTo(self, FileName: PathLike[str] | str) -> None:
         """Writes all definitions to one file, in the order of the set."""
-    def SaveToEx(self, FileName: str, IncludeStandard: bool, IncludeCustom: bool) -> None:
+    def SaveToEx(self, FileName: PathLike[str] | str, IncludeStandard: bool, IncludeCustom: bool) -> None:
         """Writes the standard definitions, the custom ones or both to one file, in the order of the set."""
     def Clone(self) -> lwconfig.TaggedCommentDefs:
         """A set of copies, filed under their prefixes."""
-    def ItemFromXMLTagName(self, XMLTagName: str) -> lwconfig.TaggedCommentDef:
+    def ItemFromXMLTagName(self, XMLTagName: str) -> lwconfig.TaggedCommentDef | None:
         """The first definition that lists the XML documentation tag, letter case ignored; null where none
         does. Blanks beside a comma are part of the names."""
     def __call__(self, Key: Any) -> lwconfig.TaggedCommentDef | None: ...
+    def __delitem__(self, key: int | str) -> None: ...
     def __len__(self) -> int: ...
     def __iter__(self) -> Iterator[lwconfig.TaggedCommentDef]: ...
     def __reversed__(self) -> Iterator[lwconfig.TaggedCommentDef]: ...
@@ -874,7 +883,7 @@ class ModelCommentProfiles(Object):
 
         Every collection: removes the item at that position or under that key. Error 5 for an unknown key, 9
         for a position out of range."""
-    def Add(self, obj: lwconfig.ModelComments | None, Key: str = ..., Before: Any = ..., After: Any = ...) -> None:
+    def Add(self, obj: lwconfig.ModelComments | None, Key: str | None = ..., Before: Any = ..., After: Any = ...) -> None:
         """As of every collection; then the profiles are dirty.
 
         Every collection: inserts `obj` before the item that `Before` names, else after the one that `After`
@@ -895,6 +904,7 @@ class ModelCommentProfiles(Object):
     def Clone(self) -> lwconfig.ModelCommentProfiles:
         """A collection of copies, dirty unless it is empty."""
     def __call__(self, Key: Any) -> lwconfig.ModelComments | None: ...
+    def __delitem__(self, key: int | str) -> None: ...
     def __len__(self) -> int: ...
     def __iter__(self) -> Iterator[lwconfig.ModelComments]: ...
     def __reversed__(self) -> Iterator[lwconfig.ModelComments]: ...
@@ -910,7 +920,7 @@ class ModelComments(Object):
     def __init__(self) -> None: ...
     NamespaceProfile: str
     """The namespace profile whose element names the comments use."""
-    FileName: str
+    FileName: _FilePath
     """The file that `LoadFromFile` read last."""
     Name: str
     """The key in `ModelCommentProfiles`."""
@@ -922,7 +932,7 @@ class ModelComments(Object):
     """Whether the set has changed since it was loaded or saved. Kept by the callers: no change of the set or
     of a comment sets it."""
     @property
-    def NamespaceDefs(self) -> lwconfig.NamespaceDefs:
+    def NamespaceDefs(self) -> lwconfig.NamespaceDefs | None:
         """The shared namespace profile that `NamespaceProfile` names; null where it is unknown. Error 91
         while the shared namespace profiles have not been asked for."""
     def Item(self, Key: Any) -> lwconfig.ModelComment | None:
@@ -930,7 +940,7 @@ class ModelComments(Object):
     def Remove(self, Key: Any) -> None:
         """Removes the item at that position or under that key. Error 5 for an unknown key, 9 for a position
         out of range."""
-    def Add(self, obj: lwconfig.ModelComment | None, Key: str = ..., Before: Any = ..., After: Any = ...) -> None:
+    def Add(self, obj: lwconfig.ModelComment | None, Key: str | None = ..., Before: Any = ..., After: Any = ...) -> None:
         """Inserts `obj` before the item that `Before` names, else after the one that `After` names, else at
         the end. An empty key is none. Error 457 for a key that is present, 5 or 9 where `Before` or `After`
         names no item, 91 for no object; nothing is then added."""
@@ -948,16 +958,17 @@ class ModelComments(Object):
         """From and to the file `modelcomments.xml` of the configuration."""
     def SaveToGlobal(self) -> None:
         """From and to the file `modelcomments.xml` of the configuration."""
-    def LoadFromFile(self, FileName: str) -> None:
+    def LoadFromFile(self, FileName: PathLike[str] | str) -> None:
         """Replaces the set by that of a file; then it is populated and not dirty, without an event. A missing
         or malformed file has no "Name" and fails as `Load` does."""
-    def SaveToFile(self, FileName: str) -> None:
+    def SaveToFile(self, FileName: PathLike[str] | str) -> None:
         """Writes the set to a file; then it is not dirty. `FileName` stays as it was."""
-    def on(self, event: Literal["DirtyStateChanged"], handler: Callable[[], object]) -> lwconfig.Connection:
-        """Calls the handler at every event of that name, as long as the connection lives.
+    def on(self, event: Literal["DirtyStateChanged"], callback: Callable[[], object], /) -> lwconfig.Connection:
+        """Calls the callback at every event of that name, as long as the connection lives and is not closed.
 
         `DirtyStateChanged`: Raised when setting `Dirty` has changed its value."""
     def __call__(self, Key: Any) -> lwconfig.ModelComment | None: ...
+    def __delitem__(self, key: int | str) -> None: ...
     def __len__(self) -> int: ...
     def __iter__(self) -> Iterator[lwconfig.ModelComment]: ...
     def __reversed__(self) -> Iterator[lwconfig.ModelComment]: ...
@@ -1008,7 +1019,7 @@ class CommentFileLocations(Object):
     def Remove(self, Key: Any) -> None:
         """Removes the item at that position or under that key. Error 5 for an unknown key, 9 for a position
         out of range."""
-    def Add(self, Item: lwconfig.CommentFileLocation | None, Key: str = ..., Before: Any = ..., After: Any = ...) -> None:
+    def Add(self, Item: lwconfig.CommentFileLocation | None, Key: str | None = ..., Before: Any = ..., After: Any = ...) -> None:
         """Inserts `obj` before the item that `Before` names, else after the one that `After` names, else at
         the end. An empty key is none. Error 457 for a key that is present, 5 or 9 where `Before` or `After`
         names no item, 91 for no object; nothing is then added."""
@@ -1024,6 +1035,7 @@ class CommentFileLocations(Object):
     def Clone(self) -> lwconfig.CommentFileLocations:
         """A list of copies, not dirty."""
     def __call__(self, Key: Any) -> lwconfig.CommentFileLocation | None: ...
+    def __delitem__(self, key: int | str) -> None: ...
     def __len__(self) -> int: ...
     def __iter__(self) -> Iterator[lwconfig.CommentFileLocation]: ...
     def __reversed__(self) -> Iterator[lwconfig.CommentFileLocation]: ...
@@ -1037,9 +1049,9 @@ class CommentFileLocation(Object):
     """Where the XML comment file of one .NET assembly is."""
 
     def __init__(self) -> None: ...
-    AssemblyFileName: str
+    AssemblyFileName: _FilePath
     """The assembly that the comment file belongs to."""
-    CommentFilePath: str
+    CommentFilePath: _FilePath
     """The path of the comment file, each "%NetPath%" in it, in any letter case, replaced by the .NET
     Framework folder of this machine, which ends with a backslash."""
     @property
@@ -1062,7 +1074,7 @@ class Languages(Object):
     def Remove(self, Key: Any) -> None:
         """Removes the item at that position or under that key. Error 5 for an unknown key, 9 for a position
         out of range."""
-    def Add(self, Item: lwconfig.Language | None, Key: str = ..., Before: Any = ..., After: Any = ...) -> None:
+    def Add(self, Item: lwconfig.Language | None, Key: str | None = ..., Before: Any = ..., After: Any = ...) -> None:
         """Inserts `obj` before the item that `Before` names, else after the one that `After` names, else at
         the end. An empty key is none. Error 457 for a key that is present, 5 or 9 where `Before` or `After`
         names no item, 91 for no object; nothing is then added."""
@@ -1073,6 +1085,7 @@ class Languages(Object):
         """Replaces the languages by the `Language` children of the element. A failing language, or two of one
         name (error 457), end the load; the languages before it stay."""
     def __call__(self, Key: Any) -> lwconfig.Language | None: ...
+    def __delitem__(self, key: int | str) -> None: ...
     def __len__(self) -> int: ...
     def __iter__(self) -> Iterator[lwconfig.Language]: ...
     def __reversed__(self) -> Iterator[lwconfig.Language]: ...
@@ -1164,7 +1177,7 @@ class NamespaceProfiles(Object):
     def Remove(self, Key: Any) -> None:
         """Removes the item at that position or under that key. Error 5 for an unknown key, 9 for a position
         out of range."""
-    def Add(self, Item: lwconfig.NamespaceDefs | None, Key: str = ..., Before: Any = ..., After: Any = ...) -> None:
+    def Add(self, Item: lwconfig.NamespaceDefs | None, Key: str | None = ..., Before: Any = ..., After: Any = ...) -> None:
         """Inserts `obj` before the item that `Before` names, else after the one that `After` names, else at
         the end. An empty key is none. Error 457 for a key that is present, 5 or 9 where `Before` or `After`
         names no item, 91 for no object; nothing is then added."""
@@ -1176,6 +1189,7 @@ class NamespaceProfiles(Object):
         folder is told by a message box and adds nothing. Two profiles of one name are error 457, which ends
         the load; the profiles before it are kept. A profile without a name has no key."""
     def __call__(self, Key: Any) -> lwconfig.NamespaceDefs | None: ...
+    def __delitem__(self, key: int | str) -> None: ...
     def __len__(self) -> int: ...
     def __iter__(self) -> Iterator[lwconfig.NamespaceDefs]: ...
     def __reversed__(self) -> Iterator[lwconfig.NamespaceDefs]: ...
@@ -1206,7 +1220,7 @@ class NamespaceDefs(Object):
     def Remove(self, Key: Any) -> None:
         """Removes the item at that position or under that key. Error 5 for an unknown key, 9 for a position
         out of range."""
-    def Add(self, Item: lwconfig.NamespaceDef | None, Key: str = ..., Before: Any = ..., After: Any = ...) -> None:
+    def Add(self, Item: lwconfig.NamespaceDef | None, Key: str | None = ..., Before: Any = ..., After: Any = ...) -> None:
         """As of every collection, but failures are ignored: where the key is present nothing is added.
 
         Every collection: inserts `obj` before the item that `Before` names, else after the one that `After`
@@ -1220,18 +1234,19 @@ class NamespaceDefs(Object):
         (error 457), end the load; what was read before is kept."""
     def ResetIncludeFlags(self) -> None:
         """Resets the include flag of every definition, at any depth."""
-    def GetNamespaceDefsByCaption(self, Caption: str, col: lwconfig.NamespaceDefs | None = ...) -> tuple[lwconfig.NamespaceDefs, lwconfig.NamespaceDefs | None]:
+    def GetNamespaceDefsByCaption(self, Caption: str, col: lwconfig.NamespaceDefs | None = ...) -> lwconfig.NamespaceDefs:
         """The definitions at any depth with that caption, or name, without regard to letter case, each before
         those nested in it. They are appended to `col`, without keys, and `col` is the result; a new
         collection where it is null."""
-    def GetNamespaceDefsByName(self, Name: str, col: lwconfig.NamespaceDefs | None = ...) -> tuple[lwconfig.NamespaceDefs, lwconfig.NamespaceDefs | None]:
+    def GetNamespaceDefsByName(self, Name: str, col: lwconfig.NamespaceDefs | None = ...) -> lwconfig.NamespaceDefs:
         """The definitions at any depth with that caption, or name, without regard to letter case, each before
         those nested in it. They are appended to `col`, without keys, and `col` is the result; a new
         collection where it is null."""
-    def AllNamespaceDefs(self, col: lwconfig.NamespaceDefs | None = ...) -> tuple[lwconfig.NamespaceDefs, lwconfig.NamespaceDefs | None]:
+    def AllNamespaceDefs(self, col: lwconfig.NamespaceDefs | None = ...) -> lwconfig.NamespaceDefs:
         """The definitions at any depth, filed under their names in `col`, or a new collection where it is
         null; of several with one name the first, each before those nested in it."""
     def __call__(self, Key: Any) -> lwconfig.NamespaceDef | None: ...
+    def __delitem__(self, key: int | str) -> None: ...
     def __len__(self) -> int: ...
     def __iter__(self) -> Iterator[lwconfig.NamespaceDef]: ...
     def __reversed__(self) -> Iterator[lwconfig.NamespaceDef]: ...
@@ -1289,7 +1304,7 @@ class NamespaceDef(Object):
     """For the generator's use while it runs."""
     Tag: Any
     """Withdrawn: error 13 with the source "Tag no longer supported"."""
-    NamespaceDefs: lwconfig.NamespaceDefs
+    NamespaceDefs: lwconfig.NamespaceDefs | None
     """The profile that the definition belongs to, or null. When set: the profile is not kept alive."""
     ChildNamespaceDefs: lwconfig.NamespaceDefs
     """The nested definitions, filed under their names; created empty when there are none. Never null."""
@@ -1311,7 +1326,7 @@ class ElementDefs(Object):
     def Remove(self, Key: Any) -> None:
         """Removes the item at that position or under that key. Error 5 for an unknown key, 9 for a position
         out of range."""
-    def Add(self, Item: lwconfig.ElementDef | None, Key: str = ..., Before: Any = ..., After: Any = ...) -> None:
+    def Add(self, Item: lwconfig.ElementDef | None, Key: str | None = ..., Before: Any = ..., After: Any = ...) -> None:
         """Inserts `obj` before the item that `Before` names, else after the one that `After` names, else at
         the end. An empty key is none. Error 457 for a key that is present, 5 or 9 where `Before` or `After`
         names no item, 91 for no object; nothing is then added."""
@@ -1322,6 +1337,7 @@ class ElementDefs(Object):
         """Reads an `lwelements` element of the profile. Common attributes reach the elements that follow
         them. A failure ends the load, and the elements before it are kept."""
     def __call__(self, Key: Any) -> lwconfig.ElementDef | None: ...
+    def __delitem__(self, key: int | str) -> None: ...
     def __len__(self) -> int: ...
     def __iter__(self) -> Iterator[lwconfig.ElementDef]: ...
     def __reversed__(self) -> Iterator[lwconfig.ElementDef]: ...
@@ -1349,7 +1365,7 @@ class ElementDef(Object):
     """Whether it may stand in scraps only."""
     ElementAttributeDefs: lwconfig.ElementAttributeDefs
     """The attributes that it takes, filed under their names."""
-    NamespaceProfile: lwconfig.NamespaceDefs
+    NamespaceProfile: lwconfig.NamespaceDefs | None
     """The profile that the element belongs to, or null. When set: the profile is not kept alive."""
     def Load(self, e: lwconfig.XMLElement | None, Parent: lwconfig.NamespaceDefs | None, CommonAttributes: lwconfig.ElementAttributeDefs | None) -> None:
         """Reads an `lwelement` element of the profile `Parent`, then adds copies of those common attributes
@@ -1365,7 +1381,7 @@ class ElementAttributeDefs(Object):
     def Remove(self, Key: Any) -> None:
         """Removes the item at that position or under that key. Error 5 for an unknown key, 9 for a position
         out of range."""
-    def Add(self, Item: lwconfig.ElementAttributeDef | None, Key: str = ..., Before: Any = ..., After: Any = ...) -> None:
+    def Add(self, Item: lwconfig.ElementAttributeDef | None, Key: str | None = ..., Before: Any = ..., After: Any = ...) -> None:
         """Inserts `obj` before the item that `Before` names, else after the one that `After` names, else at
         the end. An empty key is none. Error 457 for a key that is present, 5 or 9 where `Before` or `After`
         names no item, 91 for no object; nothing is then added."""
@@ -1373,6 +1389,7 @@ class ElementAttributeDefs(Object):
     def Count(self) -> int:
         """The number of items."""
     def __call__(self, Key: Any) -> lwconfig.ElementAttributeDef | None: ...
+    def __delitem__(self, key: int | str) -> None: ...
     def __len__(self) -> int: ...
     def __iter__(self) -> Iterator[lwconfig.ElementAttributeDef]: ...
     def __reversed__(self) -> Iterator[lwconfig.ElementAttributeDef]: ...
@@ -1402,7 +1419,7 @@ class ElementAttributeDef(Object):
     """Value where none is given."""
     Mandatory: bool
     """Whether it must be given."""
-    ElementDef: lwconfig.ElementDef
+    ElementDef: lwconfig.ElementDef | None
     """The element that the attribute belongs to, or null for a common attribute of all elements. When set:
     the element is not kept alive."""
     def Load(self, e: lwconfig.XMLElement | None) -> None:
@@ -1414,7 +1431,7 @@ class ElementAttributes(Object):
     """Splits one line of text, an attribute list or a command line, into names and values."""
 
     def __init__(self) -> None: ...
-    def Parse(self, CommandLine: str = ...) -> int:
+    def Parse(self, CommandLine: str | None = ...) -> int:
         """Replaces the attributes by those of the text, or of the arguments of this process where it is
         empty; keeps them where those are empty too. Returns the new `Count`. More than 32,767 attributes are
         error 6, and the old ones stay.
@@ -1447,36 +1464,34 @@ class INamespaceProvider(Object):
     This class itself does nothing and returns nothing: null, empty or false."""
 
     def __init__(self) -> None: ...
-    def GetItems(self, NamespaceDef: lwconfig.NamespaceDef | None, ParentItem: Any, Filter: str = ...) -> tuple[Any, lwconfig.NamespaceDef | None, Any]:
+    def GetItems(self, NamespaceDef: lwconfig.NamespaceDef | None, ParentItem: Any, Filter: str = ...) -> Any:
         """The items of the kind `NamespaceDef` below `ParentItem`, narrowed by `Filter` where it is not
         empty."""
-    @property
-    def DocumentDataProvider(self) -> Any:
-        """The provider's data for the generator."""
-    def Initialise(self, LWProject: Any) -> tuple[None, Any]:
+    DocumentDataProvider: Any
+    """The provider's data for the generator."""
+    def Initialise(self, LWProject: Any) -> None:
         """Hands over the generator's project."""
-    def GetRootItem(self, NamespaceDef: lwconfig.NamespaceDef | None, Moniker: str) -> tuple[Any, lwconfig.NamespaceDef | None]:
+    def GetRootItem(self, NamespaceDef: lwconfig.NamespaceDef | None, Moniker: str) -> Any:
         """The root item that the moniker names."""
     def GetObjectFromQualifiedName(self, QualifiedName: str) -> Any:
         """The item with that fully qualified name."""
-    def GetNamespaceDefFromObject(self, NamespaceDefs: lwconfig.NamespaceDefs | None, obj: Any) -> tuple[Any, lwconfig.NamespaceDefs | None, Any]:
+    def GetNamespaceDefFromObject(self, NamespaceDefs: lwconfig.NamespaceDefs | None, obj: Any) -> Any:
         """The definition of the profile that describes `obj`."""
-    def AddRootItem(self, RootItem: Any) -> tuple[None, Any]:
+    def AddRootItem(self, RootItem: Any) -> None:
         """Adds a root item to the provider's own."""
-    def StreamContent(self, OutputFile: Any, ContentType: str) -> tuple[None, Any]:
+    def StreamContent(self, OutputFile: Any, ContentType: str) -> None:
         """Writes content of the type to an output file."""
-    @property
-    def Name(self) -> str:
-        """The provider's name."""
-    def ContentCreated(self, Item: Any, NamespaceDef: lwconfig.NamespaceDef | None, FileName: str, CoreContent: bool) -> tuple[None, Any, lwconfig.NamespaceDef | None]:
+    Name: Any
+    """The provider's name."""
+    def ContentCreated(self, Item: Any, NamespaceDef: lwconfig.NamespaceDef | None, FileName: str, CoreContent: bool) -> None:
         """Tells that the file was created for the item, and whether it is core content."""
-    def BeforeProcessRootItem(self, RootItem: Any) -> tuple[None, Any]:
+    def BeforeProcessRootItem(self, RootItem: Any) -> None:
         """Tells that a root item is about to be processed."""
-    def AfterProcessRootItem(self, RootItem: Any) -> tuple[None, Any]:
+    def AfterProcessRootItem(self, RootItem: Any) -> None:
         """Tells that a root item has been processed."""
-    def BeforeProcessItem(self, Item: Any, RootItem: Any) -> tuple[None, Any, Any]:
+    def BeforeProcessItem(self, Item: Any, RootItem: Any) -> None:
         """Tells that an item is about to be processed."""
-    def AfterProcessItem(self, Item: Any, RootItem: Any) -> tuple[None, Any, Any]:
+    def AfterProcessItem(self, Item: Any, RootItem: Any) -> None:
         """Tells that an item has been processed."""
     def GetModuleItems(self) -> Any:
         """The provider's module items."""
@@ -1484,7 +1499,7 @@ class INamespaceProvider(Object):
         """Lets the user pick a source and returns its moniker."""
     def VerifyMoniker(self, Moniker: str, Message: str) -> tuple[bool, str]:
         """Whether the moniker names a usable source; if not, the reason is put into `Message`."""
-    def GetMonikerFromRootItem(self, RootItem: Any) -> tuple[str, Any]:
+    def GetMonikerFromRootItem(self, RootItem: Any) -> str:
         """The moniker of a root item."""
     def MakeMonikerRelative(self, Moniker: str, RelativeToFileName: str) -> Any:
         """The moniker relative to the file."""
@@ -1500,7 +1515,7 @@ class PlugIns(Object):
     def Remove(self, Key: Any) -> None:
         """Removes the item at that position or under that key. Error 5 for an unknown key, 9 for a position
         out of range."""
-    def Add(self, obj: lwconfig.PlugIn | None, Key: str = ..., Before: Any = ..., After: Any = ...) -> None:
+    def Add(self, obj: lwconfig.PlugIn | None, Key: str | None = ..., Before: Any = ..., After: Any = ...) -> None:
         """Inserts `obj` before the item that `Before` names, else after the one that `After` names, else at
         the end. An empty key is none. Error 457 for a key that is present, 5 or 9 where `Before` or `After`
         names no item, 91 for no object; nothing is then added."""
@@ -1509,12 +1524,13 @@ class PlugIns(Object):
         """The number of items."""
     def Load(self) -> None:
         """Replaces the list by the plug-ins of every file in the "PlugIns" folder of the configuration."""
-    def LoadFrom(self, Folder: str) -> None:
+    def LoadFrom(self, Folder: PathLike[str] | str) -> None:
         """Replaces the list by the plug-ins of every "*.xml" file in the folder; none where there is no such
         folder. A failing element ends the load, and the plug-ins before it are kept."""
     def Clone(self) -> lwconfig.PlugIns:
         """A list of copies, each filed under its own key."""
     def __call__(self, Key: Any) -> lwconfig.PlugIn | None: ...
+    def __delitem__(self, key: int | str) -> None: ...
     def __len__(self) -> int: ...
     def __iter__(self) -> Iterator[lwconfig.PlugIn]: ...
     def __reversed__(self) -> Iterator[lwconfig.PlugIn]: ...
@@ -1568,7 +1584,7 @@ class ExternalDocs(Object):
     def Remove(self, Key: Any) -> None:
         """Removes the item at that position or under that key. Error 5 for an unknown key, 9 for a position
         out of range."""
-    def Add(self, Item: lwconfig.ExternalDoc | None, Key: str = ..., Before: Any = ..., After: Any = ...) -> None:
+    def Add(self, Item: lwconfig.ExternalDoc | None, Key: str | None = ..., Before: Any = ..., After: Any = ...) -> None:
         """Inserts `obj` before the item that `Before` names, else after the one that `After` names, else at
         the end. An empty key is none. Error 457 for a key that is present, 5 or 9 where `Before` or `After`
         names no item, 91 for no object; nothing is then added."""
@@ -1582,7 +1598,7 @@ class ExternalDocs(Object):
     def Save(self) -> None:
         """Writes all sources to `ExternalDocs.xml` in the configuration folder, in the letter case that the
         file has. When that fails, the old file stays whole."""
-    def Link(self, ObjectFullName: str, Caption: str, IsHelp2: bool, AdditionalKey: str = ...) -> str:
+    def Link(self, ObjectFullName: str, Caption: str, IsHelp2: bool, AdditionalKey: str | None = ...) -> str:
         """The link to the page of a class or other object; empty where no source covers its namespace, to
         which "." is appended when it has none. Answers are kept until `ResetLinkCache`, for every object,
         caption and additional key without regard to letter case; neither `IsHelp2` nor a change of the
@@ -1600,6 +1616,7 @@ class ExternalDocs(Object):
     def ResetLinkCache(self) -> None:
         """Forgets the answers kept by `Link` and `IsLinkAvailable`."""
     def __call__(self, Key: Any) -> lwconfig.ExternalDoc | None: ...
+    def __delitem__(self, key: int | str) -> None: ...
     def __len__(self) -> int: ...
     def __iter__(self) -> Iterator[lwconfig.ExternalDoc]: ...
     def __reversed__(self) -> Iterator[lwconfig.ExternalDoc]: ...
@@ -1770,7 +1787,7 @@ class IDEOptions(Object):
     """The application value `NoProjectPropertiesHeaders`. At first True."""
     ToolbarStyle: lwconfig.LWToolBarStyleEnum | int
     """The application value `ToolbarStyle`. At first `ToolbarStyleOffice2003`."""
-    DefaultPath: str
+    DefaultPath: _FilePath
     """Where nothing is stored, the documents folder of the user. The application value `DefaultPath`."""
     CommentEditorView: lwconfig.CommentEditorViewEnum | int
     """Where nothing is stored, the full view on a display wider than 1024 pixels. The application value
@@ -1820,7 +1837,7 @@ class Collection(Object):
     def Remove(self, Key: Any) -> None:
         """Removes the item at that position or under that key. Error 5 for an unknown key, 9 for a position
         out of range."""
-    def Add(self, Item: str, Key: str = ..., Before: Any = ..., After: Any = ...) -> None:
+    def Add(self, Item: str, Key: str | None = ..., Before: Any = ..., After: Any = ...) -> None:
         """Inserts `obj` before the item that `Before` names, else after the one that `After` names, else at
         the end. An empty key is none. Error 457 for a key that is present, 5 or 9 where `Before` or `After`
         names no item, 91 for no object; nothing is then added."""
@@ -1828,6 +1845,7 @@ class Collection(Object):
     def Count(self) -> int:
         """The number of items."""
     def __call__(self, Key: Any) -> str | None: ...
+    def __delitem__(self, key: int | str) -> None: ...
     def __len__(self) -> int: ...
     def __iter__(self) -> Iterator[str]: ...
     def __reversed__(self) -> Iterator[str]: ...
@@ -1887,12 +1905,12 @@ class XMLElement(Object):
 class XMLElements(Object):
     """The child elements of one element, in document order."""
 
-    def Item(self, Key: int) -> lwconfig.XMLElement | None:
+    def Item(self, Key: int) -> lwconfig.XMLElement:
         """The child at a position from 1. Error 9 where there is none."""
     @property
     def Count(self) -> int:
         """The number of child elements."""
-    def __call__(self, Key: int) -> lwconfig.XMLElement | None: ...
+    def __call__(self, Key: int) -> lwconfig.XMLElement: ...
     def __len__(self) -> int: ...
     def __iter__(self) -> Iterator[lwconfig.XMLElement]: ...
     def __reversed__(self) -> Iterator[lwconfig.XMLElement]: ...
@@ -1905,10 +1923,11 @@ class XMLElements(Object):
 class XMLAttributes(Object):
     """The attributes of one element, looked up by name without regard to letter case."""
 
-    def Item(self, Key: Any) -> lwconfig.XMLAttribute | None:
+    def Item(self, Key: Any) -> lwconfig.XMLAttribute:
         """The attribute of that name. Error 5 where the element has no such attribute, with the element's
         place."""
-    def __call__(self, Key: Any) -> lwconfig.XMLAttribute | None: ...
+    def __call__(self, Key: Any) -> lwconfig.XMLAttribute: ...
+    def __getitem__(self, key: str) -> lwconfig.XMLAttribute: ...
 
 class XMLAttribute(Object):
     """One attribute. A handle: it stays valid as long as it is held, and copies refer to the same attribute."""
@@ -1922,7 +1941,7 @@ class DiskFile(Object):
     are in the product's notation: backslashes, slashes accepted, repeated separators taken as one."""
 
     def __init__(self) -> None: ...
-    Folder: str
+    Folder: _FilePath
     """The folder part of the path, with or without a backslash at its end."""
     @property
     def FolderPath(self) -> str:
@@ -1934,7 +1953,7 @@ class DiskFile(Object):
     @property
     def FileName(self) -> str:
         """Base name and extension, without folder."""
-    FullPath: str
+    FullPath: _FilePath
     """Folder, base name and extension, as one path. When set: splits the path; the extension is what follows
     the last dot of the file name."""
     @property

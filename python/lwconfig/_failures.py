@@ -1,5 +1,21 @@
 """What a failing operation raises."""
 
+from __future__ import annotations
+
+from typing import Any
+
+__all__ = [
+    "BadValueError",
+    "CallError",
+    "Error",
+    "FileError",
+    "FilePermissionError",
+    "MemberError",
+    "MissingFileError",
+    "UnknownKeyError",
+    "UnknownPositionError",
+]
+
 
 class Error(Exception):
     """A failure of the library.
@@ -11,7 +27,15 @@ class Error(Exception):
                  the place in the file that was being read, else None; line and column count from 1
     """
 
-    def __init__(self, number, description, source="LWConfigObjects", file=None, line=None, column=None):
+    def __init__(
+        self,
+        number: int,
+        description: str,
+        source: str = "LWConfigObjects",
+        file: str | None = None,
+        line: int | None = None,
+        column: int | None = None,
+    ) -> None:
         super().__init__(description)
         self.number = number
         self.description = description
@@ -20,52 +44,77 @@ class Error(Exception):
         self.line = line
         self.column = column
 
-    def __str__(self):
+    def __str__(self) -> str:
         place = [str(part) for part in (self.file, self.line, self.column) if part is not None]
         return ":".join(place) + ": " + self.description if place else self.description
 
-    def __reduce__(self):
-        return type(self), (self.number, self.description, self.source, self.file, self.line, self.column)
+    def __reduce__(self) -> tuple[Any, ...]:
+        arguments = self.number, self.description, self.source, self.file, self.line, self.column
+        return type(self), arguments, self.__dict__
 
 
-def _kind(name, *bases):
-    return type(name, (Error, *bases), {"__doc__": Error.__doc__, "__module__": "lwconfig"})
+class FileError(Error, OSError):
+    """A file or folder that cannot be used."""
 
 
-_FILE = _kind("FileError", OSError)
-_MISSING = _kind("MissingFileError", FileNotFoundError)
-_DENIED = _kind("FilePermissionError", PermissionError)
-_VALUE = _kind("BadValueError", ValueError)
-_KEY = _kind("UnknownKeyError", KeyError)
-_INDEX = _kind("UnknownPositionError", IndexError)
-_MEMBER = _kind("MemberError", AttributeError)
-_CALL = _kind("CallError", TypeError)
+class MissingFileError(Error, FileNotFoundError):
+    """A file or folder that does not exist."""
 
-_KINDS = {
-    5: _VALUE,
-    6: _VALUE,
-    9: _INDEX,
-    13: _VALUE,
-    52: _FILE,
-    53: _MISSING,
-    70: _DENIED,
-    75: _FILE,
-    76: _MISSING,
-    94: _VALUE,
-    383: _MEMBER,
-    429: _CALL,
-    438: _MEMBER,
-    448: _CALL,
-    449: _CALL,
-    450: _CALL,
-    457: _VALUE,
-    459: _MEMBER,
+
+class FilePermissionError(Error, PermissionError):
+    """A file or folder that the user may not read or change."""
+
+
+class BadValueError(Error, ValueError):
+    """A value, in a call or in a file, that the library cannot take."""
+
+
+class UnknownKeyError(Error, KeyError):
+    """A key that names no item."""
+
+
+class UnknownPositionError(Error, IndexError):
+    """A position at which there is no item."""
+
+
+class MemberError(Error, AttributeError):
+    """A member or event that the object does not have, or not for this use."""
+
+
+class CallError(Error, TypeError):
+    """Arguments that do not fit the member, or a class whose objects cannot be created."""
+
+
+for _name in __all__:
+    globals()[_name].__module__ = "lwconfig"
+
+_KINDS: dict[int, type[Error]] = {
+    5: BadValueError,
+    6: BadValueError,
+    9: UnknownPositionError,
+    13: BadValueError,
+    52: FileError,
+    53: MissingFileError,
+    70: FilePermissionError,
+    75: FileError,
+    76: MissingFileError,
+    94: BadValueError,
+    383: MemberError,
+    429: CallError,
+    438: MemberError,
+    448: CallError,
+    449: CallError,
+    450: CallError,
+    457: BadValueError,
+    459: MemberError,
 }
 
-Error.__module__ = "lwconfig"
 
-
-def make(number, description, source, file, line, column, is_key):
+def make(
+    number: int, description: str, source: str, file: str | None, line: int | None, column: int | None, is_key: bool
+) -> Error:
     """The exception for a failure; `is_key` where it is about a key that names nothing."""
-    kind = _KEY if is_key else _KINDS.get(number, Error)
+    kind = _KINDS.get(number, Error)
+    if is_key:
+        kind = UnknownKeyError
     return kind(number, description, source, file, line, column)

@@ -10,6 +10,7 @@
 #include <lwconfig/automation/contracts.h>
 #include <lwconfig/automation/idl.h>
 #include <lwconfig/automation/manifest.h>
+#include <lwconfig/automation/member_facts.h>
 #include <lwconfig/automation/published.h>
 #include <lwconfig/automation/python_stubs.h>
 #include <lwconfig/automation/signature.h>
@@ -61,6 +62,22 @@ TEST(Contracts, TellAboutEverythingPublished) {
     EXPECT_NE(Contract(info->Name), "") << info->Name;
     for (const EnumMember& member : info->Members)
       EXPECT_NE(Contract(info->Name, member.Name), "") << info->Name << "." << member.Name;
+  }
+}
+
+TEST(MemberFacts, AgreeWithContractsAndTables) {
+  const std::regex absence("or null|[Nn]ull where|Null before");
+  for (const ClassInfo* info : PublishedClasses()) {
+    const char* const key = KeyProperty(*info);
+    EXPECT_TRUE(key == nullptr || info->Find(key) != nullptr) << info->Name() << "." << key;
+    for (const auto& member : info->Members()) {
+      if (TypeOf(member).Kind != ValueKind::Object || std::string_view(info->Name()) == "Languages") continue;
+      const std::string contract(Contract(info->Name(), member.Name));
+      const bool mayBeNull =
+          std::regex_search(contract, absence) && contract.find("Never null") == std::string::npos;
+      EXPECT_EQ(TypeOf(member).MayBeNull, mayBeNull)
+          << info->Name() << "." << member.Name << ": " << contract;
+    }
   }
 }
 
@@ -148,6 +165,15 @@ TEST(PythonStubs, TellWhatPythonMakesOfMembers) {
   const std::string stubs = PythonStubs();
   for (const char* declaration :
        {"    def VerifyMoniker(self, Moniker: str, Message: str) -> tuple[bool, str]:\n",
+        "    def GetItems(self, NamespaceDef: lwconfig.NamespaceDef | None, ParentItem: Any, Filter: str = "
+        "...) "
+        "-> Any:\n",
+        "    def GetNamespaceDefsByName(self, Name: str, col: lwconfig.NamespaceDefs | None = ...) -> "
+        "lwconfig.NamespaceDefs:\n",
+        "    def LoadFromFile(self, FileName: PathLike[str] | str) -> None:\n", "    FullPath: _FilePath\n",
+        "    Scraps: lwconfig.Collection | None\n",
+        "    def __delitem__(self, key: int | str) -> None: ...\n",
+        "    def __getitem__(self, key: str) -> lwconfig.XMLAttribute: ...\n",
         "    def Phrase(self, Name: str) -> str:\n", "    @property\n    def ConfigPath(self) -> str:\n",
         "    def __call__(self, Key: Any) -> lwconfig.PageLayout | None: ...\n",
         "    PageType: lwconfig.PageTypeEnum | int\n", "\npgMethod = PageTypeEnum.pgMethod\n"})

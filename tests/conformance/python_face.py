@@ -1,20 +1,25 @@
 """Runs the script of all faces through the Python package and prints its transcript."""
 
+from __future__ import annotations
+
 import enum
+import io
 import re
 import shlex
 import sys
+from typing import Any
 
 import lwconfig
 
-named, connections = {}, {}
+named: dict[str, Any] = {}
+connections: dict[str, lwconfig.Connection] = {}
 
 
-def at(path):
+def at(path: str) -> Any:
     return eval(path, {"__builtins__": {}, "True": True, "False": False}, named)  # paths are Python's expressions
 
 
-def value(word):
+def value(word: str) -> Any:
     if word.startswith("@"):
         return at(word[1:])
     if word in ("null", "True", "False"):
@@ -27,7 +32,7 @@ def value(word):
     return member if isinstance(member, enum.IntEnum) else word
 
 
-def text(thing):
+def text(thing: object) -> str:
     if thing is None:
         return "null"
     if isinstance(thing, enum.IntEnum):
@@ -38,14 +43,17 @@ def text(thing):
     return f'text "{thing}"' if isinstance(thing, str) else f"object ({type(thing).__name__})"
 
 
-def call(path, *words):
+def call(path: str, *words: str) -> list[object]:
     ordered = [value(word) for word in words if ":=" not in word]
     pairs = (word.split(":=") for word in words if ":=" in word)
-    result = at(path)(*ordered, **{name: value(word) for name, word in pairs})
+    method, given = at(path), {name: value(word) for name, word in pairs}
+    result = method(*ordered, **given)
+    if "ByRef col" in (method.__doc__ or ""):  # the caller has it, or gets a new one as the result
+        return [result, given.get("col", result)]
     return list(result) if isinstance(result, tuple) else [result]
 
 
-def do(name, command, *words):
+def do(name: str, command: str, *words: str) -> list[object]:
     if command == "new":
         return [getattr(lwconfig, words[0])()]
     if command == "get":
@@ -60,14 +68,14 @@ def do(name, command, *words):
     elif command == "same":
         return [at(words[0]) is at(words[1])]
     elif command == "connect":
-        connections[name] = at(words[0]).on(words[1], lambda: tell(words[2:]))
+        connections[name] = at(words[0]).on(words[1], lambda: tell(list(words[2:])))
     else:
         assert command == "close", command
         connections[words[0]].close()
     return []
 
 
-def tell(words):
+def tell(words: list[str]) -> None:
     print(">", *words)
     is_named = words[1:2] == ["="]
     try:
@@ -84,6 +92,7 @@ def tell(words):
 
 
 if __name__ == "__main__":
+    assert isinstance(sys.stdout, io.TextIOWrapper)
     sys.stdout.reconfigure(encoding="utf-8")
     with open(sys.argv[1], encoding="utf-8") as script:
         for line in script:

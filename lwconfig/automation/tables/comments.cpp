@@ -41,7 +41,7 @@ const ClassInfo& ClassOf<TaggedCommentDefs>() {
       I::Method<&TaggedCommentDefs::SaveTo>("SaveTo", "FileName"),
       I::Method<&TaggedCommentDefs::SaveToEx>("SaveToEx", "FileName", "IncludeStandard", "IncludeCustom"),
       I::Method<&TaggedCommentDefs::Clone>("Clone"),
-      I::Method<&TaggedCommentDefs::ItemFromXMLTagName>("ItemFromXMLTagName", "XMLTagName"));
+      I::MayBeNull(I::Method<&TaggedCommentDefs::ItemFromXMLTagName>("ItemFromXMLTagName", "XMLTagName")));
   static const ClassInfo info = I::Class("TaggedCommentDefs", kSlots);
   return info;
 }
@@ -68,18 +68,18 @@ const ClassInfo& ClassOf<ModelComment>() {
 template <>
 const ClassInfo& ClassOf<ModelComments>() {
   using I = Interface<ModelComments>;
-  static constexpr auto kSlots =
-      I::Slots(I::Property<&ModelComments::NamespaceProfile>("NamespaceProfile"),
-               I::Property<&ModelComments::FileName>("FileName"), I::Property<&ModelComments::Name>("Name"),
-               I::Property<&ModelComments::Description>("Description"),
-               I::Property<&ModelComments::IsPopulated>("IsPopulated"),
-               I::Property<&ModelComments::Dirty, &ModelComments::SetDirty>("Dirty"),
-               I::Get<&ModelComments::NamespaceDefs>("NamespaceDefs"), I::CollectionMembers("obj"),
-               I::Method<&ModelComments::Save>("Save", "e"), I::Method<&ModelComments::Load>("Load", "e"),
-               I::Method<&ModelComments::Clone>("Clone"), I::Method<&ModelComments::LoadGlobal>("LoadGlobal"),
-               I::Method<&ModelComments::SaveToGlobal>("SaveToGlobal"),
-               I::Method<&ModelComments::LoadFromFile>("LoadFromFile", "FileName"),
-               I::Method<&ModelComments::SaveToFile>("SaveToFile", "FileName"));
+  static constexpr auto kSlots = I::Slots(
+      I::Property<&ModelComments::NamespaceProfile>("NamespaceProfile"),
+      I::Property<&ModelComments::FileName>("FileName"), I::Property<&ModelComments::Name>("Name"),
+      I::Property<&ModelComments::Description>("Description"),
+      I::Property<&ModelComments::IsPopulated>("IsPopulated"),
+      I::Property<&ModelComments::Dirty, &ModelComments::SetDirty>("Dirty"),
+      I::MayBeNull(I::Get<&ModelComments::NamespaceDefs>("NamespaceDefs")), I::CollectionMembers("obj"),
+      I::Method<&ModelComments::Save>("Save", "e"), I::Method<&ModelComments::Load>("Load", "e"),
+      I::Method<&ModelComments::Clone>("Clone"), I::Method<&ModelComments::LoadGlobal>("LoadGlobal"),
+      I::Method<&ModelComments::SaveToGlobal>("SaveToGlobal"),
+      I::Method<&ModelComments::LoadFromFile>("LoadFromFile", "FileName"),
+      I::Method<&ModelComments::SaveToFile>("SaveToFile", "FileName"));
   static constexpr std::array kEvents{I::Event<&ModelComments::DirtyStateChanged>("DirtyStateChanged")};
   static const ClassInfo info = I::Class("ModelComments", kSlots, kEvents);
   return info;

@@ -120,8 +120,8 @@ const ClassInfo& ClassOf<DiskFile>() {
 template <>
 const ClassInfo& ClassOf<DiskFiles>() {
   using I = Interface<DiskFiles>;
-  static constexpr auto kSlots =
-      I::Slots(I::Get<&DiskFiles::Item>("Item", "Key"), I::Get<&DiskFiles::Count>("Count"), I::NewEnum());
+  static constexpr auto kSlots = I::Slots(I::MayBeNull(I::Get<&DiskFiles::Item>("Item", "Key")),
+                                          I::Get<&DiskFiles::Count>("Count"), I::NewEnum());
   static const ClassInfo info = I::Class("DiskFiles", kSlots);
   return info;
 }

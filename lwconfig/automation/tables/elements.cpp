@@ -12,7 +12,8 @@ const ClassInfo& ClassOf<ElementDef>() {
       I::Property<&ElementDef::DesignerProgID>("DesignerProgID"),
       I::Property<&ElementDef::Namespaces>("Namespaces"), I::Property<&ElementDef::ScrapsOnly>("ScrapsOnly"),
       I::Property<&ElementDef::ElementAttributeDefs>("ElementAttributeDefs"),
-      I::SetGetProperty<&ElementDef::NamespaceProfile, &ElementDef::SetNamespaceProfile>("NamespaceProfile"),
+      I::MayBeNull(I::SetGetProperty<&ElementDef::NamespaceProfile, &ElementDef::SetNamespaceProfile>(
+          "NamespaceProfile")),
       I::Method<&ElementDef::Load>("Load", "e", "Parent", "CommonAttributes"));
   static const ClassInfo info = I::Class("ElementDef", kSlots);
   return info;
@@ -39,7 +40,8 @@ const ClassInfo& ClassOf<ElementAttributeDef>() {
       I::Property<&ElementAttributeDef::ListValues>("ListValues"),
       I::Property<&ElementAttributeDef::DefaultValue>("DefaultValue"),
       I::Property<&ElementAttributeDef::Mandatory>("Mandatory"),
-      I::SetGetProperty<&ElementAttributeDef::ElementDef, &ElementAttributeDef::SetElementDef>("ElementDef"),
+      I::MayBeNull(I::SetGetProperty<&ElementAttributeDef::ElementDef, &ElementAttributeDef::SetElementDef>(
+          "ElementDef")),
       I::Method<&ElementAttributeDef::Load>("Load", "e"),
       I::AsVariant(I::Method<&ElementAttributeDef::Clone>("Clone", "ElementDef")));
   static const ClassInfo info = I::Class("ElementAttributeDef", kSlots);

@@ -26,7 +26,8 @@ const ClassInfo& ClassOf<NamespaceDef>() {
       I::Property<&NamespaceDef::Flags>("Flags"), I::Property<&NamespaceDef::ID>("ID"),
       I::Property<&NamespaceDef::Counter>("Counter"), I::Property<&NamespaceDef::IncludeFlag>("IncludeFlag"),
       I::SetGetProperty<&NamespaceDef::Tag, &NamespaceDef::SetTag>("Tag"),
-      I::SetGetProperty<&NamespaceDef::NamespaceDefs, &NamespaceDef::SetNamespaceDefs>("NamespaceDefs"),
+      I::MayBeNull(
+          I::SetGetProperty<&NamespaceDef::NamespaceDefs, &NamespaceDef::SetNamespaceDefs>("NamespaceDefs")),
       I::SetGetProperty<&NamespaceDef::ChildNamespaceDefs, &NamespaceDef::SetChildNamespaceDefs>(
           "ChildNamespaceDefs"),
       I::Method<&NamespaceDef::Load>("Load", "e"),

@@ -36,7 +36,8 @@ const ClassInfo& ClassOf<TOCDefinition>() {
   static constexpr auto kSlots = I::Slots(
       I::Property<&TOCDefinition::Name>("Name"), I::Property<&TOCDefinition::Description>("Description"),
       I::Property<&TOCDefinition::NodeDefs>("NodeDefs"),
-      I::Property<&TOCDefinition::PageTemplate, &TOCDefinition::SetPageTemplate>("PageTemplate"),
+      I::MayBeNull(
+          I::Property<&TOCDefinition::PageTemplate, &TOCDefinition::SetPageTemplate>("PageTemplate")),
       I::Method<&TOCDefinition::Load>("Load", "e", "PageTemplate"),
       I::Method<&TOCDefinition::Save>("Save", "e"),
       I::Method<&TOCDefinition::Clone>("Clone", "PageTemplate"));
@@ -73,9 +74,9 @@ const ClassInfo& ClassOf<NodeDef>() {
       I::Property<&NodeDef::IsDefaultTopic>("IsDefaultTopic"),
       I::Property<&NodeDef::ParentKey, &NodeDef::SetParentKey>("ParentKey"),
       I::Property<&NodeDef::NodeIconIndex, &NodeDef::SetNodeIconIndex>("NodeIconIndex"),
-      I::Property<&NodeDef::ParentNodeDef, &NodeDef::SetParentNodeDef>("ParentNodeDef"),
-      I::Property<&NodeDef::TOCDefinition, &NodeDef::SetTOCDefinition>("TOCDefinition"),
-      I::Property<&NodeDef::PageLayout, &NodeDef::SetPageLayout>("PageLayout"),
+      I::MayBeNull(I::Property<&NodeDef::ParentNodeDef, &NodeDef::SetParentNodeDef>("ParentNodeDef")),
+      I::MayBeNull(I::Property<&NodeDef::TOCDefinition, &NodeDef::SetTOCDefinition>("TOCDefinition")),
+      I::MayBeNull(I::Property<&NodeDef::PageLayout, &NodeDef::SetPageLayout>("PageLayout")),
       I::Get<&NodeDef::ActualIconIndex>("ActualIconIndex", "HasChildren"),
       I::Get<&NodeDef::ActualExpandedIconIndex>("ActualExpandedIconIndex", "HasChildren"),
       I::Method<&NodeDef::CementReferences>("CementReferences", "NodeDefs"),

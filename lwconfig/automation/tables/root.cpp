@@ -22,7 +22,8 @@ const ClassInfo& ClassOf<Root>() {
       I::Get<&Root::VSNETOptions>("VSNETOptions"), I::Get<&Root::VBOptions>("VBOptions"),
       I::Get<&Root::LWCommenterOptions>("LWCommenterOptions"), I::Get<&Root::IDEOptions>("IDEOptions"),
       I::Get<&Root::SpellingOptions>("SpellingOptions"),
-      I::Method<&Root::GetDefaultTemplate>("GetDefaultTemplate", "NamespaceProfile", "[Supports]"),
+      I::MayBeNull(
+          I::Method<&Root::GetDefaultTemplate>("GetDefaultTemplate", "NamespaceProfile", "[Supports]")),
       I::Property<&Root::DefaultToolbarStyle, &Root::SetDefaultToolbarStyle>("DefaultToolbarStyle"),
       I::Property<&Root::ReloadFlag, &Root::SetReloadFlag>("ReloadFlag"));
   static const ClassInfo info = I::Class("Root", kSlots);

@@ -1,6 +1,4 @@
-#include <algorithm>
 #include <array>
-#include <utility>
 
 #include <tools/lwconfig/members/items.h>
 #include <tools/lwconfig/model/describe.h>
@@ -60,29 +58,6 @@ std::vector<Item> ItemsOf(const AnyObject& collection) {
     items.push_back({position, keyAt != nullptr ? keyAt(collection.Pointer, position) : "", value});
   }
   return items;
-}
-
-const char* KeyProperty(const ClassInfo& itemClass) {
-  constexpr std::array<std::pair<std::string_view, const char*>, 15> kKeys{{
-      {"PageTemplate", "Name"},
-      {"PageLayout", "FileName"},
-      {"TOCDefinition", "Name"},
-      {"NodeDef", "Key"},
-      {"VariableDef", "Name"},
-      {"TaggedCommentDef", "TagIdentifier"},
-      {"ModelComments", "Name"},
-      {"ExternalDoc", "NamespaceName"},
-      {"Language", "Name"},
-      {"NamespaceDefs", "Name"},
-      {"NamespaceDef", "Name"},
-      {"ElementDef", "Name"},
-      {"ElementAttributeDef", "Name"},
-      {"PlugIn", "Key"},
-      {"XMLAttribute", "Name"},
-  }};
-  const auto* const found =
-      std::ranges::find(kKeys, itemClass.Name(), [](const auto& row) { return row.first; });
-  return found == kKeys.end() ? nullptr : found->second;
 }
 
 const ClassInfo* ItemClass(const ClassInfo& collection) {

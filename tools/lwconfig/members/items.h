@@ -20,8 +20,6 @@ Variant KeyArgument(Model& model, const AnyObject& collection, const KeyOrPositi
 /// The item; an empty value where there is none.
 Variant FindItem(Model& model, const AnyObject& collection, const KeyOrPosition& key);
 
-/// The property that gives the items of this class their key; null where items have none.
-const char* KeyProperty(const automation::ClassInfo& itemClass);
 /// The class of the items that can be added to the collection; null where they are texts.
 const automation::ClassInfo* ItemClass(const automation::ClassInfo& collection);
 
