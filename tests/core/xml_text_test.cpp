@@ -21,7 +21,9 @@ TEST(XMLText, IsKeptAsWritten) {
             "a  c"},
         Row{"<t>1</t><t><t/>2<t t='/'>3</t></t >4", "<t>1</t><t><t/>2<t t='/'>3</t></t >4", "4"},
         Row{"a<!-- </t> --> b", "a<!-- </t> --> b", "a b"},
-        Row{"<i/><![CDATA[</t>]]><?p </t>?>", "<i/><![CDATA[</t>]]><?p </t>?>", "</t>"}}) {
+        Row{"<i/><![CDATA[</t>]]><?p </t>?>", "<i/></t><?p </t>?>", "</t>"},
+        Row{"&lt;<b t='&lt;'>&amp;</b><![CDATA[&amp;]]>", "&lt;<b t='&lt;'>&amp;</b>&amp;", "<&amp;"},
+        Row{"<![CDATA[<b>]]>&gt;<!-- <![CDATA[&lt;]]> -->", "<b>&gt;<!-- <![CDATA[&lt;]]> -->", "<b>>"}}) {
     EXPECT_EQ(TextIn(std::string(inside) + "</t><t>z</t></r>", true), kept);
     // A reference that is not defined is text only where markup is.
     const bool isDefined = std::string(inside).find("&nbsp;") == std::string::npos;
