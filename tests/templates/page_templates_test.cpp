@@ -122,22 +122,6 @@ TEST_F(Catalogue, EndsItsLoadAtAFailingTemplate) {
   EXPECT_THAT(Names(), ElementsAre("First", "Grün", "Last"));
 }
 
-TEST_F(Catalogue, KeepsACopyOfAFileThatItReadOnlyInPart) {
-  const std::string cut =
-      "<PageTemplate Name='N' Description=''><VariableDef Name='kept' Description=''/><VariableDef";
-  for (const std::string copy : {"config.xml.damaged", "config.xml.damaged-2"}) {
-    WriteConfig("A", cut);
-    Catalog->Load();
-    Catalog->Save();
-    Catalog->Save();
-    EXPECT_EQ(Read("Templates/A/" + copy), cut);
-  }
-  Catalog->Load();
-  Catalog->Save();
-  EXPECT_FALSE(Exists("Templates/A/config.xml.damaged-3"));
-  EXPECT_EQ(Catalog->Item(1)->VariableDefs->Count(), 1);
-}
-
 TEST_F(Catalogue, EndsItsLoadAtAnUnreadableFile) {
   for (const char* folder : {"A", "B", "C", "D", "E", "F", "G", "H"}) AddTemplate(folder, folder);
   // The folder of a template may be closed altogether.
