@@ -19,7 +19,8 @@ class XMLDocument {
   /// caller to name and fill. Never none.
   XMLElement RootElement();
   /// Replaces the document by the one in `Text`. False when the text is not well-formed: the document is then
-  /// the part before the fault. Elements taken from the document before stay what they were.
+  /// the part before the fault, without an element whose start tag is not finished. Elements taken from the
+  /// document before stay what they were.
   bool LoadXML(std::string Text);
   /// As `LoadXML`. With `Option`, the text of an element keeps its white space. The text of an element with
   /// markup inside, such as HTML or a comment, is then as written: the markup stays, references are not

@@ -1848,7 +1848,8 @@ class XMLDocument(Object):
         the caller to name and fill. Never none."""
     def LoadXML(self, Text: str) -> bool:
         """Replaces the document by the one in `Text`. False when the text is not well-formed: the document is
-        then the part before the fault. Elements taken from the document before stay what they were."""
+        then the part before the fault, without an element whose start tag is not finished. Elements taken
+        from the document before stay what they were."""
     def LoadXMLWithOption(self, Text: str, Option: bool) -> bool:
         """As `LoadXML`. With `Option`, the text of an element keeps its white space. The text of an element
         with markup inside, such as HTML or a comment, is then as written: the markup stays, references are

@@ -29,11 +29,12 @@ TEST(XMLText, IsKeptAsWritten) {
     const bool isDefined = std::string(inside).find("&nbsp;") == std::string::npos;
     EXPECT_EQ(TextIn(std::string(inside) + "</t><t>z</t></r>", false, isDefined), usual);
   }
+  for (const bool keeps : {false, true}) EXPECT_EQ(TextIn("x y", keeps, false), "x y") << "cut in the text";
   std::string deep;
   constexpr int kDepth = 200'000;
   for (int i = 0; i < 2 * kDepth; ++i) deep += i < kDepth ? "<b>" : "</b>";
   EXPECT_EQ(TextIn(deep + "</t></r>", true), deep);
-  for (const char* rest : {"<b>y</t><t>z</t></r>", "<b>y<", "<b>y</", "<b>y<!-- z", "<b>y<c d='"})
+  for (const char* rest : {"<b>y</t><t>z</t></r>", "<b>y", "<b>y<", "<b>y</", "<b>y<!-- z", "<b>y<c d='"})
     EXPECT_EQ(TextIn(std::string("x ") + rest, true, false), "x <b>y") << "the document goes wrong: " << rest;
 }
 

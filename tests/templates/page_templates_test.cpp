@@ -99,7 +99,7 @@ TEST_F(Catalogue, EndsItsLoadAtAFailingTemplate) {
   const std::string start = "<?xml version='1.0'?>\r\n<PageTemplate Name='Grün' Description=''>\r\n";
   for (const auto& [text, error, place] :
        {Row{"", kInvalidCall, ":1:1: "}, Row{"not XML", kInvalidCall, ":1:1: "},
-        Row{"<PageTemplate Name='x'", kInvalidCall, ":1:2: "},
+        Row{"<PageTemplate Name='x'", kInvalidCall, ":1:1: "},
         Row{"\n\n <PageTemplate Description=''/>", kInvalidCall, ":3:3: "},
         Row{start + " <!-- ö --> <PageLayout Name='' FileName=''/></PageTemplate>", kInvalidCall, ":3:14: "},
         Row{start + "<VariableDef Name='' Description=''/><TOCDefinition Name='t' "
