@@ -11,7 +11,9 @@
 #include <lwconfig/core/application_values.h>
 #include <lwconfig/externaldocs/external_docs.h>
 #include <lwconfig/namespaces/language.h>
-#include <lwconfig/templates/page_template.h>
+#include <lwconfig/namespaces/namespace_profiles.h>
+#include <lwconfig/namespaces/plug_in.h>
+#include <lwconfig/templates/page_templates.h>
 
 namespace lwconfig {
 namespace {
@@ -43,17 +45,40 @@ Reader OpenModelComments() {
   return ReaderOf<ModelComments>(&ModelComments::LoadGlobal, &ModelComments::SaveToGlobal,
                                  &ModelComment::MemberName);
 }
-/// The names are those of the comments in the profiles that could be loaded.
-Reader OpenProfiles() {
-  const auto profiles = std::make_shared<ModelCommentProfiles>();
+/// The names are those of the items in the sets that could be loaded.
+template <class Sets, class ItemsOf, class Name>
+Reader OpenSets(ItemsOf itemsOf, Name name) {
+  const auto sets = std::make_shared<Sets>();
   const auto names = [=] {
     Names all;
-    for (const auto& profile : *profiles) {
-      for (const auto& comment : *profile) all.push_back(comment->MemberName);
+    for (const auto& set : *sets) {
+      for (const auto& item : itemsOf(*set)) all.push_back((*item).*name);
     }
     return all;
   };
-  return {[=] { profiles->Load(); }, names, [=] { profiles->Save(); }};
+  const auto save = [=] {
+    if constexpr (requires { sets->Save(); }) sets->Save();
+  };
+  return {[=] { sets->Load(); }, names, save};
+}
+constexpr auto kItself = [](const auto& set) -> const auto& {
+  return set;
+};
+constexpr auto kVariables = [](const PageTemplate& set) -> const auto& {
+  return *set.VariableDefs;
+};
+Reader OpenProfiles() {
+  return OpenSets<ModelCommentProfiles>(kItself, &ModelComment::MemberName);
+}
+Reader OpenNamespaces() {
+  return OpenSets<NamespaceProfiles>(kItself, &NamespaceDef::Name);
+}
+Reader OpenPages() {
+  return OpenSets<PageTemplates>(kVariables, &VariableDef::Name);
+}
+Reader OpenPlugIns() {
+  const auto plugIns = std::make_shared<PlugIns>();
+  return {[=] { plugIns->Load(); }, [=] { return Each(*plugIns, &PlugIn::Name); }};
 }
 Reader OpenCommentFiles() {
   return ReaderOf<CommentFileLocations>(&CommentFileLocations::Load, &CommentFileLocations::Save,
@@ -113,6 +138,11 @@ constexpr const char* kTag = "Hidden Identifier Elementtype Description Format G
 constexpr const char* kModel = "MemberType_Namespace MemberName TaggedCommentPrefix TaggedCommentText";
 constexpr const char* kLocation = "AssemblyFileName CommentFilePath";
 constexpr const char* kSet = "ModelCommentProfile Name='P' Description='d'";
+constexpr const char* kSpace = "Name Handler Caption";
+constexpr const char* kDef = "Name Description";
+constexpr const char* kPlugIn =
+    "Name Description ExtendsWizard WizardProgID ExtendsContent ContentProgID ExtendsTableOfContents "
+    "TableOfContentsProgID";
 
 const Format kFormats[] = {
     {"taggedcomments_standard.xml", OpenTaggedComments, "x", "t", "Identifier", kTag, {"B", "a"}},
@@ -123,6 +153,9 @@ const Format kFormats[] = {
     {"CommentFileLocations.xml", OpenCommentFiles, "x", "f", "AssemblyFileName", kLocation, {"A", "B", "a"}},
     {"languages.xml", OpenLanguages, "x", "Language", "Name", kLanguageWords, {"A", "B"}, kDuplicateKey},
     {"ExternalDocs.xml", OpenDocs, "x", "ExternalDoc", "Namespace", "Namespace", {"A", "B"}, kDuplicateKey},
+    {"PlugIns/P.xml", OpenPlugIns, "x", "PlugIn", "Name", kPlugIn, {"A", "B", "a"}},
+    {"Namespaces/N.xml", OpenNamespaces, "x", "lwnamespace", "Name", kSpace, {}, kDuplicateKey, false, true},
+    {"Templates/T/config.xml", OpenPages, kSet, "VariableDef", "Name", kDef, {}, kDuplicateKey, true, true},
     {"Templates/T/Phrases/L.txt", OpenTexts<&PageTemplate::Phrases>, "x", "p", "name", "name", {"A", "B"}},
     {"Templates/T/HTMLScraps/L.txt", OpenTexts<&PageTemplate::Scraps>, "x", "p", "name", "name", {"A", "B"}},
     {"Templates/T/Phrases/L.txt", OpenTexts<&PageTemplate::Phrases>, nullptr, "", "", "", {"A", "B"}},
@@ -139,6 +172,7 @@ struct Row {
   int Line = 0;
   int Column = 0;
   std::string Message{};
+  bool Saves = true;
 };
 
 std::string Utf16(std::string_view latin) {
@@ -147,30 +181,47 @@ std::string Utf16(std::string_view latin) {
   return text;
 }
 
+/// The file of the items A and B, cut at each of its bytes. Only a few are saved, since that takes long.
+std::vector<Row> CutsOf(const Format& format, const std::string& whole) {
+  constexpr std::size_t kSavedStep = 120;
+  const bool isText = std::string_view(format.File).ends_with(".txt");
+  std::vector<Row> rows;
+  for (std::size_t length = 0; length <= whole.size(); ++length) {
+    Row row{"cut", whole.substr(0, length), {}};
+    row.Saves = length % kSavedStep == 0;
+    for (const char* name : {"A", "B"}) {
+      const std::string item = format.Item(name);
+      // An element counts once its start tag is finished, a line once it has a name.
+      const std::size_t needed = format.Root == nullptr ? 1 : item.size() - 1;
+      if (length >= whole.find(item) + needed) row.Loaded.emplace_back(name);
+    }
+    if (isText && length > 0 && whole.starts_with("<?xml") && length < 5) {
+      row.Loaded = {row.Content};  // a line of text
+    } else if (format.NeedsRoot && length < whole.find('\n')) {
+      row.Number = kInvalidCall;
+      row.Line = 1;
+    } else if (format.Root != nullptr && length < whole.size() && (length > 0 || !isText)) {
+      // The last character is where the text goes wrong.
+      row.Line = 1 + static_cast<int>(std::ranges::count(row.Content.substr(0, length - 1), '\n'));
+    }
+    rows.push_back(std::move(row));
+  }
+  return rows;
+}
+
 std::vector<Row> RowsOf(const Format& format) {
   const std::string a = format.Item("A");
   const std::string b = format.Item("B");
-  const std::string all = a + b + format.Item("C");
   const std::string odd = format.Item("\xdc") + b;  // in Windows-1252
   const int unusable = format.NeedsRoot ? kInvalidCall : 0;
-  std::vector<Row> rows{
-      {"whole", format.Document(all), {"A", "B", "C"}},
-      {"Windows-1252", format.Document(odd, "Windows-1252"), {"Ü", "B"}},
-      {"UTF-16", Utf16(format.Document(odd, "UTF-16")), {"Ü", "B"}},
-  };
+  std::vector<Row> rows = CutsOf(format, format.Document(a + b));
+  rows.push_back({"Windows-1252", format.Document(odd, "Windows-1252"), {"Ü", "B"}});
+  rows.push_back({"UTF-16", Utf16(format.Document(odd, "UTF-16")), {"Ü", "B"}});
   const int fault = format.OfSameNameError != 0 ? 4 : 0;
   rows.push_back({"same name", format.Document(a + b + format.Item("a")), format.OfSameName,
                   format.OfSameNameError, fault, fault / 2});
-  if (format.Root == nullptr) {
-    rows.push_back({"empty", "", {}});
-    rows.push_back({"cut", a + "B~te", {"A", "B"}});
-    return rows;
-  }
-  const bool isText = std::string_view(format.File).ends_with(".txt");
-  if (!isText) rows.push_back({"empty", "", {}, unusable, 1, 1});
-  rows.push_back({"no XML", "<?xml no document", {}, unusable, 1, isText || unusable == 0 ? 0 : 1});
-  const std::string whole = format.Document(all);
-  rows.push_back({"cut", whole.substr(0, whole.find(b) + 2), {"A"}, 0, 3});
+  if (format.Root == nullptr) return rows;
+  rows.push_back({"no XML", "<?xml no document", {}, unusable, 1, unusable == 0 ? 0 : 1});
   const auto required = Split(format.Required, " ");
   for (std::size_t missing = 0; missing < required.size(); ++missing) {
     // The attributes after the missing one are missing too, so that the message tells the order of reading.
@@ -192,26 +243,25 @@ std::vector<Row> RowsOf(const Format& format) {
 
 class DamagedFiles : public testing::ConfigurationTest {
  protected:
-  /// Whether some file of the configuration has this content.
-  bool IsKept(const std::string& content) const {
+  /// How many files of the configuration have this content.
+  auto CopiesOf(const std::string& content) const {
     const auto all = std::filesystem::recursive_directory_iterator(Folder.Path());
-    return std::ranges::any_of(all, [&](const auto& entry) {
+    return std::ranges::count_if(all, [&](const auto& entry) {
       return entry.is_regular_file() &&
              Folder.Read(std::filesystem::relative(entry.path(), Folder.Path()).string()) == content;
     });
   }
-  /// A configuration folder of its own for each row.
-  void Begin(const Format& format, const std::string& folder) {
+  /// Removes all files; removing their folders too would take longer.
+  void Begin(const Format& format) {
     ResetSharedSlots();
     Diagnostics.clear();
-    mConfig = folder + "/";
-    Folder.Write(mConfig + ".keep", "");
-    Register("ConfigPath", Product(Folder.Path() / folder));
+    for (const auto& entry : std::filesystem::recursive_directory_iterator(Folder.Path()))
+      if (entry.is_regular_file()) std::filesystem::remove(entry.path());
     if (std::string_view(format.File) == "taggedcomments_custom.xml")
-      Folder.Write(mConfig + "taggedcomments_standard.xml", "<x/>");
+      Write("taggedcomments_standard.xml", "<x/>");
   }
   void Check(const Format& format, const Row& row) {
-    Folder.Write(mConfig + format.File, row.Content);
+    Write(format.File, row.Content);
     const Reader reader = format.Open();
     FilePosition place;
     if (row.Number != 0) {
@@ -226,10 +276,11 @@ class DamagedFiles : public testing::ConfigurationTest {
     }
     EXPECT_EQ(place.Line, row.Line);
     EXPECT_TRUE(row.Column == 0 || place.Column == row.Column) << place.Column;
-    EXPECT_EQ(place.File, row.Line > 0 ? Product(Folder.Path() / (mConfig + format.File)) : "");
+    EXPECT_EQ(place.File, row.Line > 0 ? Product(Folder.Path() / "Config" / format.File) : "");
     EXPECT_EQ(reader.Loaded(), row.Loaded);
+    if (!row.Saves) return;
     reader.Save();
-    EXPECT_TRUE(row.Line == 0 || IsKept(row.Content)) << "what was not read is lost";
+    EXPECT_TRUE(row.Line == 0 || CopiesOf(row.Content) == 1) << "what was not read is lost, or kept twice";
 
     ResetSharedSlots();
     if (row.Number != 0) return;
@@ -237,20 +288,17 @@ class DamagedFiles : public testing::ConfigurationTest {
     again.Load();
     EXPECT_EQ(again.Loaded(), row.Loaded) << "after saving";
   }
-
-  std::string mConfig;
 };
 
 TEST_F(DamagedFiles, LoadAsFarAsTheyGoAndAreNotLost) {
-  int number = 0;
   for (const Format& format : kFormats) {
     for (const Row& row : RowsOf(format)) {
       SCOPED_TRACE(std::string(format.File) + ", " + row.Damage + ":\n" + row.Content);
-      Begin(format, std::to_string(number++));
+      Begin(format);
       Check(format, row);
     }
     SCOPED_TRACE(std::string(format.File) + ", missing");
-    Begin(format, std::to_string(number++));
+    Begin(format);
     const Reader reader = format.Open();
     if (std::string_view(format.File) == "modelcomments.xml") {
       EXPECT_EQ(ErrorOf(reader.Load).Number(), kInvalidCall);
@@ -270,7 +318,7 @@ TEST_F(DamagedFiles, ThatAFailureLeavesUnreadAreNotLostEither) {
   TaggedCommentDefs definitions;
   EXPECT_EQ(ErrorOf([&] { definitions.Load(); }).Number(), kInvalidCall);
   definitions.Save();
-  EXPECT_TRUE(IsKept(standard));
+  EXPECT_EQ(CopiesOf(standard), 1);
 
   Write("ExternalDocs.xml", "<x><ExternalDoc Namespace='A'/></x>");
   Files.Fail(testing::FileOperation::Read, "ExternalDocs.xml", EIO);
@@ -279,6 +327,21 @@ TEST_F(DamagedFiles, ThatAFailureLeavesUnreadAreNotLostEither) {
   EXPECT_EQ(ErrorOf([&] { docs.Save(); }).Number(), kPathFileAccess)
       << "there is no copy, so nothing is written";
   EXPECT_EQ(Read("ExternalDocs.xml"), "<x><ExternalDoc Namespace='A'/></x>");
+}
+
+TEST_F(DamagedFiles, AreCopiedOnceEachUnderANameOfTheirOwn) {
+  const std::string cut = "<x><f AssemblyFileName='A' CommentFilePath=''/><f";
+  CommentFileLocations locations;
+  for (const std::string copy : {".damaged", ".damaged-2"}) {
+    Write("CommentFileLocations.xml", cut);
+    locations.Load();
+    locations.Save();
+    locations.Save();
+    EXPECT_EQ(Read("CommentFileLocations.xml" + copy), cut);
+  }
+  locations.Load();
+  locations.Save();
+  EXPECT_EQ(CopiesOf(cut), 2);
 }
 
 }  // namespace

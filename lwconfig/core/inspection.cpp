@@ -118,11 +118,7 @@ std::string Inspection::NearestAbsent(NameKind kind, std::string_view parent, st
 class Inspection::Walk {
  public:
   Walk(Inspection& inspection, const XMLDocumentData& document)
-      : mInspection(inspection), mDocument(document) {
-    // What the parser made of a tag that it could not finish is nothing to speak of.
-    if (!document.ParseFailure.empty())
-      mEnd = std::string_view(document.Original).rfind('<', document.ParsedLength);
-  }
+      : mInspection(inspection), mDocument(document) {}
 
   /// Without recursion, since elements nest to any depth.
   void Run(xml_node root) {
@@ -144,7 +140,6 @@ class Inspection::Walk {
  private:
   /// Whether to look at what is inside.
   bool Visit(xml_node node) {
-    if (mDocument.OffsetOf(node.name()).value_or(0) > mEnd) return false;
     if (node.type() == pugi::node_pcdata || node.type() == pugi::node_cdata) {
       if (!IsBlank(node.value()) && !mDocument.IsLookedAt(node.value())) TellText(node);
       return false;
@@ -223,7 +218,6 @@ class Inspection::Walk {
 
   Inspection& mInspection;
   const XMLDocumentData& mDocument;
-  std::size_t mEnd = std::string_view::npos;  // where the text goes wrong
 };
 
 void Inspection::EndFile(const XMLDocument& document, const XMLElement& root) {

@@ -40,6 +40,13 @@ bool IsBlank(const char* text) {
   return text[std::strspn(text, " \t\r\n")] == '\0';
 }
 
+/// Removes the element that was parsed last where its start tag is not finished.
+void RemoveUnfinished(pugi::xml_node tree, pugi::xml_parse_status status) {
+  if (status != pugi::status_bad_start_element && status != pugi::status_bad_attribute) return;
+  while (const pugi::xml_node last = tree.last_child()) tree = last;
+  tree.parent().remove_child(tree);
+}
+
 }  // namespace
 
 bool XMLDocumentData::Parse() {
@@ -55,12 +62,16 @@ bool XMLDocumentData::Parse() {
   constexpr unsigned kKeepText = (kKeepAll & ~pugi::parse_eol) | pugi::parse_ws_pcdata;
   // Where markup is text, so are its references.
   const std::size_t unknownReference = KeepsText ? std::string::npos : FindUnknownReference(Text);
-  const auto result = Tree.load_buffer_inplace(Text.data(), Text.size(), KeepsText ? kKeepText : kKeepAll,
+  // The parser takes the last character for its end mark, so it gets the NUL behind the text.
+  const auto result = Tree.load_buffer_inplace(Text.data(), Text.size() + 1, KeepsText ? kKeepText : kKeepAll,
                                                pugi::encoding_utf8);
   ParsedLength = Text.size();
   if (!result) {
-    ParsedLength = static_cast<std::size_t>(std::max<std::ptrdiff_t>(result.offset, 0));
-    return Fail(ParsedLength, result.description());
+    RemoveUnfinished(Tree, result.status);
+    // A fault at the end is reported at the last character.
+    const auto fault = static_cast<std::size_t>(std::max<std::ptrdiff_t>(result.offset, 0));
+    if (fault + 1 < Text.size()) ParsedLength = fault;
+    return Fail(fault, result.description());
   }
   if (unknownReference != std::string::npos)
     return Fail(unknownReference, "a reference to an unknown entity");

@@ -19,10 +19,12 @@ class XMLDocument {
   /// caller to name and fill. Never none.
   XMLElement RootElement();
   /// Replaces the document by the one in `Text`. False when the text is not well-formed: the document is then
-  /// the part before the fault. Elements taken from the document before stay what they were.
+  /// the part before the fault, without an element whose start tag is not finished. Elements taken from the
+  /// document before stay what they were.
   bool LoadXML(std::string Text);
-  /// As `LoadXML`. With `Option`, the text of an element is what was written in it, white space included; in
-  /// an element with markup inside, such as HTML, the markup is part of the text, and nothing is resolved.
+  /// As `LoadXML`. With `Option`, the text of an element keeps its white space. The text of an element with
+  /// markup inside, such as HTML or a comment, is then as written: the markup stays, references are not
+  /// resolved, and of a CDATA section the marks alone are left out, as in any text.
   /// `SourcePath` is the file that the text was read from, if any, which errors then name as their place.
   bool LoadXMLWithOption(std::string Text, bool Option, std::string SourcePath = {});
   /// As `LoadXML` for the text of `file`, which errors then name as their place. A missing file is an empty

@@ -105,7 +105,7 @@ std::string XMLElement::Text() const {
     }
   }
   if (hasMarkup && mDocument->KeepsText) {
-    if (const auto inside = mDocument->Inside(xml_node(Node()).name())) return std::string(*inside);
+    if (auto inside = mDocument->Inside(xml_node(Node()).name())) return *std::move(inside);
   }
   return text;
 }

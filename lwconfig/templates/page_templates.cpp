@@ -99,6 +99,7 @@ void PageTemplates::SaveTemplate(const std::shared_ptr<PageTemplate>& pt) {
     DiskFile backup(config.FullPath());
     backup.SetExtension(".xml.bak");
     config.CopyTo(backup.FullPath());
+    NoteDamage(config, false);  // the backup is the copy
   }
   WriteConfigurationFile(config, [&](XMLElement& root) { pt->Save(root); });
 }

@@ -1866,12 +1866,13 @@ class XMLDocument(Object):
         the caller to name and fill. Never none."""
     def LoadXML(self, Text: str) -> bool:
         """Replaces the document by the one in `Text`. False when the text is not well-formed: the document is
-        then the part before the fault. Elements taken from the document before stay what they were."""
+        then the part before the fault, without an element whose start tag is not finished. Elements taken
+        from the document before stay what they were."""
     def LoadXMLWithOption(self, Text: str, Option: bool) -> bool:
-        """As `LoadXML`. With `Option`, the text of an element is what was written in it, white space
-        included; in an element with markup inside, such as HTML, the markup is part of the text, and nothing
-        is resolved. `SourcePath` is the file that the text was read from, if any, which errors then name as
-        their place."""
+        """As `LoadXML`. With `Option`, the text of an element keeps its white space. The text of an element
+        with markup inside, such as HTML or a comment, is then as written: the markup stays, references are
+        not resolved, and of a CDATA section the marks alone are left out, as in any text. `SourcePath` is the
+        file that the text was read from, if any, which errors then name as their place."""
     @property
     def XML(self) -> str:
         """The whole document as UTF-8 text with an XML declaration. Error 5 where the document element has no

@@ -226,7 +226,7 @@ TEST_F(NamespaceFolder, HoldsOneProfilePerFile) {
   EXPECT_EQ(Profiles->Count(), 0);
   Write("Namespaces/b.XML", "<p Name='Second'>" + Definition("A") + "</p>");
   Write("Namespaces/a.xml", "<p Name='First'/>");
-  Write("Namespaces/c.xml", "<p Caption='cut' Name='");
+  Write("Namespaces/c.xml", "<p Caption='cut'><lwnamespace Name='");
   Write("Namespaces/d.xml", "");
   Write("Namespaces/e.xml", "\xFF\xFE<\0p\0 \0N\0a\0m\0e\0=\0'\0\xDC\0'\0/\0>\0"s);
   Write("Namespaces/f.txt", "<p Name='Text'/>");

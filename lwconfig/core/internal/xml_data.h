@@ -39,9 +39,10 @@ struct XMLDocumentData {
     const auto offset = OffsetOf(at);
     return !offset || Looked[*offset];
   }
-  /// What stands between the tags of the element whose name the parser found at `name`, as written; nothing
-  /// for an element that was added later. For a document that keeps its text.
-  std::optional<std::string_view> Inside(const char* name) const;
+  /// What was written between the tags of the element whose name the parser found at `name`, without the
+  /// marks of CDATA sections; nothing for an element that was added later. For a document that keeps its
+  /// text.
+  std::optional<std::string> Inside(const char* name) const;
 
   std::string Text;             // taken apart by the parser: names and values are pointers into it
   std::string SourcePath;       // the file that the text was read from, else empty
