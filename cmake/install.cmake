@@ -22,6 +22,7 @@ install(FILES share/completion/lwconfig.bash RENAME lwconfig
 install(FILES share/completion/_lwconfig DESTINATION ${CMAKE_INSTALL_DATADIR}/zsh/site-functions)
 install(FILES share/completion/lwconfig.fish DESTINATION ${CMAKE_INSTALL_DATADIR}/fish/vendor_completions.d)
 install(FILES docs/lwconfig.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
+install(FILES docs/check.md DESTINATION ${CMAKE_INSTALL_DOCDIR})
 install(DIRECTORY share/starter DESTINATION ${CMAKE_INSTALL_DATADIR}/lwconfig PATTERN .gitattributes EXCLUDE)
 
 install(EXPORT lwconfig NAMESPACE lwconfig:: FILE lwconfig-config.cmake DESTINATION ${package_dir})

@@ -5,6 +5,7 @@
 #include <lwconfig/core/inspection.h>
 #include <lwconfig/core/internal/xml_data.h>
 #include <lwconfig/core/nearest.h>
+#include <lwconfig/core/xml_characters.h>
 
 namespace lwconfig {
 namespace {
@@ -40,9 +41,10 @@ Problem ProblemOf(const Error& failure) {
 
 Inspection* Inspection::gCurrent = nullptr;
 
-Inspection::Inspection(DiagnosticHandler tell, FileInspector inspect)
+Inspection::Inspection(DiagnosticHandler tell, FileInspector inspect, TextInspector inspectText)
     : mTell(std::move(tell)),
       mInspect(std::move(inspect)),
+      mInspectText(std::move(inspectText)),
       mPreviousHandler(SetDiagnosticHandler([this](const Diagnostic& diagnostic) { Tell(diagnostic); })) {
   gCurrent = this;
 }
@@ -66,12 +68,10 @@ void Inspection::Tell(const Diagnostic& diagnostic) {
   if (IsWanted(diagnostic.Problem, diagnostic.Position.File)) mTell(diagnostic);
 }
 
-void Inspection::Tell(Problem problem, const FilePosition& position, std::string_view message) {
-  Diagnostic told;
-  told.Position = position;
-  told.Message = message;
-  told.Problem = problem;
-  Tell(told);
+void Inspection::Tell(Problem problem, const FilePosition& position, std::string_view message,
+                      const std::function<std::string()>& suggest) {
+  if (!IsWanted(problem, position.File)) return;
+  mTell({position, std::string(message), problem, suggest ? suggest() : std::string()});
 }
 
 void Inspection::Tell(Problem problem, const XMLElement& e, std::string_view attribute,
@@ -86,6 +86,14 @@ void Inspection::Tell(const Error& failure) {
 
 void Inspection::BeginFile(const std::string& path) {
   mFiles.push_back(path);
+}
+
+bool Inspection::IsSound(const std::string& file) const {
+  const auto counts = mCounts.find(file);
+  return counts == mCounts.end() || std::ranges::none_of(ProblemKinds(), [&](const ProblemKind& kind) {
+           return kind.Severity == Severity::Error &&
+                  counts->second[static_cast<std::size_t>(kind.Problem)] > 0;
+         });
 }
 
 std::vector<Inspection::Rest> Inspection::Rests() const {
@@ -225,8 +233,23 @@ void Inspection::EndFile(const XMLDocument& document, const XMLElement& root) {
   if (const std::string& doubt = document.EncodingDoubt(); !doubt.empty())
     Tell(Problem::DoubtfulEncoding, {data.SourcePath, 1, 1}, doubt);
   if (!data.IsInspected()) return;  // it was empty
+  TellForbiddenCharacters(data);
   Walk(*this, data).Run(pugi::xml_node(root.Node()));
   if (mInspect) mInspect(data.SourcePath, root);
+  if (data.KeepsText) EndText(data.SourcePath, data.Original);
+}
+
+void Inspection::EndText(const std::string& path, std::string_view text) {
+  if (mInspectText) mInspectText(path, text);
+}
+
+void Inspection::TellForbiddenCharacters(const XMLDocumentData& document) {
+  ForEachForbiddenCharacter(document.Original, [&](std::size_t offset, std::uint32_t character) {
+    if (!IsWanted(Problem::ForbiddenCharacter, document.SourcePath)) return;
+    mTell({document.PositionOf(offset),
+           "XML has no character " + CharacterName(character) + "; other programs reject the file",
+           Problem::ForbiddenCharacter});
+  });
 }
 
 }  // namespace lwconfig

@@ -29,10 +29,11 @@ class Inspection {
     int Count;
   };
   using FileInspector = std::function<void(const std::string& file, const XMLElement& root)>;
+  using TextInspector = std::function<void(const std::string& file, std::string_view text)>;
 
-  /// `tell` is told of each problem. `inspect` is called for each configuration file after it was loaded and
-  /// may tell of more.
-  Inspection(DiagnosticHandler tell, FileInspector inspect);
+  /// `tell` is told of each problem. `inspect` is called for each configuration file after it was loaded,
+  /// `inspectText` for each file of phrases or scraps; both may tell of more.
+  Inspection(DiagnosticHandler tell, FileInspector inspect, TextInspector inspectText = nullptr);
   ~Inspection();
   Inspection(const Inspection&) = delete;
   Inspection& operator=(const Inspection&) = delete;
@@ -41,9 +42,11 @@ class Inspection {
   static Inspection* Current() { return gCurrent; }
 
   void Tell(const Diagnostic& diagnostic);
-  void Tell(Problem problem, const FilePosition& position, std::string_view message);
+  /// `suggest`, which may take its time, is only called where the problem is told.
+  void Tell(Problem problem, const FilePosition& position, std::string_view message,
+            const std::function<std::string()>& suggest = nullptr);
   /// As above with the place of an attribute of the element; that of the element where it has none of that
-  /// name, or none is named. `suggest`, which may take its time, is only called where the problem is told.
+  /// name, or none is named.
   void Tell(Problem problem, const XMLElement& e, std::string_view attribute, std::string_view message,
             const std::function<std::string()>& suggest = nullptr);
   void Tell(const Error& failure);
@@ -51,12 +54,16 @@ class Inspection {
   /// Called by what reads files: before a file is read, and after it was loaded where it is a document.
   void BeginFile(const std::string& path);
   void EndFile(const XMLDocument& document, const XMLElement& root);
+  /// Instead of `EndFile` for a file of phrases or scraps that is no document.
+  void EndText(const std::string& path, std::string_view text);
   /// Called by what reads elements: a name that was asked for and is not there. `kind` tells the names of
   /// attributes from those of elements.
   enum class NameKind { Attribute, Element };
   void NoteAbsent(NameKind kind, std::string_view parent, std::string_view name);
 
   const std::vector<std::string>& Files() const { return mFiles; }
+  /// Whether no error was told of in the file.
+  bool IsSound(const std::string& file) const;
   /// In the order of `Files`.
   std::vector<Rest> Rests() const;
 
@@ -69,8 +76,11 @@ class Inspection {
   /// The absent name that `name` was most likely meant to be.
   std::string NearestAbsent(NameKind kind, std::string_view parent, std::string_view name) const;
 
+  void TellForbiddenCharacters(const XMLDocumentData& document);
+
   DiagnosticHandler mTell;
   FileInspector mInspect;
+  TextInspector mInspectText;
   DiagnosticHandler mPreviousHandler;
   std::vector<std::string> mFiles;
   std::map<std::string, std::array<int, kProblemKinds>> mCounts;  // by file, how many problems of each kind

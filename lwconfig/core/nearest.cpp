@@ -7,9 +7,8 @@
 #include <lwconfig/platform/letter_case.h>
 
 namespace lwconfig {
-namespace {
 
-std::size_t Distance(std::string_view a, std::string_view b) {
+std::size_t EditDistance(std::string_view a, std::string_view b) {
   std::vector<std::size_t> row(b.size() + 1);
   std::iota(row.begin(), row.end(), std::size_t{0});
   for (std::size_t i = 0; i < a.size(); ++i) {
@@ -23,8 +22,6 @@ std::size_t Distance(std::string_view a, std::string_view b) {
   return row.back();
 }
 
-}  // namespace
-
 std::string Nearest(std::string_view name, const std::vector<std::string>& candidates) {
   constexpr std::size_t kLongestName = 200;
   if (name.empty() || name.size() > kLongestName) return {};
@@ -36,7 +33,7 @@ std::string Nearest(std::string_view name, const std::vector<std::string>& candi
     const std::string folded = FoldCase(candidate);
     // The beginning of a name, or a part of a long one, is as good as one slip of the finger.
     const bool isPart = wanted.size() >= 3 && folded.find(wanted) != std::string::npos;
-    const std::size_t distance = isPart ? 1 : Distance(wanted, folded);
+    const std::size_t distance = isPart ? 1 : EditDistance(wanted, folded);
     if (distance < least && distance < folded.size()) {
       least = distance;
       nearest = candidate;

@@ -1,10 +1,14 @@
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 #include <vector>
 
 namespace lwconfig {
+
+/// How many bytes to change, add or remove to make one text of the other; letter case counts.
+std::size_t EditDistance(std::string_view a, std::string_view b);
 
 /// The candidate that `name` was most likely meant to be, or empty where none is near.
 std::string Nearest(std::string_view name, const std::vector<std::string>& candidates);

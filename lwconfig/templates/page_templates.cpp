@@ -68,7 +68,13 @@ void PageTemplates::Load() {
   for (const DiskFile& folder : templates.Files("*.*")) {
     if (!folder.IsFolder()) continue;
     DiskFile config(folder.FullPath(), "config", "xml");
-    if (MayExist(config)) configs.push_back(std::move(config));
+    if (MayExist(config)) {
+      configs.push_back(std::move(config));
+    } else if (Inspection* const inspection = Inspection::Current();
+               inspection != nullptr && !folder.FileName().starts_with('.')) {
+      inspection->Tell(Problem::MissingConfig, {folder.FullPath(), 0, 0},
+                       "the folder has no file \"config.xml\"; it is no template");
+    }
   }
   std::unordered_map<std::string, std::string> folderOf;  // by name, in one letter case
   ReadConfigurationFiles(configs, [&](const DiskFile& config, const XMLElement& root) {

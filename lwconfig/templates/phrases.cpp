@@ -35,6 +35,7 @@ class EntryReader {
     if (text.starts_with("<?xml")) return ReadDocument(std::move(text), std::move(doubt));
     if (!doubt.empty()) mInspection->Tell(Problem::DoubtfulEncoding, {mFile.FullPath(), 1, 1}, doubt);
     ReadLines(text);
+    if (mInspection != nullptr) mInspection->EndText(mFile.FullPath(), text);
   }
 
   void ReadDocument(std::string text, std::string doubt) {

@@ -97,7 +97,7 @@ TEST_F(CheckCommand, EveryExampleOfTheDocumentationIsTrue) {
     SCOPED_TRACE(example.Code);
     Reset();
     if (example.Code.empty()) {
-      EXPECT_EQ(Check().Out, "4 files: no problems\n");
+      EXPECT_EQ(Check().Out, "5 files: no problems\n");
       continue;
     }
     documented[example.Code] = example.Severity;
@@ -156,7 +156,7 @@ TEST_F(CheckCommand, GoesOnAfterEachFailureAndReportsInReadingOrder) {
                   "PlugIns/broken.xml:1:40 not-well-formed", "Templates/A/config.xml:1:2 missing-attribute",
                   "Templates/A/config.xml:1:2 missing-attribute", "Templates/A/config.xml:4:2 duplicate-key",
                   "Templates/A/config.xml:4:21 missing-attribute",
-                  "Templates/A/config.xml:4:29 unread-attribute", "16 errors, 2 warnings in 4 of 8 files"));
+                  "Templates/A/config.xml:4:29 unread-attribute", "16 errors, 2 warnings in 4 of 9 files"));
   EXPECT_EQ(result.Status, 3);
 }
 
@@ -170,7 +170,7 @@ TEST_F(CheckCommand, TellsOfManyProblemsOfOneKindBriefly) {
   EXPECT_THAT(result.Out,
               ::testing::EndsWith(
                   "Templates/House/config.xml: warning: and 980 more of this kind [unread-attribute]\n"
-                  "1000 warnings in 1 of 4 files\n"));
+                  "1000 warnings in 1 of 5 files\n"));
   const auto json = nlohmann::json::parse(Check("--json").Out);
   ASSERT_EQ(json.size(), 21u);
   EXPECT_THAT(json[1]["File"].get<std::string>(), ::testing::EndsWith("Templates/House/config.xml"));
@@ -188,19 +188,41 @@ TEST_F(CheckCommand, OtherCommandsTellNoMoreThanTheLoaders) {
   EXPECT_EQ(shown.Status, 0);
 }
 
-TEST_F(CheckCommand, FollowsPlaceholdersAsTheOperationsDo) {
-  Reset();
-  const auto problems = [&](const std::string& format) {
-    Folder.Write("checked/ExternalDocs.xml",
-                 "<x><ExternalDoc Namespace='A' URLFormat='" + format + "'/></x>");
-    const std::string out = Check().Out;
-    return std::count(out.begin(), out.end(), '\n') - 1;
+TEST_F(CheckCommand, TellsOfTextsThatAreSurelyWrongAlone) {
+  const std::string sources = "ExternalDocs.xml";
+  const std::string page = "Templates/House/page.html";
+  const std::string german = "Templates/House/Phrases/German.txt";
+  const auto source = [](const std::string& format) {
+    return "<ExternalDocuments><ExternalDoc Namespace='A' URLFormat='" + format + "'/></ExternalDocuments>";
   };
-  EXPECT_EQ(problems("%%object%%/%%Namespace_NoDots%%"), 0);
-  EXPECT_EQ(problems("%%Foo%%/%%Object%%"), 1);
-  EXPECT_EQ(problems("100%% of %%Object%%"), 1) << "the second delimiter begins the name";
-  EXPECT_EQ(problems("%%Object%%/%%Object"), 1);
-  EXPECT_EQ(problems("%%Object"), 1);
+  const std::tuple<std::string, std::string, int> rows[] = {
+      {sources, source("%%object%%/%%Namespace_NoDots%%"), 0},
+      {sources, source("%%Foo%%/%%Object%%"), 1},
+      {sources, source("100%% of %%Object%%"), 1},  // the second delimiter begins the name
+      {sources, source("%%Object%%/%%Object"), 1},
+      {sources, source("%%Object"), 1},
+      {page, "%%ItemName%%%%overloadindex%% 100%% of 100%%", 0},
+      {page, "%%itemtype%% %%fullname%% %%item%% %%My Name%%", 0},  // the generator may know them
+      {page, "%%itemnmae%% %%projectnames%%", 2},
+      {page, "%%%%PHRASE.title%% %%phrase.No%% %%scrap.No%%", 2},
+      {page, "<!--LW:Phrase name=\"%%itemname%%\"--><!--LW:Phrase--><!--LW:Scrap name=\"", 0},
+      {page, "<!--lw:scrap kind=\"x\" name=\"No\"--><!--LW:Phrase name=\"Title\"-->", 1},
+      {page, "<!--LW:Value blanktext=\"%%phrase.No%%\"-->", 1},
+      {german, "<?xml version='1.0'?><x><x name='Title'>%%phrase.Index%% %%phrase.No%%</x></x>", 2},
+      {german, "<?xml version='1.0'?><x><x name='Ti", 1},  // no complaint about the lost phrases
+      {sources, source("\x02") + "<!-- &#1; --><!-- \x03 -->", 2},
+      {sources, source("&#xFFFE;&#55296;&#1114112;\xEF\xBF\xBF&#10;&#x20;\xEF\xBF\xBC&amp;"), 4},
+      {german, "<?xml version='1.0'?><x><x name='Title'><![CDATA[&#1;]]>&#1;</x><x name='index'/></x>", 1},
+      {"Templates/.git/HEAD", "", 0},
+  };
+  for (const auto& [file, content, problems] : rows) {
+    SCOPED_TRACE(content);
+    Reset();
+    Folder.Write("checked/Templates/House/Phrases/English.txt", "Title~Contents\r\nIndex~Index\r\n");
+    Folder.Write("checked/" + file, content);
+    const std::string out = Check().Out;
+    EXPECT_EQ(std::count(out.begin(), out.end(), '\n') - 1, problems) << out;
+  }
 }
 
 }  // namespace

@@ -1,22 +1,26 @@
+#include <map>
 #include <string>
+#include <string_view>
 #include <system_error>
 #include <utility>
 #include <vector>
 
 #include <tools/lwconfig/check/check.h>
+#include <tools/lwconfig/check/options.h>
 #include <tools/lwconfig/check/rules.h>
+#include <tools/lwconfig/check/text_check.h>
 #include <tools/lwconfig/configuration.h>
 
 #include <lwconfig/core/application_values.h>
 #include <lwconfig/core/disk_file.h>
 #include <lwconfig/platform/registry.h>
-#include <lwconfig/templates/phrases.h>
 
 namespace lwconfig::tool {
 namespace {
 
-constexpr void (*kRules[])(const RuleInput&) = {CheckReferences, CheckNumbers,  CheckRepeatedNames,
-                                                CheckTemplate,   CheckPatterns, CheckPlaceholders};
+constexpr void (*kRules[])(const RuleInput&) = {CheckRootElement, CheckReferences,    CheckNumbers,
+                                                CheckEmptyNames,  CheckRepeatedNames, CheckTemplate,
+                                                CheckPatterns,    CheckPlaceholders};
 
 bool IsFolder(const std::string& path) {
   DiskFile folder;
@@ -28,11 +32,15 @@ class Checker {
  public:
   explicit Checker(Report& report)
       : mReport(report),
-        mInspection([&report](const Diagnostic& problem) { report.Add(problem); },
-                    [this](const std::string& file, const XMLElement& root) { Inspect(file, root); }) {}
+        mInspection(
+            [&report](const Diagnostic& problem) { report.Add(problem); },
+            [this](const std::string& file, const XMLElement& root) { Inspect(file, root); },
+            [this](const std::string& file, std::string_view text) { mTexts.emplace_back(file, text); }) {}
 
   void Run(const std::string& folder, Reporter& reporter) {
-    const bool isRegistered = CheckRegistry();
+    mHasOptions = CanRead(platform::Hive::CurrentUser);
+    // The machine's hive names the configuration folder.
+    const bool isRegistered = CanRead(platform::Hive::LocalMachine);
     try {
       if (isRegistered || !folder.empty()) CheckParts(Configuration(folder, reporter).Root());
     } catch (const Error& failure) {
@@ -53,6 +61,11 @@ class Checker {
     } else {
       RunRules(file, root);
     }
+    if (mPart == Part::Templates) {
+      const std::string folder = DiskFile(file).FolderPath();
+      Check(Part::Texts, folder, [&] { InspectTexts(folder, root); });
+      mPart = Part::Templates;
+    }
   }
 
   void RunRules(const std::string& file, const XMLElement& root) {
@@ -60,25 +73,20 @@ class Checker {
     for (const auto rule : kRules) rule(input);
   }
 
-  /// Looks at both hives, whether or not the configuration needs them. False where the machine's, which names
-  /// the configuration folder, cannot be read.
-  bool CheckRegistry() {
-    bool isMachineRead = false;
-    for (const auto hive : {platform::Hive::CurrentUser, platform::Hive::LocalMachine}) {
-      isMachineRead = false;
-      try {
-        platform::Host<platform::Registry>().Read(hive, kProductKey, kFolderValue);
-        isMachineRead = true;
-      } catch (const platform::RegistryFormatError& damage) {
-        mInspection.Tell(
-            Problem::DamagedRegistry,
-            {platform::Host<platform::Files>().ProductPath(damage.File), damage.Line, damage.Column},
-            std::string("the registry file is damaged: ") + damage.what());
-      } catch (const std::system_error& failure) {
-        mInspection.Tell(Problem::UnreadableFile, {}, failure.what());
-      }
+  /// Whether a hive of the registry can be read, needed or not; tells if not.
+  bool CanRead(platform::Hive hive) {
+    try {
+      platform::Host<platform::Registry>().Read(hive, kProductKey, kFolderValue);
+      return true;
+    } catch (const platform::RegistryFormatError& damage) {
+      mInspection.Tell(
+          Problem::DamagedRegistry,
+          {platform::Host<platform::Files>().ProductPath(damage.File), damage.Line, damage.Column},
+          std::string("the registry file is damaged: ") + damage.what());
+    } catch (const std::system_error& failure) {
+      mInspection.Tell(Problem::UnreadableFile, {}, failure.what());
     }
-    return isMachineRead;
+    return false;
   }
 
   /// Whether a folder of the configuration is there; tells if not.
@@ -120,11 +128,9 @@ class Checker {
     Check(Part::ExternalDocs, folder, [&] { root.ExternalDocs(); });
     if (!Has(folder + "\\Templates", "no templates are loaded")) return;
     Check(Part::Templates, folder, [&] { root.PageTemplates(); });
-    for (const auto& pageTemplate : *root.PageTemplates()) {
-      for (const char* texts : {"Phrases", "HTMLScraps"}) {
-        Check(Part::Texts, pageTemplate->RootFolder + texts, [&] { CheckTexts(*pageTemplate, texts); });
-      }
-    }
+    for (const auto& pageTemplate : *root.PageTemplates())
+      Check(Part::Texts, pageTemplate->RootFolder, [&] { InspectLayouts(*pageTemplate); });
+    if (mHasOptions) RunStep([&] { CheckOptions(mInspection, root); }, [] { return FilePosition(); });
   }
 
   void NoteNamespaces(Root& root) {
@@ -135,19 +141,43 @@ class Checker {
     }
   }
 
-  /// Every file of phrases or scraps of a template.
-  static void CheckTexts(const PageTemplate& pageTemplate, const char* folder) {
-    DiskFile listing;
-    listing.SetFolder(pageTemplate.RootFolder + folder);
-    for (const DiskFile& file : listing.Files("*.txt")) {
-      if (file.Exists()) LanguageTexts(folder).Load(pageTemplate.RootFolder, file.BaseName());
+  /// The phrases and scraps of a template, and what these and its settings refer to.
+  void InspectTexts(const std::string& folder, const XMLElement& settings) {
+    mTexts.clear();
+    TextCheck& check = mTextChecks.try_emplace(folder, mInspection, folder, settings).first->second;
+    check.CheckSettings(settings);
+    for (const auto& [file, text] : mTexts) check.CheckText(file, text);
+  }
+
+  /// What the pages of a template refer to.
+  void InspectLayouts(const PageTemplate& pageTemplate) {
+    const auto check = mTextChecks.find(pageTemplate.RootFolder);
+    if (check == mTextChecks.end()) return;
+    for (const auto& layout : *pageTemplate.PageLayouts()) {
+      const DiskFile file(pageTemplate.RootFolder + layout->FileName);
+      if (!IsText(*layout) || !file.Exists()) continue;
+      mInspection.BeginFile(file.FullPath());
+      RunStep([&] { check->second.CheckText(file.FullPath(), file.ReadAll()); },
+              [&] {
+                return FilePosition{file.FullPath(), 0, 0};
+              });
     }
+  }
+
+  /// Every file in the folder of a template is a layout, also a picture.
+  static bool IsText(const PageLayout& layout) {
+    const std::string extension = DiskFile(layout.FileName).Extension();
+    return layout.IsHTMLHelpProjectFile() || EqualIgnoringCase(extension, "html") ||
+           EqualIgnoringCase(extension, "htm");
   }
 
   Report& mReport;
   CheckContext mContext;
   Part mPart = Part::Namespaces;
+  bool mHasOptions = false;
   std::vector<std::pair<std::string, XMLElement>> mComments;  // the files of tagged comments
+  std::map<std::string, TextCheck> mTextChecks;               // of templates, by folder
+  std::vector<std::pair<std::string, std::string>> mTexts;  // the phrases and scraps of one template, by file
   Inspection mInspection;
 };
 

@@ -41,6 +41,10 @@ struct RuleInput {
   const XMLElement& Root;
 };
 
+/// A root element with another name than its format has.
+void CheckRootElement(const RuleInput& input);
+/// Names that have to be there and are empty.
+void CheckEmptyNames(const RuleInput& input);
 /// Names of other objects that name none, and lists of names with blanks.
 void CheckReferences(const RuleInput& input);
 /// Numbers that stand for nothing.
@@ -51,7 +55,7 @@ void CheckRepeatedNames(const RuleInput& input);
 void CheckTemplate(const RuleInput& input);
 /// Patterns that never match.
 void CheckPatterns(const RuleInput& input);
-/// Placeholders that nothing fills.
+/// Placeholders of links and of the paths of comment files that nothing fills.
 void CheckPlaceholders(const RuleInput& input);
 
 /// Calls `visit(element, tag)` for the element and every one below it, in document order, to any depth.

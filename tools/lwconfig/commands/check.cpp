@@ -15,7 +15,8 @@ constexpr const char* kFooter =
 each problem:
   file:line:column: severity: message [code]
 An error is what loading rejects; a warning is what it accepts and a person would want to know. Of one kind,
-20 problems of a file are shown. docs/check.md explains every code, with an example.
+20 problems of a file are shown. check.md explains every code, with an example; it is installed in
+share/doc/lwconfig, and is in docs/ of the sources.
 
 Examples:
   lwconfig check                       the registered configuration, or else the starter

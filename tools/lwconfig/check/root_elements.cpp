@@ -1,0 +1,35 @@
+#include <string>
+
+#include <tools/lwconfig/check/rules.h>
+
+#include <lwconfig/platform/letter_case.h>
+
+namespace lwconfig::tool {
+namespace {
+
+/// The formats that have one name for their root element; the others take any.
+struct RootElement {
+  tool::Part Part;
+  const char* Name;
+};
+
+constexpr RootElement kRootElements[] = {
+    {Part::Comments, "TaggedCommentDefs"},
+    {Part::ModelComments, "ModelCommentProfile"},
+    {Part::CommentFiles, "CommentFileLocations"},
+    {Part::ExternalDocs, "ExternalDocuments"},
+    {Part::Templates, "PageTemplate"},
+};
+
+}  // namespace
+
+void CheckRootElement(const RuleInput& input) {
+  const std::string name = input.Root.Name();
+  for (const auto& [part, expected] : kRootElements) {
+    if (part != input.Part || name.empty() || EqualIgnoringCase(name, expected)) continue;
+    input.Inspection.Tell(Problem::UnexpectedRoot, input.Root, {},
+                          "the root element is <" + name + ">, not <" + expected + ">");
+  }
+}
+
+}  // namespace lwconfig::tool

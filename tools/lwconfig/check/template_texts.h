@@ -1,0 +1,43 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include <tools/lwconfig/check/known_names.h>
+
+#include <lwconfig/core/inspection.h>
+
+namespace lwconfig::tool {
+
+/// The phrases, or the scraps, of a template in all its languages.
+class TemplateTexts {
+ public:
+  /// What a person calls one of the texts, and the folder that they are in.
+  struct Sort {
+    const char* What;
+    const char* Folder;
+  };
+  static constexpr Sort kPhrases{"phrase", "Phrases"};
+  static constexpr Sort kScraps{"scrap", "HTMLScraps"};
+
+  /// Loads the texts below the template's folder while the inspection is under way. `kind` outlives them.
+  TemplateTexts(const Inspection& inspection, const std::string& rootFolder, const Sort& kind);
+
+  const Sort& Kind() const { return mKind; }
+  /// The names that at least one language has.
+  const NameSet& Names() const { return mNames; }
+  /// Tells of texts that one language has and another lacks. A file with errors is not compared.
+  void CompareLanguages(Inspection& inspection) const;
+
+ private:
+  struct Language {
+    std::string Name;
+    std::string File;
+    NameSet Names;
+  };
+  const Sort& mKind;
+  std::vector<Language> mCompared;
+  NameSet mNames;
+};
+
+}  // namespace lwconfig::tool

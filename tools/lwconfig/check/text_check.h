@@ -1,0 +1,45 @@
+#pragma once
+
+#include <map>
+#include <string>
+#include <string_view>
+
+#include <tools/lwconfig/check/known_names.h>
+#include <tools/lwconfig/check/template_texts.h>
+#include <tools/lwconfig/check/text_references.h>
+
+#include <lwconfig/core/inspection.h>
+#include <lwconfig/core/xml_element.h>
+
+namespace lwconfig::tool {
+
+/// Tells of references to nothing in the texts of a template: phrases and scraps that no language has, and
+/// placeholders that are a slip of one that is filled. Of other placeholders nobody but the generator knows
+/// whether it fills them.
+class TextCheck {
+ public:
+  /// Loads the phrases and scraps below the template's folder and compares their languages. `settings` is the
+  /// root element of its `config.xml`. The inspection outlives the object.
+  TextCheck(Inspection& inspection, const std::string& folder, const XMLElement& settings);
+
+  void CheckSettings(const XMLElement& settings);
+  void CheckText(const std::string& file, std::string_view text);
+
+ private:
+  /// Calls `tell(offset, problem, message, suggest)` for each reference to nothing.
+  template <class Tell>
+  void ForEachFault(std::string_view text, Tell tell);
+  template <class Tell>
+  void CheckReference(const TextReference& reference, Tell tell);
+  void CheckTemplate(const XMLElement& e, const char* attribute, bool isFileName);
+  /// The known placeholder that an unknown one is a slip of; empty where it is none.
+  const std::string& SlipOf(const std::string& name);
+
+  Inspection& mInspection;
+  const TemplateTexts mPhrases;
+  const TemplateTexts mScraps;
+  NameSet mFilled;                            // the placeholders that are known to be filled
+  std::map<std::string, std::string> mSlips;  // the results of `SlipOf`
+};
+
+}  // namespace lwconfig::tool
