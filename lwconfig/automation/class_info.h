@@ -47,6 +47,7 @@ struct TypeInfo {
   ValueKind Kind = ValueKind::None;
   const ClassInfo& (*Class)() = nullptr;       // of `Object` only
   const EnumInfo& (*Enumeration)() = nullptr;  // of `Enumeration` only
+  bool IsColour = false;                       // an integer that people write as `ColourText` has it
 };
 
 struct ParameterInfo {

@@ -3,6 +3,7 @@
 #include <tools/lwconfig/members/value.h>
 
 #include <lwconfig/automation/conversion.h>
+#include <lwconfig/core/colour.h>
 #include <lwconfig/core/conversions.h>
 #include <lwconfig/platform/letter_case.h>
 
@@ -12,22 +13,6 @@ namespace {
 using automation::TypeInfo;
 using automation::ValueKind;
 
-/// A `Fault` with the words that would have done.
-Fault NoValue(const std::string& text, const TypeInfo& type, std::int32_t number = kTypeMismatch) {
-  const auto possible = PossibleValues(type);
-  if (!possible.empty() && type.Kind == ValueKind::Enumeration)
-    return Fault::Unknown(ExitStatus::Usage, "value", text, std::string(" of ") + type.Enumeration().Name,
-                          possible)
-        .Numbered(number);
-  const bool isFlag = type.Kind == ValueKind::Boolean;
-  const bool isNumber = type.Kind == ValueKind::Integer16 || type.Kind == ValueKind::Integer32;
-  return Fault(ExitStatus::Usage, "'" + text + "' is not " +
-                                      (isFlag     ? "True or False"
-                                       : isNumber ? "a whole number that fits"
-                                                  : "@ and the path of an object, or null"))
-      .Numbered(number);
-}
-
 std::int32_t WholeNumber(const std::string& text, const TypeInfo& type) {
   constexpr std::int32_t kMost16 = 32767;
   const auto number = StrictInteger(text);
@@ -36,6 +21,12 @@ std::int32_t WholeNumber(const std::string& text, const TypeInfo& type) {
   if (type.Kind == ValueKind::Integer16 && (number.Value > kMost16 || number.Value < -kMost16 - 1))
     throw NoValue(text, type, kOverflow);
   return number.Value;
+}
+
+std::int32_t Colour(const std::string& text, const TypeInfo& type) {
+  const auto colour = ColourValue(text);
+  if (!colour) throw NoValue(text, type, colour.ErrorNumber);
+  return colour.Value;
 }
 
 bool Flag(const std::string& text, const TypeInfo& type) {
@@ -78,6 +69,22 @@ Variant AnyValue(const std::string& text, const TypeInfo& type, const ObjectAt& 
 
 }  // namespace
 
+Fault NoValue(const std::string& text, const TypeInfo& type, std::int32_t number) {
+  const auto possible = PossibleValues(type);
+  if (!possible.empty() && type.Kind == ValueKind::Enumeration)
+    return Fault::Unknown(ExitStatus::Usage, "value", text, std::string(" of ") + type.Enumeration().Name,
+                          possible)
+        .Numbered(number);
+  const bool isFlag = type.Kind == ValueKind::Boolean;
+  const bool isNumber = type.Kind == ValueKind::Integer16 || type.Kind == ValueKind::Integer32;
+  return Fault(ExitStatus::Usage, "'" + text + "' is not " +
+                                      (isFlag          ? "True or False"
+                                       : type.IsColour ? "a colour: #rrggbb, or a whole number 0xBBGGRR"
+                                       : isNumber      ? "a whole number that fits"
+                                                       : "@ and the path of an object, or null"))
+      .Numbered(number);
+}
+
 std::string ValueText(const Variant& value, const TypeInfo& type) {
   if (const auto* object = std::get_if<AnyObject>(&value)) {
     if (!*object) return "null";
@@ -89,6 +96,8 @@ std::string ValueText(const Variant& value, const TypeInfo& type) {
       if (member.Value == std::get<std::int32_t>(value)) return member.Name;
     }
   }
+  if (type.IsColour && std::holds_alternative<std::int32_t>(value))
+    return ColourText(std::get<std::int32_t>(value));
   return std::holds_alternative<Missing>(value) ? std::string() : automation::ToText(value);
 }
 
@@ -99,7 +108,7 @@ Variant TypedValue(const std::string& text, const TypeInfo& type, const ObjectAt
         return Flag(text, type);
       case ValueKind::Integer16:
       case ValueKind::Integer32:
-        return WholeNumber(text, type);
+        return type.IsColour ? Colour(text, type) : WholeNumber(text, type);
       case ValueKind::Enumeration:
         return Enumerator(text, type);
       case ValueKind::Object:
