@@ -188,21 +188,26 @@ void Apply(const EditArguments& arguments, Reporter& reporter) {
   Model model(reporter);
   Editor editor(model);
   bool isDone = false;
-  std::size_t count = 0;
+  std::vector<std::vector<Word>> commands;
   WithFaults(reporter, source, [&] {
     WordReader reader(text);
     while (reader.Next(source.Command)) {
       const EditArguments line = ParseCommand(source.Command);
+      commands.push_back(source.Command);
       Print(model, editor.Run(line.Whole()), arguments, reporter);
-      ++count;
     }
     source.Command.clear();
-    editor.Save();
+    try {
+      editor.Save();
+    } catch (const Fault& fault) {
+      if (fault.Edit() > 0) source.Command = commands[fault.Edit() - 1];
+      throw;
+    }
     isDone = true;
   });
   if (!isDone) return reporter.Note("nothing was written");
   if (overlay.IsEmpty())
-    reporter.Note(std::to_string(count) + " commands, and nothing changes in what is saved");
+    reporter.Note(std::to_string(commands.size()) + " commands, and nothing changes in what is saved");
   Finish(configuration, overlay, arguments, reporter);
 }
 

@@ -4,6 +4,8 @@
 #include <CLI/CLI.hpp>
 #include <tools/lwconfig/commands/commands.h>
 #include <tools/lwconfig/configuration.h>
+#include <tools/lwconfig/members/edit.h>
+#include <tools/lwconfig/members/report.h>
 #include <tools/lwconfig/model/options.h>
 #include <tools/lwconfig/terminal.h>
 #include <tools/lwconfig/view/json.h>
@@ -71,7 +73,7 @@ void Get(const OptionsArguments& arguments, Reporter& reporter) {
   if (!option) return;
   const OptionState state(*option, reporter);
   if (arguments.IsJson) return WriteOutput(JsonText(state.ToJson()), reporter);
-  if (state.Value) WriteOutput(*state.Value + "\n", reporter);
+  if (state.Value) WriteOutput(state.Plain() + "\n", reporter);
 }
 
 void Set(const OptionsArguments& arguments, Reporter& reporter) {
@@ -79,15 +81,14 @@ void Set(const OptionsArguments& arguments, Reporter& reporter) {
   Root root;
   const auto option = FindOption(root, arguments.Name, reporter);
   if (!option) return;
-  const auto text = StorableText(*option, arguments.Value);
-  if (!text) {
-    return reporter.Fail(ExitStatus::Usage, "'" + arguments.Value + "' is no value of " + option->Name() +
-                                                ", which can be " + AllowedValues(*option));
-  }
-  SetAppValue(option->Option->ValueName(), *text, option->Option->Section());
+  WithFaults(reporter, {}, [&] {
+    Model model(reporter);
+    Editor editor(model);
+    editor.Run({EditKind::Set, option->Name(), {arguments.Value}});
+    editor.Save();
+  });
+  if (reporter.Status() != ExitStatus::Done) return;
   const OptionState state(*option, reporter);
-  if (state.Value && state.Value != text)
-    reporter.Note("'" + *text + "' is stored, but " + option->Name() + " reads as " + state.Shown());
   WriteOutput(arguments.IsJson ? JsonText(state.ToJson()) : option->Name() + " = " + state.Shown() + "\n",
               reporter);
 }

@@ -43,27 +43,35 @@ const Keeping* Find(const AnyObject& object) {
   return found == kKeeping.end() ? nullptr : found;
 }
 
+/// The nearest object of the way that decides how changes are kept; `rend` where none does.
+auto FindOwner(const Way& way) {
+  return std::find_if(way.rbegin(), way.rend(),
+                      [](const AnyObject& object) { return Find(object) != nullptr; });
+}
+
 [[noreturn]] void FailUnkept(const AnyObject& object, const char* why) {
   throw Fault(ExitStatus::Usage, std::string(object.Class->Name()) + why);
 }
 
 }  // namespace
 
+bool Keeper::IsKeptAtOnce(const Way& way) const {
+  const auto owner = FindOwner(way);
+  return !mModel.IsNamed(way) && owner != way.rend() && Find(*owner)->How == Kept::AtOnce;
+}
+
 void Keeper::Note(const Way& way) {
   if (mModel.IsNamed(way)) return;
-  for (auto object = way.rbegin(); object != way.rend(); ++object) {
-    const Keeping* keeping = Find(*object);
-    if (keeping == nullptr) continue;
-    if (keeping->How == Kept::AtOnce) return;
-    if (keeping->How == Kept::Never) FailUnkept(*object, " cannot be saved: the model only reads it");
-    if (mModel.Report().Status() != ExitStatus::Done) {
-      throw Fault(ExitStatus::Invalid,
-                  "the configuration could not be read as a whole; saving it could lose what was not read");
-    }
-    if (std::ranges::find(mChanged, *object) == mChanged.end()) mChanged.push_back(*object);
-    return;
+  const auto owner = FindOwner(way);
+  if (owner == way.rend()) FailUnkept(way.back(), " is not kept in any file");
+  const Kept how = Find(*owner)->How;
+  if (how == Kept::AtOnce) return;
+  if (how == Kept::Never) FailUnkept(*owner, " cannot be saved: the model only reads it");
+  if (mModel.Report().Status() != ExitStatus::Done) {
+    throw Fault(ExitStatus::Invalid,
+                "the configuration could not be read as a whole; saving it could lose what was not read");
   }
-  FailUnkept(way.back(), " is not kept in any file");
+  if (std::ranges::find(mChanged, *owner) == mChanged.end()) mChanged.push_back(*owner);
 }
 
 void Keeper::NoteRemoval(const Way& way) {

@@ -11,6 +11,8 @@ class Keeper {
  public:
   explicit Keeper(Model& model) : mModel(model) {}
 
+  /// Whether changes of the last object of `way` are stored by themselves, in the registry instead of a file.
+  bool IsKeptAtOnce(const Way& way) const;
   /// The last object of `way` is to be changed. Throws a `Fault` where nothing would keep the change.
   void Note(const Way& way);
   /// An item of the collection at the end of `way` is to be removed. Throws a `Fault` also where a removed
