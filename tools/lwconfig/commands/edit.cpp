@@ -179,10 +179,12 @@ Edit ParseEdit(const std::vector<Word>& words) {
   const auto* const found = std::ranges::find_if(kEditCommands, isNamed);
   if (found == kEditCommands.end()) {
     std::vector<std::string> names;
+    names.reserve(kEditCommands.size());
     for (const Command* command : kEditCommands) names.emplace_back(command->Name);
     throw Fault::Unknown(ExitStatus::Usage, "command", name, "", names).At(name, 0);
   }
   std::vector<std::string> texts;
+  texts.reserve(words.size());
   for (const Word& word : words) texts.push_back(word.Text);
   return EditOf(static_cast<EditKind>(found - kEditCommands.begin()), ReadWords(kEditCommands, texts).Given);
 }
