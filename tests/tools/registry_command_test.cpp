@@ -21,6 +21,7 @@ TEST_F(RegistryCommandTest, StoresAndShowsEveryType) {
       {"18446744073709551615 --type qword", "qword", "\"v\"=hex(b):ff,ff,ff,ff,ff,ff,ff,ff",
        "18446744073709551615\n"},
       {"00fF --type binary", "binary", "\"v\"=hex:00,ff", "00ff\n"},
+      {"[a,b] --type multi", "multi", "\"v\"=hex(7):5b,00,61,00,2c,00,62,00,5d,00,00,00,00,00", "[a,b]\n"},
       {"a ü --type multi", "multi", "\"v\"=hex(7):61,00,00,00,fc,00,00,00,00,00", "a\nü\n"},
   };
   for (const auto& [data, type, stored, read] : kRows) {

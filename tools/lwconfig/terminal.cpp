@@ -69,7 +69,7 @@ TextStyle OutputStyle(std::string_view colour, std::size_t columns) {
   TextStyle style;
   style.Columns = columns != 0 ? columns : isTerminal ? TerminalColumns(STDOUT_FILENO) : 0;
   style.IsUnicode = IsUnicodeLocale();
-  style.IsColoured = colour == "always" || (colour == "auto" && mayColour);
+  style.IsColoured = colour == "always" || (colour != "never" && mayColour);
   style.IsTrueColour = style.IsColoured && (depth == "truecolor" || depth == "24bit");
   return style;
 }

@@ -9,8 +9,8 @@
 
 namespace lwconfig::tool {
 
-/// What standard output can show. `colour` is "auto", "always" or "never"; `columns`, where it is not 0, is
-/// taken instead of the width of the terminal.
+/// What standard output can show. Colours are for a terminal, unless `colour` is "always" or "never";
+/// `columns`, where it is not 0, is taken instead of the width of the terminal.
 TextStyle OutputStyle(std::string_view colour, std::size_t columns);
 
 /// The progress line on standard error; null where that is no terminal that can rewrite a line.

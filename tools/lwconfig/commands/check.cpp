@@ -1,20 +1,14 @@
-#include <memory>
+#include <array>
 #include <string>
 
-#include <CLI/CLI.hpp>
 #include <tools/lwconfig/check/check.h>
 #include <tools/lwconfig/commands/commands.h>
+#include <tools/lwconfig/commands/common_options.h>
 #include <tools/lwconfig/terminal.h>
 #include <tools/lwconfig/view/json.h>
 
 namespace lwconfig::tool {
 namespace {
-
-struct CheckArguments {
-  std::string Folder;
-  bool IsJson = false;
-  std::string Colour = "auto";
-};
 
 constexpr const char* kFooter =
     R"(Reads the whole configuration, does not stop at the first problem, changes nothing, and prints a line for
@@ -34,24 +28,28 @@ Exit status:
   4  a file or folder could not be read
 )";
 
-void Check(const CheckArguments& arguments, Reporter& reporter) {
-  const Report report = CheckConfiguration(arguments.Folder, reporter);
+void Check(const Arguments& arguments, Reporter& reporter) {
+  const Report report = CheckConfiguration(arguments.Text("--config"), reporter);
   reporter.Raise(report.Status());
-  WriteOutput(arguments.IsJson ? JsonText(report.ToJson()) : report.Text(OutputStyle(arguments.Colour, 0)),
+  WriteOutput(arguments.Has("--json") ? JsonText(report.ToJson())
+                                      : report.Text(OutputStyle(arguments.Text("--color"), 0)),
               reporter);
 }
 
+constexpr std::array kParameters{
+    kConfigurationOption,
+    Parameter{.Name = "-j,--json", .About = "print JSON, one object for each problem"},
+    kColourOption,
+};
+
 }  // namespace
 
-void AddCheckCommand(CLI::App& app, Reporter& reporter) {
-  const auto arguments = std::make_shared<CheckArguments>();
-  CLI::App& check = *app.add_subcommand("check", "Finds what is wrong with the configuration.");
-  check.group("Commands");
-  check.footer(kFooter);
-  AddConfigurationOption(check, arguments->Folder);
-  check.add_flag("-j,--json", arguments->IsJson, "print JSON, one object for each problem");
-  AddColourOption(check, arguments->Colour);
-  check.callback([arguments, &reporter] { Check(*arguments, reporter); });
-}
+constexpr Command kCheckCommand{
+    .Name = "check",
+    .About = "Finds what is wrong with the configuration.",
+    .Help = kFooter,
+    .Parameters = kParameters,
+    .Run = Check,
+};
 
 }  // namespace lwconfig::tool

@@ -1,11 +1,10 @@
 #include <algorithm>
 #include <array>
-#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
 
-#include <CLI/CLI.hpp>
+#include <tools/lwconfig/command_line.h>
 #include <tools/lwconfig/commands/commands.h>
 #include <tools/lwconfig/completion_scripts.h>
 #include <tools/lwconfig/configuration.h>
@@ -34,7 +33,7 @@ using Candidates = std::vector<Candidate>;
 
 /// The command line as far as it has been typed.
 struct Typed {
-  const CLI::App* Command;
+  std::vector<const Command*> Commands;    // from the program to the innermost
   std::string Name{};                      // "set", "options get"
   std::vector<std::string> Positionals{};  // before the word that is being typed
   std::string Folder{};                    // of --config
@@ -43,24 +42,19 @@ struct Typed {
   bool EndsOptions = false;
 };
 
-const CLI::App* FindCommand(const CLI::App& app, const std::string& name) {
-  for (const CLI::App* command : app.get_subcommands({})) {
-    if (command->get_name() == name) return command;
+/// The parameter of the command, or of the commands around it, that the option is; null where there is none.
+const Parameter* FindOption(const Typed& typed, std::string_view name) {
+  for (const Command* command : typed.Commands) {
+    for (const auto& parameters : {command->Parameters, command->Common}) {
+      const auto found = std::ranges::find_if(parameters, [&](const auto& it) { return it.IsNamed(name); });
+      if (found != parameters.end()) return &*found;
+    }
   }
   return nullptr;
 }
 
-bool TakesValue(const CLI::App& command, const std::string& name) {
-  for (const CLI::App* app = &command; app != nullptr; app = app->get_parent()) {
-    for (const CLI::Option* option : app->get_options()) {
-      if (option->check_name(name)) return option->get_items_expected_max() > 0;
-    }
-  }
-  return false;
-}
-
-Typed Analyse(const CLI::App& app, const std::vector<std::string>& words) {
-  Typed typed{&app};
+Typed Analyse(const std::vector<std::string>& words) {
+  Typed typed{{&kProgram}};
   typed.Current = words.back();
   std::string option;
   for (std::size_t at = 0; at + 1 < words.size(); ++at) {
@@ -69,16 +63,16 @@ Typed Analyse(const CLI::App& app, const std::vector<std::string>& words) {
       if (option == "--config" || option == "-c") typed.Folder = word;
       option.clear();
     } else if (typed.EndsOptions || !word.starts_with('-') || word == "-") {
-      const CLI::App* inner = typed.Positionals.empty() ? FindCommand(*typed.Command, word) : nullptr;
+      const Command* inner = typed.Positionals.empty() ? typed.Commands.back()->Action(word) : nullptr;
       if (inner == nullptr) {
         typed.Positionals.push_back(word);
         continue;
       }
-      typed.Command = inner;
+      typed.Commands.push_back(inner);
       typed.Name += (typed.Name.empty() ? "" : " ") + word;
     } else if (word == "--") {
       typed.EndsOptions = true;
-    } else if (word.find('=') == std::string::npos && TakesValue(*typed.Command, word)) {
+    } else if (const Parameter* found = FindOption(typed, word); found != nullptr && !found->IsFlag()) {
       option = word;
     }
   }
@@ -86,20 +80,21 @@ Typed Analyse(const CLI::App& app, const std::vector<std::string>& words) {
   return typed;
 }
 
-Candidates Options(const CLI::App& command) {
-  Candidates candidates;
-  for (const CLI::Option* option : command.get_options()) {
-    for (const std::string& name : option->get_lnames())
-      candidates.push_back({"--" + name, option->get_description()});
+Candidates Options(const Command& command) {
+  Candidates candidates{{kHelpOption.LongName(), kHelpOption.About}};
+  if (&command == &kProgram) candidates.push_back({kVersionOption.LongName(), kVersionOption.About});
+  for (const auto& parameters : {command.Parameters, command.Common}) {
+    for (const Parameter& parameter : parameters) {
+      if (parameter.IsOption()) candidates.push_back({parameter.LongName(), parameter.About});
+    }
   }
   return candidates;
 }
 
-Candidates Commands(const CLI::App& app) {
+Candidates ActionsOf(const Command& command) {
   Candidates candidates;
-  for (const CLI::App* command : app.get_subcommands({})) {
-    if (!command->get_group().empty())
-      candidates.push_back({command->get_name(), command->get_description()});
+  for (const Command* action : command.Actions) {
+    if (!action->IsHidden) candidates.push_back({action->Name, action->About});
   }
   return candidates;
 }
@@ -148,15 +143,15 @@ Candidates Live(const Typed& typed, Reporter& reporter) {
   return place == 0 ? candidates : Candidates();
 }
 
-Candidates Complete(const CLI::App& app, const std::vector<std::string>& words, Reporter& reporter) {
-  const Typed typed = Analyse(app, words);
+Candidates Complete(const std::vector<std::string>& words, Reporter& reporter) {
+  const Typed typed = Analyse(words);
   if (typed.IsOptionValue) return {};
   Candidates candidates;
   if (!typed.EndsOptions && typed.Current.starts_with('-')) {
-    candidates = Options(*typed.Command);
+    candidates = Options(*typed.Commands.back());
   } else {
     if (typed.Positionals.empty()) {
-      candidates = Commands(*typed.Command);
+      candidates = ActionsOf(*typed.Commands.back());
       std::ranges::copy(Names(typed), std::back_inserter(candidates));
     }
     try {
@@ -184,61 +179,69 @@ std::size_t BytesBeforeBreak(std::string_view line, const Word& word) {
   return 0;
 }
 
-struct CompleteArguments {
-  std::vector<std::string> Words{};  // after the name of the program
-  std::string Line{};                // in place of them, up to the cursor
-  std::string Shell{};
-};
-
-void Run(const CLI::App& app, CompleteArguments& arguments, Reporter& reporter) {
+void Complete(const Arguments& arguments, Reporter& reporter) {
   reporter.BeQuiet();
+  const std::string shell = arguments.Text("--shell");
+  const std::string line = arguments.Text("--line");
+  std::vector<std::string> typed = arguments.Texts("WORDS");
   std::size_t setAside = 0;
-  if (!arguments.Line.empty()) {
-    const auto words = WordReader::Unfinished(arguments.Line);
+  if (!line.empty()) {
+    const auto words = WordReader::Unfinished(line);
     const auto isProgram = [](const Word& word) {
       return word.Text == "lwconfig" || word.Text.ends_with("/lwconfig");
     };
     auto first = std::ranges::find_if(words, isProgram);
     if (first == words.end()) first = words.begin();
-    for (++first; first < words.end(); ++first) arguments.Words.push_back(first->Text);
-    if (arguments.Shell == "bash") setAside = BytesBeforeBreak(arguments.Line, words.back());
+    for (++first; first < words.end(); ++first) typed.push_back(first->Text);
+    if (shell == "bash") setAside = BytesBeforeBreak(line, words.back());
   }
-  if (arguments.Words.empty()) arguments.Words.emplace_back();
+  if (typed.empty()) typed.emplace_back();
   std::string text;
-  for (const Candidate& candidate : Complete(app, arguments.Words, reporter)) {
+  for (const Candidate& candidate : Complete(typed, reporter)) {
     // A line feed would make two candidates of one.
     if (Printable(candidate.Text) != candidate.Text) continue;
     text += candidate.Text.substr(setAside);
-    if (arguments.Shell != "bash" && !candidate.About.empty()) text += "\t" + candidate.About;
+    if (shell != "bash" && !candidate.About.empty()) text += "\t" + candidate.About;
     text += "\n";
   }
   WriteOutput(text, reporter);
 }
 
+void PrintScript(const Arguments& arguments, Reporter& reporter) {
+  const std::string shell = arguments.Text("SHELL");
+  std::vector<std::string> shells;
+  for (const CompletionScript& script : kCompletionScripts) {
+    if (shell == script.Shell) return WriteOutput(script.Text, reporter);
+    shells.emplace_back(script.Shell);
+  }
+  reporter.FailUnknown(ExitStatus::Usage, shell, shells);
+}
+
+constexpr std::array kCompletionParameters{
+    Parameter{.Name = "SHELL", .About = "bash, zsh or fish", .IsRequired = true}};
+constexpr std::array kCompleteParameters{
+    Parameter{
+        .Name = "WORDS", .About = "what has been typed after the name of the program", .Most = kAnyNumber},
+    Parameter{.Name = "--line", .About = "the line up to the cursor, in place of them", .Value = "TEXT"},
+    Parameter{.Name = "--shell", .About = "the shell that asks", .Value = "SHELL"},
+};
+
 }  // namespace
 
-void AddCompletionCommands(CLI::App& app, Reporter& reporter) {
-  const auto shell = std::make_shared<std::string>();
-  CLI::App& completion = *app.add_subcommand("completion", "Prints the completion script for a shell.");
-  completion.group("Commands");
-  completion.footer(kFooter);
-  completion.add_option("SHELL", *shell, "bash, zsh or fish")->required()->type_name("");
-  completion.callback([shell, &reporter] {
-    std::vector<std::string> shells;
-    for (const CompletionScript& script : kCompletionScripts) {
-      if (*shell == script.Shell) return WriteOutput(script.Text, reporter);
-      shells.emplace_back(script.Shell);
-    }
-    reporter.FailUnknown(ExitStatus::Usage, *shell, shells);
-  });
+constexpr Command kCompletionCommand{
+    .Name = "completion",
+    .About = "Prints the completion script for a shell.",
+    .Help = kFooter,
+    .Parameters = kCompletionParameters,
+    .Run = PrintScript,
+};
 
-  const auto arguments = std::make_shared<CompleteArguments>();
-  CLI::App& complete = *app.add_subcommand("complete", "Prints what the last of the words could become.");
-  complete.group("");
-  complete.add_option("WORDS", arguments->Words);
-  complete.add_option("--line", arguments->Line);
-  complete.add_option("--shell", arguments->Shell);
-  complete.callback([&app, arguments, &reporter] { Run(app, *arguments, reporter); });
-}
+constexpr Command kCompleteCommand{
+    .Name = "complete",
+    .About = "Prints what the last of the words could become.",
+    .Parameters = kCompleteParameters,
+    .Run = Complete,
+    .IsHidden = true,
+};
 
 }  // namespace lwconfig::tool

@@ -1,9 +1,8 @@
 #include <array>
-#include <memory>
 #include <string>
 
-#include <CLI/CLI.hpp>
 #include <tools/lwconfig/commands/commands.h>
+#include <tools/lwconfig/commands/common_options.h>
 #include <tools/lwconfig/terminal.h>
 #include <tools/lwconfig/view/description.h>
 #include <tools/lwconfig/view/json.h>
@@ -19,13 +18,6 @@ namespace {
 
 using automation::ClassInfo;
 using automation::EnumInfo;
-
-struct DescribeArguments {
-  std::string What;
-  bool IsJson = false;
-  std::string Colour = "auto";
-  std::size_t Columns = 0;
-};
 
 constexpr const char* kFooter =
     R"(WHAT is a class or enumeration, or a member of one after a point, letter case ignored.
@@ -83,16 +75,20 @@ std::vector<std::string> MemberNames(const Description& owner) {
 }
 
 template <class T>
-void Write(const T& described, const DescribeArguments& arguments, Reporter& reporter) {
-  WriteOutput(arguments.IsJson ? JsonText(ToJson(described))
-                               : DescriptionText(described, OutputStyle(arguments.Colour, arguments.Columns)),
-              reporter);
+void Write(const T& described, const Arguments& arguments, Reporter& reporter) {
+  WriteOutput(
+      arguments.Has("--json") ? JsonText(ToJson(described)) : DescriptionText(described, StyleOf(arguments)),
+      reporter);
 }
 
-void Run(const DescribeArguments& arguments, Reporter& reporter) {
-  if (arguments.What.empty()) return Write(All(), arguments, reporter);
-  const auto point = arguments.What.find('.');
-  const std::string name = arguments.What.substr(0, point);
+void Run(const Arguments& arguments, Reporter& reporter) {
+  for (const Whole& whole : kWholes) {
+    if (arguments.Has(whole.Option)) return WriteOutput(whole.Text(), reporter);
+  }
+  const std::string what = arguments.Text("WHAT");
+  if (what.empty()) return Write(All(), arguments, reporter);
+  const auto point = what.find('.');
+  const std::string name = what.substr(0, point);
   const ClassInfo* info = automation::FindClass(name);
   const EnumInfo* enumeration = automation::FindEnumeration(name);
   if (info == nullptr && enumeration == nullptr)
@@ -100,43 +96,36 @@ void Run(const DescribeArguments& arguments, Reporter& reporter) {
   const Description owner = info != nullptr ? Describe(*info) : Describe(*enumeration);
   if (point == std::string::npos) return Write(owner, arguments, reporter);
 
-  const std::string memberName = arguments.What.substr(point + 1);
+  const std::string memberName = what.substr(point + 1);
   const MemberDescription* member = FindMember(owner, memberName);
   if (member == nullptr) return reporter.FailUnknown(ExitStatus::NotFound, memberName, MemberNames(owner));
   Write(*member, arguments, reporter);
 }
 
+constexpr auto kParameters = [] {
+  constexpr std::size_t kFirst = 2;
+  std::array<Parameter, kFirst + kWholes.size()> all{{
+      {.Name = "WHAT", .About = "CLASS or CLASS.MEMBER; a list of all when left out"},
+      kJsonOption,
+  }};
+  for (std::size_t at = 0; at < kWholes.size(); ++at) {
+    all[kFirst + at] = {.Name = kWholes[at].Option,
+                        .About = kWholes[at].About,
+                        .Excludes = "WHAT --json --idl --manifest-64 --manifest-32 --markdown --stubs"};
+  }
+  return all;
+}();
+constexpr std::array kStyleOptions{kColourOption, kWidthOption};
+
 }  // namespace
 
-void AddDescribeCommand(CLI::App& app, Reporter& reporter) {
-  const auto arguments = std::make_shared<DescribeArguments>();
-  CLI::App& describe =
-      *app.add_subcommand("describe", "Tells what programs can do with the classes of the library.");
-  describe.group("Commands");
-  describe.footer(kFooter);
-  CLI::Option* what =
-      describe.add_option("WHAT", arguments->What, "CLASS or CLASS.MEMBER; a list of all when left out")
-          ->type_name("");
-  AddJsonOption(describe, arguments->IsJson);
-  CLI::Option* json = describe.get_option("--json");
-  std::vector<CLI::Option*> wholes;
-  for (const Whole& whole : kWholes) {
-    CLI::Option* option = describe.add_flag(whole.Option, whole.About)->excludes(what)->excludes(json);
-    for (CLI::Option* other : wholes) option->excludes(other);
-    wholes.push_back(option);
-  }
-  describe.add_option("--color", arguments->Colour, "auto (on a terminal), always or never")
-      ->option_text("WHEN")
-      ->check(CLI::IsMember({"auto", "always", "never"}));
-  describe.add_option("--width", arguments->Columns, "columns to fit lines into; else those of the terminal")
-      ->option_text("N")
-      ->check(CLI::Range(20, 10000));
-  describe.callback([arguments, wholes, &reporter] {
-    for (std::size_t at = 0; at < wholes.size(); ++at) {
-      if (wholes[at]->count() > 0) return WriteOutput(kWholes[at].Text(), reporter);
-    }
-    Run(*arguments, reporter);
-  });
-}
+constexpr Command kDescribeCommand{
+    .Name = "describe",
+    .About = "Tells what programs can do with the classes of the library.",
+    .Help = kFooter,
+    .Parameters = kParameters,
+    .Common = kStyleOptions,
+    .Run = Run,
+};
 
 }  // namespace lwconfig::tool

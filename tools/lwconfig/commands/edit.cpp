@@ -2,12 +2,12 @@
 #include <array>
 #include <iostream>
 #include <iterator>
-#include <memory>
 #include <optional>
 #include <string>
 
-#include <CLI/CLI.hpp>
+#include <tools/lwconfig/command_line.h>
 #include <tools/lwconfig/commands/commands.h>
+#include <tools/lwconfig/commands/common_options.h>
 #include <tools/lwconfig/commands/edit_help.h>
 #include <tools/lwconfig/configuration.h>
 #include <tools/lwconfig/members/edit.h>
@@ -24,78 +24,34 @@
 namespace lwconfig::tool {
 namespace {
 
-struct EditArguments {
-  tool::Edit Edit{};
-  /// Values one by one: of several values of one option the parser would take brackets off.
-  std::array<std::optional<std::string>, automation::kMostParameters> Values{};
-  std::vector<std::string> MoreMembers{};
-  std::string File{};  // of 'apply'
-  std::string Folder{};
-  bool IsTrial = false;
-  bool IsJson = false;
-
-  tool::Edit Whole() const {
-    tool::Edit edit = Edit;
-    for (const auto& value : Values) {
-      if (value) edit.Values.push_back(*value);
-    }
-    edit.Values.insert(edit.Values.end(), MoreMembers.begin(), MoreMembers.end());
-    return edit;
-  }
-};
-
-void AddOptionsOf(CLI::App& command, EditArguments& arguments) {
-  Edit& edit = arguments.Edit;
-  const auto positional = [&command](const std::string& name, auto& value, const char* about) {
-    return command.add_option(name, value, about)->type_name("");
-  };
-  switch (edit.Kind) {
+/// The change that the command of this kind is given.
+Edit EditOf(EditKind kind, const Arguments& arguments) {
+  Edit edit{.Kind = kind, .Path = arguments.Text("PATH")};
+  switch (kind) {
     case EditKind::Set:
-      positional("PATH", edit.Path, "the property")->required();
-      positional("VALUE", arguments.Values[0], "its new value")->required();
+      edit.Values = arguments.Texts("VALUE");
       break;
     case EditKind::Add:
-      positional("PATH", edit.Path, "the collection")->required();
-      positional("MEMBER=VALUE", arguments.Values[0],
-                 "what the new item has; in a collection of texts the text");
-      positional("MORE", arguments.MoreMembers, "more of what it has");
-      command.add_option("--key", edit.Key, "add it under this key")->option_text("KEY");
-      command.add_option("--before", edit.Before, "add it before this item")->option_text("KEY|POSITION");
-      command.add_option("--after", edit.After, "add it after this item")->option_text("KEY|POSITION");
+      edit.Values = arguments.Texts("MEMBER=VALUE");
+      edit.Values.insert(edit.Values.end(), arguments.Texts("MORE").begin(), arguments.Texts("MORE").end());
+      edit.Key = arguments.Text("--key");
+      edit.Before = arguments.Text("--before");
+      edit.After = arguments.Text("--after");
       break;
     case EditKind::Remove:
-      positional("PATH", edit.Path, "the item")->required();
       break;
     case EditKind::Call:
-      positional("PATH", edit.Path, "the method")->required();
-      for (std::size_t at = 0; at < arguments.Values.size(); ++at) {
-        const bool isFirst = at == 0;
-        auto* const argument = positional(isFirst ? "ARG..." : "ARG" + std::to_string(at + 1),
-                                          arguments.Values[at], "its arguments, up to five");
-        if (!isFirst) argument->group("");  // the help tells of them once
-      }
-      command.add_flag("--save", edit.IsSaved, "save what the object belongs to afterwards");
+      edit.Values = arguments.Texts("ARG");
+      edit.IsSaved = arguments.Has("--save");
       break;
   }
+  return edit;
 }
 
-struct EditCommand {
-  const char* Name;
-  const char* About;
-  const char* Help;
-};
-constexpr std::array<EditCommand, 4> kEditCommands{{
-    {"set", "Sets any property of the object model, and saves it.", kSetHelp},
-    {"add", "Adds a new item to a collection, and saves it.", kAddHelp},
-    {"remove", "Removes an item from a collection, and saves it.", kRemoveHelp},
-    {"call", "Calls any method of the object model.", kCallHelp},
-}};
-
-void Print(Model& model, const std::vector<Result>& results, const EditArguments& arguments,
-           Reporter& reporter) {
+void Print(Model& model, const std::vector<Result>& results, bool isJson, Reporter& reporter) {
   if (results.empty()) return;
   const auto place = [&](const Result& result) { return Place{{}, result.Value, result.Type}; };
-  if (!arguments.IsJson) {
+  if (!isJson) {
     std::string text;
     for (const Result& result : results)
       text += (result.Name.empty() ? "" : result.Name + " = ") +
@@ -109,32 +65,93 @@ void Print(Model& model, const std::vector<Result>& results, const EditArguments
 }
 
 /// Tells what the trial run changed, and writes it unless it stays a trial.
-void Finish(const Configuration& configuration, Overlay& overlay, const EditArguments& arguments,
+void Finish(const Configuration& configuration, Overlay& overlay, bool isTrial, bool isCall,
             Reporter& reporter) {
-  if (arguments.IsTrial) return WriteOutput(overlay.Difference(), reporter);
+  if (isTrial) return WriteOutput(overlay.Difference(), reporter);
   if (overlay.ChangesFiles()) configuration.RefuseStarter();
   const auto names = overlay.Names();
   overlay.WriteOut();
   // The output of a call is its result.
-  for (const std::string& name : names) {
-    arguments.Edit.Kind == EditKind::Call ? reporter.Note(name) : WriteOutput(name + "\n", reporter);
-  }
+  for (const std::string& name : names) isCall ? reporter.Note(name) : WriteOutput(name + "\n", reporter);
 }
 
-void RunOne(const EditArguments& arguments, Reporter& reporter) {
-  const Configuration configuration(arguments.Folder, reporter);
+template <EditKind kKind>
+void RunOne(const Arguments& arguments, Reporter& reporter) {
+  constexpr bool kIsCall = kKind == EditKind::Call;
+  const Configuration configuration(arguments.Text("--config"), reporter);
   Overlay overlay;
   Model model(reporter);
   Editor editor(model);
-  const auto results = editor.Run(arguments.Whole());
+  const auto results = editor.Run(EditOf(kKind, arguments));
   editor.Save();
-  if (overlay.IsEmpty() && arguments.Edit.Kind != EditKind::Call)
-    reporter.Note("nothing changes in what is saved");
-  Print(model, results, arguments, reporter);
-  Finish(configuration, overlay, arguments, reporter);
+  if (overlay.IsEmpty() && !kIsCall) reporter.Note("nothing changes in what is saved");
+  Print(model, results, kIsCall && arguments.Has("--json"), reporter);
+  Finish(configuration, overlay, arguments.Has("--dry-run"), kIsCall, reporter);
 }
 
+constexpr Parameter kTrialOption{
+    .Name = "-n,--dry-run",
+    .About = "print the difference that would be written, write nothing",
+};
+constexpr std::array kWritingOptions{kTrialOption, kConfigurationOption};
+constexpr std::array kCallOptions{kTrialOption, kConfigurationOption, kJsonOption};
+
+constexpr std::array kSetParameters{
+    Parameter{.Name = "PATH", .About = "the property", .IsRequired = true},
+    Parameter{.Name = "VALUE", .About = "its new value", .IsRequired = true},
+};
+constexpr std::array kAddParameters{
+    Parameter{.Name = "PATH", .About = "the collection", .IsRequired = true},
+    Parameter{.Name = "MEMBER=VALUE", .About = "what the new item has; in a collection of texts the text"},
+    Parameter{.Name = "MORE", .About = "more of what it has", .Most = kAnyNumber},
+    Parameter{.Name = "--key", .About = "add it under this key", .Value = "KEY"},
+    Parameter{.Name = "--before", .About = "add it before this item", .Value = "KEY|POSITION"},
+    Parameter{.Name = "--after", .About = "add it after this item", .Value = "KEY|POSITION"},
+};
+constexpr std::array kRemoveParameters{Parameter{.Name = "PATH", .About = "the item", .IsRequired = true}};
+constexpr std::array kCallParameters{
+    Parameter{.Name = "PATH", .About = "the method", .IsRequired = true},
+    Parameter{.Name = "ARG", .About = "its arguments, up to five", .Most = int{automation::kMostParameters}},
+    Parameter{.Name = "--save", .About = "save what the object belongs to afterwards"},
+};
+
 }  // namespace
+
+constexpr Command kSetCommand{
+    .Name = "set",
+    .About = "Sets any property of the object model, and saves it.",
+    .Help = kSetHelp,
+    .Parameters = kSetParameters,
+    .Common = kWritingOptions,
+    .Run = RunOne<EditKind::Set>,
+};
+
+constexpr Command kAddCommand{
+    .Name = "add",
+    .About = "Adds a new item to a collection, and saves it.",
+    .Help = kAddHelp,
+    .Parameters = kAddParameters,
+    .Common = kWritingOptions,
+    .Run = RunOne<EditKind::Add>,
+};
+
+constexpr Command kRemoveCommand{
+    .Name = "remove",
+    .About = "Removes an item from a collection, and saves it.",
+    .Help = kRemoveHelp,
+    .Parameters = kRemoveParameters,
+    .Common = kWritingOptions,
+    .Run = RunOne<EditKind::Remove>,
+};
+
+constexpr Command kCallCommand{
+    .Name = "call",
+    .About = "Calls any method of the object model.",
+    .Help = kCallHelp,
+    .Parameters = kCallParameters,
+    .Common = kCallOptions,
+    .Run = RunOne<EditKind::Call>,
+};
 
 std::string SourceText(const std::string& name) {
   if (name == "-")
@@ -151,39 +168,32 @@ std::string SourceText(const std::string& name) {
 
 namespace {
 
-/// The command that the words are; a `Fault` where they are none.
-EditArguments ParseCommand(const std::vector<Word>& words) {
-  EditArguments arguments;
-  CLI::App app;
-  app.require_subcommand(1);
-  for (std::size_t kind = 0; kind < kEditCommands.size(); ++kind) {
-    CLI::App& command = *app.add_subcommand(kEditCommands[kind].Name);
-    command.set_help_flag();
-    if (words.front().Text != kEditCommands[kind].Name) continue;
-    arguments.Edit.Kind = static_cast<EditKind>(kind);
-    AddOptionsOf(command, arguments);
+/// The commands of a file, in the order of `EditKind`.
+constexpr std::array<const Command*, 4> kEditCommands{&kSetCommand, &kAddCommand, &kRemoveCommand,
+                                                      &kCallCommand};
+
+/// The change that the words are; a `Fault` where they are none.
+Edit ParseEdit(const std::vector<Word>& words) {
+  const std::string& name = words.front().Text;
+  const auto isNamed = [&](const Command* command) { return command->Name == name; };
+  const auto* const found = std::ranges::find_if(kEditCommands, isNamed);
+  if (found == kEditCommands.end()) {
+    std::vector<std::string> names;
+    names.reserve(kEditCommands.size());
+    for (const Command* command : kEditCommands) names.emplace_back(command->Name);
+    throw Fault::Unknown(ExitStatus::Usage, "command", name, "", names).At(name, 0);
   }
-  app.set_help_flag();
-  std::vector<std::string> reversed;
-  for (auto word = words.rbegin(); word != words.rend(); ++word) reversed.push_back(word->Text);
-  const auto isKnown = [&](const EditCommand& command) { return words.front().Text == command.Name; };
-  if (std::ranges::none_of(kEditCommands, isKnown)) {
-    throw Fault::Unknown(ExitStatus::Usage, "command", words.front().Text, "",
-                         {"set", "add", "remove", "call"})
-        .At(words.front().Text, 0);
-  }
-  try {
-    app.parse(reversed);
-  } catch (const CLI::ParseError& misuse) {
-    throw Fault(ExitStatus::Usage, misuse.what());
-  }
-  return arguments;
+  std::vector<std::string> texts;
+  texts.reserve(words.size());
+  for (const Word& word : words) texts.push_back(word.Text);
+  return EditOf(static_cast<EditKind>(found - kEditCommands.begin()), ReadWords(kEditCommands, texts).Given);
 }
 
-void Apply(const EditArguments& arguments, Reporter& reporter) {
-  const std::string text = SourceText(arguments.File);
-  CommandSource source{arguments.File == "-" ? "standard input" : arguments.File, text, {}};
-  const Configuration configuration(arguments.Folder, reporter);
+void Apply(const Arguments& arguments, Reporter& reporter) {
+  const std::string file = arguments.Text("FILE");
+  const std::string text = SourceText(file);
+  CommandSource source{file == "-" ? "standard input" : file, text, {}};
+  const Configuration configuration(arguments.Text("--config"), reporter);
   Overlay overlay;
   Model model(reporter);
   Editor editor(model);
@@ -192,9 +202,8 @@ void Apply(const EditArguments& arguments, Reporter& reporter) {
   WithFaults(reporter, source, [&] {
     WordReader reader(text);
     while (reader.Next(source.Command)) {
-      const EditArguments line = ParseCommand(source.Command);
       commands.push_back(source.Command);
-      Print(model, editor.Run(line.Whole()), arguments, reporter);
+      Print(model, editor.Run(ParseEdit(source.Command)), false, reporter);
     }
     source.Command.clear();
     try {
@@ -208,43 +217,21 @@ void Apply(const EditArguments& arguments, Reporter& reporter) {
   if (!isDone) return reporter.Note("nothing was written");
   if (overlay.IsEmpty())
     reporter.Note(std::to_string(commands.size()) + " commands, and nothing changes in what is saved");
-  Finish(configuration, overlay, arguments, reporter);
+  Finish(configuration, overlay, arguments.Has("--dry-run"), false, reporter);
 }
 
-CLI::App& AddWritingCommand(CLI::App& app, Reporter& reporter, const EditCommand& about,
-                            const std::shared_ptr<EditArguments>& arguments,
-                            void (*run)(const EditArguments&, Reporter&)) {
-  CLI::App& command = *app.add_subcommand(about.Name, about.About);
-  command.group("Commands");
-  command.footer(about.Help);
-  command.callback(
-      [arguments, run, &reporter] { WithFaults(reporter, {}, [&] { run(*arguments, reporter); }); });
-  return command;
-}
-
-void AddCommonOptions(CLI::App& command, EditArguments& arguments) {
-  command.add_flag("-n,--dry-run", arguments.IsTrial,
-                   "print the difference that would be written, write nothing");
-  AddConfigurationOption(command, arguments.Folder);
-}
+constexpr std::array kApplyParameters{
+    Parameter{.Name = "FILE", .About = "the commands; - for standard input", .IsRequired = true}};
 
 }  // namespace
 
-void AddEditCommands(CLI::App& app, Reporter& reporter) {
-  for (std::size_t kind = 0; kind < kEditCommands.size(); ++kind) {
-    const auto arguments = std::make_shared<EditArguments>();
-    arguments->Edit.Kind = static_cast<EditKind>(kind);
-    CLI::App& command = AddWritingCommand(app, reporter, kEditCommands[kind], arguments, RunOne);
-    AddOptionsOf(command, *arguments);
-    AddCommonOptions(command, *arguments);
-    if (arguments->Edit.Kind == EditKind::Call) AddJsonOption(command, arguments->IsJson);
-  }
-  const auto arguments = std::make_shared<EditArguments>();
-  CLI::App& apply = AddWritingCommand(
-      app, reporter, {"apply", "Runs a file of such commands, and writes all or nothing.", kApplyHelp},
-      arguments, Apply);
-  apply.add_option("FILE", arguments->File, "the commands; - for standard input")->required()->type_name("");
-  AddCommonOptions(apply, *arguments);
-}
+constexpr Command kApplyCommand{
+    .Name = "apply",
+    .About = "Runs a file of such commands, and writes all or nothing.",
+    .Help = kApplyHelp,
+    .Parameters = kApplyParameters,
+    .Common = kWritingOptions,
+    .Run = Apply,
+};
 
 }  // namespace lwconfig::tool

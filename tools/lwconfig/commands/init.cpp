@@ -1,9 +1,9 @@
+#include <array>
 #include <filesystem>
-#include <memory>
 #include <string>
 
-#include <CLI/CLI.hpp>
 #include <tools/lwconfig/commands/commands.h>
+#include <tools/lwconfig/commands/common_options.h>
 #include <tools/lwconfig/configuration.h>
 #include <tools/lwconfig/folder_copy.h>
 #include <tools/lwconfig/terminal.h>
@@ -16,12 +16,6 @@
 
 namespace lwconfig::tool {
 namespace {
-
-struct InitArguments {
-  std::string Folder;
-  bool IsReplacement = false;
-  bool IsJson = false;
-};
 
 constexpr const char* kFooter = R"(DIR must not exist, or be empty. While another configuration is registered,
 --replace is needed to register the new one in its place; the other one's files stay as they are.
@@ -36,16 +30,16 @@ bool IsUsable(const std::filesystem::path& folder) {
   return std::filesystem::is_directory(status) && std::filesystem::is_empty(folder);
 }
 
-void Run(const InitArguments& arguments, Reporter& reporter) {
+void Run(const Arguments& arguments, Reporter& reporter) {
   const std::string previous = ConfigPath();
-  if (!previous.empty() && !arguments.IsReplacement) {
+  if (!previous.empty() && !arguments.Has("--replace")) {
     return reporter.Fail(ExitStatus::Usage, "the configuration in " + NativePath(previous) +
                                                 " is registered; --replace registers another in its place");
   }
   const std::string starter = StarterFolder();
   if (starter.empty() || !std::filesystem::is_directory(starter))
     return reporter.Fail(ExitStatus::InputOutput, "there is no starter configuration to copy");
-  const std::string folder = platform::Host<platform::Files>().ProductPath(arguments.Folder);
+  const std::string folder = platform::Host<platform::Files>().ProductPath(arguments.Text("DIR"));
   const std::string hostFolder = NativePath(folder);
   if (!IsUsable(hostFolder))
     return reporter.Fail(ExitStatus::InputOutput, hostFolder + " is not an empty folder; nothing was copied");
@@ -55,7 +49,7 @@ void Run(const InitArguments& arguments, Reporter& reporter) {
                   [](const auto& relative) { return relative.filename().string().starts_with('.'); });
   RegistryAccess().SetValue(kLocalMachine, kProductKey, kFolderValue, folder, RegistryAccess::kTextType);
   copy.Keep();
-  if (arguments.IsJson) {
+  if (arguments.Has("--json")) {
     return WriteOutput(
         JsonText(
             {{"ConfigPath", folder}, {"PreviousConfigPath", previous}, {"FilesCopied", copy.FileCount()}}),
@@ -67,20 +61,20 @@ void Run(const InitArguments& arguments, Reporter& reporter) {
               reporter);
 }
 
+constexpr std::array kParameters{
+    Parameter{.Name = "DIR", .About = "the folder for the new configuration", .IsRequired = true},
+    Parameter{.Name = "--replace", .About = "register it in place of another configuration"},
+    kJsonOption,
+};
+
 }  // namespace
 
-void AddInitCommand(CLI::App& app, Reporter& reporter) {
-  const auto arguments = std::make_shared<InitArguments>();
-  CLI::App& init =
-      *app.add_subcommand("init", "Copies the starter configuration to a folder and registers it.");
-  init.group("Commands");
-  init.footer(kFooter);
-  init.add_option("DIR", arguments->Folder, "the folder for the new configuration")
-      ->required()
-      ->type_name("");
-  init.add_flag("--replace", arguments->IsReplacement, "register it in place of another configuration");
-  AddJsonOption(init, arguments->IsJson);
-  init.callback([arguments, &reporter] { Run(*arguments, reporter); });
-}
+constexpr Command kInitCommand{
+    .Name = "init",
+    .About = "Copies the starter configuration to a folder and registers it.",
+    .Help = kFooter,
+    .Parameters = kParameters,
+    .Run = Run,
+};
 
 }  // namespace lwconfig::tool

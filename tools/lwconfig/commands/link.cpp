@@ -1,8 +1,8 @@
-#include <memory>
+#include <array>
 #include <string>
 
-#include <CLI/CLI.hpp>
 #include <tools/lwconfig/commands/commands.h>
+#include <tools/lwconfig/commands/common_options.h>
 #include <tools/lwconfig/configuration.h>
 #include <tools/lwconfig/model/loaded.h>
 #include <tools/lwconfig/terminal.h>
@@ -10,16 +10,6 @@
 
 namespace lwconfig::tool {
 namespace {
-
-struct LinkArguments {
-  std::string Folder;
-  std::string Object;
-  std::string Member;
-  std::string Caption;
-  bool IsHelp2 = false;
-  bool IsUrl = false;
-  bool IsJson = false;
-};
 
 constexpr const char* kFooter = R"(OBJECT is a full name with its namespace, in its own letter case. The exit
 status is 1 where no source of external documentation covers it.
@@ -30,56 +20,64 @@ Examples:
   lwconfig link System.Windows.Forms.Button --url
 )";
 
-std::string CaptionOf(const LinkArguments& arguments) {
-  if (!arguments.Caption.empty()) return arguments.Caption;
-  return arguments.Member.empty() ? arguments.Object : arguments.Member;
+std::string CaptionOf(const Arguments& arguments) {
+  for (const char* name : {"--caption", "--member"}) {
+    if (const std::string text = arguments.Text(name); !text.empty()) return text;
+  }
+  return arguments.Text("OBJECT");
 }
 
-std::string LinkOf(ExternalDocs& sources, const LinkArguments& arguments) {
-  if (arguments.IsUrl) return sources.URL(arguments.Object);
+std::string LinkOf(ExternalDocs& sources, const Arguments& arguments) {
+  const std::string object = arguments.Text("OBJECT");
+  const std::string member = arguments.Text("--member");
+  if (arguments.Has("--url")) return sources.URL(object);
   const std::string caption = CaptionOf(arguments);
-  if (arguments.Member.empty()) return sources.Link(arguments.Object, caption, arguments.IsHelp2);
-  return sources.MemberLink(arguments.Object, arguments.Member, caption, arguments.IsHelp2);
+  const bool isHelp2 = arguments.Has("--help2");
+  if (member.empty()) return sources.Link(object, caption, isHelp2);
+  return sources.MemberLink(object, member, caption, isHelp2);
 }
 
-void Run(const LinkArguments& arguments, Reporter& reporter) {
-  Configuration configuration(arguments.Folder, reporter);
+void Run(const Arguments& arguments, Reporter& reporter) {
+  Configuration configuration(arguments.Text("--config"), reporter);
   configuration.RequireFolder();
   const auto sources = Loaded(reporter, [&] { return configuration.Root().ExternalDocs(); });
   const std::string link = LinkOf(*sources, arguments);
+  const std::string object = arguments.Text("OBJECT");
+  const bool isUrl = arguments.Has("--url");
   if (link.empty()) {
     return reporter.Fail(ExitStatus::NotFound,
                          std::string("no source of external documentation has ") +
-                             (arguments.IsUrl ? "an address" : "a link") + " for '" + arguments.Object +
+                             (isUrl ? "an address" : "a link") + " for '" + object +
                              "' ('lwconfig show externaldocs' lists the names that they cover)");
   }
-  if (!arguments.IsJson) return WriteOutput(link + "\n", reporter);
-  Json json{{"ObjectFullName", arguments.Object}};
-  if (!arguments.Member.empty()) json["MemberName"] = arguments.Member;
-  json[arguments.IsUrl ? "URL" : arguments.Member.empty() ? "Link" : "MemberLink"] = link;
+  if (!arguments.Has("--json")) return WriteOutput(link + "\n", reporter);
+  const std::string member = arguments.Text("--member");
+  Json json{{"ObjectFullName", object}};
+  if (!member.empty()) json["MemberName"] = member;
+  json[isUrl ? "URL" : member.empty() ? "Link" : "MemberLink"] = link;
   WriteOutput(JsonText(json), reporter);
 }
 
+constexpr std::array kParameters{
+    Parameter{.Name = "OBJECT", .About = "the class or other object", .IsRequired = true},
+    kConfigurationOption,
+    kJsonOption,
+    Parameter{.Name = "-u,--url",
+              .About = "the address alone, without markup",
+              .Excludes = "--member --caption --help2"},
+    Parameter{.Name = "-m,--member", .About = "link to this member of the object", .Value = "NAME"},
+    Parameter{.Name = "--caption", .About = "text of the link; else the member or object", .Value = "TEXT"},
+    Parameter{.Name = "--help2", .About = "the format for help 2 rather than that for help 1"},
+};
+
 }  // namespace
 
-void AddLinkCommand(CLI::App& app, Reporter& reporter) {
-  const auto arguments = std::make_shared<LinkArguments>();
-  CLI::App& link = *app.add_subcommand("link", "Prints a link into external documentation.");
-  link.group("Commands");
-  link.footer(kFooter);
-  link.add_option("OBJECT", arguments->Object, "the class or other object")->required()->type_name("");
-  AddConfigurationOption(link, arguments->Folder);
-  AddJsonOption(link, arguments->IsJson);
-  CLI::Option* url = link.add_flag("-u,--url", arguments->IsUrl, "the address alone, without markup");
-  link.add_option("-m,--member", arguments->Member, "link to this member of the object")
-      ->option_text("NAME")
-      ->excludes(url);
-  link.add_option("--caption", arguments->Caption, "text of the link; else the member or object")
-      ->option_text("TEXT")
-      ->excludes(url);
-  link.add_flag("--help2", arguments->IsHelp2, "the format for help 2 rather than that for help 1")
-      ->excludes(url);
-  link.callback([arguments, &reporter] { Run(*arguments, reporter); });
-}
+constexpr Command kLinkCommand{
+    .Name = "link",
+    .About = "Prints a link into external documentation.",
+    .Help = kFooter,
+    .Parameters = kParameters,
+    .Run = Run,
+};
 
 }  // namespace lwconfig::tool

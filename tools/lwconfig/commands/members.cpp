@@ -1,8 +1,8 @@
-#include <memory>
+#include <array>
 #include <string>
 
-#include <CLI/CLI.hpp>
 #include <tools/lwconfig/commands/commands.h>
+#include <tools/lwconfig/commands/common_options.h>
 #include <tools/lwconfig/configuration.h>
 #include <tools/lwconfig/members/listing.h>
 #include <tools/lwconfig/members/report.h>
@@ -11,12 +11,6 @@
 
 namespace lwconfig::tool {
 namespace {
-
-struct PathArguments {
-  std::string Folder;
-  std::string Path;
-  bool IsJson = false;
-};
 
 constexpr const char* kPathHelp = R"(A path begins with a member of the root and leads from member to member:
 
@@ -52,49 +46,48 @@ Examples:
   lwconfig ls 'PageTemplates[VBTechDoc].TOCDefinitions[1]'
 )";
 
-void Get(const PathArguments& arguments, Reporter& reporter) {
-  Configuration configuration(arguments.Folder, reporter);
+void Get(const Arguments& arguments, Reporter& reporter) {
+  Configuration configuration(arguments.Text("--config"), reporter);
   Model model(reporter);
-  const Place place = model.Follow(ParsePath(arguments.Path));
-  WriteOutput(
-      arguments.IsJson ? JsonText(GotJson(model, place)) : GotText(model, place, OutputStyle("auto", 0)),
-      reporter);
-}
-
-void List(const PathArguments& arguments, Reporter& reporter) {
-  Configuration configuration(arguments.Folder, reporter);
-  Model model(reporter);
-  const AnyObject object = model.FollowToObject(ParsePath(arguments.Path)).back();
-  WriteOutput(arguments.IsJson ? JsonText(ListedJson(model, object))
-                               : ListedText(model, object, OutputStyle("auto", 0)),
+  const Place place = model.Follow(ParsePath(arguments.Text("PATH")));
+  WriteOutput(arguments.Has("--json") ? JsonText(GotJson(model, place))
+                                      : GotText(model, place, OutputStyle("auto", 0)),
               reporter);
 }
 
-CLI::App& AddPathCommand(CLI::App& app, Reporter& reporter, const char* name, const char* about,
-                         const char* examples, bool isRequired,
-                         void (*run)(const PathArguments&, Reporter&)) {
-  const auto arguments = std::make_shared<PathArguments>();
-  CLI::App& command = *app.add_subcommand(name, about);
-  command.group("Commands");
-  command.footer(std::string(kPathHelp) + examples);
-  command.add_option("PATH", arguments->Path, "the member or item")->required(isRequired)->type_name("");
-  AddConfigurationOption(command, arguments->Folder);
-  AddJsonOption(command, arguments->IsJson);
-  command.callback(
-      [arguments, run, &reporter] { WithFaults(reporter, {}, [&] { run(*arguments, reporter); }); });
-  return command;
+void List(const Arguments& arguments, Reporter& reporter) {
+  Configuration configuration(arguments.Text("--config"), reporter);
+  Model model(reporter);
+  const AnyObject object = model.FollowToObject(ParsePath(arguments.Text("PATH"))).back();
+  WriteOutput(arguments.Has("--json") ? JsonText(ListedJson(model, object))
+                                      : ListedText(model, object, OutputStyle("auto", 0)),
+              reporter);
 }
+
+constexpr std::array kGetParameters{
+    Parameter{.Name = "PATH", .About = "the member or item", .IsRequired = true}};
+constexpr std::array kListParameters{Parameter{.Name = "PATH", .About = "the member or item"}};
 
 }  // namespace
 
-void AddGetCommand(CLI::App& app, Reporter& reporter) {
-  AddPathCommand(app, reporter, "get", "Prints the value of any member of the object model.", kGetExamples,
-                 true, Get);
-}
+constexpr Command kGetCommand{
+    .Name = "get",
+    .About = "Prints the value of any member of the object model.",
+    .Help = kPathHelp,
+    .MoreHelp = kGetExamples,
+    .Parameters = kGetParameters,
+    .Common = kReadingOptions,
+    .Run = Get,
+};
 
-void AddListCommand(CLI::App& app, Reporter& reporter) {
-  AddPathCommand(app, reporter, "ls", "Lists the members of an object, and the items of a collection.",
-                 kListExamples, false, List);
-}
+constexpr Command kListCommand{
+    .Name = "ls",
+    .About = "Lists the members of an object, and the items of a collection.",
+    .Help = kPathHelp,
+    .MoreHelp = kListExamples,
+    .Parameters = kListParameters,
+    .Common = kReadingOptions,
+    .Run = List,
+};
 
 }  // namespace lwconfig::tool

@@ -1,8 +1,8 @@
-#include <memory>
+#include <array>
 #include <string>
 
-#include <CLI/CLI.hpp>
 #include <tools/lwconfig/commands/commands.h>
+#include <tools/lwconfig/commands/common_options.h>
 #include <tools/lwconfig/configuration.h>
 #include <tools/lwconfig/members/edit.h>
 #include <tools/lwconfig/members/report.h>
@@ -11,19 +11,10 @@
 #include <tools/lwconfig/view/json.h>
 #include <tools/lwconfig/view/table.h>
 
-#include <lwconfig/core/application_values.h>
 #include <lwconfig/platform/letter_case.h>
 
 namespace lwconfig::tool {
 namespace {
-
-struct OptionsArguments {
-  std::string Folder;
-  std::string Name;
-  std::string Value;
-  bool IsJson = false;
-  StyleOptions Style;
-};
 
 constexpr const char* kFooter =
     R"(NAME is the set and the property, letter case ignored: VBOptions.WrapCharacters. A value is True or False
@@ -50,8 +41,8 @@ std::optional<UserOption> FindOption(Root& root, const std::string& name, Report
   return std::nullopt;
 }
 
-void List(const OptionsArguments& arguments, Reporter& reporter) {
-  Configuration configuration(arguments.Folder, reporter);
+void List(const Arguments& arguments, Reporter& reporter) {
+  Configuration configuration(arguments.Text("--config"), reporter);
   Table table({"OPTION", "SECTION", "TYPE", "DEFAULT", "STORED", "VALUE"});
   Json json = Json::array();
   for (const UserOption& option : UserOptions(configuration.Root())) {
@@ -64,62 +55,62 @@ void List(const OptionsArguments& arguments, Reporter& reporter) {
                {state.Stored.empty() ? "" : "\"" + state.Stored + "\"", Tone::Condition},
                {state.Shown()}});
   }
-  WriteOutput(arguments.IsJson ? JsonText(json) : table.Text(arguments.Style.Style()), reporter);
+  WriteOutput(arguments.Has("--json") ? JsonText(json) : table.Text(StyleOf(arguments)), reporter);
 }
 
-void Get(const OptionsArguments& arguments, Reporter& reporter) {
-  Configuration configuration(arguments.Folder, reporter);
-  const auto option = FindOption(configuration.Root(), arguments.Name, reporter);
+void Get(const Arguments& arguments, Reporter& reporter) {
+  Configuration configuration(arguments.Text("--config"), reporter);
+  const auto option = FindOption(configuration.Root(), arguments.Text("NAME"), reporter);
   if (!option) return;
   const OptionState state(*option, reporter);
-  if (arguments.IsJson) return WriteOutput(JsonText(state.ToJson()), reporter);
+  if (arguments.Has("--json")) return WriteOutput(JsonText(state.ToJson()), reporter);
   if (state.Value) WriteOutput(state.Plain() + "\n", reporter);
 }
 
-void Set(const OptionsArguments& arguments, Reporter& reporter) {
+void Set(const Arguments& arguments, Reporter& reporter) {
   // The options are the user's, whatever configuration is registered.
   Root root;
-  const auto option = FindOption(root, arguments.Name, reporter);
+  const auto option = FindOption(root, arguments.Text("NAME"), reporter);
   if (!option) return;
+  // The one way in which values are read and written: that of 'lwconfig set'.
   WithFaults(reporter, {}, [&] {
     Model model(reporter);
     Editor editor(model);
-    editor.Run({EditKind::Set, option->Name(), {arguments.Value}});
+    editor.Run({EditKind::Set, option->Name(), {arguments.Text("VALUE")}});
     editor.Save();
   });
   if (reporter.Status() != ExitStatus::Done) return;
   const OptionState state(*option, reporter);
-  WriteOutput(arguments.IsJson ? JsonText(state.ToJson()) : option->Name() + " = " + state.Shown() + "\n",
-              reporter);
+  WriteOutput(
+      arguments.Has("--json") ? JsonText(state.ToJson()) : option->Name() + " = " + state.Shown() + "\n",
+      reporter);
 }
+
+constexpr Parameter kName{.Name = "NAME", .About = "the option", .IsRequired = true};
+constexpr std::array kGetParameters{kName};
+constexpr std::array kSetParameters{kName,
+                                    Parameter{.Name = "VALUE", .About = "its new value", .IsRequired = true}};
+
+constexpr Command kList{
+    .Name = "list",
+    .About = "Every option with its section, type, default and value; done when no action is given.",
+    .Run = List,
+};
+constexpr Command kGet{
+    .Name = "get", .About = "Prints the value of one option.", .Parameters = kGetParameters, .Run = Get};
+constexpr Command kSet{
+    .Name = "set", .About = "Stores the value of one option.", .Parameters = kSetParameters, .Run = Set};
+constexpr std::array kActions{&kList, &kGet, &kSet};
 
 }  // namespace
 
-void AddOptionsCommand(CLI::App& app, Reporter& reporter) {
-  const auto arguments = std::make_shared<OptionsArguments>();
-  CLI::App& options = *app.add_subcommand("options", "Lists, reads and sets the user's options.");
-  options.group("Commands");
-  options.footer(kFooter);
-  options.require_subcommand(0, 1);
-  AddConfigurationOption(options, arguments->Folder);
-  AddJsonOption(options, arguments->IsJson);
-  AddStyleOptions(options, arguments->Style);
-  const auto add = [&](const char* name, const char* about, auto run) -> CLI::App& {
-    CLI::App& action = *options.add_subcommand(name, about);
-    action.footer(kFooter);
-    action.fallthrough();
-    action.callback([arguments, &reporter, run] { run(*arguments, reporter); });
-    return action;
-  };
-  add("list", "Every option with its section, type, default and value; done when no action is given.", List);
-  CLI::App& get = add("get", "Prints the value of one option.", Get);
-  get.add_option("NAME", arguments->Name, "the option")->required()->type_name("");
-  CLI::App& set = add("set", "Stores the value of one option.", Set);
-  set.add_option("NAME", arguments->Name, "the option")->required()->type_name("");
-  set.add_option("VALUE", arguments->Value, "its new value")->required()->type_name("");
-  options.callback([arguments, &options, &reporter] {
-    if (options.get_subcommands().empty()) List(*arguments, reporter);
-  });
-}
+constexpr Command kOptionsCommand{
+    .Name = "options",
+    .About = "Lists, reads and sets the user's options.",
+    .Help = kFooter,
+    .Common = kShowingOptions,
+    .Actions = kActions,
+    .Run = List,
+};
 
 }  // namespace lwconfig::tool

@@ -1,10 +1,10 @@
-#include <memory>
+#include <array>
 #include <optional>
 #include <string>
 #include <vector>
 
-#include <CLI/CLI.hpp>
 #include <tools/lwconfig/commands/commands.h>
+#include <tools/lwconfig/commands/common_options.h>
 #include <tools/lwconfig/model/registry_data.h>
 #include <tools/lwconfig/terminal.h>
 #include <tools/lwconfig/view/table.h>
@@ -21,17 +21,6 @@ using platform::Hive;
 using platform::RegistryChange;
 using platform::RegistryPath;
 using Kinds = RegistryChange::Kinds;
-
-struct RegistryArguments {
-  std::string Key;
-  std::string Value;
-  std::vector<std::string> Data;
-  std::string Type;
-  std::string File;
-  bool IsUtf16 = false;
-  bool IsJson = false;
-  StyleOptions Style;
-};
 
 constexpr const char* kFooter =
     R"(KEY is written in full, letter case ignored: HKEY_CURRENT_USER\Software\..., HKCU\Software\... or, to need no
@@ -137,8 +126,9 @@ Json ToJson(const RegistryChange& value) {
           {"Data", RegistryDataJson(value.Value)}};
 }
 
-void List(const RegistryArguments& arguments, Reporter& reporter) {
-  const auto all = Collected(arguments.Key, reporter);
+/// An empty key stands for the product's keys.
+void List(const std::string& key, const Arguments& arguments, Reporter& reporter) {
+  const auto all = Collected(key, reporter);
   if (!all) return;
   if (all->empty()) reporter.Note("the registry holds nothing of the product yet");
   Table table({"KEY", "VALUE", "TYPE", "DATA"});
@@ -151,54 +141,59 @@ void List(const RegistryArguments& arguments, Reporter& reporter) {
                {RegistryTypeName(change.Value.Type), Tone::Quiet},
                {RegistryDataText(change.Value)}});
   }
-  if (arguments.IsJson) return WriteOutput(JsonText(json), reporter);
-  if (!json.empty()) WriteOutput(table.Text(arguments.Style.Style()), reporter);
+  if (arguments.Has("--json")) return WriteOutput(JsonText(json), reporter);
+  if (!json.empty()) WriteOutput(table.Text(StyleOf(arguments)), reporter);
 }
 
 /// The value of the command line; nothing, and reported, where there is no such value.
-std::optional<RegistryChange> Stored(const RegistryArguments& arguments, Reporter& reporter) {
-  const auto path = PathOf(arguments.Key, reporter);
+std::optional<RegistryChange> Stored(const Arguments& arguments, Reporter& reporter) {
+  const auto path = PathOf(arguments.Text("KEY"), reporter);
   if (!path) return std::nullopt;
-  auto value = RegistryAccess().Stored(Number(path->Root), path->Key, arguments.Value);
-  if (value) return RegistryChange{Kinds::Value, path->Root, path->Key, arguments.Value, std::move(*value)};
+  const std::string name = arguments.Text("VALUE");
+  auto value = RegistryAccess().Stored(Number(path->Root), path->Key, name);
+  if (value) return RegistryChange{Kinds::Value, path->Root, path->Key, name, std::move(*value)};
   const auto key = KeyAt(*path, reporter);
   if (!key) return std::nullopt;
   std::vector<std::string> names;
-  for (const auto& [name, data] : key->Values) names.push_back(name);
-  reporter.FailUnknown(ExitStatus::NotFound, arguments.Value.empty() ? "(default)" : arguments.Value, names);
+  for (const auto& [existing, data] : key->Values) names.push_back(existing);
+  reporter.FailUnknown(ExitStatus::NotFound, name.empty() ? "(default)" : name, names);
   return std::nullopt;
 }
 
-void Get(const RegistryArguments& arguments, Reporter& reporter) {
+void Get(const Arguments& arguments, Reporter& reporter) {
   const auto value = Stored(arguments, reporter);
   if (!value) return;
-  WriteOutput(arguments.IsJson ? JsonText(ToJson(*value)) : RegistryDataText(value->Value) + "\n", reporter);
+  WriteOutput(arguments.Has("--json") ? JsonText(ToJson(*value)) : RegistryDataText(value->Value) + "\n",
+              reporter);
 }
 
-void Set(const RegistryArguments& arguments, Reporter& reporter) {
+void Set(const Arguments& arguments, Reporter& reporter) {
   const RegistryAccess registry;
-  const auto path = PathOf(arguments.Key, reporter);
+  const auto path = PathOf(arguments.Text("KEY"), reporter);
   if (!path) return;
   constexpr std::uint32_t kText = 1;
-  const auto old = registry.Stored(Number(path->Root), path->Key, arguments.Value);
-  const auto type = !arguments.Type.empty() ? RegistryTypeOf(arguments.Type)
-                    : old                   ? std::optional(old->Type)
-                                            : std::optional(kText);
-  if (!type) return reporter.FailUnknown(ExitStatus::Usage, arguments.Type, RegistryTypeNames());
-  const auto value = RegistryValueOf(*type, arguments.Data);
+  const std::string name = arguments.Text("VALUE");
+  const std::string typeName = arguments.Text("--type");
+  const auto old = registry.Stored(Number(path->Root), path->Key, name);
+  const auto type = !typeName.empty() ? RegistryTypeOf(typeName)
+                    : old             ? std::optional(old->Type)
+                                      : std::optional(kText);
+  if (!type) return reporter.FailUnknown(ExitStatus::Usage, typeName, RegistryTypeNames());
+  const auto& data = arguments.Texts("DATA");
+  const auto value = RegistryValueOf(*type, data);
   if (!value) {
-    return reporter.Fail(
-        ExitStatus::Usage,
-        (arguments.Data.size() == 1 ? "'" + arguments.Data.front() + "' is" : "several texts are") +
-            " no value of the type " + RegistryTypeName(*type) + " (--help tells what there is)");
+    return reporter.Fail(ExitStatus::Usage,
+                         (data.size() == 1 ? "'" + data.front() + "' is" : "several texts are") +
+                             " no value of the type " + RegistryTypeName(*type) +
+                             " (--help tells what there is)");
   }
-  registry.Apply({{Kinds::Value, path->Root, path->Key, arguments.Value, *value}});
+  registry.Apply({{Kinds::Value, path->Root, path->Key, name, *value}});
 }
 
-void Delete(const RegistryArguments& arguments, bool isValue, Reporter& reporter) {
-  const auto path = PathOf(arguments.Key, reporter);
+void Delete(const Arguments& arguments, Reporter& reporter) {
+  const auto path = PathOf(arguments.Text("KEY"), reporter);
   if (!path) return;
-  if (isValue) {
+  if (arguments.Has("VALUE")) {
     if (auto value = Stored(arguments, reporter)) {
       value->Kind = Kinds::DeletedValue;
       RegistryAccess().Apply({*value});
@@ -213,9 +208,10 @@ std::string Counted(std::size_t count, const char* noun) {
   return std::to_string(count) + " " + noun + (count == 1 ? "" : "s");
 }
 
-void Import(const RegistryArguments& arguments, Reporter& reporter) {
+void Import(const Arguments& arguments, Reporter& reporter) {
   const RegistryAccess registry;
-  const auto changes = registry.ReadFile(platform::Host<platform::Files>().ProductPath(arguments.File));
+  const auto changes =
+      registry.ReadFile(platform::Host<platform::Files>().ProductPath(arguments.Text("FILE")));
   registry.Apply(changes);
   std::size_t values = 0;
   std::size_t deletions = 0;
@@ -240,88 +236,88 @@ void WriteFile(const std::string& hostPath, const std::string& bytes) {
   }
 }
 
-void Export(RegistryArguments arguments, Reporter& reporter) {
+void Export(const Arguments& arguments, Reporter& reporter) {
+  std::string key = arguments.Text("KEY");
+  std::string file = arguments.Text("FILE");
   // One argument that names no key is the file.
-  if (arguments.File.empty() && !platform::ParseRegistryPath(arguments.Key))
-    arguments.Key.swap(arguments.File);
-  const auto all = Collected(arguments.Key, reporter);
+  if (file.empty() && !platform::ParseRegistryPath(key)) key.swap(file);
+  const auto all = Collected(key, reporter);
   if (!all) return;
-  const std::string bytes = platform::WriteRegistryText(
-      *all, arguments.IsUtf16 ? platform::RegistryEncoding::Utf16 : platform::RegistryEncoding::Utf8);
-  if (arguments.File.empty()) return WriteOutput(bytes, reporter);
-  WriteFile(arguments.File, bytes);
+  const auto encoding =
+      arguments.Has("--utf16") ? platform::RegistryEncoding::Utf16 : platform::RegistryEncoding::Utf8;
+  const std::string bytes = platform::WriteRegistryText(*all, encoding);
+  if (file.empty()) return WriteOutput(bytes, reporter);
+  WriteFile(file, bytes);
 }
 
-/// The `registry` command with its actions.
-class RegistryCommand {
- public:
-  RegistryCommand(CLI::App& app, Reporter& reporter)
-      : mCommand(*app.add_subcommand("registry", "Lists, reads and changes the registry.")),
-        mReporter(reporter) {
-    mCommand.group("Commands");
-    mCommand.footer(kFooter);
-    mCommand.require_subcommand(0, 1);
-    AddJsonOption(mCommand, mArguments->IsJson);
-    AddStyleOptions(mCommand, mArguments->Style);
-  }
+constexpr Parameter kKey{.Name = "KEY", .About = "the key"};
+constexpr Parameter kRequiredKey{.Name = "KEY", .About = "the key", .IsRequired = true};
+constexpr Parameter kValue{.Name = "VALUE", .About = "the name of the value"};
 
-  void AddActions() {
-    AddKey(Action("list", "Every value of a key; done when no action is given.", List));
-    CLI::App& get = Action("get", "Prints the data of one value.", Get);
-    AddKey(get)->required();
-    AddValue(get);
-    CLI::App& set = Action("set", "Stores one value.", Set);
-    AddKey(set)->required();
-    AddValue(set)->required();
-    set.add_option("DATA", mArguments->Data, "its new data")->required()->type_name("");
-    set.add_option("--type", mArguments->Type, "sz, expand, dword, qword, binary or multi")
-        ->option_text("TYPE");
-    CLI::App& remove = *mCommand.add_subcommand("delete", "Deletes a value, or a key and everything in it.");
-    Prepare(remove);
-    AddKey(remove)->required();
-    const CLI::Option* value = AddValue(remove);
-    remove.callback([arguments = mArguments, value, &reporter = mReporter] {
-      Delete(*arguments, value->count() > 0, reporter);
-    });
-    CLI::App& import = Action("import", "Makes the changes that a registry-editor file asks for.", Import);
-    import.add_option("FILE", mArguments->File, "the file")->required()->type_name("");
-    CLI::App& exported = Action("export", "Writes a registry-editor file that import reads back.", Export);
-    AddKey(exported);
-    exported.add_option("FILE", mArguments->File, "the file; standard output when left out")->type_name("");
-    exported.add_flag("--utf16", mArguments->IsUtf16, "write UTF-16, as Windows does, instead of UTF-8");
-    mCommand.callback([command = &mCommand, arguments = mArguments, &reporter = mReporter] {
-      if (command->get_subcommands().empty()) List(*arguments, reporter);
-    });
-  }
-
- private:
-  static void Prepare(CLI::App& action) {
-    action.footer(kFooter);
-    action.fallthrough();
-  }
-  template <class Run>
-  CLI::App& Action(const char* name, const char* about, Run run) {
-    CLI::App& action = *mCommand.add_subcommand(name, about);
-    Prepare(action);
-    action.callback([arguments = mArguments, run, &reporter = mReporter] { run(*arguments, reporter); });
-    return action;
-  }
-  CLI::Option* AddKey(CLI::App& action) {
-    return action.add_option("KEY", mArguments->Key, "the key")->type_name("");
-  }
-  CLI::Option* AddValue(CLI::App& action) {
-    return action.add_option("VALUE", mArguments->Value, "the name of the value")->type_name("");
-  }
-
-  CLI::App& mCommand;
-  Reporter& mReporter;
-  std::shared_ptr<RegistryArguments> mArguments = std::make_shared<RegistryArguments>();
+constexpr std::array kListParameters{kKey};
+constexpr std::array kValueParameters{kRequiredKey, kValue};
+constexpr std::array kSetParameters{
+    kRequiredKey,
+    Parameter{.Name = "VALUE", .About = "the name of the value", .IsRequired = true},
+    Parameter{.Name = "DATA", .About = "its new data", .IsRequired = true, .Most = kAnyNumber},
+    Parameter{.Name = "--type", .About = "sz, expand, dword, qword, binary or multi", .Value = "TYPE"},
 };
+constexpr std::array kImportParameters{Parameter{.Name = "FILE", .About = "the file", .IsRequired = true}};
+constexpr std::array kExportParameters{
+    kKey,
+    Parameter{.Name = "FILE", .About = "the file; standard output when left out"},
+    Parameter{.Name = "--utf16", .About = "write UTF-16, as Windows does, instead of UTF-8"},
+};
+constexpr std::array kOptions{kJsonOption, kColourOption, kWidthOption};
+
+constexpr Command kList{
+    .Name = "list",
+    .About = "Every value of a key; done when no action is given.",
+    .Parameters = kListParameters,
+    .Run = [](const Arguments& arguments,
+              Reporter& reporter) { List(arguments.Text("KEY"), arguments, reporter); },
+};
+constexpr Command kGet{
+    .Name = "get",
+    .About = "Prints the data of one value.",
+    .Parameters = kValueParameters,
+    .Run = Get,
+};
+constexpr Command kSet{
+    .Name = "set",
+    .About = "Stores one value.",
+    .Parameters = kSetParameters,
+    .Run = Set,
+};
+constexpr Command kDelete{
+    .Name = "delete",
+    .About = "Deletes a value, or a key and everything in it.",
+    .Parameters = kValueParameters,
+    .Run = Delete,
+};
+constexpr Command kImport{
+    .Name = "import",
+    .About = "Makes the changes that a registry-editor file asks for.",
+    .Parameters = kImportParameters,
+    .Run = Import,
+};
+constexpr Command kExport{
+    .Name = "export",
+    .About = "Writes a registry-editor file that import reads back.",
+    .Parameters = kExportParameters,
+    .Run = Export,
+};
+constexpr std::array kActions{&kList, &kGet, &kSet, &kDelete, &kImport, &kExport};
 
 }  // namespace
 
-void AddRegistryCommand(CLI::App& app, Reporter& reporter) {
-  RegistryCommand(app, reporter).AddActions();
-}
+constexpr Command kRegistryCommand{
+    .Name = "registry",
+    .About = "Lists, reads and changes the registry.",
+    .Help = kFooter,
+    .Common = kOptions,
+    .Actions = kActions,
+    .Run = [](const Arguments& arguments, Reporter& reporter) { List("", arguments, reporter); },
+};
 
 }  // namespace lwconfig::tool

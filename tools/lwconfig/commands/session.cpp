@@ -1,7 +1,6 @@
-#include <memory>
+#include <array>
 #include <string>
 
-#include <CLI/CLI.hpp>
 #include <tools/lwconfig/commands/commands.h>
 #include <tools/lwconfig/members/report.h>
 #include <tools/lwconfig/members/session.h>
@@ -10,7 +9,8 @@
 namespace lwconfig::tool {
 namespace {
 
-void Run(const std::string& file, Reporter& reporter) {
+void Run(const Arguments& arguments, Reporter& reporter) {
+  const std::string file = arguments.Text("FILE");
   const std::string text = SourceText(file);
   CommandSource source{file, text, {}};
   Model model(reporter);
@@ -25,15 +25,17 @@ void Run(const std::string& file, Reporter& reporter) {
   });
 }
 
+constexpr std::array kParameters{
+    Parameter{.Name = "FILE", .About = "the commands; - for standard input", .IsRequired = true}};
+
 }  // namespace
 
-void AddSessionCommand(CLI::App& app, Reporter& reporter) {
-  const auto file = std::make_shared<std::string>();
-  CLI::App& command =
-      *app.add_subcommand("session", "Runs commands on objects of their own, and tells of each.");
-  command.group("");
-  command.add_option("FILE", *file, "the commands; - for standard input")->required()->type_name("");
-  command.callback([file, &reporter] { Run(*file, reporter); });
-}
+constexpr Command kSessionCommand{
+    .Name = "session",
+    .About = "Runs commands on objects of their own, and tells of each.",
+    .Parameters = kParameters,
+    .Run = Run,
+    .IsHidden = true,
+};
 
 }  // namespace lwconfig::tool

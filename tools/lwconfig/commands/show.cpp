@@ -1,9 +1,9 @@
-#include <memory>
+#include <array>
 #include <string>
 #include <variant>
 
-#include <CLI/CLI.hpp>
 #include <tools/lwconfig/commands/commands.h>
+#include <tools/lwconfig/commands/common_options.h>
 #include <tools/lwconfig/configuration.h>
 #include <tools/lwconfig/model/sections.h>
 #include <tools/lwconfig/terminal.h>
@@ -12,13 +12,6 @@
 
 namespace lwconfig::tool {
 namespace {
-
-struct ShowOptions {
-  std::string What;
-  std::string Folder;
-  bool IsJson = false;
-  StyleOptions Style;
-};
 
 constexpr const char* kFooter =
     R"(WHAT names a part of the configuration, one level after the other, letter case ignored:
@@ -78,45 +71,35 @@ std::vector<std::string> SectionNames() {
   return names;
 }
 
-void Show(const ShowOptions& options, Reporter& reporter) {
-  const Section* only = SectionOf(options.What);
-  if (only == nullptr && !options.What.empty())
-    return reporter.FailUnknown(ExitStatus::NotFound, options.What.substr(0, options.What.find('/')),
-                                SectionNames());
+void Show(const Arguments& arguments, Reporter& reporter) {
+  const std::string what = arguments.Text("WHAT");
+  const Section* only = SectionOf(what);
+  if (only == nullptr && !what.empty())
+    return reporter.FailUnknown(ExitStatus::NotFound, what.substr(0, what.find('/')), SectionNames());
 
-  Configuration configuration(options.Folder, reporter);
+  Configuration configuration(arguments.Text("--config"), reporter);
   if (only == nullptr || only->IsInFiles) configuration.RequireFolder();
-  const Found found = FollowPath(DescribeConfiguration(configuration.Root(), only, reporter), options.What);
+  const Found found = FollowPath(DescribeConfiguration(configuration.Root(), only, reporter), what);
   if (found.Targets.empty()) {
     return reporter.FailUnknown(ExitStatus::NotFound, found.Unknown, found.Existing, found.OtherNames);
   }
   const Sink output = OutputSink(reporter);
-  if (options.IsJson) return WriteJson(found.Targets, output);
-  Draw(only != nullptr ? found.Targets : SectionsOf(found.Targets), options.Style.Style(), output);
+  if (arguments.Has("--json")) return WriteJson(found.Targets, output);
+  Draw(only != nullptr ? found.Targets : SectionsOf(found.Targets), StyleOf(arguments), output);
 }
+
+constexpr std::array kParameters{
+    Parameter{.Name = "WHAT", .About = "the part to show; everything when left out"}};
 
 }  // namespace
 
-void AddConfigurationOption(CLI::App& command, std::string& folder) {
-  command.add_option("-c,--config", folder, "configuration folder to use instead of the registered one")
-      ->type_name("DIR")
-      ->check([](const std::string& given) { return given.empty() ? "DIR is empty" : std::string(); });
-}
-
-void AddJsonOption(CLI::App& command, bool& isJson) {
-  command.add_flag("-j,--json", isJson, "print JSON, with the published property names");
-}
-
-void AddShowCommand(CLI::App& app, Reporter& reporter) {
-  const auto options = std::make_shared<ShowOptions>();
-  CLI::App& show = *app.add_subcommand("show", "Shows the configuration, or a part of it, as a tree.");
-  show.group("Commands");
-  show.footer(kFooter);
-  show.add_option("WHAT", options->What, "the part to show; everything when left out")->type_name("");
-  AddConfigurationOption(show, options->Folder);
-  AddJsonOption(show, options->IsJson);
-  AddStyleOptions(show, options->Style);
-  show.callback([options, &reporter] { Show(*options, reporter); });
-}
+constexpr Command kShowCommand{
+    .Name = "show",
+    .About = "Shows the configuration, or a part of it, as a tree.",
+    .Help = kFooter,
+    .Parameters = kParameters,
+    .Common = kShowingOptions,
+    .Run = Show,
+};
 
 }  // namespace lwconfig::tool

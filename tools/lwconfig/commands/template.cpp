@@ -1,11 +1,11 @@
 #include <algorithm>
+#include <array>
 #include <filesystem>
-#include <memory>
 #include <string>
 #include <vector>
 
-#include <CLI/CLI.hpp>
 #include <tools/lwconfig/commands/commands.h>
+#include <tools/lwconfig/commands/common_options.h>
 #include <tools/lwconfig/configuration.h>
 #include <tools/lwconfig/folder_copy.h>
 #include <tools/lwconfig/model/describe.h>
@@ -21,17 +21,6 @@
 
 namespace lwconfig::tool {
 namespace {
-
-struct TemplateArguments {
-  std::string Folder;
-  std::string Name;
-  std::string NewName;
-  std::string NewFolder;
-  std::string Profile;
-  std::string Supports;
-  bool IsJson = false;
-  StyleOptions Style;
-};
 
 constexpr const char* kFooter =
     R"(NAME is the name of a template or of its folder. A clone gets a folder of its own beside that of the
@@ -54,8 +43,8 @@ Json ToJson(const PageTemplate& pageTemplate) {
           {"SupportedItemTypes", texts(*pageTemplate.SupportedItemTypes)}};
 }
 
-void List(const TemplateArguments& arguments, Reporter& reporter) {
-  Configuration configuration(arguments.Folder, reporter);
+void List(const Arguments& arguments, Reporter& reporter) {
+  Configuration configuration(arguments.Text("--config"), reporter);
   configuration.RequireFolder();
   Table table({"NAME", "FOLDER", "PROFILES", "ITEM TYPES"});
   Json json = Json::array();
@@ -66,13 +55,11 @@ void List(const TemplateArguments& arguments, Reporter& reporter) {
                {StringTools::JoinCollection(*pageTemplate->NamespaceProfileNames(), ", ")},
                {StringTools::JoinCollection(*pageTemplate->SupportedItemTypes, ", ")}});
   }
-  WriteOutput(arguments.IsJson ? JsonText(json) : table.Text(arguments.Style.Style()), reporter);
+  WriteOutput(arguments.Has("--json") ? JsonText(json) : table.Text(StyleOf(arguments)), reporter);
 }
 
 /// The folder for a clone, in the product's notation; empty, which is reported, where there cannot be one.
-std::string FolderOfClone(const PageTemplate& original, const TemplateArguments& arguments,
-                          Reporter& reporter) {
-  const std::string& name = arguments.NewFolder.empty() ? arguments.NewName : arguments.NewFolder;
+std::string FolderOfClone(const PageTemplate& original, const std::string& name, Reporter& reporter) {
   try {
     CheckBaseName(name);
   } catch (const Error&) {
@@ -87,24 +74,25 @@ std::string FolderOfClone(const PageTemplate& original, const TemplateArguments&
   return {};
 }
 
-void Clone(const TemplateArguments& arguments, Reporter& reporter) {
-  Configuration configuration(arguments.Folder, reporter, Unregistered::Refuse);
+void Clone(const Arguments& arguments, Reporter& reporter) {
+  Configuration configuration(arguments.Text("--config"), reporter, Unregistered::Refuse);
   configuration.RequireFolder();
   const auto templates = LoadedTemplates(configuration.Root(), reporter);
-  const auto original = FindTemplate(*templates, arguments.Name, reporter);
+  const auto original = FindTemplate(*templates, arguments.Text("NAME"), reporter);
   if (!original) return;
   if (reporter.Status() != ExitStatus::Done) {
     // A template that was not read may have the new name; one that was read in part would be cut short.
     return reporter.Fail(reporter.Status(),
                          "the templates are not all as they should be; nothing was copied");
   }
-  if (arguments.NewName.empty())
-    return reporter.Fail(ExitStatus::Usage, "a template needs a name; nothing was copied");
-  if (templates->Item(arguments.NewName)) {
+  const std::string newName = arguments.Text("NEWNAME");
+  if (newName.empty()) return reporter.Fail(ExitStatus::Usage, "a template needs a name; nothing was copied");
+  if (templates->Item(newName)) {
     return reporter.Fail(ExitStatus::Usage,
-                         "there is a template '" + arguments.NewName + "' already; nothing was copied");
+                         "there is a template '" + newName + "' already; nothing was copied");
   }
-  const std::string folder = FolderOfClone(*original, arguments, reporter);
+  const std::string newFolder = arguments.Text("FOLDER");
+  const std::string folder = FolderOfClone(*original, newFolder.empty() ? newName : newFolder, reporter);
   if (folder.empty()) return;
 
   // The settings are saved below; the backup is of the original's.
@@ -113,25 +101,26 @@ void Clone(const TemplateArguments& arguments, Reporter& reporter) {
     return EqualIgnoringCase(name, "config.xml") || EqualIgnoringCase(name, "config.xml.bak");
   });
   const auto clone = original->Clone();
-  clone->Name = arguments.NewName;
+  clone->Name = newName;
   clone->RootFolder = folder + "\\";
   templates->SaveTemplate(clone);
   copy.Keep();
-  if (arguments.IsJson) return WriteOutput(JsonText(ToJson(*clone)), reporter);
+  if (arguments.Has("--json")) return WriteOutput(JsonText(ToJson(*clone)), reporter);
   WriteOutput(
       "copied template '" + original->Name + "' to '" + clone->Name + "' in " + NativePath(folder) + "\n",
       reporter);
 }
 
-void ShowDefault(const TemplateArguments& arguments, Reporter& reporter) {
-  Configuration configuration(arguments.Folder, reporter);
+void ShowDefault(const Arguments& arguments, Reporter& reporter) {
+  Configuration configuration(arguments.Text("--config"), reporter);
   configuration.RequireFolder();
+  const std::string wanted = arguments.Text("PROFILE");
+  const std::string type = arguments.Text("--supports");
   const auto templates = LoadedTemplates(configuration.Root(), reporter);
-  if (const auto found = configuration.Root().GetDefaultTemplate(arguments.Profile, arguments.Supports))
-    return WriteOutput(arguments.IsJson ? JsonText(ToJson(*found)) : found->Name + "\n", reporter);
-  if (configuration.Root().GetDefaultTemplate(arguments.Profile)) {
-    return reporter.Fail(ExitStatus::NotFound,
-                         "no template for '" + arguments.Profile + "' supports '" + arguments.Supports + "'");
+  if (const auto found = configuration.Root().GetDefaultTemplate(wanted, type))
+    return WriteOutput(arguments.Has("--json") ? JsonText(ToJson(*found)) : found->Name + "\n", reporter);
+  if (configuration.Root().GetDefaultTemplate(wanted)) {
+    return reporter.Fail(ExitStatus::NotFound, "no template for '" + wanted + "' supports '" + type + "'");
   }
   std::vector<std::string> profiles;
   for (const auto& pageTemplate : *templates) {
@@ -139,39 +128,47 @@ void ShowDefault(const TemplateArguments& arguments, Reporter& reporter) {
       if (std::find(profiles.begin(), profiles.end(), profile) == profiles.end()) profiles.push_back(profile);
     }
   }
-  reporter.FailUnknown(ExitStatus::NotFound, arguments.Profile, profiles);
+  reporter.FailUnknown(ExitStatus::NotFound, wanted, profiles);
 }
+
+constexpr std::array kCloneParameters{
+    Parameter{.Name = "NAME", .About = "the template to copy", .IsRequired = true},
+    Parameter{.Name = "NEWNAME", .About = "the name of the copy", .IsRequired = true},
+    Parameter{.Name = "FOLDER", .About = "its folder; else NEWNAME"},
+};
+constexpr std::array kDefaultParameters{
+    Parameter{.Name = "PROFILE", .About = "the namespace profile", .IsRequired = true},
+    Parameter{.Name = "--supports", .About = "only a template for this item type", .Value = "TYPE"},
+};
+
+constexpr Command kList{
+    .Name = "list",
+    .About = "Every template with its folder, profiles and item types; done when no action is given.",
+    .Run = List,
+};
+constexpr Command kClone{
+    .Name = "clone",
+    .About = "Copies a template, with its folder, under a new name.",
+    .Parameters = kCloneParameters,
+    .Run = Clone,
+};
+constexpr Command kDefault{
+    .Name = "default",
+    .About = "Prints the template that a new project begins with.",
+    .Parameters = kDefaultParameters,
+    .Run = ShowDefault,
+};
+constexpr std::array kActions{&kList, &kClone, &kDefault};
 
 }  // namespace
 
-void AddTemplateCommand(CLI::App& app, Reporter& reporter) {
-  const auto arguments = std::make_shared<TemplateArguments>();
-  CLI::App& command = *app.add_subcommand("template", "Lists, copies and chooses page templates.");
-  command.group("Commands");
-  command.footer(kFooter);
-  command.require_subcommand(0, 1);
-  AddConfigurationOption(command, arguments->Folder);
-  AddJsonOption(command, arguments->IsJson);
-  AddStyleOptions(command, arguments->Style);
-  const auto add = [&](const char* name, const char* about, auto run) -> CLI::App& {
-    CLI::App& action = *command.add_subcommand(name, about);
-    action.footer(kFooter);
-    action.fallthrough();
-    action.callback([arguments, &reporter, run] { run(*arguments, reporter); });
-    return action;
-  };
-  add("list", "Every template with its folder, profiles and item types; done when no action is given.", List);
-  CLI::App& clone = add("clone", "Copies a template, with its folder, under a new name.", Clone);
-  clone.add_option("NAME", arguments->Name, "the template to copy")->required()->type_name("");
-  clone.add_option("NEWNAME", arguments->NewName, "the name of the copy")->required()->type_name("");
-  clone.add_option("FOLDER", arguments->NewFolder, "its folder; else NEWNAME")->type_name("");
-  CLI::App& standard = add("default", "Prints the template that a new project begins with.", ShowDefault);
-  standard.add_option("PROFILE", arguments->Profile, "the namespace profile")->required()->type_name("");
-  standard.add_option("--supports", arguments->Supports, "only a template for this item type")
-      ->option_text("TYPE");
-  command.callback([arguments, &command, &reporter] {
-    if (command.get_subcommands().empty()) List(*arguments, reporter);
-  });
-}
+constexpr Command kTemplateCommand{
+    .Name = "template",
+    .About = "Lists, copies and chooses page templates.",
+    .Help = kFooter,
+    .Common = kShowingOptions,
+    .Actions = kActions,
+    .Run = List,
+};
 
 }  // namespace lwconfig::tool

@@ -1,9 +1,10 @@
+#include <array>
 #include <memory>
 #include <string>
 #include <vector>
 
-#include <CLI/CLI.hpp>
 #include <tools/lwconfig/commands/commands.h>
+#include <tools/lwconfig/commands/common_options.h>
 #include <tools/lwconfig/configuration.h>
 #include <tools/lwconfig/model/loaded.h>
 #include <tools/lwconfig/terminal.h>
@@ -17,27 +18,10 @@
 namespace lwconfig::tool {
 namespace {
 
-struct TextsArguments {
-  std::string Folder;
-  std::string Template;
-  std::string Language;
-  std::string Name;
-  bool IsComparison = false;
-  bool IsJson = false;
-  StyleOptions Style;
-};
-
-/// What tells phrases and scraps apart.
-struct TextKind {
-  const char* Command;
-  const char* About;
-  const char* Folder;
-};
-
 /// The languages that a folder of the template has files of.
-std::vector<std::string> LanguagesOf(const PageTemplate& pageTemplate, const TextKind& kind) {
+std::vector<std::string> LanguagesOf(const PageTemplate& pageTemplate, const std::string& kind) {
   DiskFile listing;
-  listing.SetFolder(pageTemplate.RootFolder + kind.Folder);
+  listing.SetFolder(pageTemplate.RootFolder + kind);
   std::vector<std::string> languages;
   for (const DiskFile& file : listing.Files("*.txt")) {
     if (file.Exists()) languages.push_back(file.BaseName());
@@ -46,9 +30,9 @@ std::vector<std::string> LanguagesOf(const PageTemplate& pageTemplate, const Tex
 }
 
 /// The texts of a language; where its file is damaged, which is reported, those that could be read.
-std::shared_ptr<Collection> TextsOf(const PageTemplate& pageTemplate, const TextKind& kind,
+std::shared_ptr<Collection> TextsOf(const PageTemplate& pageTemplate, const std::string& kind,
                                     const std::string& language, Reporter& reporter) {
-  LanguageTexts texts(kind.Folder);
+  LanguageTexts texts(kind);
   try {
     texts.Load(pageTemplate.RootFolder, language);
   } catch (const Error& failure) {
@@ -61,7 +45,7 @@ Json Entry(const std::string& name, const std::string& text) {
   return {{"Name", name}, {"Text", text}};
 }
 
-void List(const Collection& texts, const TextsArguments& arguments, Reporter& reporter) {
+void List(const Collection& texts, const Arguments& arguments, Reporter& reporter) {
   Table table({"NAME", "TEXT"});
   Json json = Json::array();
   std::int32_t position = 0;
@@ -70,17 +54,18 @@ void List(const Collection& texts, const TextsArguments& arguments, Reporter& re
     json.push_back(Entry(name, text));
     table.Add({{name}, {text}});
   }
-  WriteOutput(arguments.IsJson ? JsonText(json) : table.Text(arguments.Style.Style()), reporter);
+  WriteOutput(arguments.Has("--json") ? JsonText(json) : table.Text(StyleOf(arguments)), reporter);
 }
 
-void LookUp(const Collection& texts, const TextsArguments& arguments, Reporter& reporter) {
-  if (const std::string* text = texts.Item(arguments.Name)) {
-    return WriteOutput(arguments.IsJson ? JsonText(Entry(arguments.Name, *text)) : *text + "\n", reporter);
+void LookUp(const Collection& texts, const Arguments& arguments, Reporter& reporter) {
+  const std::string wanted = arguments.Text("NAME");
+  if (const std::string* text = texts.Item(wanted)) {
+    return WriteOutput(arguments.Has("--json") ? JsonText(Entry(wanted, *text)) : *text + "\n", reporter);
   }
   std::vector<std::string> names;
   for (std::int32_t position = 1; position <= texts.Count(); ++position)
     names.push_back(texts.KeyAt(position));
-  reporter.FailUnknown(ExitStatus::NotFound, arguments.Name, names);
+  reporter.FailUnknown(ExitStatus::NotFound, wanted, names);
 }
 
 /// The entries of several languages, in the order in which they are first met.
@@ -118,7 +103,7 @@ std::string Joined(const std::vector<std::string>& names) {
   return joined;
 }
 
-void Compare(const PageTemplate& pageTemplate, const TextKind& kind, const TextsArguments& arguments,
+void Compare(const PageTemplate& pageTemplate, const std::string& kind, const Arguments& arguments,
              Reporter& reporter) {
   std::vector<std::shared_ptr<Collection>> texts;
   Comparison comparison;
@@ -127,7 +112,7 @@ void Compare(const PageTemplate& pageTemplate, const TextKind& kind, const Texts
     comparison.Add(language, *texts.back());
   }
   if (texts.size() < 2)
-    reporter.Note("there is nothing to compare: " + pageTemplate.RootFolder + kind.Folder + " has " +
+    reporter.Note("there is nothing to compare: " + pageTemplate.RootFolder + kind + " has " +
                   (texts.empty() ? "no language" : "one language only"));
   Table table({"NAME", "IN", "MISSING IN"});
   Json json = Json::array();
@@ -136,63 +121,82 @@ void Compare(const PageTemplate& pageTemplate, const TextKind& kind, const Texts
     json.push_back({{"Name", name}, {"In", having}, {"MissingIn", lacking}});
   });
   if (!json.empty()) reporter.Raise(ExitStatus::NotFound);
-  if (arguments.IsJson) return WriteOutput(JsonText(json), reporter);
-  if (!json.empty()) WriteOutput(table.Text(arguments.Style.Style()), reporter);
+  if (arguments.Has("--json")) return WriteOutput(JsonText(json), reporter);
+  if (!json.empty()) WriteOutput(table.Text(StyleOf(arguments)), reporter);
 }
 
-void Run(const TextKind& kind, const TextsArguments& arguments, Reporter& reporter) {
-  if (arguments.Language.empty() != arguments.IsComparison) {
+void Run(const std::string& kind, const Arguments& arguments, Reporter& reporter) {
+  const std::string wanted = arguments.Text("LANGUAGE");
+  const bool isComparison = arguments.Has("--compare");
+  if (wanted.empty() != isComparison) {
     return reporter.Fail(
         ExitStatus::Usage,
-        arguments.IsComparison
-            ? "--compare takes every language; name the template only"
-            : "LANGUAGE is required, unless --compare is given (--help tells what there is)");
+        isComparison ? "--compare takes every language; name the template only"
+                     : "LANGUAGE is required, unless --compare is given (--help tells what there is)");
   }
-  Configuration configuration(arguments.Folder, reporter);
+  Configuration configuration(arguments.Text("--config"), reporter);
   configuration.RequireFolder();
   const auto templates = LoadedTemplates(configuration.Root(), reporter);
-  const auto pageTemplate = FindTemplate(*templates, arguments.Template, reporter);
+  const auto pageTemplate = FindTemplate(*templates, arguments.Text("TEMPLATE"), reporter);
   if (!pageTemplate) return;
-  if (arguments.IsComparison) return Compare(*pageTemplate, kind, arguments, reporter);
+  if (isComparison) return Compare(*pageTemplate, kind, arguments, reporter);
 
   const auto languages = LanguagesOf(*pageTemplate, kind);
   for (const std::string& language : languages) {
-    if (!EqualIgnoringCase(language, arguments.Language)) continue;
+    if (!EqualIgnoringCase(language, wanted)) continue;
     const auto texts = TextsOf(*pageTemplate, kind, language, reporter);
-    if (arguments.Name.empty()) return List(*texts, arguments, reporter);
+    if (arguments.Text("NAME").empty()) return List(*texts, arguments, reporter);
     return LookUp(*texts, arguments, reporter);
   }
-  reporter.FailUnknown(ExitStatus::NotFound, arguments.Language, languages);
+  reporter.FailUnknown(ExitStatus::NotFound, wanted, languages);
 }
 
-void AddTextsCommand(CLI::App& app, Reporter& reporter, const TextKind& kind) {
-  const auto arguments = std::make_shared<TextsArguments>();
-  CLI::App& command = *app.add_subcommand(kind.Command, kind.About);
-  command.group("Commands");
-  const std::string call = std::string("  lwconfig ") + kind.Command + " VBTechDoc ";
-  command.footer(
-      "TEMPLATE is the name of a template or of its folder; names are found in any letter case.\n"
-      "With --compare the exit status is 1 when languages differ.\n\nExamples:\n" +
-      call + "English\n" + call + "German NoMembers\n" + call + "--compare\n");
-  command.add_option("TEMPLATE", arguments->Template, "the page template")->required()->type_name("");
-  command.add_option("LANGUAGE", arguments->Language, "the output language")->type_name("");
-  command.add_option("NAME", arguments->Name, "the text to look up; all when left out")->type_name("");
-  AddConfigurationOption(command, arguments->Folder);
-  AddJsonOption(command, arguments->IsJson);
-  AddStyleOptions(command, arguments->Style);
-  command.add_flag("--compare", arguments->IsComparison, "list the names that not every language has");
-  command.callback([arguments, kind, &reporter] { Run(kind, *arguments, reporter); });
-}
+constexpr const char* kHelp =
+    R"(TEMPLATE is the name of a template or of its folder; names are found in any letter case.
+With --compare the exit status is 1 when languages differ.
+)";
+constexpr const char* kPhraseExamples = R"(
+Examples:
+  lwconfig phrase VBTechDoc English
+  lwconfig phrase VBTechDoc German NoMembers
+  lwconfig phrase VBTechDoc --compare
+)";
+constexpr const char* kScrapExamples = R"(
+Examples:
+  lwconfig scrap VBTechDoc English
+  lwconfig scrap VBTechDoc German NoMembers
+  lwconfig scrap VBTechDoc --compare
+)";
+
+constexpr std::array kParameters{
+    Parameter{.Name = "TEMPLATE", .About = "the page template", .IsRequired = true},
+    Parameter{.Name = "LANGUAGE", .About = "the output language"},
+    Parameter{.Name = "NAME", .About = "the text to look up; all when left out"},
+    kConfigurationOption,
+    kJsonOption,
+    kColourOption,
+    kWidthOption,
+    Parameter{.Name = "--compare", .About = "list the names that not every language has"},
+};
 
 }  // namespace
 
-void AddPhraseCommand(CLI::App& app, Reporter& reporter) {
-  AddTextsCommand(app, reporter, {"phrase", "Lists, looks up or compares phrases of a template.", "Phrases"});
-}
+constexpr Command kPhraseCommand{
+    .Name = "phrase",
+    .About = "Lists, looks up or compares phrases of a template.",
+    .Help = kHelp,
+    .MoreHelp = kPhraseExamples,
+    .Parameters = kParameters,
+    .Run = [](const Arguments& arguments, Reporter& reporter) { Run("Phrases", arguments, reporter); },
+};
 
-void AddScrapCommand(CLI::App& app, Reporter& reporter) {
-  AddTextsCommand(app, reporter,
-                  {"scrap", "Lists, looks up or compares HTML scraps of a template.", "HTMLScraps"});
-}
+constexpr Command kScrapCommand{
+    .Name = "scrap",
+    .About = "Lists, looks up or compares HTML scraps of a template.",
+    .Help = kHelp,
+    .MoreHelp = kScrapExamples,
+    .Parameters = kParameters,
+    .Run = [](const Arguments& arguments, Reporter& reporter) { Run("HTMLScraps", arguments, reporter); },
+};
 
 }  // namespace lwconfig::tool

@@ -1,0 +1,166 @@
+#include <algorithm>
+#include <memory>
+#include <sstream>
+#include <string_view>
+
+#include <CLI/CLI.hpp>
+#include <tools/lwconfig/command_line.h>
+#include <tools/lwconfig/members/fault.h>
+#include <tools/lwconfig/terminal.h>
+
+namespace lwconfig::tool {
+namespace {
+
+/// Leaves out what is evident, and the blank lines and capitals of the default.
+class HelpFormatter final : public CLI::Formatter {
+ public:
+  HelpFormatter() {
+    constexpr std::size_t kNameColumns = 22;
+    column_width(kNameColumns);
+    label("OPTIONS", "options");
+    label("SUBCOMMAND", "command");
+    label("Positionals", "Arguments");
+  }
+  std::string make_help(const CLI::App* app, std::string name, CLI::AppFormatMode mode) const override {
+    return make_description(app) + "\n" + make_usage(app, std::move(name)) + make_positionals(app) +
+           make_subcommands(app, mode) + make_groups(app, mode) + "\n" + app->get_footer();
+  }
+};
+
+void AddParameter(CLI::App& app, const Parameter& parameter) {
+  if (parameter.IsFlag()) {
+    app.add_flag(parameter.Name, parameter.About);
+    return;
+  }
+  CLI::Option& option = *app.add_option(parameter.Name, parameter.About);
+  option.required(parameter.IsRequired);
+  if (parameter.IsOption()) {
+    option.type_name(parameter.Value)->option_text(parameter.Value);
+  } else {
+    option.type_name("");
+  }
+  if (parameter.Most > 1) {
+    // The least number is what the parser takes; it is not enforced. Of values of any number it would take
+    // brackets off.
+    option.multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
+    option.expected(parameter.Most, CLI::detail::expected_max_vector_size);
+  }
+  if (parameter.Check != nullptr) option.check(parameter.Check);
+}
+
+void AddParameters(CLI::App& app, std::span<const Parameter> parameters) {
+  for (const Parameter& parameter : parameters) AddParameter(app, parameter);
+}
+
+void AddExclusions(CLI::App& app, std::span<const Parameter> parameters) {
+  for (const Parameter& parameter : parameters) {
+    std::istringstream excluded{parameter.Excludes};
+    for (std::string name; excluded >> name;) {
+      if (!parameter.IsNamed(name)) app.get_option(parameter.LongName())->excludes(app.get_option(name));
+    }
+  }
+}
+
+/// Makes `app` the parser of the command and its actions.
+void Build(CLI::App& app, const Command& command) {
+  if (*command.Help != '\0') app.footer(std::string(command.Help) + command.MoreHelp);
+  app.require_subcommand(0, 1);  // a word after a command is its argument, also the name of another command
+  AddParameters(app, command.Parameters);
+  AddParameters(app, command.Common);
+  AddExclusions(app, command.Parameters);
+  for (const Command* const action : command.Actions) {
+    CLI::App& inner = *app.add_subcommand(action->Name, action->About);
+    Build(inner, *action);
+    inner.group(action->IsHidden ? "" : "Commands");
+    inner.fallthrough(app.get_parent() != nullptr);
+  }
+}
+
+void Read(const CLI::App& app, std::span<const Parameter> parameters, Arguments& given) {
+  for (const Parameter& parameter : parameters) {
+    const CLI::Option& option = *app.get_option(parameter.LongName());
+    const bool isGiven = option.count() > 0 && (!parameter.IsFlag() || option.as<bool>());
+    given.Add(parameter, isGiven ? option.results() : std::vector<std::string>());
+  }
+}
+
+/// What the parser has read for the command and for the action that was given.
+Request RequestOf(const CLI::App& app, const Command& command) {
+  Request request{&command, {}};
+  for (const CLI::App* at = &app;;) {
+    Read(*at, request.Asked->Parameters, request.Given);
+    Read(*at, request.Asked->Common, request.Given);
+    const auto actions = at->get_subcommands();
+    if (actions.empty()) return request;
+    at = actions.front();
+    request.Asked = request.Asked->Action(at->get_name());
+  }
+}
+
+void FailMisuse(const CLI::ParseError& misuse, Reporter& reporter) {
+  reporter.Fail(ExitStatus::Usage, misuse.what() + std::string(" (--help tells what there is)"));
+}
+
+void FailExtra(const CLI::App& app, const Command& program, const CLI::ParseError& misuse,
+               Reporter& reporter) {
+  const auto extra = app.remaining(true);
+  const Command* command = &program;
+  for (const CLI::App* at = &app; !at->get_subcommands().empty();) {
+    at = at->get_subcommands().front();
+    command = command->Action(at->get_name());
+  }
+  if (command->Actions.empty() || extra.empty() || extra.front().starts_with('-'))
+    return FailMisuse(misuse, reporter);
+  std::vector<std::string> names;
+  for (const Command* const action : command->Actions) {
+    if (!action->IsHidden) names.emplace_back(action->Name);
+  }
+  reporter.FailUnknown(ExitStatus::Usage, extra.front(), names);
+}
+
+}  // namespace
+
+std::optional<Request> ReadCommandLine(const Command& program, int argc, const char* const* argv,
+                                       Reporter& reporter) {
+  CLI::App app(program.About, program.Name);
+  app.formatter(std::make_shared<HelpFormatter>());
+  app.set_help_flag(kHelpOption.Name, kHelpOption.About);
+  app.set_version_flag(kVersionOption.Name, "lwconfig " LWCONFIG_VERSION, kVersionOption.About);
+  try {
+    Build(app, program);
+    app.parse(argc, argv);
+    Request request = RequestOf(app, program);
+    if (request.Asked->Run != nullptr) return request;
+    WriteOutput(app.help(), reporter);
+  } catch (const CLI::CallForHelp&) {
+    WriteOutput(app.help(), reporter);
+  } catch (const CLI::CallForVersion& version) {
+    WriteOutput(std::string(version.what()) + "\n", reporter);
+  } catch (const CLI::ExtrasError& misuse) {
+    FailExtra(app, program, misuse, reporter);
+  } catch (const CLI::ParseError& misuse) {
+    FailMisuse(misuse, reporter);
+  }
+  return std::nullopt;
+}
+
+Request ReadWords(std::span<const Command* const> commands, const std::vector<std::string>& words) {
+  CLI::App app;
+  app.set_help_flag();
+  app.require_subcommand(1);
+  for (const Command* const command : commands)
+    AddParameters(*app.add_subcommand(command->Name), command->Parameters);
+  try {
+    app.parse(std::vector<std::string>(words.rbegin(), words.rend()));
+    const CLI::App& given = *app.get_subcommands().front();
+    const auto asked = std::ranges::find_if(
+        commands, [&](const Command* command) { return given.get_name() == command->Name; });
+    Request request{*asked, {}};
+    Read(given, request.Asked->Parameters, request.Given);
+    return request;
+  } catch (const CLI::ParseError& misuse) {
+    throw Fault(ExitStatus::Usage, misuse.what());
+  }
+}
+
+}  // namespace lwconfig::tool

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <optional>
+#include <span>
+#include <string>
+#include <vector>
+
+#include <tools/lwconfig/command.h>
+
+namespace lwconfig::tool {
+
+/// Options that are answered here: one of every command, one of the program alone.
+inline constexpr Parameter kHelpOption{"-h,--help", "this help, or that of a command"};
+inline constexpr Parameter kVersionOption{"--version", "the version of this program"};
+
+/// A command, and what it is given.
+struct Request {
+  const Command* Asked;
+  Arguments Given;
+};
+
+/// What the command line of the process asks of the program. Nothing where that is done already: help and
+/// version are written, misuse is reported.
+std::optional<Request> ReadCommandLine(const Command& program, int argc, const char* const* argv,
+                                       Reporter& reporter);
+
+/// What the words of a line in a file ask for: the first is the name of one of the commands, which have their
+/// own parameters only. Misuse is a `Fault`.
+Request ReadWords(std::span<const Command* const> commands, const std::vector<std::string>& words);
+
+}  // namespace lwconfig::tool

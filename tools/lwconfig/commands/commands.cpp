@@ -1,0 +1,53 @@
+#include <array>
+
+#include <tools/lwconfig/commands/commands.h>
+
+namespace lwconfig::tool {
+namespace {
+
+constexpr const char* kFooter = R"(Examples:
+  lwconfig show                        everything
+  lwconfig show templates              the page templates alone
+  lwconfig show --config ./share       the configuration in a folder
+  lwconfig show plugins --json         for programs
+  lwconfig check                       what is wrong with it
+  lwconfig get 'PageTemplates[VBTechDoc].PageLayouts[1].TitleTemplate'
+  lwconfig set VBOptions.WrapCharacters 72
+  lwconfig phrase VBTechDoc --compare  phrases that one language lacks
+  lwconfig link System.Windows.Forms.Button --url
+  lwconfig template clone VBTechDoc "House style" House
+  lwconfig registry import settings.reg
+  lwconfig init ~/lexiwend             a configuration of one's own, to begin with
+  lwconfig describe PageTemplate       what programs can do with a class
+
+Environment:
+  LWCONFIG_REGISTRY  folder of machine.reg and user.reg, which name the configuration
+  LWCONFIG_DRIVES    folder that holds the product's drives: C:\x is <folder>/c/x
+  LWCONFIG_STARTER   folder of the starter configuration
+  NO_COLOR           when not empty, no colours unless --color asks for them
+  COLUMNS            width of the terminal
+
+Exit status:
+  0  done
+  1  what was asked for does not exist, or what was compared differs
+  2  wrong usage
+  3  the configuration is not valid; what could be read was used
+  4  a file or the output could not be read or written
+)";
+
+constexpr std::array<const Command*, 20> kCommands{
+    &kShowCommand,     &kCheckCommand,    &kGetCommand,        &kListCommand,     &kSetCommand,
+    &kAddCommand,      &kRemoveCommand,   &kCallCommand,       &kApplyCommand,    &kOptionsCommand,
+    &kPhraseCommand,   &kScrapCommand,    &kLinkCommand,       &kTemplateCommand, &kInitCommand,
+    &kRegistryCommand, &kDescribeCommand, &kCompletionCommand, &kCompleteCommand, &kSessionCommand};
+
+}  // namespace
+
+constexpr Command kProgram{
+    .Name = "lwconfig",
+    .About = "Shows and changes the configuration of the documentation generator Lexiwend.",
+    .Help = kFooter,
+    .Actions = kCommands,
+};
+
+}  // namespace lwconfig::tool

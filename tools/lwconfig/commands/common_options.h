@@ -1,0 +1,46 @@
+#pragma once
+
+#include <array>
+#include <string>
+
+#include <tools/lwconfig/command.h>
+#include <tools/lwconfig/view/tree_text.h>
+
+namespace lwconfig::tool {
+
+/// What is wrong with the values of the options below; empty where they are right.
+std::string CheckFolder(const std::string& given);
+std::string CheckColour(const std::string& given);
+std::string CheckColumns(const std::string& given);
+
+inline constexpr Parameter kConfigurationOption{
+    .Name = "-c,--config",
+    .About = "configuration folder to use instead of the registered one",
+    .Value = "DIR",
+    .Check = CheckFolder,
+};
+inline constexpr Parameter kJsonOption{
+    .Name = "-j,--json",
+    .About = "print JSON, with the published property names",
+};
+inline constexpr Parameter kColourOption{
+    .Name = "--color",
+    .About = "auto (on a terminal), always or never",
+    .Value = "WHEN",
+    .Check = CheckColour,
+};
+inline constexpr Parameter kWidthOption{
+    .Name = "--width",
+    .About = "columns to fit lines into; else those of the terminal",
+    .Value = "N",
+    .Check = CheckColumns,
+};
+
+/// What most commands take.
+inline constexpr std::array kReadingOptions{kConfigurationOption, kJsonOption};
+inline constexpr std::array kShowingOptions{kConfigurationOption, kJsonOption, kColourOption, kWidthOption};
+
+/// How a command that has the options for colours and width is to lay out and colour what it prints.
+TextStyle StyleOf(const Arguments& arguments);
+
+}  // namespace lwconfig::tool
