@@ -68,6 +68,20 @@ TEST_F(CommandTest, SetsOptionsToValuesOfTheirTypes) {
   }
 }
 
+TEST_F(CommandTest, ResetsOptionsAllOrNone) {
+  ASSERT_EQ(Run("options set VBOptions.WrapCharacters 72").Status, 0);
+  ASSERT_EQ(Run("options set VBOptions.PreviewTemplate ''").Status, 0);
+  const std::string before = UserRegistry();
+  ExpectRefusals(
+      {{"options reset VBOptions.WrapCharacters VBOptions.None", 1, "there is no 'VBOptions.None'"},
+       {"options reset", 2, "NAME is required"}});
+  EXPECT_EQ(UserRegistry(), before);
+  EXPECT_EQ(Run("options reset vboptions.wrapcharacters VBOptions.PreviewTemplate VBOptions.Grouped").Out,
+            "VBOptions.WrapCharacters = 90\nVBOptions.PreviewTemplate = \"Platform SDK style\"\n"
+            "VBOptions.Grouped = True\n");
+  EXPECT_THAT(UserRegistry(), ::testing::Not(::testing::AnyOf(HasSubstr("Wrap"), HasSubstr("Preview"))));
+}
+
 TEST_F(CommandTest, RefusesValuesOfOtherTypes) {
   const std::pair<const char*, const char*> kRows[] = {
       {"VBOptions.WrapCharacters 7x", "'7x' is not a whole number that fits"},
@@ -179,6 +193,8 @@ TEST_F(CommandTest, ClonesTemplates) {
                   {"template clone small Third TWO", 4, ""},
                   {"template clone small ../Third", 2, ""},
                   {"template clone small '' Three", 2, ""},
+                  {"template clone small \x01 Three", 2, "' has U+0001"},
+                  {"template clone small Three \xff", 2, "the byte FF"},
                   {"template clone nothing Third", 1, ""}});
   Folder.Write("config/Templates/Damaged/config.xml", "<PageTemplate");
   EXPECT_EQ(RunIn("template clone small Fourth").Status, 3);
