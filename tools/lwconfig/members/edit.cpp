@@ -8,7 +8,6 @@
 
 #include <lwconfig/automation/conversion.h>
 #include <lwconfig/automation/errors.h>
-#include <lwconfig/core/xml_characters.h>
 #include <lwconfig/platform/letter_case.h>
 
 namespace lwconfig::tool {
@@ -32,15 +31,6 @@ bool NamesArgument(std::string_view text) {
   const auto end = text.find(":=");
   return end != std::string_view::npos && end > 0 &&
          text.find_first_not_of("ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz_0123456789") == end;
-}
-
-/// Refuses a number that the enumeration does not have.
-void RefuseOtherNumber(const Variant& value, const automation::TypeInfo& type, const std::string& written) {
-  if (type.Kind != automation::ValueKind::Enumeration) return;
-  for (const auto& enumerator : type.Enumeration().Members) {
-    if (value == Variant(enumerator.Value)) return;
-  }
-  throw NoValue(written, type).At(written, 0);
 }
 
 }  // namespace
@@ -87,26 +77,12 @@ void Editor::SetMember(const MemberPath& path, const Way& way, const MemberPath&
   }
   mKeeper.Note(way);
   RefuseKeyInUse(way, member, value);
-  RefuseUnwritable(way, value);
+  mKeeper.RefuseUnwritable(way, value);
   const automation::TypeInfo& type = slot->ParameterList[0].Type;
   // An option has no meaning for other numbers; elsewhere 0 or -1 may be none of them.
   Variant typed = Typed(value, type);
-  if (mKeeper.IsKeptAtOnce(way)) RefuseOtherNumber(typed, type, value);
+  if (mKeeper.IsKeptAtOnce(way)) RequireEnumerator(typed, type, value);
   mValues.Set(whole, way, member, std::move(typed), std::move(place));
-}
-
-/// Refuses what could not be read back from the place where the value would be kept.
-void Editor::RefuseUnwritable(const Way& way, const std::string& text) const {
-  if (mModel.IsNamed(way)) return;
-  if (mKeeper.IsKeptAtOnce(way)) {
-    const std::size_t nul = text.find('\0');
-    if (nul == std::string::npos) return;
-    throw Fault(ExitStatus::Usage, "the registry can hold no U+0000").At(text, nul);
-  }
-  if (const auto found = FindNoXMLCharacter(text)) {
-    throw Fault(ExitStatus::Usage, "the text has " + found->Name + ", which no XML file can have")
-        .At(text, found->Offset);
-  }
 }
 
 /// Two items of one key would not load again.
@@ -169,7 +145,7 @@ void Editor::AddText(const Way& way, const Edit& edit) {
                 "one text was expected, because " + edit.Path + " is a collection of texts");
   mKeeper.Note(way);
   const std::string& text = edit.Values.front();
-  RefuseUnwritable(way, text);
+  mKeeper.RefuseUnwritable(way, text);
   Insert(way, text, edit.Key.empty() ? text : edit.Key, edit);
 }
 
@@ -236,7 +212,7 @@ std::vector<Result> Editor::Call(const Edit& edit) {
   std::vector<Variant> arguments;
   std::vector<std::string> named;
   for (const std::string& value : edit.Values) {
-    RefuseUnwritable(way, value);
+    mKeeper.RefuseUnwritable(way, value);
     if (NamesArgument(value)) {
       named.push_back(value);
       continue;

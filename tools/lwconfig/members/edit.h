@@ -49,7 +49,6 @@ class Editor {
   void SetOfItem(const Way& item, const std::string& collection, const std::string& assignment);
   void SetMember(const MemberPath& path, const Way& way, const MemberPath& whole, const std::string& value,
                  SetPlace place);
-  void RefuseUnwritable(const Way& way, const std::string& text) const;
   void RefuseKeyInUse(const Way& way, const automation::ClassInfo::Member& member, const std::string& value);
   void Add(const Edit& edit);
   void AddText(const Way& way, const Edit& edit);

@@ -6,6 +6,7 @@
 #include <tools/lwconfig/members/keeper.h>
 
 #include <lwconfig/automation/class_info.h>
+#include <lwconfig/core/xml_characters.h>
 
 namespace lwconfig::tool {
 namespace {
@@ -72,6 +73,19 @@ void Keeper::Note(const Way& way) {
                 "the configuration could not be read as a whole; saving it could lose what was not read");
   }
   if (std::ranges::find(mChanged, *owner) == mChanged.end()) mChanged.push_back(*owner);
+}
+
+void Keeper::RefuseUnwritable(const Way& way, const std::string& text) const {
+  if (mModel.IsNamed(way)) return;
+  if (IsKeptAtOnce(way)) {
+    const std::size_t nul = text.find('\0');
+    if (nul == std::string::npos) return;
+    throw Fault(ExitStatus::Usage, "the registry can hold no U+0000").At(text, nul);
+  }
+  if (const auto found = FindNoXMLCharacter(text)) {
+    throw Fault(ExitStatus::Usage, "the text has " + found->Name + ", which no XML file can have")
+        .At(text, found->Offset);
+  }
 }
 
 void Keeper::NoteRemoval(const Way& way) {

@@ -13,6 +13,23 @@ namespace {
 using automation::TypeInfo;
 using automation::ValueKind;
 
+/// A `Fault` with the words that would have done.
+Fault NoValue(const std::string& text, const TypeInfo& type, std::int32_t number = kTypeMismatch) {
+  const auto possible = PossibleValues(type);
+  if (!possible.empty() && type.Kind == ValueKind::Enumeration)
+    return Fault::Unknown(ExitStatus::Usage, "value", text, std::string(" of ") + type.Enumeration().Name,
+                          possible)
+        .Numbered(number);
+  const bool isFlag = type.Kind == ValueKind::Boolean;
+  const bool isNumber = type.Kind == ValueKind::Integer16 || type.Kind == ValueKind::Integer32;
+  return Fault(ExitStatus::Usage, "'" + text + "' is not " +
+                                      (isFlag          ? "True or False"
+                                       : type.IsColour ? "a colour: #rrggbb, or a whole number 0xBBGGRR"
+                                       : isNumber      ? "a whole number that fits"
+                                                       : "@ and the path of an object, or null"))
+      .Numbered(number);
+}
+
 std::int32_t WholeNumber(const std::string& text, const TypeInfo& type) {
   constexpr std::int32_t kMost16 = 32767;
   const auto number = StrictInteger(text);
@@ -68,22 +85,6 @@ Variant AnyValue(const std::string& text, const TypeInfo& type, const ObjectAt& 
 }
 
 }  // namespace
-
-Fault NoValue(const std::string& text, const TypeInfo& type, std::int32_t number) {
-  const auto possible = PossibleValues(type);
-  if (!possible.empty() && type.Kind == ValueKind::Enumeration)
-    return Fault::Unknown(ExitStatus::Usage, "value", text, std::string(" of ") + type.Enumeration().Name,
-                          possible)
-        .Numbered(number);
-  const bool isFlag = type.Kind == ValueKind::Boolean;
-  const bool isNumber = type.Kind == ValueKind::Integer16 || type.Kind == ValueKind::Integer32;
-  return Fault(ExitStatus::Usage, "'" + text + "' is not " +
-                                      (isFlag          ? "True or False"
-                                       : type.IsColour ? "a colour: #rrggbb, or a whole number 0xBBGGRR"
-                                       : isNumber      ? "a whole number that fits"
-                                                       : "@ and the path of an object, or null"))
-      .Numbered(number);
-}
 
 std::string ValueText(const Variant& value, const TypeInfo& type) {
   if (const auto* object = std::get_if<AnyObject>(&value)) {
@@ -143,6 +144,14 @@ Variant TypedArgument(const PathValue& argument, const TypeInfo& type, std::stri
     Fault placed(fault.Status(), fault.what());
     throw placed.Numbered(fault.Number()).At(text, argument.Offset);
   }
+}
+
+void RequireEnumerator(const Variant& value, const TypeInfo& type, const std::string& written) {
+  if (type.Kind != ValueKind::Enumeration) return;
+  for (const auto& member : type.Enumeration().Members) {
+    if (value == Variant(member.Value)) return;
+  }
+  throw NoValue(written, type).At(written, 0);
 }
 
 std::vector<std::string> PossibleValues(const TypeInfo& type) {

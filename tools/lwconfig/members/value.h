@@ -24,8 +24,9 @@ Variant TypedValue(const std::string& text, const automation::TypeInfo& type, co
 /// As above for an argument inside the path `text`; where any value will do, a number is a number.
 Variant TypedArgument(const PathValue& argument, const automation::TypeInfo& type, std::string_view text);
 
-/// The fault that the type does not have the value, with the words that would have done.
-Fault NoValue(const std::string& text, const automation::TypeInfo& type, std::int32_t number = kTypeMismatch);
+/// Throws a `Fault` of usage where the type is an enumeration that does not have the value, a number that was
+/// written so.
+void RequireEnumerator(const Variant& value, const automation::TypeInfo& type, const std::string& written);
 
 /// What can be written for this type, where there is a choice of few.
 std::vector<std::string> PossibleValues(const automation::TypeInfo& type);
