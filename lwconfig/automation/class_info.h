@@ -54,6 +54,7 @@ struct TypeInfo {
   const EnumInfo& (*Enumeration)() = nullptr;  // of `Enumeration` only
   bool MayBeNull = false;                      // a result: there may be no such object or text
   bool IsItemKey = false;                      // a key or position of an item that has to be there
+  bool IsColour = false;                       // an integer that people write as `ColourText` has it
 };
 
 struct ParameterInfo {

@@ -117,7 +117,12 @@ class Interface {
   static constexpr auto Property(const char* name) {
     return SlotList<2>{Get<Getter>(name)[0], Change<Setter>(name)[0]};
   }
-  /// As above where the accessors of the interface stand in the other order.
+  /// A property that holds a colour.
+  template <auto Member>
+  static constexpr auto Colour(const char* name) {
+    return Declared(Property<Member>(name), {.Kind = ValueKind::Integer32, .IsColour = true});
+  }
+  /// As `Property`, where the accessors of the interface stand in the other order.
   template <auto Getter, auto Setter = Getter>
   static constexpr auto SetGetProperty(const char* name) {
     return SlotList<2>{Change<Setter>(name)[0], Get<Getter>(name)[0]};

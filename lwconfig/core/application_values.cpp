@@ -65,6 +65,15 @@ void SetAppValue(std::string_view ValueName, std::string_view value, std::string
                             RegistryAccess::kTextType);
 }
 
+void DeleteAppValue(std::string_view ValueName, std::string_view ExtraPath) {
+  using Kinds = platform::RegistryChange::Kinds;
+  RegistryAccess().Apply({{Kinds::DeletedValue,
+                           platform::Hive::CurrentUser,
+                           ProductKey(ExtraPath),
+                           std::string(ValueName),
+                           {}}});
+}
+
 std::string GetShellFolder(std::int32_t csidl) {
   std::string path = TrimNull(platform::Host<platform::Folders>().ShellFolder(csidl));
   if (!path.empty() && path.back() != '\\') path.push_back('\\');

@@ -24,6 +24,9 @@ std::string GetAppValue(std::string_view ValueName, std::string_view DefaultValu
                         std::string_view ExtraPath);
 /// Writes a per-user value as text; it is on disk when the call returns. A failing registry raises its error.
 void SetAppValue(std::string_view ValueName, std::string_view value, std::string_view ExtraPath);
+/// Deletes a per-user value, which need not exist; it is gone from the disk when the call returns. A failing
+/// registry raises its error.
+void DeleteAppValue(std::string_view ValueName, std::string_view ExtraPath);
 
 /// The user's shell folder with this identifier (5: documents), created when missing, with trailing
 /// backslash; empty when there is none.

@@ -3,6 +3,7 @@
 #include <cstdio>
 #include <optional>
 
+#include <lwconfig/core/text.h>
 #include <lwconfig/core/xml_characters.h>
 
 namespace lwconfig {
@@ -35,6 +36,12 @@ std::optional<std::uint32_t> ReferencedCharacter(std::string_view text) {
   return failure == std::errc::result_out_of_range ? UINT32_MAX : number;
 }
 
+/// The bytes that a character with this first byte takes.
+std::size_t LengthFrom(unsigned char first) {
+  if (first < 0xC0) return 1;
+  return first < 0xE0 ? 2 : first < 0xF0 ? 3 : 4;
+}
+
 /// What closes the comment or CDATA section that `text` begins with; empty where it begins with neither.
 std::string_view ClosingOf(std::string_view text) {
   if (text.starts_with("<!--")) return "-->";
@@ -54,6 +61,23 @@ std::string CharacterName(std::uint32_t character) {
   char name[16];
   std::snprintf(name, sizeof name, "U+%04X", static_cast<unsigned>(character));
   return name;
+}
+
+std::optional<ForbiddenCharacter> FindForbiddenCharacter(std::string_view text) {
+  for (std::size_t at = 0; at < text.size();) {
+    const auto first = static_cast<unsigned char>(text[at]);
+    const std::string_view character = text.substr(at, LengthFrom(first));
+    if (first < ' ' && !IsXMLCharacter(first)) return ForbiddenCharacter{at, CharacterName(first)};
+    if (!IsValidUtf8(character)) {
+      char name[16];
+      std::snprintf(name, sizeof name, "the byte %02X", first);
+      return ForbiddenCharacter{at, name};
+    }
+    if (character == "\xEF\xBF\xBE") return ForbiddenCharacter{at, CharacterName(kNoCharacter)};
+    if (character == "\xEF\xBF\xBF") return ForbiddenCharacter{at, CharacterName(kNoCharacter + 1)};
+    at += character.size();
+  }
+  return std::nullopt;
 }
 
 void ForEachForbiddenCharacter(std::string_view document,

@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -14,6 +15,16 @@ bool IsXMLCharacter(std::uint32_t character);
 
 /// "U+0001"
 std::string CharacterName(std::uint32_t character);
+
+/// Something in a text that XML 1.0 does not have.
+struct ForbiddenCharacter {
+  std::size_t Offset;  // in bytes, from 0
+  std::string Name;    // "U+0001"; "the byte FF" where the text is not UTF-8
+};
+
+/// The first in a text that is to be stored in an XML document: a control character other than tab, line feed
+/// and carriage return, U+FFFE, U+FFFF, or a byte that belongs to no character. Nothing where there is none.
+std::optional<ForbiddenCharacter> FindForbiddenCharacter(std::string_view text);
 
 /// Calls `tell(offset, character)` for each character in the text of an XML document (UTF-8) that XML 1.0
 /// does not have, in order. A reference to such a character counts as one; in comments and CDATA sections

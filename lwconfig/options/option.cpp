@@ -16,6 +16,10 @@ void AnyOption::Write(std::string_view text) {
   SetAppValue(mValueName, text, mSection);
 }
 
+void AnyOption::Reset() {
+  DeleteAppValue(mValueName, mSection);
+}
+
 void AnyOption::Fail(std::int32_t number, std::string_view text, const char* problem) const {
   const std::string section = *mSection != '\0' ? std::string(mSection) + "\\" : std::string();
   throw Error(number, "The option " + section + mValueName + " is stored as \"" + std::string(text) +

@@ -33,6 +33,8 @@ class AnyOption {
   virtual std::string Text() const = 0;
   /// As above for what the option is while nothing, or an empty text, is stored. Computed at each call.
   virtual std::string DefaultText() const = 0;
+  /// Removes what is stored, so that the default applies. The error of a failing registry is thrown.
+  void Reset();
 
  protected:
   /// Adds the option to its set. `name` is null where it is the name of the value.

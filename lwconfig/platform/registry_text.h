@@ -37,6 +37,10 @@ enum class RegistryEncoding {
 /// A registry-editor file, of version 5, that asks for the changes.
 std::string WriteRegistryText(const std::vector<RegistryChange>& changes, RegistryEncoding encoding);
 
+/// The line of such a file that has the value, without line break at its end; long data goes on in more
+/// lines.
+std::string RegistryValueLine(std::string_view name, const RegistryValue& value);
+
 /// Several texts as a value of type 7 holds them, and back; an empty text cannot be held and is left out.
 std::vector<std::uint8_t> PackTexts(const std::vector<std::string>& texts);
 std::vector<std::string> UnpackTexts(const std::vector<std::uint8_t>& bytes);

@@ -1,15 +1,15 @@
 #include <filesystem>
 
 #include <tests/tools/tool_test.h>
+#include <tools/lwconfig/view/styled_text.h>
 
 #include <lwconfig/core/text.h>
 
 namespace lwconfig::testing {
 namespace {
 
-using ::testing::Each;
+using ::testing::ContainsRegex;
 using ::testing::HasSubstr;
-using ::testing::SizeIs;
 using ::testing::StartsWith;
 
 /// The commands besides `show`, on the small configuration unless a test registers another.
@@ -35,16 +35,16 @@ TEST_F(CommandTest, ListsOptions) {
   const auto listed = RunIn("options");
   EXPECT_EQ(listed.Status, 0);
   EXPECT_THAT(listed.Out, StartsWith("OPTION "));
-  EXPECT_THAT(listed.Out,
-              ::testing::ContainsRegex("\nIDEOptions\\.AutoSave +boolean +False +\"True\" +True\n"));
-  EXPECT_THAT(listed.Out, ::testing::ContainsRegex("\nVBOptions\\.WrapCharacters +VB +integer +90 +90\n"));
+  EXPECT_THAT(listed.Out, ContainsRegex("\nIDEOptions\\.AutoSave +boolean +False +\"True\" +True\n"));
+  EXPECT_THAT(listed.Out, ContainsRegex("\nVBOptions\\.WrapCharacters +VB +integer +90 +90\n"));
   EXPECT_EQ(RunIn("options list").Out, listed.Out);
   for (const std::string command : {"options", "phrase small english", "scrap small english", "template"}) {
     EXPECT_THAT(RunIn(command + " --width 20 --color always").Out, HasSubstr("\x1b[")) << command;
-    EXPECT_THAT(Split(RunIn(command + " --width 20 --color never").Out, "\n"),
-                Each(SizeIs(::testing::Le(22))))
-        << command;
+    const auto narrow = RunIn(command + " --width 20 --color never");
+    for (const auto line : Split(narrow.Out, "\n")) EXPECT_LE(tool::Width(line), 20u) << command;
   }
+  EXPECT_THAT(RunIn("options --width 80").Out,
+              ContainsRegex("\nIDEOptions\\. +boolean +False +\"True\" +True\n"));
   EXPECT_THAT(Json("options list"), ::testing::Contains(nlohmann::json::parse(R"(
       {"Set": "VBOptions", "Name": "VBAShowFriend", "Section": "VBA", "ValueName": "ShowFriend",
        "Type": "boolean", "Default": true, "Stored": null, "Value": true})")));
@@ -56,8 +56,8 @@ TEST_F(CommandTest, SetsOptionsToValuesOfTheirTypes) {
       {"VBOptions.XMLCommentLineBreak", "-7", "\"XMLCommentLineBreak\"=\"-7\"", "-7\n"},
       {"VBOptions.CodeViewCollapsed", "YES", "\"CodeViewCollapsed\"=\"True\"", "True\n"},
       {"VBOptions.VBAShowPrivate", "0", "\"ShowPrivate\"=\"False\"", "False\n"},
-      {"VSNETOptions.CommentWindowStyle", "2", "\"CommentWindowStyle\"=\"2\"", "2\n"},
-      {"IDEOptions.ToolbarStyle", "toolbarstyleofficexp", "\"ToolbarStyle\"=\"0\"", "0\n"},
+      {"VSNETOptions.CommentWindowStyle", "2", "\"CommentWindowStyle\"=\"2\"", "LWVSWindowStyleExternal\n"},
+      {"IDEOptions.ToolbarStyle", "toolbarstyleofficexp", "\"ToolbarStyle\"=\"0\"", "ToolbarStyleOfficeXP\n"},
       {"LWCommenterOptions.PreviewTemplate", "A b", "\"PreviewTemplate\"=\"A b\"", "A b\n"},
   };
   for (const auto& [name, value, stored, read] : kRows) {
@@ -68,12 +68,33 @@ TEST_F(CommandTest, SetsOptionsToValuesOfTheirTypes) {
   }
 }
 
+TEST_F(CommandTest, ResetsOptionsAllOrNone) {
+  ASSERT_EQ(Run("options set VBOptions.WrapCharacters 72").Status, 0);
+  ASSERT_EQ(Run("options set VBOptions.PreviewTemplate ''").Status, 0);
+  const std::string before = UserRegistry();
+  ExpectRefusals(
+      {{"options reset VBOptions.WrapCharacters VBOptions.None", 1, "there is no 'VBOptions.None'"},
+       {"options reset", 2, "NAME is required"}});
+  EXPECT_EQ(UserRegistry(), before);
+  EXPECT_EQ(Run("options reset vboptions.wrapcharacters VBOptions.PreviewTemplate VBOptions.Grouped").Out,
+            "VBOptions.WrapCharacters = 90\nVBOptions.PreviewTemplate = \"Platform SDK style\"\n"
+            "VBOptions.Grouped = True\n");
+  EXPECT_THAT(UserRegistry(), ::testing::Not(::testing::AnyOf(HasSubstr("Wrap"), HasSubstr("Preview"))));
+}
+
 TEST_F(CommandTest, RefusesValuesOfOtherTypes) {
-  for (const std::string option :
-       {"VBOptions.WrapCharacters 7x", "VBOptions.WrapCharacters 2147483648", "VBOptions.WrapCharacters ''",
-        "VBOptions.CodeViewCollapsed 2", "VBOptions.ToolbarStyle 3", "VBOptions.ToolbarStyle -1",
-        "VBOptions.ToolbarStyle ModeVBCode"})
-    ExpectRefusals({{"options set " + option, 2, " is no value of "}});
+  const std::pair<const char*, const char*> kRows[] = {
+      {"VBOptions.WrapCharacters 7x", "'7x' is not a whole number that fits"},
+      {"VBOptions.WrapCharacters 2147483648", "is not a whole number that fits"},
+      {"VBOptions.WrapCharacters ''", "'' is not a whole number"},
+      {"VBOptions.CodeViewCollapsed 2", "'2' is not True or False"},
+      {"VBOptions.ToolbarStyle 3", "there is no value '3' of LWToolBarStyleEnum"},
+      {"VBOptions.ToolbarStyle ModeVBCode", "there is no value 'ModeVBCode'"},
+  };
+  for (const auto& [option, message] : kRows) {
+    for (const std::string command : {"options set ", "set "})
+      ExpectRefusals({{command + option, 2, message}});
+  }
   EXPECT_FALSE(std::filesystem::exists(Below("registry/user.reg")));
 }
 
@@ -89,7 +110,7 @@ TEST_F(CommandTest, TellsOfOptionsThatCannotBeReadOrDoNotExist) {
   EXPECT_GT(nlohmann::json::parse(all.Out).size(), 50u);
 
   EXPECT_THAT(Run("options set VBOptions.VBCommentMode 0").Err,
-              HasSubstr("'0' is stored, but VBOptions.VBCommentMode reads as 1 ModeVBCode"));
+              HasSubstr("'0' is stored, but VBOptions.VBCommentMode reads as 'ModeVBCode'"));
 }
 
 TEST_F(CommandTest, LooksUpTexts) {
@@ -172,6 +193,8 @@ TEST_F(CommandTest, ClonesTemplates) {
                   {"template clone small Third TWO", 4, ""},
                   {"template clone small ../Third", 2, ""},
                   {"template clone small '' Three", 2, ""},
+                  {"template clone small \x01 Three", 2, "' has U+0001"},
+                  {"template clone small Three \xff", 2, "the byte FF"},
                   {"template clone nothing Third", 1, ""}});
   Folder.Write("config/Templates/Damaged/config.xml", "<PageTemplate");
   EXPECT_EQ(RunIn("template clone small Fourth").Status, 3);

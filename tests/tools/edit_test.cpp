@@ -1,3 +1,5 @@
+#include <regex>
+
 #include <tests/configuration.h>
 #include <tests/tools/tool_test.h>
 #include <tools/lwconfig/overlay/difference.h>
@@ -50,7 +52,11 @@ TEST_F(EditTest, ChangesAreSavedByTheirOwners) {
        "TaggedCommentDefs['@x:'].Description", "d\n"},
       {"add ModelCommentProfiles[One] MemberName=Item TaggedCommentPrefix=p",
        "ModelCommentProfiles[One][1].MemberName", "Item\n"},
+      {"set PageTemplates[1].objFillColor '#ff8000'", "PageTemplates[1].objFillColor", "#ff8000\n"},
+      {"set PageTemplates[1].colTextColor 255", "PageTemplates[1].colTextColor", "#ff0000\n"},
+      {"set PageTemplates[1].colFillColor '&H80000005&'", "PageTemplates[1].colFillColor", "&H80000005&\n"},
       {"set VBOptions.WrapCharacters 72", "VBOptions.WrapCharacters", "72\n"},
+      {"set VBOptions.PreviewTemplate 'a\x01'", "VBOptions.PreviewTemplate", "a\x01\n"},
   };
   for (const auto& [command, path, got] : kRows) {
     const auto done = RunIn(command);
@@ -59,6 +65,11 @@ TEST_F(EditTest, ChangesAreSavedByTheirOwners) {
     EXPECT_EQ(Got(path), got);
   }
   EXPECT_NE(Config(), before);
+  EXPECT_EQ(Json("get PageTemplates[1].objFillColor"), 0x0080FF);
+  // What was printed of a value finds it.
+  EXPECT_EQ(RunIn("set VBOptions.WrapCharacters 73").Out,
+            "set HKEY_CURRENT_USER/Software/Corvantis/Lexiwend4/VB WrapCharacters\n");
+  EXPECT_EQ(Run("registry get HKEY_CURRENT_USER/Software/Corvantis/Lexiwend4/VB WrapCharacters").Out, "73\n");
   const auto same = RunIn("set ExternalDocs[1].NamespaceName My*");
   EXPECT_EQ(same.Out, "");
   EXPECT_THAT(same.Err, HasSubstr("nothing changes"));
@@ -66,12 +77,21 @@ TEST_F(EditTest, ChangesAreSavedByTheirOwners) {
 
 TEST_F(EditTest, WhatCannotBeDoneIsToldAndWritesNothing) {
   Set("LWCONFIG_STARTER", Below("config"));
+  // In an older file the version changes with any save, and still not to what was asked for.
+  Folder.Write("config/Templates/Small/config.xml",
+               std::regex_replace(Config(), std::regex("4\\.11"), "4.0"));
   const std::string before = Config();
   ExpectRefusals({
       {"set PageTemplates[1].PageLayouts[1].PageType pgMetho", 2, "did you mean 'pgMethod'?"},
       {"set PageTemplates[1].BorderWidth 2.5", 2, "'2.5' is not a whole number"},
       {"set PageTemplates[1].BorderWidth 9999999999", 2, "whole number that fits"},
       {"set PageTemplates[1].DiagramBold maybe", 2, "'maybe' is not True or False"},
+      {"set PageTemplates[1].objFillColor '#ff80'", 2, "'#ff80' is not a colour"},
+      {"set PageTemplates[1].Description 'a\x01' -n", 2, "the text has U+0001"},
+      {"add ExternalDocs NamespaceName=\xEF\xBF\xBE", 2, "the text has U+FFFE"},
+      {"add PageTemplates[1].SupportedItemTypes \xff", 2, "the text has the byte FF"},
+      {"call ExternalDocs.URL \x02", 2, "the text has U+0002"},
+      {"set VBOptions.ToolbarStyle 3", 2, "there is no value '3' of LWToolBarStyleEnum"},
       {"set PageTemplates[1].PageLayouts x", 2, "@ and the path of an object"},
       {"set PageTemplates[1].PageLayouts @PageTemplates", 2, "a PageLayouts was expected"},
       {"set PageTemplates[1].PageLayouts @PageTemplates[2]", 1, "column 15 of 'PageTemplates[2]'"},
@@ -80,6 +100,12 @@ TEST_F(EditTest, WhatCannotBeDoneIsToldAndWritesNothing) {
       {"set PageTemplates[1].NamespaceDefs[1].Caption x", 2, "the model only reads it"},
       {"set NamespaceProfiles[1].Caption x", 2, "the model only reads it"},
       {"set ReloadFlag True", 2, "not kept in any file"},
+      {"set PageTemplates[1].Version 9", 2,
+       "column 18 of 'PageTemplates[1].Version': PageTemplate.Version cannot be set to '9': saved and loaded "
+       "again it is '4.11'. Version of the file as read; a save writes the current one."},
+      {"set PageTemplates[1].PageLayouts[1].NodeTag x", 2, "neither loaded nor saved"},
+      {"set PageTemplates[1].TOCDefinitions[1].NodeDefs[N2].ParentKey N3", 2, "is 'N1'"},
+      {"add PageTemplates[1].TOCDefinitions[1].NodeDefs PageType=pgMethod", 2, "NodeDef.PageType cannot be"},
       {"add ExternalDocs NamespaceName=system*", 3, "already"},
       {"set PageTemplates[1].TOCDefinitions[1].NodeDefs[N1].Key n2", 3, "there is an item 'n2' already"},
       {"set ModelCommentProfiles[1].Name ../x", 4, "error 52 of LWConfigObjects"},
@@ -102,6 +128,23 @@ TEST_F(EditTest, WhatCannotBeDoneIsToldAndWritesNothing) {
   ExpectRefusals({{"set ExternalDocs[1].URLFormat x", 3, "could lose what was not read"}});
   EXPECT_EQ(Config(), before);
   EXPECT_FALSE(std::filesystem::exists(Below("config/Templates/Small/config.xml.bak")));
+}
+
+TEST_F(EditTest, ValuesThatAreKeptInAnotherFormAreTold) {
+  const std::pair<const char*, const char*> kRows[] = {
+      {"set PageTemplates[1].PageLayouts[1].FileName none.html",
+       "PageTemplates[Small/er one].PageLayouts[none.html].FileName is saved, but loaded again it is not "
+       "found"},
+      {"set PageTemplates[1].StyleSheet x.css", ""},
+      {"set PageTemplates[1].StyleSheet ''", "reads as 'stylesheets\\stylesheet.css'"},
+      {"set VBOptions.VBCommentMode 0", "'0' is stored, but VBOptions.VBCommentMode reads as 'ModeVBCode'"},
+  };
+  for (const auto& [command, note] : kRows) {
+    const auto done = RunIn(command);
+    EXPECT_EQ(done.Status, 0) << done.Err;
+    EXPECT_THAT(done.Err, HasSubstr(note)) << command;
+    EXPECT_NE(done.Out, "") << command;
+  }
 }
 
 TEST_F(EditTest, CallsMethods) {
@@ -127,10 +170,12 @@ TEST_F(EditTest, ADryRunPrintsWhatWouldBeWritten) {
                                       "ExternalDocs.xml\n@@ -1,[0-9] \\+1,[0-9] @@\n(.|\n)*-[^\n]*first"
                                       "(.|\n)*\\+[^\n]*second(.|\n)*"));
   EXPECT_EQ(Folder.Read("config/ExternalDocs.xml"), before);
+  ASSERT_EQ(Run("registry set HKCU/Software/Corvantis/Lexiwend4/VB WrapCharacters 80 --type dword").Status,
+            0);
   EXPECT_EQ(RunIn("set VBOptions.WrapCharacters 72 -n").Out,
             "--- registry\n+++ registry\n [HKEY_CURRENT_USER\\Software\\Corvantis\\Lexiwend4\\VB]\n"
-            "+\"WrapCharacters\"=\"72\"\n");
-  EXPECT_EQ(Got("VBOptions.WrapCharacters"), "90\n");
+            "-\"WrapCharacters\"=dword:00000050\n+\"WrapCharacters\"=\"72\"\n");
+  EXPECT_EQ(Got("VBOptions.WrapCharacters"), "80\n");
   EXPECT_THAT(RunIn("set PageTemplates[1].Name x -n").Out,
               HasSubstr("copy <test>/config/Templates/Small/config.xml as it is to "
                         "<test>/config/Templates/Small/config.xml.bak\n"));
@@ -162,6 +207,8 @@ TEST_F(EditTest, AFileOfCommandsIsDoneWhollyOrNotAtAll) {
        "2:1: error: there is no command 'remov'; did"},
       {"set VBOptions.Grouped False\nset VBOptions.Grouped", 2, "2:1: error: VALUE is required"},
       {"set VBOptions.Grouped False\nset 'x", 2, "2:5: error: the quotation mark is not closed"},
+      {"set VBOptions.Grouped False\n set PageTemplates[1].Version 9\nset PageTemplates[1].Name y", 2,
+       "2:23: error: PageTemplate.Version"},
       {"set VBOptions.Grouped False\ncall PageTemplates.Remove 7", 3, "2:1: error: the command here failed"},
   };
   for (const auto& row : kRows) {

@@ -33,8 +33,9 @@ TEST_F(RegistryCommandTest, StoresAndShowsEveryType) {
     EXPECT_EQ(json.at(0).at("Type"), type);
   }
   EXPECT_EQ(Registry("list HKCU --width 40").Out,
-            "KEY                              VALUE …\n"
-            "HKEY_CURRENT_USER\\software\\Test  v     …\n");
+            "KEY                 VALUE  TYPE   DATA\n"
+            "HKEY_CURRENT_USER\\  v      multi  a\\nü\n"
+            "software\\Test\n");
 }
 
 TEST_F(RegistryCommandTest, SaysWhatIsWrong) {

@@ -40,7 +40,7 @@ TEST_F(TerminalTest, FitsLinesIntoTheTerminal) {
   Set("COLUMNS", "30");
   EXPECT_THAT(ShowOnTerminal(layouts, 40), HasSubstr("├─ method.html  method · per …\n"));
   EXPECT_THAT(ShowOnTerminal("templates/small/layouts/method.html --color=never", 40),
-              HasSubstr("   repeats\n     per\n     LW:Method,LW:ImplementedM\n     ethod\n"));
+              HasSubstr("   repeats\n     per\n     LW:Method,LW:Implemented\n     Method\n"));
   // What goes to a file or another program stays whole, unless a width is asked for.
   EXPECT_THAT(Show(layouts).Out, HasSubstr("where Public\n"));
   EXPECT_THAT(Show("templates/small/layouts --width=25").Out, HasSubstr("├─ method.html  method ·…\n"));

@@ -102,6 +102,10 @@ std::string WriteRegistryText(const std::vector<RegistryChange>& changes, Regist
   return "\xff\xfe" + std::string(units.begin(), units.end());
 }
 
+std::string RegistryValueLine(std::string_view name, const RegistryValue& value) {
+  return RegistryName(name) + "=" + RegistryData(value, false, "\n");
+}
+
 std::vector<std::uint8_t> PackTexts(const std::vector<std::string>& texts) {
   std::string packed;
   for (const std::string& text : texts) {

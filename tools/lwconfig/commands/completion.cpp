@@ -134,13 +134,13 @@ Candidates Live(const Typed& typed, Reporter& reporter) {
   }
   lwconfig::Root root;
   Candidates candidates;
-  if (typed.Name == "options get" || typed.Name == "options set") {
+  if (typed.Name == "options get" || typed.Name == "options set" || typed.Name == "options reset") {
     if (place == 1 && typed.Name == "options set") return CompleteValue(model, typed.Positionals.front());
     for (const UserOption& option : UserOptions(root)) candidates.push_back({option.Name()});
   } else if (typed.Name == "phrase" || typed.Name == "scrap" || typed.Name == "template clone") {
     for (const auto& pageTemplate : *root.PageTemplates()) candidates.push_back({pageTemplate->Name});
   }
-  return place == 0 ? candidates : Candidates();
+  return place == 0 || typed.Name == "options reset" ? candidates : Candidates();
 }
 
 Candidates Complete(const std::vector<std::string>& words, Reporter& reporter) {

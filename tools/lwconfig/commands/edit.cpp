@@ -179,10 +179,12 @@ Edit ParseEdit(const std::vector<Word>& words) {
   const auto* const found = std::ranges::find_if(kEditCommands, isNamed);
   if (found == kEditCommands.end()) {
     std::vector<std::string> names;
+    names.reserve(kEditCommands.size());
     for (const Command* command : kEditCommands) names.emplace_back(command->Name);
     throw Fault::Unknown(ExitStatus::Usage, "command", name, "", names).At(name, 0);
   }
   std::vector<std::string> texts;
+  texts.reserve(words.size());
   for (const Word& word : words) texts.push_back(word.Text);
   return EditOf(static_cast<EditKind>(found - kEditCommands.begin()), ReadWords(kEditCommands, texts).Given);
 }
@@ -196,20 +198,25 @@ void Apply(const Arguments& arguments, Reporter& reporter) {
   Model model(reporter);
   Editor editor(model);
   bool isDone = false;
-  std::size_t count = 0;
+  std::vector<std::vector<Word>> commands;
   WithFaults(reporter, source, [&] {
     WordReader reader(text);
     while (reader.Next(source.Command)) {
+      commands.push_back(source.Command);
       Print(model, editor.Run(ParseEdit(source.Command)), false, reporter);
-      ++count;
     }
     source.Command.clear();
-    editor.Save();
+    try {
+      editor.Save();
+    } catch (const Fault& fault) {
+      if (fault.Edit() > 0) source.Command = commands[fault.Edit() - 1];
+      throw;
+    }
     isDone = true;
   });
   if (!isDone) return reporter.Note("nothing was written");
   if (overlay.IsEmpty())
-    reporter.Note(std::to_string(count) + " commands, and nothing changes in what is saved");
+    reporter.Note(std::to_string(commands.size()) + " commands, and nothing changes in what is saved");
   Finish(configuration, overlay, arguments.Has("--dry-run"), false, reporter);
 }
 

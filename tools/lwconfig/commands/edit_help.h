@@ -4,17 +4,22 @@ namespace lwconfig::tool {
 
 inline constexpr const char* kSetHelp =
     R"(PATH leads to a property ('lwconfig get --help' tells how paths are written). VALUE is what its type has:
-a text as it is; True or False; a whole number; the name or the number of an enumeration's value; for an
-object @ and its path, or null. A VALUE that begins with a dash follows '--'.
+a text as it is; True or False; a whole number; the name or the number of an enumeration's value; a colour as
+#rrggbb, in quotation marks for a shell, or as the number that JSON and programs have, 0xBBGGRR with red in
+the low byte; for an object @ and its path, or null. A VALUE that begins with a dash follows '--'. A character
+that XML does not have, such as most control characters, is refused.
 
 What was changed is saved at once, by the object that keeps it: the template, the comment definitions, the
 model comments, the external documentation or the comment file locations. Options go to the registry.
 Languages, namespace profiles and plug-ins are only read by the model and cannot be changed. A model comment
-profile with another name is saved to another file; its old file stays. A change with which the
-configuration could not be read any more is refused.
+profile with another name is saved to another file; its old file stays. Before anything is written the change
+is saved and loaded again in memory: it is refused when the configuration could not be read any more, and when
+no save keeps it, such as that of a template's version. A note tells of a value that is read in another form.
+What is printed of a registry value are the arguments of 'lwconfig registry get'.
 
 Examples:
   lwconfig set VBOptions.WrapCharacters 72
+  lwconfig set 'PageTemplates[VBTechDoc].objFillColor' '#ffcc00'
   lwconfig set 'PageTemplates[VBTechDoc].PageLayouts[method.html].PageType' pgMethod --dry-run
   lwconfig set 'PageTemplates[1].TOCDefinitions[1].NodeDefs[2].PageLayout' '@PageTemplates[1].PageLayouts[3]'
 )";

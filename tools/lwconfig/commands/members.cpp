@@ -28,7 +28,8 @@ Shells take brackets and quotation marks for themselves: put the whole path in s
 )";
 
 constexpr const char* kGetExamples = R"(
-A value is printed as it is, an enumeration's by name, a collection with a line for each item.
+A value is printed as it is, an enumeration's by name, a colour as #rrggbb (with --json the number 0xBBGGRR, red in
+the low byte), a collection with a line for each item.
 
 Examples:
   lwconfig get VBOptions.WrapCharacters

@@ -17,6 +17,7 @@
 #include <lwconfig/core/disk_file.h>
 #include <lwconfig/core/file_name.h>
 #include <lwconfig/core/string_tools.h>
+#include <lwconfig/core/xml_characters.h>
 #include <lwconfig/platform/letter_case.h>
 
 namespace lwconfig::tool {
@@ -86,12 +87,18 @@ void Clone(const Arguments& arguments, Reporter& reporter) {
                          "the templates are not all as they should be; nothing was copied");
   }
   const std::string newName = arguments.Text("NEWNAME");
+  const std::string newFolder = arguments.Text("FOLDER");
+  for (const std::string& name : {newName, newFolder}) {
+    if (const auto found = FindForbiddenCharacter(name)) {
+      return reporter.Fail(ExitStatus::Usage, "'" + name + "' has " + found->Name +
+                                                  ", which no XML file can have; nothing was copied");
+    }
+  }
   if (newName.empty()) return reporter.Fail(ExitStatus::Usage, "a template needs a name; nothing was copied");
   if (templates->Item(newName)) {
     return reporter.Fail(ExitStatus::Usage,
                          "there is a template '" + newName + "' already; nothing was copied");
   }
-  const std::string newFolder = arguments.Text("FOLDER");
   const std::string folder = FolderOfClone(*original, newFolder.empty() ? newName : newFolder, reporter);
   if (folder.empty()) return;
 

@@ -97,8 +97,13 @@ std::vector<Candidate> CompleteValue(Model& model, const std::string& path) {
   const MemberPath steps = ParsePath(path);
   if (steps.Steps.empty() || steps.Steps.back().IsItem()) return {};
   const AnyObject object = model.FollowToObject(steps, steps.Steps.size() - 1, {model.Root()}).back();
-  const auto* slot = WritingSlot(Model::Find(object, steps, steps.Steps.back()));
-  return slot != nullptr ? ValuesOf(slot->ParameterList[0].Type, "") : std::vector<Candidate>();
+  const ClassInfo::Member& member = Model::Find(object, steps, steps.Steps.back());
+  const auto* slot = WritingSlot(member);
+  if (slot == nullptr) return {};
+  const automation::TypeInfo& type = slot->ParameterList[0].Type;
+  if (!type.IsColour) return ValuesOf(type, "");
+  // Any colour will do; the present one shows the form.
+  return {{ValueText(model.Invoke(object, member.Name, automation::kPropertyGet), type), "colour"}};
 }
 
 std::vector<Candidate> CompleteMember(Model& model, const std::string& path, std::string_view text) {

@@ -42,9 +42,10 @@ Variant Editor::Typed(const std::string& text, const automation::TypeInfo& type)
 }
 
 std::vector<Result> Editor::Run(const Edit& edit) {
+  ++mEdits;
   switch (edit.Kind) {
     case EditKind::Set:
-      Set(ParsePath(edit.Path), edit.Values.at(0), {mModel.Root()});
+      Set(ParsePath(edit.Path), edit.Values.at(0));
       break;
     case EditKind::Add:
       Add(edit);
@@ -58,9 +59,15 @@ std::vector<Result> Editor::Run(const Edit& edit) {
   return {};
 }
 
-void Editor::Set(const MemberPath& path, const std::string& value, Way from) {
+void Editor::Set(const MemberPath& path, const std::string& value) {
   const PathStep& last = LastMember(path, "property");
-  const Way way = mModel.FollowToObject(path, path.Steps.size() - 1, std::move(from));
+  const Way way = mModel.FollowToObject(path, path.Steps.size() - 1, {mModel.Root()});
+  SetMember(path, way, path, value, {mEdits, path.Text, last.Offset});
+}
+
+void Editor::SetMember(const MemberPath& path, const Way& way, const MemberPath& whole,
+                       const std::string& value, SetPlace place) {
+  const PathStep& last = path.Steps.back();
   const ClassInfo::Member& member = Model::Find(way.back(), path, last);
   const MemberInfo* slot = member.Let != nullptr ? member.Let : member.Set;
   if (slot == nullptr || !last.Arguments.empty()) {
@@ -71,10 +78,12 @@ void Editor::Set(const MemberPath& path, const std::string& value, Way from) {
   }
   mKeeper.Note(way);
   RefuseKeyInUse(way, member, value);
-  std::array<Variant, 1> argument{Typed(value, slot->ParameterList[0].Type)};
-  const bool isObject = std::holds_alternative<AnyObject>(argument[0]);
-  mModel.Invoke(way.back(), member.Name, isObject ? automation::kPropertySet : automation::kPropertyLet,
-                argument);
+  mKeeper.RefuseUnwritable(way, value);
+  const automation::TypeInfo& type = slot->ParameterList[0].Type;
+  // An option has no meaning for other numbers; elsewhere 0 or -1 may be none of them.
+  Variant typed = Typed(value, type);
+  if (mKeeper.IsKeptAtOnce(way)) RequireEnumerator(typed, type, value);
+  mValues.Set(whole, way, member, std::move(typed), std::move(place));
 }
 
 /// Two items of one key would not load again.
@@ -104,24 +113,31 @@ void Editor::Add(const Edit& edit) {
   Way itemWay = way;
   itemWay.push_back(item);
   mKeeper.Note(itemWay);
-  for (const std::string& value : edit.Values) {
-    const auto equals = value.find('=');
-    if (equals == std::string::npos)
-      throw Fault(ExitStatus::Usage, "MEMBER=VALUE was expected, not '" + value + "'").At(value, 0);
-    try {
-      Set(ParsePath(value.substr(0, equals)), value.substr(equals + 1), itemWay);
-    } catch (const Fault& fault) {
-      // Members stand at the start of the word, values at its end.
-      if (fault.Word() != value.substr(0, equals)) throw;
-      Fault placed = fault;
-      throw placed.Move(value);
-    }
-  }
+  for (const std::string& value : edit.Values) SetOfItem(itemWay, edit.Path, value);
   std::string key = edit.Key;
   const char* property = KeyProperty(*itemClass);
   if (key.empty() && property != nullptr)
     key = automation::ToText(mModel.Invoke(item, property, automation::kPropertyGet));
   Insert(way, item, key, edit);
+}
+
+void Editor::SetOfItem(const Way& item, const std::string& collection, const std::string& assignment) {
+  const auto equals = assignment.find('=');
+  if (equals == std::string::npos)
+    throw Fault(ExitStatus::Usage, "MEMBER=VALUE was expected, not '" + assignment + "'").At(assignment, 0);
+  const std::string member = assignment.substr(0, equals);
+  try {
+    const MemberPath path = ParsePath(member);
+    const PathStep& last = LastMember(path, "property");
+    const Way way = mModel.FollowToObject(path, path.Steps.size() - 1, item);
+    SetMember(path, way, ParsePath(collection + "[1]." + member), assignment.substr(equals + 1),
+              {mEdits, assignment, last.Offset});
+  } catch (const Fault& fault) {
+    // Members stand at the start of the word, values at its end.
+    if (fault.Word() != member) throw;
+    Fault placed = fault;
+    throw placed.Move(assignment);
+  }
 }
 
 void Editor::AddText(const Way& way, const Edit& edit) {
@@ -130,6 +146,7 @@ void Editor::AddText(const Way& way, const Edit& edit) {
                 "one text was expected, because " + edit.Path + " is a collection of texts");
   mKeeper.Note(way);
   const std::string& text = edit.Values.front();
+  mKeeper.RefuseUnwritable(way, text);
   Insert(way, text, edit.Key.empty() ? text : edit.Key, edit);
 }
 
@@ -196,6 +213,7 @@ std::vector<Result> Editor::Call(const Edit& edit) {
   std::vector<Variant> arguments;
   std::vector<std::string> named;
   for (const std::string& value : edit.Values) {
+    mKeeper.RefuseUnwritable(way, value);
     if (NamesArgument(value)) {
       named.push_back(value);
       continue;

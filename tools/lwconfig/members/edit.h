@@ -6,6 +6,7 @@
 #include <vector>
 
 #include <tools/lwconfig/members/keeper.h>
+#include <tools/lwconfig/members/kept_values.h>
 #include <tools/lwconfig/members/model.h>
 #include <tools/lwconfig/view/node.h>
 
@@ -34,14 +35,20 @@ struct Result {
 /// Makes changes in the model, and saves them when told so.
 class Editor {
  public:
-  explicit Editor(Model& model) : mModel(model), mKeeper(model) {}
+  explicit Editor(Model& model) : mModel(model), mKeeper(model), mValues(model, mKeeper) {}
 
   /// Throws a `Fault` or an `Error`.
   std::vector<Result> Run(const Edit& edit);
-  void Save() { mKeeper.Save(); }
+  /// Throws a `Fault` where what was changed cannot be loaded again, or a value that was set is not kept; a
+  /// value that is kept in another form is a note.
+  void Save() { mValues.Save(); }
 
  private:
-  void Set(const MemberPath& path, const std::string& value, Way from);
+  void Set(const MemberPath& path, const std::string& value);
+  /// Sets a member of a new item, as it is written: `Member=VALUE`.
+  void SetOfItem(const Way& item, const std::string& collection, const std::string& assignment);
+  void SetMember(const MemberPath& path, const Way& way, const MemberPath& whole, const std::string& value,
+                 SetPlace place);
   void RefuseKeyInUse(const Way& way, const automation::ClassInfo::Member& member, const std::string& value);
   void Add(const Edit& edit);
   void AddText(const Way& way, const Edit& edit);
@@ -56,6 +63,8 @@ class Editor {
 
   Model& mModel;
   Keeper mKeeper;
+  KeptValues mValues;
+  std::size_t mEdits = 0;
 };
 
 }  // namespace lwconfig::tool

@@ -35,6 +35,13 @@ class Fault : public std::exception {
     return *this;
   }
 
+  /// The fault came to light after several edits: in this one of them, from 1.
+  Fault& OfEdit(std::size_t edit) {
+    mEdit = edit;
+    return *this;
+  }
+
+  std::size_t Edit() const { return mEdit; }
   std::int32_t Number() const { return mNumber; }
   ExitStatus Status() const { return mStatus; }
   const char* what() const noexcept override { return mText.c_str(); }
@@ -47,6 +54,7 @@ class Fault : public std::exception {
  private:
   ExitStatus mStatus;
   std::int32_t mNumber = 0;
+  std::size_t mEdit = 0;
   std::string mText;
   std::string mWord;
   std::size_t mOffset = 0;

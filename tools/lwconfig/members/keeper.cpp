@@ -6,6 +6,7 @@
 #include <tools/lwconfig/members/keeper.h>
 
 #include <lwconfig/automation/class_info.h>
+#include <lwconfig/core/xml_characters.h>
 
 namespace lwconfig::tool {
 namespace {
@@ -43,27 +44,48 @@ const Keeping* Find(const AnyObject& object) {
   return found == kKeeping.end() ? nullptr : found;
 }
 
+/// The nearest object of the way that decides how changes are kept; `rend` where none does.
+auto FindOwner(const Way& way) {
+  return std::find_if(way.rbegin(), way.rend(),
+                      [](const AnyObject& object) { return Find(object) != nullptr; });
+}
+
 [[noreturn]] void FailUnkept(const AnyObject& object, const char* why) {
   throw Fault(ExitStatus::Usage, std::string(object.Class->Name()) + why);
 }
 
 }  // namespace
 
+bool Keeper::IsKeptAtOnce(const Way& way) const {
+  const auto owner = FindOwner(way);
+  return !mModel.IsNamed(way) && owner != way.rend() && Find(*owner)->How == Kept::AtOnce;
+}
+
 void Keeper::Note(const Way& way) {
   if (mModel.IsNamed(way)) return;
-  for (auto object = way.rbegin(); object != way.rend(); ++object) {
-    const Keeping* keeping = Find(*object);
-    if (keeping == nullptr) continue;
-    if (keeping->How == Kept::AtOnce) return;
-    if (keeping->How == Kept::Never) FailUnkept(*object, " cannot be saved: the model only reads it");
-    if (mModel.Report().Status() != ExitStatus::Done) {
-      throw Fault(ExitStatus::Invalid,
-                  "the configuration could not be read as a whole; saving it could lose what was not read");
-    }
-    if (std::ranges::find(mChanged, *object) == mChanged.end()) mChanged.push_back(*object);
-    return;
+  const auto owner = FindOwner(way);
+  if (owner == way.rend()) FailUnkept(way.back(), " is not kept in any file");
+  const Kept how = Find(*owner)->How;
+  if (how == Kept::AtOnce) return;
+  if (how == Kept::Never) FailUnkept(*owner, " cannot be saved: the model only reads it");
+  if (mModel.Report().Status() != ExitStatus::Done) {
+    throw Fault(ExitStatus::Invalid,
+                "the configuration could not be read as a whole; saving it could lose what was not read");
   }
-  FailUnkept(way.back(), " is not kept in any file");
+  if (std::ranges::find(mChanged, *owner) == mChanged.end()) mChanged.push_back(*owner);
+}
+
+void Keeper::RefuseUnwritable(const Way& way, const std::string& text) const {
+  if (mModel.IsNamed(way)) return;
+  if (IsKeptAtOnce(way)) {
+    const std::size_t nul = text.find('\0');
+    if (nul == std::string::npos) return;
+    throw Fault(ExitStatus::Usage, "the registry can hold no U+0000").At(text, nul);
+  }
+  if (const auto found = FindForbiddenCharacter(text)) {
+    throw Fault(ExitStatus::Usage, "the text has " + found->Name + ", which no XML file can have")
+        .At(text, found->Offset);
+  }
 }
 
 void Keeper::NoteRemoval(const Way& way) {

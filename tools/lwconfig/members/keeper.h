@@ -11,8 +11,12 @@ class Keeper {
  public:
   explicit Keeper(Model& model) : mModel(model) {}
 
+  /// Whether changes of the last object of `way` are stored by themselves, in the registry instead of a file.
+  bool IsKeptAtOnce(const Way& way) const;
   /// The last object of `way` is to be changed. Throws a `Fault` where nothing would keep the change.
   void Note(const Way& way);
+  /// Throws a `Fault` for a text that could not be read back from the place where `way` is kept.
+  void RefuseUnwritable(const Way& way, const std::string& text) const;
   /// An item of the collection at the end of `way` is to be removed. Throws a `Fault` also where a removed
   /// item would stay on disk.
   void NoteRemoval(const Way& way);

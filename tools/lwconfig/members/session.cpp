@@ -13,13 +13,16 @@ namespace {
 
 /// Type and value as every face of the library can tell them: no object, empty and Null are one.
 std::string TypedText(const Result& result) {
+  // Other faces know names of values, and no form for colours.
+  const bool isNamed = result.Type.Kind == automation::ValueKind::Enumeration;
+  const std::string text = ValueText(result.Value, isNamed ? result.Type : automation::TypeInfo{});
   struct Kind {
     const Result& Told;
+    const std::string& Text;
     std::string operator()(bool) const { return "boolean "; }
     std::string operator()(std::int16_t) const { return "integer "; }
     std::string operator()(std::int32_t number) const {
-      const bool hasName = ValueText(Told.Value, Told.Type) != std::to_string(number);
-      return hasName ? std::string(Told.Type.Enumeration().Name) + " " : "integer ";
+      return Text != std::to_string(number) ? std::string(Told.Type.Enumeration().Name) + " " : "integer ";
     }
     std::string operator()(double) const { return "number "; }
     std::string operator()(const std::string&) const { return "text "; }
@@ -29,7 +32,7 @@ std::string TypedText(const Result& result) {
     std::string operator()(Missing) const { return "null"; }
   };
   const std::string quote = std::holds_alternative<std::string>(result.Value) ? "\"" : "";
-  return std::visit(Kind{result}, result.Value) + quote + ValueText(result.Value, result.Type) + quote;
+  return std::visit(Kind{result, text}, result.Value) + quote + text + quote;
 }
 
 const std::string& WordAt(const std::vector<std::string>& words, std::size_t at) {

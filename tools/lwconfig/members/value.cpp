@@ -3,6 +3,7 @@
 #include <tools/lwconfig/members/value.h>
 
 #include <lwconfig/automation/conversion.h>
+#include <lwconfig/core/colour.h>
 #include <lwconfig/core/conversions.h>
 #include <lwconfig/platform/letter_case.h>
 
@@ -22,9 +23,10 @@ Fault NoValue(const std::string& text, const TypeInfo& type, std::int32_t number
   const bool isFlag = type.Kind == ValueKind::Boolean;
   const bool isNumber = type.Kind == ValueKind::Integer16 || type.Kind == ValueKind::Integer32;
   return Fault(ExitStatus::Usage, "'" + text + "' is not " +
-                                      (isFlag     ? "True or False"
-                                       : isNumber ? "a whole number that fits"
-                                                  : "@ and the path of an object, or null"))
+                                      (isFlag          ? "True or False"
+                                       : type.IsColour ? "a colour: #rrggbb, or a whole number 0xBBGGRR"
+                                       : isNumber      ? "a whole number that fits"
+                                                       : "@ and the path of an object, or null"))
       .Numbered(number);
 }
 
@@ -36,6 +38,12 @@ std::int32_t WholeNumber(const std::string& text, const TypeInfo& type) {
   if (type.Kind == ValueKind::Integer16 && (number.Value > kMost16 || number.Value < -kMost16 - 1))
     throw NoValue(text, type, kOverflow);
   return number.Value;
+}
+
+std::int32_t Colour(const std::string& text, const TypeInfo& type) {
+  const auto colour = ColourValue(text);
+  if (!colour) throw NoValue(text, type, colour.ErrorNumber);
+  return colour.Value;
 }
 
 bool Flag(const std::string& text, const TypeInfo& type) {
@@ -89,6 +97,8 @@ std::string ValueText(const Variant& value, const TypeInfo& type) {
       if (member.Value == std::get<std::int32_t>(value)) return member.Name;
     }
   }
+  if (type.IsColour && std::holds_alternative<std::int32_t>(value))
+    return ColourText(std::get<std::int32_t>(value));
   return std::holds_alternative<Missing>(value) ? std::string() : automation::ToText(value);
 }
 
@@ -99,7 +109,7 @@ Variant TypedValue(const std::string& text, const TypeInfo& type, const ObjectAt
         return Flag(text, type);
       case ValueKind::Integer16:
       case ValueKind::Integer32:
-        return WholeNumber(text, type);
+        return type.IsColour ? Colour(text, type) : WholeNumber(text, type);
       case ValueKind::Enumeration:
         return Enumerator(text, type);
       case ValueKind::Object:
@@ -134,6 +144,14 @@ Variant TypedArgument(const PathValue& argument, const TypeInfo& type, std::stri
     Fault placed(fault.Status(), fault.what());
     throw placed.Numbered(fault.Number()).At(text, argument.Offset);
   }
+}
+
+void RequireEnumerator(const Variant& value, const TypeInfo& type, const std::string& written) {
+  if (type.Kind != ValueKind::Enumeration) return;
+  for (const auto& member : type.Enumeration().Members) {
+    if (value == Variant(member.Value)) return;
+  }
+  throw NoValue(written, type).At(written, 0);
 }
 
 std::vector<std::string> PossibleValues(const TypeInfo& type) {

@@ -13,7 +13,7 @@
 namespace lwconfig::tool {
 
 /// A value for people: texts as they are, "True" and "False", numbers, the name of an enumeration's value,
-/// "null", the class of an object in brackets.
+/// colours as #rrggbb, "null", the class of an object in brackets.
 std::string ValueText(const Variant& value, const automation::TypeInfo& type);
 
 /// Finds the object that a value written as `@PATH` names.
@@ -23,6 +23,10 @@ using ObjectAt = std::function<AnyObject(const MemberPath& path)>;
 Variant TypedValue(const std::string& text, const automation::TypeInfo& type, const ObjectAt& objectAt);
 /// As above for an argument inside the path `text`; where any value will do, a number is a number.
 Variant TypedArgument(const PathValue& argument, const automation::TypeInfo& type, std::string_view text);
+
+/// Throws a `Fault` of usage where the type is an enumeration that does not have the value, a number that was
+/// written so.
+void RequireEnumerator(const Variant& value, const automation::TypeInfo& type, const std::string& written);
 
 /// What can be written for this type, where there is a choice of few.
 std::vector<std::string> PossibleValues(const automation::TypeInfo& type);

@@ -5,7 +5,6 @@
 
 #include <lwconfig/automation/published.h>
 #include <lwconfig/core/application_values.h>
-#include <lwconfig/platform/letter_case.h>
 
 namespace lwconfig::tool {
 namespace {
@@ -18,7 +17,7 @@ std::optional<std::int32_t> WholeNumber(std::string_view text) {
 }
 
 void Append(std::vector<UserOption>& options, std::string_view set, const OptionSet& from) {
-  for (const AnyOption* option : from.Options()) options.push_back({set, option});
+  for (AnyOption* option : from.Options()) options.push_back({set, option});
 }
 
 Json TypedValue(const UserOption& option, const std::optional<std::string>& text) {
@@ -121,50 +120,21 @@ Json OptionState::ToJson() const {
 std::string OptionState::Shown(const std::optional<std::string>& text) const {
   if (!text) return "not readable";
   if (Of.Option->Type() == OptionType::Text) return "\"" + *text + "\"";
+  const char* name = NameOf(*text);
+  return name != nullptr ? *text + " " + name : *text;
+}
+
+std::string OptionState::Plain() const {
+  if (!Value) return {};
+  const char* name = NameOf(*Value);
+  return name != nullptr ? name : *Value;
+}
+
+const char* OptionState::NameOf(const std::string& number) const {
   for (const auto& [name, value] : Of.Enumerators()) {
-    if (value == WholeNumber(*text)) return *text + " " + name;
+    if (value == WholeNumber(number)) return name;
   }
-  return *text;
-}
-
-std::optional<std::string> StorableText(const UserOption& option, std::string_view value) {
-  const auto isOneOf = [value](const auto&... names) { return (EqualIgnoringCase(value, names) || ...); };
-  switch (option.Option->Type()) {
-    case OptionType::Boolean:
-      if (isOneOf("True", "yes", "1")) return "True";
-      if (isOneOf("False", "no", "0")) return "False";
-      return std::nullopt;
-    case OptionType::Integer:
-      if (const auto number = WholeNumber(value)) return ToText(*number);
-      return std::nullopt;
-    case OptionType::Enumeration: {
-      const auto wanted = WholeNumber(value);
-      for (const auto& [name, number] : option.Enumerators()) {
-        if (isOneOf(name) || wanted == number) return ToText(number);
-      }
-      return std::nullopt;
-    }
-    case OptionType::Text:
-      break;
-  }
-  return std::string(value);
-}
-
-std::string AllowedValues(const UserOption& option) {
-  switch (option.Option->Type()) {
-    case OptionType::Boolean:
-      return "True or False";
-    case OptionType::Integer:
-      return "a whole number of 32 bits";
-    case OptionType::Enumeration:
-      break;
-    case OptionType::Text:
-      return "any text";
-  }
-  std::string allowed;
-  for (const auto& [name, number] : option.Enumerators())
-    allowed += (allowed.empty() ? "" : ", ") + ToText(number) + " (" + name + ")";
-  return allowed;
+  return nullptr;
 }
 
 Group DescribeOptions(Root& root, Reporter& reporter) {

@@ -17,7 +17,7 @@ namespace lwconfig::tool {
 /// One option of the user, with the set that it belongs to.
 struct UserOption {
   std::string_view Set;
-  const AnyOption* Option;
+  AnyOption* Option;
 
   /// "VBOptions.WrapCharacters"
   std::string Name() const;
@@ -37,6 +37,8 @@ struct OptionState {
   OptionState(const UserOption& option, Reporter& reporter);
 
   Json ToJson() const;
+  /// The value alone, an enumeration's by name where it has one; empty where it cannot be read.
+  std::string Plain() const;
   /// For people: a value with the name it has in an enumeration, texts in quotation marks.
   std::string Shown() const { return Shown(Value); }
   std::string ShownDefault() const { return Shown(Default); }
@@ -48,12 +50,9 @@ struct OptionState {
 
  private:
   std::string Shown(const std::optional<std::string>& text) const;
+  /// The name of the number in the option's enumeration, or null.
+  const char* NameOf(const std::string& number) const;
 };
-
-/// The text to store for a value as a person writes it: nothing where the option's type does not have it.
-std::optional<std::string> StorableText(const UserOption& option, std::string_view value);
-/// What the option can be, for messages.
-std::string AllowedValues(const UserOption& option);
 
 /// The option sets as they are shown.
 Group DescribeOptions(Root& root, Reporter& reporter);

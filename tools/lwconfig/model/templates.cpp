@@ -1,23 +1,13 @@
-#include <array>
-#include <cstdio>
-
 #include <tools/lwconfig/model/describe.h>
+
+#include <lwconfig/core/colour.h>
 
 namespace lwconfig::tool {
 namespace {
 
-/// A Basic colour, 0xBBGGRR, with what it colours in front.
+/// A colour with what it colours in front.
 Property Colour(const char* name, std::int32_t colour, const char* label, const char* part) {
-  const auto value = static_cast<std::uint32_t>(colour);
-  std::array<char, 32> text{};
-  // A colour with its top bit set is one of the system's, which has no value of its own.
-  if (value > 0xFFFFFF) {
-    std::snprintf(text.data(), text.size(), "%s &H%08X&", part, value);
-  } else {
-    std::snprintf(text.data(), text.size(), "%s #%02x%02x%02x", part, value & 0xFF, value >> 8 & 0xFF,
-                  value >> 16);
-  }
-  return {name, colour, label, {text.data(), Tone::Colour}};
+  return {name, colour, label, {part + (" " + ColourText(colour)), Tone::Colour}};
 }
 
 Property Flag(const char* name, bool value, const char* label, const char* text) {

@@ -59,20 +59,26 @@ platform::RegistryChange StepTo(const ValueChange& change, const std::optional<R
           wanted.value_or(RegistryValue{})};
 }
 
-/// A value as the registry editor writes it.
-std::string ValueLine(const std::string& name, const RegistryValue& value) {
-  std::string line = "\"" + name + "\"=";
-  if (const auto* text = std::get_if<std::string>(&value.Data)) {
-    line += '"';
-    for (const char c : *text) {
-      if (c == '"' || c == '\\') line += '\\';
-      line += c;
-    }
-    return line + "\"";
-  }
-  if (const auto* number = std::get_if<std::uint32_t>(&value.Data))
-    return line + "dword:" + std::to_string(*number);
-  return line + "hex(" + std::to_string(value.Type) + ")";
+/// The value as a registry file has it, with the mark in front of each line.
+std::string MarkedLines(char mark, const ValueChange& change, const RegistryValue& value) {
+  const std::string statement = platform::RegistryValueLine(change.Name, value);
+  std::string lines;
+  for (const auto line : Split(statement, "\n")) ((lines += mark) += line) += '\n';
+  return lines;
+}
+
+/// Key and name as arguments of a shell, in a form that needs no quotation marks where there is one.
+std::string ArgumentsFor(const ValueChange& change) {
+  const auto quoted = [](const std::string& text) {
+    constexpr std::string_view kPlain = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789_-./";
+    if (!text.empty() && text.find_first_not_of(kPlain) == std::string::npos) return text;
+    std::string inQuotes = "'";
+    for (const char c : text) inQuotes += c == '\'' ? std::string("'\\''") : std::string(1, c);
+    return inQuotes + "'";
+  };
+  std::string key = std::string(platform::HiveName(change.Hive)) + "\\" + change.Key;
+  if (key.find('/') == std::string::npos) std::ranges::replace(key, '\\', '/');
+  return quoted(key) + " " + quoted(change.Name);
 }
 
 }  // namespace
@@ -90,8 +96,7 @@ std::vector<std::string> Overlay::Names() const {
   for (const FileChange& change : mFiles.Changes())
     names.push_back((change.New ? "wrote " : "removed ") + mBaseFiles.NativePath(change.Path));
   for (const ValueChange& change : mRegistry.Changes())
-    names.push_back((change.New ? "set " : "deleted ") + std::string(platform::HiveName(change.Hive)) + "\\" +
-                    change.Key + "\\" + change.Name);
+    names.push_back((change.New ? "set " : "deleted ") + ArgumentsFor(change));
   return names;
 }
 
@@ -113,8 +118,8 @@ std::string Overlay::Difference() const {
   for (const ValueChange& change : mRegistry.Changes()) {
     const std::string key = "[" + std::string(platform::HiveName(change.Hive)) + "\\" + change.Key + "]\n";
     text += "--- registry\n+++ registry\n " + key;
-    if (change.Old) text += "-" + ValueLine(change.Name, *change.Old) + "\n";
-    if (change.New) text += "+" + ValueLine(change.Name, *change.New) + "\n";
+    if (change.Old) text += MarkedLines('-', change, *change.Old);
+    if (change.New) text += MarkedLines('+', change, *change.New);
   }
   return text;
 }

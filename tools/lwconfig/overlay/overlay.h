@@ -22,11 +22,10 @@ class Overlay {
   std::string Difference() const;
   /// Writes the changes: every file durably, in order, then the registry values. The new content of all files
   /// is on the disk before the first one is replaced. When a step fails, what was replaced before is put
-  /// back, and the failure is thrown; where that fails too its text says so. A registry value that did not
-  /// exist is put back as an empty text, which reads as the default. A file that somebody else has changed in
-  /// the meantime is such a failure. Folders that were made stay.
+  /// back, and the failure is thrown; where that fails too its text says so. A file that somebody else has
+  /// changed in the meantime is such a failure. Folders that were made stay.
   void WriteOut();
-  /// What was changed, one line for each file and value.
+  /// What was changed, one line for each file and value; a value by its key and name as a shell takes them.
   std::vector<std::string> Names() const;
 
  private:

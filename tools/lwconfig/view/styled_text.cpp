@@ -75,6 +75,19 @@ void Append(StyledText& text, std::string_view piece, Tone tone) {
   }
 }
 
+/// How much of the word's first bytes to leave in a line that has room for those: up to a separator or the
+/// next capital, where there is one.
+std::size_t BreakIn(std::string_view word, std::size_t fitting) {
+  const auto isSmall = [](char c) { return c >= 'a' && c <= 'z'; };
+  const auto isCapital = [](char c) { return c >= 'A' && c <= 'Z'; };
+  for (std::size_t at = fitting; at > 1; --at) {
+    const char before = word[at - 1];
+    if (std::string_view(".,/\\").find(before) != std::string_view::npos) return at;
+    if (isSmall(before) && isCapital(word[at])) return at;
+  }
+  return fitting;
+}
+
 /// Breaks one styled text into lines, word by word.
 class Wrapper {
  public:
@@ -105,6 +118,7 @@ class Wrapper {
     while (mUsed + Width(word) > mColumns) {
       std::size_t fitting = FittingBytes(word, mColumns - mUsed);
       if (fitting == 0 && mUsed == 0) fitting = NextCharacter(word).Bytes;
+      fitting = BreakIn(word, fitting);
       Put(word.substr(0, fitting), tone);
       word.remove_prefix(fitting);
       if (word.empty()) return;

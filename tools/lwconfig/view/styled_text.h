@@ -33,7 +33,7 @@ std::string Printable(std::string_view text);
 StyledText Cut(const StyledText& text, std::size_t columns, std::string_view ellipsis);
 
 /// The text in lines of at most so many columns, broken at blanks, else, where a word alone is too long,
-/// inside it. At least one line.
+/// inside it: behind a separator or before a capital where it has one. At least one line.
 std::vector<StyledText> Wrap(const StyledText& text, std::size_t columns);
 
 /// The text with the control sequences of a colour terminal. `trueColour` shows colour values as themselves.

@@ -8,7 +8,8 @@
 
 namespace lwconfig::tool {
 
-/// Rows of cells below a heading each, in aligned columns. Lines longer than the output is wide are cut.
+/// Rows of cells below a heading each, in aligned columns. Where the output is too narrow for them, the
+/// widest columns are folded, up to a few lines for each cell; lines that are still too long are cut.
 class Table {
  public:
   explicit Table(std::vector<std::string> headings);

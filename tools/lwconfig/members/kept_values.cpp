@@ -1,0 +1,154 @@
+#include <algorithm>
+#include <array>
+#include <utility>
+
+#include <tools/lwconfig/members/items.h>
+#include <tools/lwconfig/members/kept_values.h>
+#include <tools/lwconfig/members/value.h>
+#include <tools/lwconfig/overlay/overlay.h>
+
+#include <lwconfig/automation/contracts.h>
+#include <lwconfig/automation/conversion.h>
+
+namespace lwconfig::tool {
+namespace {
+
+using automation::ClassInfo;
+using automation::kPropertyGet;
+using automation::kPropertyLet;
+using automation::kPropertySet;
+
+/// The text of one step as it is written in its path, with the dot in front of a name.
+std::string StepText(const MemberPath& path, std::size_t at) {
+  const PathStep& step = path.Steps[at];
+  const std::size_t end = at + 1 < path.Steps.size() ? path.Steps[at + 1].Offset : path.Text.size();
+  std::string text = path.Text.substr(step.Offset, end - step.Offset);
+  if (text.ends_with('.')) text.pop_back();
+  return (at > 0 && !step.IsItem() ? "." : "") + text;
+}
+
+}  // namespace
+
+/// The text of a value by which it can be compared with that of another load. An object is known by its key.
+std::string KeptValues::KeyText(const Variant& value) {
+  const auto* object = std::get_if<AnyObject>(&value);
+  if (object == nullptr)
+    return std::holds_alternative<Null>(value) || std::holds_alternative<Missing>(value)
+               ? ""
+               : automation::ToText(value);
+  if (!*object || object->Class == nullptr) return "null";
+  const char* key = KeyProperty(*object->Class);
+  const std::string name = object->Class->Name();
+  return key != nullptr ? name + " " + automation::ToText(mModel.Invoke(*object, key, kPropertyGet)) : name;
+}
+
+/// Nothing for a property that cannot be read.
+std::optional<std::string> KeptValues::Read(const Value& value) {
+  try {
+    return KeyText(mModel.Invoke(value.Way.back(), value.Member.c_str(), kPropertyGet));
+  } catch (const Error&) {
+    return std::nullopt;
+  }
+}
+
+void KeptValues::Set(const MemberPath& path, const Way& way, const ClassInfo::Member& member, Variant wanted,
+                     SetPlace place) {
+  const bool isObject = std::holds_alternative<AnyObject>(wanted);
+  Value value{path, way, member.Name, std::move(place), isObject, mKeeper.IsKeptAtOnce(way)};
+  const bool isChecked = member.Get != nullptr && !mModel.IsNamed(way);
+  if (isChecked) {
+    try {
+      value.Before = mModel.Invoke(way.back(), member.Name, kPropertyGet);
+    } catch (const Error&) {
+      value.Before = {};
+    }
+    value.BeforeText = KeyText(value.Before);
+    value.WantedText = KeyText(wanted);
+  }
+  std::array<Variant, 1> argument{std::move(wanted)};
+  mModel.Invoke(way.back(), member.Name, isObject ? kPropertySet : kPropertyLet, argument);
+  if (!isChecked || value.BeforeText == value.WantedText) return;
+  const auto now = Read(value);
+  if (!now) return;
+  value.SetText = *now;
+  mValues.push_back(std::move(value));
+}
+
+/// The path of the property with items by their keys as they are now: a load may change positions. Nothing
+/// where the property does not have the value any more, or its object is not there.
+std::optional<std::string> KeptValues::Locate(const Value& value) {
+  if (Read(value) != value.SetText) return std::nullopt;
+  std::string text;
+  for (std::size_t at = 0; at < value.Path.Steps.size(); ++at) {
+    const PathStep& step = value.Path.Steps[at];
+    const AnyObject& parent = value.Way[at];
+    const bool isItem = parent.Class->IsCollection() && (step.IsItem() || !step.Arguments.empty());
+    if (!isItem) {
+      text += StepText(value.Path, at);
+      continue;
+    }
+    const AnyObject& child = value.Way[at + 1];
+    const auto items = ItemsOf(parent);
+    const auto item = std::ranges::find(items, Variant(child), &Item::Value);
+    if (item == items.end()) return std::nullopt;
+    const char* property = KeyProperty(*child.Class);
+    const std::string key =
+        property != nullptr ? automation::ToText(mModel.Invoke(child, property, kPropertyGet)) : "";
+    text += "[" + (key.empty() ? std::to_string(item->Position) : WrittenKey(key)) + "]";
+  }
+  return text;
+}
+
+/// Whether another value would be loaded as something else than `now`: saves the one that was there before,
+/// in a trial of its own.
+bool KeptValues::HasEffect(const Value& value, const std::string& location, const std::string& now) {
+  if (value.IsObject || now == value.BeforeText) return now != value.BeforeText;
+  std::string other;
+  {
+    const Overlay trial;
+    const MemberPath path = ParsePath(location);
+    const Way way = mModel.FollowToObject(path, path.Steps.size() - 1, {mModel.Root()});
+    mKeeper.Note(way);
+    std::array<Variant, 1> argument{value.Before};
+    mModel.Invoke(way.back(), value.Member.c_str(), kPropertyLet, argument);
+    mKeeper.Save();
+    other = KeyText(mModel.Follow(path).Value);
+  }
+  mModel.Invoke(mModel.Root(), "ResetLWConfig", automation::kMethod);
+  return other != now;
+}
+
+void KeptValues::Check(const Value& value, const std::string& location) {
+  const MemberPath path = ParsePath(location);
+  std::optional<Place> found;
+  try {
+    found = mModel.Follow(path);
+  } catch (const Fault&) {
+    mModel.Report().Note(location + " is saved, but loaded again it is not found");
+    return;
+  }
+  const std::string now = KeyText(found->Value);
+  if (now == value.WantedText) return;
+  const std::string reads = "'" + ValueText(found->Value, found->Type) + "'";
+  if (value.IsStoredAtOnce || HasEffect(value, location, now)) {
+    mModel.Report().Note("'" + value.WantedText + "' is stored, but " + location + " reads as " + reads);
+    return;
+  }
+  const std::string owner = found->Way.back().Class->Name();
+  throw Fault(ExitStatus::Usage, owner + "." + value.Member + " cannot be set to '" + value.WantedText +
+                                     "': saved and loaded again it is " + reads + ". " +
+                                     std::string(automation::Contract(owner, value.Member)))
+      .At(value.Place.Word, value.Place.Offset)
+      .OfEdit(value.Place.Edit);
+}
+
+void KeptValues::Save() {
+  std::vector<std::pair<Value, std::string>> located;
+  for (Value& value : std::exchange(mValues, {})) {
+    if (auto location = Locate(value)) located.emplace_back(std::move(value), *std::move(location));
+  }
+  mKeeper.Save();
+  for (const auto& [value, location] : located) Check(value, location);
+}
+
+}  // namespace lwconfig::tool

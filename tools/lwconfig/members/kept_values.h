@@ -1,0 +1,57 @@
+#pragma once
+
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include <tools/lwconfig/members/keeper.h>
+#include <tools/lwconfig/members/model.h>
+
+namespace lwconfig::tool {
+
+/// Where in a command a value was set, for messages.
+struct SetPlace {
+  std::size_t Edit = 0;  // of the edits of one editor, from 1
+  std::string Word{};
+  std::size_t Offset = 0;
+};
+
+/// The values that were set since the last save. Finds out whether a save kept them.
+class KeptValues {
+ public:
+  KeptValues(Model& model, Keeper& keeper) : mModel(model), mKeeper(keeper) {}
+
+  /// Sets the property. `path` leads to it, through the objects of `way`.
+  void Set(const MemberPath& path, const Way& way, const automation::ClassInfo::Member& member, Variant value,
+           SetPlace place);
+  /// Saves and loads what was changed. Throws a `Fault` for a value that has no effect on what is loaded, and
+  /// reports one that is loaded in another form.
+  void Save();
+
+ private:
+  struct Value {
+    MemberPath Path;
+    lwconfig::tool::Way Way;  // one object for each step, the root first
+    std::string Member{};
+    SetPlace Place{};
+    bool IsObject = false;
+    bool IsStoredAtOnce = false;
+    Variant Before{};
+    std::string BeforeText{};  // these are made while the objects are in the model
+    std::string WantedText{};
+    std::string SetText{};
+  };
+
+  std::optional<std::string> Read(const Value& value);
+  std::string KeyText(const Variant& value);
+  std::optional<std::string> Locate(const Value& value);
+  void Check(const Value& value, const std::string& location);
+  bool HasEffect(const Value& value, const std::string& location, const std::string& now);
+
+  Model& mModel;
+  Keeper& mKeeper;
+  std::vector<Value> mValues;
+};
+
+}  // namespace lwconfig::tool
