@@ -1,6 +1,7 @@
 #pragma once
 
 #include <memory>
+#include <string>
 #include <utility>
 
 #include <lwconfig/core/error.h>
@@ -19,6 +20,17 @@ class ObjectReference {
  private:
   std::weak_ptr<T> mObject;
 };
+
+/// The object, for others to refer to. Error 91 for one that no `std::shared_ptr` holds.
+template <class T>
+std::shared_ptr<T> SelfOf(T& object) {
+  auto self = object.weak_from_this().lock();
+  if (!self) {
+    throw Error(kObjectNotSet, std::string("The ") + T::kClassName +
+                                   " cannot be referred to: it was not made with std::make_shared");
+  }
+  return self;
+}
 
 /// An owning reference held in a property. Following it while it is null is error 91, never a crash.
 template <class T>
