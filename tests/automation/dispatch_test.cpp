@@ -175,6 +175,24 @@ TEST_F(DispatchTest, ReachesItemsByPositionKeyAndDefaultMember) {
   EXPECT_TRUE(items->Clone()->Next(next));
 }
 
+TEST_F(DispatchTest, ReadsIndexesAndKeysOfOtherTypes) {
+  const AnyObject attributes = New("ElementAttributes");
+  Call(attributes, "Parse", {std::string("a=1 true=2 0.4=3")});
+  const std::vector<std::pair<Variant, const char*>> rows{
+      {true, "2"}, {false, ""}, {0.4, ""}, {1.5, "2"},   {0.0, ""},        {std::string("A"), "1"},
+      {3, "3"},    {1e300, ""}, {-1, ""},  {Null{}, ""}, {attributes, ""}, {std::int16_t{2}, "2"}};
+  for (const auto& [index, value] : rows)
+    EXPECT_EQ(Text(Call(attributes, "AttributeData", {index})), value) << DescribeValue(index);
+  const AnyObject layouts = New("PageLayouts");
+  const std::vector<std::pair<Variant, const char*>> keys{{true, "no item with the key True;"},
+                                                          {layouts, "no item with an object as its key;"}};
+  for (const auto& [key, text] : keys) {
+    const Variant given = key;
+    EXPECT_THAT(testing::ErrorOf([&] { Call(layouts, "Remove", {given}); }).Description(),
+                ::testing::HasSubstr(text));
+  }
+}
+
 TEST_F(DispatchTest, AddedAttributesAreGivenBack) {
   const AnyObject element = Get(New("XMLDocument"), "RootElement");
   Call(element, "AddAttribute", {std::string("a"), std::string("1")});
