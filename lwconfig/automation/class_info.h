@@ -46,7 +46,8 @@ struct EnumInfo {
 struct TypeInfo {
   ValueKind Kind = ValueKind::None;
   const ClassInfo& (*Class)() = nullptr;       // of `Object` only
-  const EnumInfo& (*Enumeration)() = nullptr;  // of `Enumeration` only
+  const EnumInfo& (*Enumeration)() = nullptr;  // of `Enumeration` only: whose names the values have
+  const EnumInfo& (*Declared)() = nullptr;     // the one that the interface declares, where it is another
 };
 
 struct ParameterInfo {

@@ -182,6 +182,11 @@ class Interface {
     }
     return row;
   }
+  /// The row of an integer whose values have the names of `Named` and whose declared type is `InInterface`.
+  template <class Named, class InInterface, std::size_t N>
+  static constexpr auto Enumerated(const SlotList<N>& row) {
+    return Declared(row, {ValueKind::Enumeration, nullptr, &EnumOf<Named>, &EnumOf<InInterface>});
+  }
   template <std::size_t N>
   static constexpr auto AsVariant(const SlotList<N>& row) {
     return Declared(row, {ValueKind::Variant});

@@ -48,8 +48,8 @@ TEST_F(EditTest, ChangesAreSavedByTheirOwners) {
        "CommentFileLocations[1].AssemblyFileName", "a.dll\n"},
       {"add TaggedCommentDefs TagIdentifier=@x: ElementType=etModule Description=d",
        "TaggedCommentDefs['@x:'].Description", "d\n"},
-      {"add ModelCommentProfiles[One] MemberName=Item TaggedCommentPrefix=p",
-       "ModelCommentProfiles[One][1].MemberName", "Item\n"},
+      {"add ModelCommentProfiles[One] MemberType=mtModule MemberName=Item TaggedCommentPrefix=p",
+       "ModelCommentProfiles[One][1].MemberType_Namespace", "LW:Module\n"},
       {"set VBOptions.WrapCharacters 72", "VBOptions.WrapCharacters", "72\n"},
   };
   for (const auto& [command, path, got] : kRows) {
