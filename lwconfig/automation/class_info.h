@@ -74,6 +74,7 @@ struct MemberInfo {
   const char* Name = nullptr;
   std::int32_t Id = 0;  // shared by the accessors of one property
   InvokeKind Kind = kMethod;
+  bool IsStored = false;  // whether it reads a data member, which has no effect
   TypeInfo Result{};
   /// Those of a let or set end with the new value.
   std::array<ParameterInfo, kMostParameters> ParameterList{};

@@ -101,6 +101,28 @@ ItemKey ToItemKey(const Variant& value) {
   return {};
 }
 
+Variant EmptyValue(const TypeInfo& type) {
+  switch (type.Kind) {
+    case ValueKind::Boolean:
+      return false;
+    case ValueKind::Integer16:
+      return std::int16_t{0};
+    case ValueKind::Integer32:
+    case ValueKind::Enumeration:
+      return std::int32_t{0};
+    case ValueKind::Text:
+      return std::string();
+    case ValueKind::Object:
+    case ValueKind::AnyObject:
+    case ValueKind::Enumerator:
+      return AnyObject{};
+    case ValueKind::None:
+    case ValueKind::Variant:
+      break;
+  }
+  return {};
+}
+
 std::string DescribeValue(const Variant& value) {
   constexpr std::size_t kShownText = 60;
   struct Describer {

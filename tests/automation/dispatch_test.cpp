@@ -143,12 +143,38 @@ TEST_F(DispatchTest, FailuresAreReportedOnceAtTheOutermostOperation) {
   EXPECT_EQ(failure.Number(), kReportedFailure);
   ASSERT_EQ(Reports.size(), 1U);
   EXPECT_THAT(Reports[0], ::testing::HasSubstr("<Procedure>ModelCommentProfiles</Procedure>"));
+  // The object is told of as the failure leaves it.
+  const AnyObject comment = New("ModelComment");
+  const AnyObject element = Get(New("XMLDocument"), "RootElement");
+  Call(element, "AddAttribute", {std::string("MemberType_Namespace"), std::string("LW:X")});
+  EXPECT_EQ(testing::ErrorOf([&] { Call(comment, "Load", {element}); }).Number(), kReportedFailure);
+  EXPECT_THAT(Reports.back(),
+              ::testing::HasSubstr("<Variable Name=\"MemberType_Namespace\">the text \"LW:X\"</Variable>"));
+}
 
+TEST_F(DispatchTest, WithoutTheComponentFailuresGiveTheEmptyValueOfTheResultsType) {
   platform::RegisterComponent(std::string(kErrorComponent), nullptr);
-  Call(root, "ResetLWConfig");
-  EXPECT_EQ(Call(root, "ModelCommentProfiles"), Variant());
-  ASSERT_EQ(Messages.size(), 1U);
-  EXPECT_THAT(Messages[0].Text, ::testing::HasSubstr("Procedure: ModelCommentProfiles"));
+  Write("modelcomments/a.xml", "<ModelCommentProfile/>");
+  const AnyObject nothing;
+  const std::vector<std::tuple<const char*, const char*, std::vector<Variant>, Variant>> rows{
+      {"Root", "ModelCommentProfiles", {}, nothing},
+      {"NamespaceDef", "Tag", {}, nothing},
+      {"NodeDef", "Clone", {}, nothing},
+      {"StringTools", "KeyExists", {nothing, std::string("k")}, false},
+      {"StringTools", "JoinCollection", {nothing, std::string(",")}, std::string()},
+      {"ElementAttributes", "Parse", {"a=" + std::string(40000, ' ')}, std::int16_t{0}},
+      // No object is the operation's failure, however it takes its objects.
+      {"ModelComment", "Load", {nothing}, Variant()},
+      {"TOCDefinition", "Load", {Null{}, nothing}, Variant()},
+      {"PageLayouts", "Add", {nothing}, Variant()}};
+  for (const auto& [className, member, arguments, expected] : rows) {
+    Messages.clear();
+    const Variant result = Call(New(className), member, arguments);
+    EXPECT_EQ(result, expected) << className << "." << member;
+    EXPECT_EQ(result.index(), expected.index()) << className << "." << member;
+    ASSERT_EQ(Messages.size(), 1U) << className << "." << member;
+    EXPECT_THAT(Messages[0].Text, ::testing::HasSubstr(std::string("Procedure: ") + member));
+  }
 }
 
 TEST_F(DispatchTest, ReachesItemsByPositionKeyAndDefaultMember) {
