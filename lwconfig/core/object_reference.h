@@ -5,6 +5,8 @@
 #include <utility>
 
 #include <lwconfig/core/error.h>
+#include <lwconfig/core/instance_count.h>
+#include <lwconfig/core/variant.h>
 
 namespace lwconfig {
 
@@ -19,6 +21,31 @@ class ObjectReference {
 
  private:
   std::weak_ptr<T> mObject;
+};
+
+/// A reference to any object of this library that does not keep it alive.
+template <>
+class ObjectReference<AnyObject> : public Counted<ObjectReference<AnyObject>> {
+ public:
+  static constexpr const char* kClassName = "ObjectReference";
+
+  /// The object referred to; null before one is set, and once it is gone.
+  AnyObject Object() const {
+    auto object = mObject.lock();
+    return object ? AnyObject{std::move(object), mClass} : AnyObject{};
+  }
+  /// Null for none. Error 13 for an object of another library, which would be gone at once.
+  void SetObject(const AnyObject& object) {
+    if (object && object.Class == nullptr)
+      throw Error(kTypeMismatch,
+                  "An object of another library cannot be referred to without keeping it alive");
+    mObject = object.Pointer;
+    mClass = object.Class;
+  }
+
+ private:
+  std::weak_ptr<void> mObject;
+  const automation::ClassInfo* mClass = nullptr;
 };
 
 /// The object, for others to refer to. Error 91 for one that no `std::shared_ptr` holds.

@@ -219,6 +219,23 @@ TEST_F(DispatchTest, ReadsIndexesAndKeysOfOtherTypes) {
   }
 }
 
+TEST_F(DispatchTest, ReferencesKeepNothingAlive) {
+  const AnyObject reference = New("ObjectReference");
+  EXPECT_EQ(Get(reference, "Object"), AnyObject{});
+  AnyObject layout = New("PageLayout");
+  Let(reference, "Object", layout);
+  EXPECT_EQ(Get(reference, "Object"), layout);
+  EXPECT_EQ(Get(reference, "Object").Class, layout.Class);
+  const AnyObject foreign{std::make_shared<int>(1), nullptr};
+  EXPECT_EQ(testing::ErrorOf([&] { Let(reference, "Object", foreign); }).Number(), kReportedFailure);
+  EXPECT_EQ(Get(reference, "Object"), layout);
+  layout = {};
+  EXPECT_EQ(Get(reference, "Object"), AnyObject{});
+  Let(reference, "Object", reference);
+  Let(reference, "Object", {});
+  EXPECT_EQ(Get(reference, "Object"), AnyObject{});
+}
+
 TEST_F(DispatchTest, AddedAttributesAreGivenBack) {
   const AnyObject element = Get(New("XMLDocument"), "RootElement");
   Call(element, "AddAttribute", {std::string("a"), std::string("1")});
