@@ -41,10 +41,7 @@ void TaggedCommentDefs::Load() {
 void TaggedCommentDefs::Save() const {
   SaveEx(true, true);
   try {
-    DiskFile older(OlderFile());
-    // A copy stays: the file may hold what this set never read.
-    older.CopyTo(OlderFile() + ".bak");
-    older.Delete();
+    DiskFile(OlderFile()).Delete();
   } catch (const Error&) {
     // The older file is not read while the new ones exist.
   }

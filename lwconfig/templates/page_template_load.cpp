@@ -95,7 +95,7 @@ bool HasValue(const XMLElement& e, const char* attribute, const std::string& val
 class PageTemplate::Loader {
  public:
   Loader(PageTemplate& target, const XMLElement& e)
-      : mTarget(target), mShared(target.shared_from_this()), mElement(e), mAttributes(e) {
+      : mTarget(target), mShared(SelfOf(target)), mElement(e), mAttributes(e) {
     mLooseNodes->Name = kDefaultTOC;
     mLooseNodes->SetPageTemplate(mShared);
   }
@@ -212,7 +212,7 @@ class PageTemplate::Loader {
     for (const auto& toc : *mTarget.TOCDefinitions) {
       bool mayCircle = false;
       for (const auto& node : *toc->NodeDefs) {
-        node->CementReferences(*toc->NodeDefs);
+        node->CementReferences(toc->NodeDefs);
         mayCircle = mayCircle || IsAheadOf(node->ParentNodeDef().get(), node.get());
       }
       // An inspection tells of every circle itself.

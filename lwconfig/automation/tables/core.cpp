@@ -159,4 +159,13 @@ const ClassInfo& ClassOf<Collection>() {
   return info;
 }
 
+template <>
+const ClassInfo& ClassOf<ObjectReference<AnyObject>>() {
+  using Reference = ObjectReference<AnyObject>;
+  using I = Interface<Reference>;
+  static constexpr auto kSlots = I::Slots(I::Property<&Reference::Object, &Reference::SetObject>("Object"));
+  static const ClassInfo info = I::Class("ObjectReference", kSlots);
+  return info;
+}
+
 }  // namespace lwconfig::automation
