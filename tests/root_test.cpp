@@ -118,7 +118,7 @@ TEST_F(RootTest, ChoosesTheFirstTemplateThatFits) {
   for (const auto& [profile, supports, name] :
        {Row{"LW.Core", "", "A"}, Row{"lw.CORE", "", "A"}, Row{"Other", "SOURCE", "B"},
         Row{"LW.Core", "ource,bin", "B"}, Row{"LW.Core", "bin", "A"}, Row{"LW.Core", "quelle", ""},
-        Row{"GRÖSSE", "", "C"}, Row{"LW", "", ""}, Row{"", "", ""}}) {
+        Row{"GRÖßE", "", "C"}, Row{"LW", "", ""}, Row{"", "", ""}}) {
     const auto found = root.GetDefaultTemplate(profile, supports);
     EXPECT_EQ(found ? found->Name : "", name) << profile << ' ' << supports;
   }
