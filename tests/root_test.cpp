@@ -11,6 +11,7 @@ namespace {
 using testing::Each;
 using ::testing::ElementsAre;
 using testing::ErrorOf;
+using testing::FileOperation;
 using ::testing::IsEmpty;
 
 class RootTest : public testing::ConfigurationTest {
@@ -147,6 +148,17 @@ TEST_F(RootTest, ReplacedObjectsAreSharedUntilTheReset) {
   root.ResetLWConfig();
   EXPECT_NE(root.ExternalDocs(), docs);
   EXPECT_NE(root.ExternalDocs(), loaded);
+}
+
+TEST_F(RootTest, SavesWithoutAConfigurationFolderOnlyWhereTheCallerChose) {
+  Register("ConfigPath", "");
+  Files.Fail(FileOperation::Replace, ".xml", EROFS);
+  for (const auto& save : std::vector<std::function<void()>>{
+           [] { CommentFileLocations().Save(); }, [] { ExternalDocs().Save(); },
+           [] { ModelCommentProfiles().Save(); }, [] { ModelComments().SaveToGlobal(); },
+           [] { TaggedCommentDefs().Save(); }, [] { TaggedCommentDefs().SaveEx(false, true); }})
+    EXPECT_EQ(ErrorOf(save).Number(), kPathNotFound);
+  EXPECT_EQ(ErrorOf([] { TaggedCommentDefs().SaveTo("/x.xml"); }).Number(), kPermissionDenied);
 }
 
 TEST_F(RootTest, LeavesNoObjectBehind) {

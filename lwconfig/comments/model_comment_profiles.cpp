@@ -33,6 +33,7 @@ void ModelCommentProfiles::Load() {
 }
 
 void ModelCommentProfiles::Save() {
+  RequireConfigPath();
   for (const auto& profile : *this) {
     if (profile->Name.empty() || profile->Name.starts_with('.')) {
       // A file whose name begins with a dot is hidden, so that the next load would not find the profile.

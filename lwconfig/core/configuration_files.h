@@ -68,8 +68,6 @@ void WriteConfigurationFile(DiskFile& file, Fill fill) {
   XMLDocument document;
   XMLElement root = document.RootElement();
   fill(root);
-  if (file.FolderPath() == "\\")
-    throw Error(kPathNotFound, "No configuration folder is registered to save in");
   const std::string text = document.XML();
   KeepDamagedFile(file);
   file.Open(DiskFile::kCreateOrTruncate, DiskFile::kWrite, 3);
