@@ -30,8 +30,8 @@ class FileReplacement {
 };
 
 /// The file system. All paths are UTF-8 in the product's notation: backslashes (slashes are accepted too),
-/// `C:\x` for a drive, a path without a drive letter for the system's own absolute path. Names are found in
-/// the letter case given or, where that does not exist, without regard to letter case.
+/// `C:\x` for a drive, `\x` for the system's own absolute path, `x` for a path in the current folder. Names
+/// are found in the letter case given or, where that does not exist, without regard to letter case.
 /// Files may be read on a second thread while another calls anything else.
 /// Failures are `std::system_error` with an errno code (generic category) unless stated otherwise.
 class Files {

@@ -28,15 +28,18 @@ TEST_F(FilesTest, TranslatesTheProductsNotation) {
            Row{"C:\\a\\.\\b\\..\\..\\c", drives + "/c/c", "C:\\c"},
            Row{"\\no-such\\share", "/no-such/share", "\\no-such\\share"},
            Row{"/no-such/share/", "/no-such/share", "\\no-such\\share"},
-           Row{"no-such\\file", "/no-such/file", "\\no-such\\file"},
            Row{"\\..\\no-such", "/no-such", "\\no-such"},
            Row{"\\", "/", "\\"},
-           Row{"", "/", "\\"},
-           Row{"1:\\no-such", "/1:/no-such", "\\1:\\no-such"},
+           Row{"\\1:\\no-such", "/1:/no-such", "\\1:\\no-such"},
+           Row{"C:x", drives + "/c/x", "C:\\x"},
        }) {
     EXPECT_EQ(Host.NativePath(product), native);
     EXPECT_EQ(Host.ProductPath(native), back);
   }
+  for (const auto& [product, host] : {std::pair("a\\.\\x", "a/x"), {"1:/x", "1:/x"}, {"..\\x", "../x"}})
+    EXPECT_EQ(Host.NativePath(product), std::filesystem::absolute(host).lexically_normal());
+  EXPECT_EQ(FailureOf([&] { Host.Read(""); }), ENOENT);
+  EXPECT_EQ(Host.Kind(""), EntryKind::Missing);
   EXPECT_EQ(Host.ProductPath("some/../file"), Host.ProductPath("./file"));
   EXPECT_EQ(Host.ProductPath(drives + "/config/x"), Host.ProductPath(drives) + "\\config\\x");
   EXPECT_EQ(Host.ProductPath("/tmp/name:"), "\\tmp\\name:");
