@@ -50,8 +50,8 @@ void ReadConfigurationFiles(const std::vector<DiskFile>& files, Use use) {
   }
 }
 
-/// As above for every "*.xml" file of the folder, in name order without regard to letter case; for none where
-/// there is no such folder.
+/// As above for every "*.xml" file of the folder, in the order of the listing; for none where there is no
+/// such folder.
 template <class Use>
 void ReadConfigurationFolder(std::string_view folder, Use use) {
   DiskFile listing;

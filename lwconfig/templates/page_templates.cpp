@@ -65,9 +65,9 @@ void PageTemplates::Load() {
     return;
   }
   std::vector<DiskFile> configs;
-  for (const DiskFile& folder : templates.Files("*.*")) {
-    if (!folder.IsFolder()) continue;
-    DiskFile config(folder.FullPath(), "config", "xml");
+  for (const auto& entry : ListFolder(templates.FolderPath())) {
+    if (entry.Kind != platform::EntryKind::Folder || entry.IsHidden) continue;
+    DiskFile config(templates.FolderPath() + entry.Name, "config", "xml");
     if (MayExist(config)) configs.push_back(std::move(config));
   }
   std::unordered_map<std::string, std::string> folderOf;  // by name, in one letter case

@@ -129,8 +129,8 @@ TEST_F(DiskFiles, ListTheEntriesOfAFolder) {
       found.push_back(file.FileName() + (file.IsFolder() ? "\\" : ""));
     return found;
   };
-  EXPECT_THAT(names("*.xml"), ElementsAre("A.XML", "b.xml", "d.xml\\"));
-  EXPECT_THAT(names("*.*"), ElementsAre("A.XML", "b.xml", "c.xml.bak", "d.xml\\"));
+  EXPECT_THAT(names("*.xml"), ElementsAre(".hidden.xml", "A.XML", "b.xml", "d.xml\\"));
+  EXPECT_THAT(names("*.*"), ElementsAre(".hidden.xml", "A.XML", "b.xml", "c.xml.bak", "d.xml\\"));
   auto listed = folder.Files("A.xml").at(0);
   EXPECT_TRUE(listed.Exists());
   listed.SetBaseName("none");
