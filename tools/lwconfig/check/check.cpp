@@ -137,11 +137,9 @@ class Checker {
 
   /// Every file of phrases or scraps of a template.
   static void CheckTexts(const PageTemplate& pageTemplate, const char* folder) {
-    DiskFile listing;
-    listing.SetFolder(pageTemplate.RootFolder + folder);
-    for (const DiskFile& file : listing.Files("*.txt")) {
-      if (file.Exists()) LanguageTexts(folder).Load(pageTemplate.RootFolder, file.BaseName());
-    }
+    LanguageTexts texts(folder);
+    for (const std::string& language : texts.Languages(pageTemplate.RootFolder))
+      texts.Load(pageTemplate.RootFolder, language);
   }
 
   Report& mReport;

@@ -10,7 +10,6 @@
 #include <tools/lwconfig/view/json.h>
 #include <tools/lwconfig/view/table.h>
 
-#include <lwconfig/core/disk_file.h>
 #include <lwconfig/platform/letter_case.h>
 #include <lwconfig/templates/phrases.h>
 
@@ -36,13 +35,7 @@ struct TextKind {
 
 /// The languages that a folder of the template has files of.
 std::vector<std::string> LanguagesOf(const PageTemplate& pageTemplate, const TextKind& kind) {
-  DiskFile listing;
-  listing.SetFolder(pageTemplate.RootFolder + kind.Folder);
-  std::vector<std::string> languages;
-  for (const DiskFile& file : listing.Files("*.txt")) {
-    if (file.Exists()) languages.push_back(file.BaseName());
-  }
-  return languages;
+  return LanguageTexts(kind.Folder).Languages(pageTemplate.RootFolder);
 }
 
 /// The texts of a language; where its file is damaged, which is reported, those that could be read.
