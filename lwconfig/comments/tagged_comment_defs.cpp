@@ -48,6 +48,7 @@ void TaggedCommentDefs::Save() const {
 }
 
 void TaggedCommentDefs::SaveEx(bool includeStandard, bool includeCustom) const {
+  RequireConfigPath();
   if (includeStandard) SaveToEx(StandardFile(), true, false);
   if (includeCustom) SaveToEx(CustomFile(), false, true);
 }

@@ -371,9 +371,9 @@ class PageTemplates(Object):
     def Count(self) -> int:
         """The number of items."""
     def Load(self) -> None:
-        """Replaces the catalogue by the templates on disk, without keys, in folder name order. A missing
-        templates folder is told by a message box and gives an empty catalogue. A failing template ends the
-        load, and the templates before it are kept."""
+        """Replaces the catalogue by the templates on disk, without keys, in the order in which their folders
+        are listed, hidden ones left out. A missing templates folder is told by a message box and gives an
+        empty catalogue. A failing template ends the load, and the templates before it are kept."""
     def Save(self) -> None:
         """Saves every template, in order. The first failure ends the save."""
     def SaveTemplate(self, pt: lwconfig.PageTemplate | None) -> None:
@@ -1939,7 +1939,8 @@ class XMLAttribute(Object):
 
 class DiskFile(Object):
     """One path on disk, held as folder, base name and extension, and the file there while it is open. Paths
-    are in the product's notation: backslashes, slashes accepted, repeated separators taken as one."""
+    are in the product's notation: backslashes, slashes accepted, repeated separators taken as one, "." and
+    ".." resolved. One without drive and leading separator is taken from the current folder."""
 
     def __init__(self) -> None: ...
     Folder: _FilePath
@@ -1973,7 +1974,7 @@ class DiskFile(Object):
     @property
     def ReadAll(self) -> str:
         """The whole content as text without byte-order mark, also of a file that was never opened; empty for
-        one that does not exist. Error 70 or 75 for one that exists and cannot be read."""
+        one that does not exist or has no path. Error 70 or 75 for one that exists and cannot be read."""
     def Write(self, Text: str) -> None:
         """Appends text (UTF-8) to a file open for writing. The error of the failed `Open` where there was
         one, else error 52 when the file is not open for writing; 5 for text that is not valid UTF-8, 75 for a
@@ -1984,9 +1985,9 @@ class DiskFile(Object):
     def Delete(self) -> None:
         """Deletes the file. Error 53 when there is none."""
     def Files(self, Pattern: str, Mode: int) -> lwconfig.DiskFiles:
-        """The entries of the folder that match the pattern, in name order without regard to letter case,
-        without hidden ones. `mode` is accepted and has no effect. A folder that does not exist has none;
-        error 70 or 75 for one that cannot be listed."""
+        """The entries of the folder that match the pattern, also hidden ones, in the order of the file system
+        or by their names in capital letters. `mode` is accepted and has no effect. A folder that does not
+        exist has none; error 70 or 75 for one that cannot be listed."""
 
 class DiskFiles(Object):
     """The files of a folder listing, as callers get them, without keys."""

@@ -70,6 +70,16 @@ TEST_F(DispatchTest, ConvertsValuesAsClientsExpect) {
     Let(layout, member, value);
     EXPECT_EQ(Call(layout, member), expected) << member << " " << DescribeValue(value);
   }
+  const AnyObject registry = New("RegistryAccess");
+  const Variant user = std::int32_t{-0x7FFFFFFF};
+  const std::vector<std::tuple<Variant, std::int32_t, Variant>> values{
+      {true, 1, std::string("True")}, {1.5, 1, std::string("1.5")}, {1.5, 4, 2}, {true, 4, -1}};
+  for (const auto& [value, type, expected] : values) {
+    const Variant key = std::string("Software\\Test");
+    const Variant name = std::string("Value");
+    Call(registry, "SetValue", {user, key, name, value, type});
+    EXPECT_EQ(Call(registry, "GetValue", {user, key, name}), expected) << DescribeValue(value);
+  }
   const AnyObject file = New("PlugIn");
   const std::vector<std::pair<Variant, bool>> flags{{std::string("true"), true},
                                                     {std::string("0"), false},

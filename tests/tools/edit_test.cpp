@@ -31,43 +31,33 @@ class EditTest : public ToolTest {
 TEST_F(EditTest, ChangesAreSavedByTheirOwners) {
   const std::string before = Config();
   const std::tuple<const char*, const char*, const char*> kRows[] = {
-    {"set PageTemplates[1].Description [x]", "PageTemplates[1].Description", "[x]\n"},
-    {"set pagetemplates[small].BorderWidth -3", "PageTemplates[1].BorderWidth", "-3\n"},
-    {"set PageTemplates[1].UseDropShadow yes", "PageTemplates[1].UseDropShadow", "True\n"},
-    {"set PageTemplates[1].PageLayouts[1].PageType PGEVENT", "PageTemplates[1].PageLayouts[1].PageType",
-     "pgEvent\n"},
-    {"set PageTemplates[1].TOCDefinitions[1].NodeDefs[N2].PageLayout "
-     "@PageTemplates[1].PageLayouts[template.hhc]",
-     "PageTemplates[1].TOCDefinitions[1].NodeDefs[N2].PageLayout.FileName", "template.hhc\n"},
-    {"add PageTemplates[1].VariableDefs Name=New Description= VariableDefType=vdtDate --before 1",
-     "PageTemplates[1].VariableDefs", "New\nFooter\n"},
-    {"remove PageTemplates[1].VariableDefs[-1]", "PageTemplates[1].VariableDefs", "New\n"},
-    {"add PageTemplates[1].SupportedItemTypes [files]", "PageTemplates[1].SupportedItemTypes",
-     "binary\nsource\n[files]\n"},
-    {"add ExternalDocs NamespaceName=My* ClassLink.URLFormat=u --before System*", "ExternalDocs[1].URLFormat",
-     "u\n"},
-    {"add CommentFileLocations AssemblyFileName=a.dll CommentFilePath=a.xml",
-     "CommentFileLocations[1].AssemblyFileName", "a.dll\n"},
-    {"add TaggedCommentDefs TagIdentifier=@x: ElementType=etModule Description=d",
-     "TaggedCommentDefs['@x:'].Description", "d\n"},
-    {"add ModelCommentProfiles[One] MemberType=mtModule MemberName=Item TaggedCommentPrefix=p",
-     "ModelCommentProfiles[One][1].MemberType_Namespace",
-     "LW:Module
-     "},
-     {"set PageTemplates[1].objFillColor '#ff8000'", "PageTemplates[1].objFillColor",
-      "#ff8000
-      "},
-      {"set PageTemplates[1].colTextColor 255", "PageTemplates[1].colTextColor",
-       "#ff0000
-       "},
-       {
-           "set PageTemplates[1].colFillColor '&H80000005&'",
-           "PageTemplates[1].colFillColor",
-           "&H80000005&
-           "},
-           {"set VBOptions.WrapCharacters 72", "VBOptions.WrapCharacters", "72\n"},
-           {"set VBOptions.PreviewTemplate 'a\x01'", "VBOptions.PreviewTemplate", "a\x01\n"},
-       };
+      {"set PageTemplates[1].Description [x]", "PageTemplates[1].Description", "[x]\n"},
+      {"set pagetemplates[small].BorderWidth -3", "PageTemplates[1].BorderWidth", "-3\n"},
+      {"set PageTemplates[1].UseDropShadow yes", "PageTemplates[1].UseDropShadow", "True\n"},
+      {"set PageTemplates[1].PageLayouts[1].PageType PGEVENT", "PageTemplates[1].PageLayouts[1].PageType",
+       "pgEvent\n"},
+      {"set PageTemplates[1].TOCDefinitions[1].NodeDefs[N2].PageLayout "
+       "@PageTemplates[1].PageLayouts[template.hhc]",
+       "PageTemplates[1].TOCDefinitions[1].NodeDefs[N2].PageLayout.FileName", "template.hhc\n"},
+      {"add PageTemplates[1].VariableDefs Name=New Description= VariableDefType=vdtDate --before 1",
+       "PageTemplates[1].VariableDefs", "New\nFooter\n"},
+      {"remove PageTemplates[1].VariableDefs[-1]", "PageTemplates[1].VariableDefs", "New\n"},
+      {"add PageTemplates[1].SupportedItemTypes [files]", "PageTemplates[1].SupportedItemTypes",
+       "binary\nsource\n[files]\n"},
+      {"add ExternalDocs NamespaceName=My* ClassLink.URLFormat=u --before System*",
+       "ExternalDocs[1].URLFormat", "u\n"},
+      {"add CommentFileLocations AssemblyFileName=a.dll CommentFilePath=a.xml",
+       "CommentFileLocations[1].AssemblyFileName", "a.dll\n"},
+      {"add TaggedCommentDefs TagIdentifier=@x: ElementType=etModule Description=d",
+       "TaggedCommentDefs['@x:'].Description", "d\n"},
+      {"add ModelCommentProfiles[One] MemberType=mtModule MemberName=Item TaggedCommentPrefix=p",
+       "ModelCommentProfiles[One][1].MemberType_Namespace", "LW:Module\n"},
+      {"set PageTemplates[1].objFillColor '#ff8000'", "PageTemplates[1].objFillColor", "#ff8000\n"},
+      {"set PageTemplates[1].colTextColor 255", "PageTemplates[1].colTextColor", "#ff0000\n"},
+      {"set PageTemplates[1].colFillColor '&H80000005&'", "PageTemplates[1].colFillColor", "&H80000005&\n"},
+      {"set VBOptions.WrapCharacters 72", "VBOptions.WrapCharacters", "72\n"},
+      {"set VBOptions.PreviewTemplate 'a\x01'", "VBOptions.PreviewTemplate", "a\x01\n"},
+  };
   for (const auto& [command, path, got] : kRows) {
     const auto done = RunIn(command);
     EXPECT_EQ(done.Status, 0) << done.Err;
