@@ -80,12 +80,12 @@ TEST(WriteJson, WritesWhatTheLibraryWouldWriteAndReplacesBytesThatAreNotUtf8) {
   Node node{"thing", "t"};
   node.Properties = {Valued("Name", std::string("a\xff\nb"), ""),
                      {"", 1, "label", {"only for people"}},
-                     Unlabelled("Table", {{"one", {1, 2}}, {"none", Json::array()}})};
+                     Unlabelled("Table", {{"one", Json::array({1, 2})}, {"none", Json::array()}})};
   node.Groups = {{"empty", "Empty"}, {"one", "One", std::vector<Node>{{"thing", "x"}}, true}};
   std::string written;
   WriteJson({node, Group{"things", "Things", std::vector{node}}}, [&](auto part) { written += part; });
   const Json object{{"Name", "a\uFFFD\nb"},
-                    {"Table", {{"one", {1, 2}}, {"none", Json::array()}}},
+                    {"Table", {{"one", Json::array({1, 2})}, {"none", Json::array()}}},
                     {"Empty", Json::array()},
                     {"One", Json::object()}};
   EXPECT_EQ(written, JsonText(Json::array({object, Json::array({object})})));

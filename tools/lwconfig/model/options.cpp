@@ -43,7 +43,7 @@ Node Describe(const OptionState& state) {
                   {isStored ? "stored" : "default", isStored ? Tone::Condition : Tone::Quiet},
                   {isStored ? standard : "", Tone::Quiet}};
   const Json json = state.ToJson();
-  for (const auto& [name, value] : json.items()) node.Properties.push_back(Unlabelled(name, value));
+  for (const auto& [name, value] : json.Members()) node.Properties.push_back(Unlabelled(name, value));
   const auto show = [&node](const char* label, std::string text) {
     node.Properties.push_back({{}, {}, label, {std::move(text)}});
   };

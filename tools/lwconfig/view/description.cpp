@@ -155,7 +155,7 @@ Json ToJson(const Description& described) {
 Json ToJson(const MemberDescription& member) {
   Json json{{"Name", member.Name}, {"Signature", member.Signature}};
   if (!member.Kind.empty()) json["Kind"] = member.Kind;
-  json.update(member.Details);
+  for (const auto& [name, value] : member.Details.Members()) json[name] = value;
   json["Contract"] = member.Contract;
   return json;
 }

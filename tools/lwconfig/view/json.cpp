@@ -3,6 +3,7 @@
 #include <utility>
 #include <variant>
 
+#include <nlohmann/json.hpp>
 #include <tools/lwconfig/view/json.h>
 
 namespace lwconfig::tool {
@@ -10,8 +11,11 @@ namespace {
 
 constexpr int kIndentation = 2;
 
-std::string Dump(const Json& json) {
-  return json.dump(kIndentation, ' ', false, Json::error_handler_t::replace);
+/// A value without others inside. Bytes that are not UTF-8 become replacement characters.
+template <class Value>
+std::string Dump(const Value& value) {
+  using Library = nlohmann::json;
+  return Library(value).dump(-1, ' ', false, Library::error_handler_t::replace);
 }
 
 /// Writes objects one after the other: none is kept, whatever their number.
@@ -25,7 +29,7 @@ class JsonWriter {
         if (property.Name.empty()) continue;
         next();
         AddName(property.Name);
-        AddValue(property.Value);
+        Add(property.Value);
       }
       for (const Group& group : node.Groups) {
         if (group.Name.empty() && level >= kShownLevels) continue;
@@ -61,9 +65,32 @@ class JsonWriter {
       }
     });
   }
+  void Add(const Json& json) { std::visit(*this, json.Value()); }
   void End() {
     mText += '\n';
     mSink(std::exchange(mText, {}));
+  }
+
+  template <class Value>
+  void operator()(const Value& value) {
+    mText += Dump(value);
+  }
+  void operator()(const Json::List& items) {
+    Enclose('[', ']', [&](auto next) {
+      for (const Json& item : items) {
+        next();
+        Add(item);
+      }
+    });
+  }
+  void operator()(const Json::Object& members) {
+    Enclose('{', '}', [&](auto next) {
+      for (const auto& [name, value] : members) {
+        next();
+        AddName(name);
+        Add(value);
+      }
+    });
   }
 
  private:
@@ -88,18 +115,6 @@ class JsonWriter {
     if (mText.size() > kPart) mSink(std::exchange(mText, {}));
   }
   void AddName(const std::string& name) { (mText += Dump(name)) += ": "; }
-  void AddValue(const Json& value) {
-    // Line breaks inside texts are escaped, so that every one found is the layout's.
-    const std::string text = Dump(value);
-    for (std::string_view rest = text;;) {
-      const auto lineEnd = rest.find('\n');
-      mText += rest.substr(0, lineEnd);
-      if (lineEnd == std::string_view::npos) return;
-      mText += '\n';
-      Indent();
-      rest.remove_prefix(lineEnd + 1);
-    }
-  }
   void Indent() { mText.append(mDepth * kIndentation, ' '); }
 
   const Sink& mSink;
@@ -127,7 +142,9 @@ void WriteJson(const std::vector<Target>& targets, const Sink& sink) {
 }
 
 std::string JsonText(const Json& json) {
-  return Dump(json) + "\n";
+  std::string text;
+  Write(json, [&text](std::string_view part) { text += part; });
+  return text;
 }
 
 }  // namespace lwconfig::tool

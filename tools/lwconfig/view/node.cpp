@@ -1,3 +1,5 @@
+#include <array>
+#include <charconv>
 #include <memory>
 
 #include <tools/lwconfig/view/node.h>
@@ -5,19 +7,27 @@
 namespace lwconfig::tool {
 namespace {
 
-std::string TextOf(const Json& value) {
-  if (value.is_string()) return value.get<std::string>();
-  if (value.is_boolean()) return value.get<bool>() ? "yes" : "";
-  if (value.is_number()) return value.dump();
-  std::string joined;
-  for (const Json& item : value) joined += (joined.empty() ? "" : ", ") + TextOf(item);
-  return joined;
-}
+struct TextOf {
+  std::string operator()(std::nullptr_t) const { return {}; }
+  std::string operator()(bool flag) const { return flag ? "yes" : ""; }
+  std::string operator()(const std::string& text) const { return text; }
+  std::string operator()(const Json::List& items) const {
+    std::string joined;
+    for (const Json& item : items) joined += (joined.empty() ? "" : ", ") + std::visit(*this, item.Value());
+    return joined;
+  }
+  std::string operator()(const Json::Object&) const { return {}; }
+  template <class Number>
+  std::string operator()(Number number) const {
+    std::array<char, 32> digits{};
+    return {digits.data(), std::to_chars(digits.begin(), digits.end(), number).ptr};
+  }
+};
 
 }  // namespace
 
 Property Valued(std::string name, Json value, std::string label) {
-  std::string text = TextOf(value);
+  std::string text = std::visit(TextOf{}, value.Value());
   return {std::move(name), std::move(value), std::move(label), {std::move(text)}};
 }
 

@@ -7,12 +7,10 @@
 #include <utility>
 #include <vector>
 
-#include <nlohmann/json.hpp>
+#include <tools/lwconfig/view/json_value.h>
 #include <tools/lwconfig/view/styled_text.h>
 
 namespace lwconfig::tool {
-
-using Json = nlohmann::ordered_json;
 
 /// One value of a node: under its published name as JSON, and under a label as a person reads it. Without a
 /// name it is not part of the JSON, without a text it is not shown to people. Neighbours with one label share
