@@ -41,7 +41,9 @@ void TaggedCommentDefs::Load() {
 void TaggedCommentDefs::Save() const {
   SaveEx(true, true);
   try {
-    DiskFile(OlderFile()).Delete();
+    DiskFile older(OlderFile());
+    KeepDamagedFile(older);
+    older.Delete();
   } catch (const Error&) {
     // The older file is not read while the new ones exist.
   }
