@@ -202,7 +202,7 @@ def cpp_table(function, table):
 
 def main():
     source, output = pathlib.Path(sys.argv[1]), pathlib.Path(sys.argv[2])
-    published = re.findall(r"(Class|Enum)Of<(\w+)>\(\);",
+    published = re.findall(r"(Class|Enum)Of<(\w+)(?:<\w+>)?>\(\);",
                            (source / "lwconfig/automation/published.h").read_text(encoding="utf-8"))
     types = {}
     for header in sorted((source / "lwconfig").glob("**/*.h")):

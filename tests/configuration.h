@@ -72,6 +72,8 @@ class FaultyFiles final : public platform::Files {
     mFaults.push_back({operation, std::move(path), code});
   }
   void Heal() { mFaults.clear(); }
+  /// From now on listings mark entries of this name as hidden.
+  void Hide(std::string name) { mHidden.push_back(std::move(name)); }
 
   platform::EntryKind Kind(std::string_view path) override {
     Check(FileOperation::Kind, path);
@@ -83,7 +85,10 @@ class FaultyFiles final : public platform::Files {
   }
   std::vector<platform::FolderEntry> List(std::string_view folder) override {
     Check(FileOperation::List, folder);
-    return mHost.List(folder);
+    auto entries = mHost.List(folder);
+    for (auto& entry : entries)
+      entry.IsHidden = entry.IsHidden || std::ranges::count(mHidden, entry.Name) > 0;
+    return entries;
   }
   std::unique_ptr<platform::FileReplacement> Replace(std::string_view path) override {
     Check(FileOperation::Replace, path);
@@ -132,6 +137,7 @@ class FaultyFiles final : public platform::Files {
 
   platform::Files& mHost = platform::Files::Native();
   std::vector<std::tuple<FileOperation, std::string, int>> mFaults;
+  std::vector<std::string> mHidden;
 };
 
 /// A test with a configuration folder, registry and message boxes of its own.

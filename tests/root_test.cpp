@@ -11,6 +11,7 @@ namespace {
 using testing::Each;
 using ::testing::ElementsAre;
 using testing::ErrorOf;
+using testing::FileOperation;
 using ::testing::IsEmpty;
 
 class RootTest : public testing::ConfigurationTest {
@@ -118,7 +119,7 @@ TEST_F(RootTest, ChoosesTheFirstTemplateThatFits) {
   for (const auto& [profile, supports, name] :
        {Row{"LW.Core", "", "A"}, Row{"lw.CORE", "", "A"}, Row{"Other", "SOURCE", "B"},
         Row{"LW.Core", "ource,bin", "B"}, Row{"LW.Core", "bin", "A"}, Row{"LW.Core", "quelle", ""},
-        Row{"GRÖSSE", "", "C"}, Row{"LW", "", ""}, Row{"", "", ""}}) {
+        Row{"GRÖßE", "", "C"}, Row{"LW", "", ""}, Row{"", "", ""}}) {
     const auto found = root.GetDefaultTemplate(profile, supports);
     EXPECT_EQ(found ? found->Name : "", name) << profile << ' ' << supports;
   }
@@ -147,6 +148,17 @@ TEST_F(RootTest, ReplacedObjectsAreSharedUntilTheReset) {
   root.ResetLWConfig();
   EXPECT_NE(root.ExternalDocs(), docs);
   EXPECT_NE(root.ExternalDocs(), loaded);
+}
+
+TEST_F(RootTest, SavesWithoutAConfigurationFolderOnlyWhereTheCallerChose) {
+  Register("ConfigPath", "");
+  Files.Fail(FileOperation::Replace, ".xml", EROFS);
+  for (const auto& save : std::vector<std::function<void()>>{
+           [] { CommentFileLocations().Save(); }, [] { ExternalDocs().Save(); },
+           [] { ModelCommentProfiles().Save(); }, [] { ModelComments().SaveToGlobal(); },
+           [] { TaggedCommentDefs().Save(); }, [] { TaggedCommentDefs().SaveEx(false, true); }})
+    EXPECT_EQ(ErrorOf(save).Number(), kPathNotFound);
+  EXPECT_EQ(ErrorOf([] { TaggedCommentDefs().SaveTo("/x.xml"); }).Number(), kPermissionDenied);
 }
 
 TEST_F(RootTest, LeavesNoObjectBehind) {

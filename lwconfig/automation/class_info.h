@@ -51,7 +51,8 @@ struct EnumInfo {
 struct TypeInfo {
   ValueKind Kind = ValueKind::None;
   const ClassInfo& (*Class)() = nullptr;       // of `Object` only
-  const EnumInfo& (*Enumeration)() = nullptr;  // of `Enumeration` only
+  const EnumInfo& (*Enumeration)() = nullptr;  // of `Enumeration` only: whose names the values have
+  const EnumInfo& (*Declared)() = nullptr;     // the one that the interface declares, where it is another
   bool MayBeNull = false;                      // a result: there may be no such object or text
   bool IsItemKey = false;                      // a key or position of an item that has to be there
   bool IsColour = false;                       // an integer that people write as `ColourText` has it
@@ -87,6 +88,7 @@ struct MemberInfo {
   const char* Name = nullptr;
   std::int32_t Id = 0;  // shared by the accessors of one property
   InvokeKind Kind = kMethod;
+  bool IsStored = false;  // whether it reads a data member, which has no effect
   TypeInfo Result{};
   /// Those of a let or set end with the new value.
   std::array<ParameterInfo, kMostParameters> ParameterList{};

@@ -87,15 +87,39 @@ AnyObject ToObject(const Variant& value, const ClassInfo& expected) {
 }
 
 ItemKey ToItemKey(const Variant& value) {
-  constexpr std::int32_t kNowhere = -1;
   if (const auto* text = std::get_if<std::string>(&value)) return *text;
   if (const auto* integer = std::get_if<std::int32_t>(&value)) return *integer;
   if (const auto* small = std::get_if<std::int16_t>(&value)) return *small;
   if (const auto* number = std::get_if<double>(&value)) {
-    const bool isPosition = std::abs(*number) < std::numeric_limits<std::int32_t>::max();
-    return isPosition ? Rounded<std::int32_t>(*number) : kNowhere;
+    constexpr std::int32_t kMost = std::numeric_limits<std::int32_t>::max();
+    if (std::abs(*number) < kMost) return Rounded<std::int32_t>(*number);
+    return *number < 0 ? -kMost : kMost;
   }
-  if (std::holds_alternative<bool>(value) || ToObject(value)) return kNowhere;
+  if (const auto* flag = std::get_if<bool>(&value))
+    return ItemKey::OfOtherType(*flag ? "the key True" : "the key False");
+  if (ToObject(value)) return ItemKey::OfOtherType("an object as its key");
+  return {};
+}
+
+Variant EmptyValue(const TypeInfo& type) {
+  switch (type.Kind) {
+    case ValueKind::Boolean:
+      return false;
+    case ValueKind::Integer16:
+      return std::int16_t{0};
+    case ValueKind::Integer32:
+    case ValueKind::Enumeration:
+      return std::int32_t{0};
+    case ValueKind::Text:
+      return std::string();
+    case ValueKind::Object:
+    case ValueKind::AnyObject:
+    case ValueKind::Enumerator:
+      return AnyObject{};
+    case ValueKind::None:
+    case ValueKind::Variant:
+      break;
+  }
   return {};
 }
 

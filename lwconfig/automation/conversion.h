@@ -25,6 +25,9 @@ AnyObject ToObject(const Variant& value, const ClassInfo& expected);
 /// neither, which find no item. Refers to the text in `value`.
 ItemKey ToItemKey(const Variant& value);
 
+/// The value that stands for none in a result of the type: 0, false, "", no object; empty for a variant.
+Variant EmptyValue(const TypeInfo& type);
+
 /// What the value is, for messages: `the text "x"`, `a PageLayout object`.
 std::string DescribeValue(const Variant& value);
 /// "Text", "Integer32", "PageLayout", "PageTypeEnum": how people name the type.

@@ -105,10 +105,15 @@ void ReturnByReference(const MemberInfo& slot, const Arguments& arguments, Argum
   }
 }
 
-Operation Describe(const ClassInfo& info, const MemberInfo& slot, const Variant* values) {
-  Operation operation{info.Name(), slot.Name, {}};
+/// What a report says of the call: the arguments, and the object as its failure leaves it.
+Operation Describe(const AnyObject& object, const MemberInfo& slot, const Variant* values) {
+  Operation operation{object.Class->Name(), slot.Name, {}, {}};
   for (std::size_t at = 0; at < slot.ParameterCount; ++at) {
     operation.Parameters.emplace_back(slot.ParameterList[at].Name, DescribeValue(values[at]));
+  }
+  for (const auto& member : object.Class->Members()) {
+    if (member.Get == nullptr || !member.Get->IsStored) continue;
+    operation.Variables.emplace_back(member.Name, DescribeValue(member.Get->Call(object.Pointer, nullptr)));
   }
   return operation;
 }
@@ -128,17 +133,17 @@ Variant CallPlaced(const AnyObject& object, const MemberInfo& slot, Variant* val
   const ClassInfo& info = *object.Class;
   RequireAll(info, slot, values);
   std::optional<ArgumentError> misuse;
-  Variant result = RunPublished([&] { return Describe(info, slot, values); },
-                                [&]() -> Variant {
-                                  try {
-                                    return slot.Call(object.Pointer, values);
-                                  } catch (const ArgumentError& problem) {
-                                    misuse = problem;
-                                    return {};
-                                  }
-                                });
+  std::optional<Variant> result;
+  RunPublished([&] { return Describe(object, slot, values); },
+               [&] {
+                 try {
+                   result = slot.Call(object.Pointer, values);
+                 } catch (const ArgumentError& problem) {
+                   misuse = problem;
+                 }
+               });
   if (misuse) FailArgument(info, slot, *misuse);
-  return result;
+  return result ? *std::move(result) : EmptyValue(slot.Result);
 }
 
 Variant Call(const AnyObject& object, const MemberInfo& slot, const Arguments& arguments) {

@@ -32,8 +32,9 @@ struct Arguments {
 ///
 /// Errors of the call itself: 91 for a null object, 438 where it has no such member or not in this way, 383
 /// for the change of a read-only property, 450, 449 and 448 for too many, missing and unknown arguments, 13,
-/// 6 or 94 for an argument of the wrong type. A failure inside the operation goes to the error reporter once,
-/// and is then error 65535, or the empty result.
+/// 6 or 94 for an argument of the wrong type. A failure inside the operation, such as that of an argument
+/// that is no object where it needs one, goes to the error reporter once, and is then error 65535, or the
+/// empty value of the result's type: 0, False, an empty text, no object.
 Variant Invoke(const AnyObject& object, std::string_view member, unsigned kinds,
                const Arguments& arguments = {});
 Variant Invoke(const AnyObject& object, std::int32_t id, unsigned kinds, const Arguments& arguments = {});

@@ -34,7 +34,7 @@ Text TypeText(const TypeInfo& type) {
     case ValueKind::Integer32:
       return "long";
     case ValueKind::Enumeration:
-      return type.Enumeration().Name;
+      return (type.Declared != nullptr ? type.Declared : type.Enumeration)().Name;
     case ValueKind::Text:
       return "BSTR";
     case ValueKind::Object:

@@ -189,6 +189,11 @@ class Interface {
     }
     return row;
   }
+  /// The row of an integer whose values have the names of `Named` and whose declared type is `InInterface`.
+  template <class Named, class InInterface, std::size_t N>
+  static constexpr auto Enumerated(const SlotList<N>& row) {
+    return Declared(row, {ValueKind::Enumeration, nullptr, &EnumOf<Named>, &EnumOf<InInterface>});
+  }
   template <std::size_t N>
   static constexpr auto AsVariant(const SlotList<N>& row) {
     return Declared(row, {ValueKind::Variant});
@@ -225,6 +230,9 @@ class Interface {
   /// The type of the values of a data member; an option's is that of its values.
   template <auto Member>
   using StoredType = typename Stored<MemberType<Member>>::Type;
+  /// Whether the value lies in the data member itself.
+  template <auto Member>
+  static constexpr bool kIsStored = std::is_same_v<StoredType<Member>, MemberType<Member>>;
 
   template <auto Member, class... Names>
   static constexpr MemberInfo Called(const char* name, Names... parameters) {
@@ -232,6 +240,7 @@ class Interface {
     if constexpr (std::is_member_object_pointer_v<decltype(Member)>) {
       slot.Result = Crossing<StoredType<Member>>::kType;
       slot.Call = CallLoad<Member>;
+      slot.IsStored = kIsStored<Member>;
     } else {
       using Sig = Signature<decltype(Member)>;
       Fill(slot, typename Sig::Parameters{}, parameters...);

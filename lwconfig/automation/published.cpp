@@ -67,7 +67,8 @@ std::span<const ClassInfo* const> PublishedClasses() {
                               &ClassOf<DiskFile>(),
                               &ClassOf<DiskFiles>(),
                               &ClassOf<RegistryAccess>(),
-                              &ClassOf<StringTools>()};
+                              &ClassOf<StringTools>(),
+                              &ClassOf<ObjectReference<AnyObject>>()};
   return all;
 }
 

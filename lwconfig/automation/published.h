@@ -12,6 +12,7 @@
 #include <lwconfig/comments/tagged_comment_defs.h>
 #include <lwconfig/core/disk_file.h>
 #include <lwconfig/core/keyed_collection.h>
+#include <lwconfig/core/object_reference.h>
 #include <lwconfig/core/registry_access.h>
 #include <lwconfig/core/string_tools.h>
 #include <lwconfig/core/xml_document.h>
@@ -146,6 +147,8 @@ template <>
 const ClassInfo& ClassOf<RegistryAccess>();
 template <>
 const ClassInfo& ClassOf<StringTools>();
+template <>
+const ClassInfo& ClassOf<ObjectReference<AnyObject>>();
 
 template <>
 const EnumInfo& EnumOf<PageTypeEnum>();

@@ -187,7 +187,8 @@ class Argument<std::string_view> {
   std::string mConverted;
 };
 
-/// Objects that the C++ function takes by reference: there must be one.
+/// Objects that the C++ function takes by reference. That there is none is a failure of the operation, as
+/// where a function that takes a pointer follows it.
 template <class P>
 requires(std::is_lvalue_reference_v<P> && !CrossesByValue<std::remove_cvref_t<P>>) class Argument<P> {
   using Class = std::remove_cvref_t<P>;
@@ -196,12 +197,13 @@ requires(std::is_lvalue_reference_v<P> && !CrossesByValue<std::remove_cvref_t<P>
   static constexpr TypeInfo kType{ValueKind::Object, &ClassOf<Class>};
   static constexpr bool kIsByReference = false;
 
-  explicit Argument(const Variant& value) : mObject(Crossing<std::shared_ptr<Class>>::FromVariant(value)) {
+  explicit Argument(const Variant& value) : mObject(Crossing<std::shared_ptr<Class>>::FromVariant(value)) {}
+  P Pass() const {
     if (!mObject)
       throw Error(kObjectNotSet, std::string("An object of the class ") + ClassOf<Class>().Name() +
                                      " was expected, none was given");
+    return *mObject;
   }
-  P Pass() const { return *mObject; }
   void Return(Variant&) {}
 
  private:

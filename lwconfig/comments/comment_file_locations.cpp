@@ -60,6 +60,7 @@ void CommentFileLocations::Load() {
 }
 
 void CommentFileLocations::Save() {
+  RequireConfigPath();
   DiskFile file = LocationsFile();
   WriteConfigurationFile(file, [&](XMLElement& root) {
     root.SetName("CommentFileLocations");

@@ -48,7 +48,7 @@ class ModelComment : public Counted<ModelComment> {
   /// Reads an `MC` element, the older form with a "MemberType" too. A missing kind of member, "MemberName",
   /// "TaggedCommentPrefix" or "TaggedCommentText" is error 5, which ends the load.
   void Load(const XMLElement& e);
-  /// Writes the comment into the element, which the caller has named.
+  /// Names the element `MC` and writes the comment into it. `MemberType` and `Tag` are not saved.
   void Save(XMLElement& e) const;
   /// A copy of all properties but `Tag`.
   std::shared_ptr<ModelComment> Clone() const;

@@ -33,13 +33,9 @@ void ModelCommentProfiles::Load() {
 }
 
 void ModelCommentProfiles::Save() {
+  RequireConfigPath();
   for (const auto& profile : *this) {
-    if (profile->Name.empty() || profile->Name.starts_with('.')) {
-      // A file whose name begins with a dot is hidden, so that the next load would not find the profile.
-      throw Error(kBadFileName,
-                  "A model comment profile needs a name that does not begin with a dot, not \"" +
-                      profile->Name + "\"");
-    }
+    if (profile->Name.empty()) throw Error(kBadFileName, "A model comment profile needs a name");
     CheckBaseName(profile->Name);
     DiskFile file(ProfilesFolder(), profile->Name, "xml");
     file.CreateFolder();

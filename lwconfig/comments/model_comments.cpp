@@ -66,6 +66,7 @@ void ModelComments::LoadGlobal() {
 }
 
 void ModelComments::SaveToGlobal() {
+  RequireConfigPath();
   SaveToFile(GlobalFile());
 }
 

@@ -36,7 +36,7 @@ class ModelComments : public KeyedCollection<ModelComment>, public Counted<Model
   /// Replaces the comments by those of a `ModelCommentProfile` element, with its name and description, which
   /// are required: error 5 ends the load. A failing comment ends it too; the comments before it stay.
   void Load(const XMLElement& e);
-  /// Writes the set with its comments into the element, which the caller has named.
+  /// Names the element `ModelCommentProfile` and writes the set with its comments into it.
   void Save(XMLElement& e) const;
   /// A set of copies. Only namespace profile, name and description are carried over.
   std::shared_ptr<ModelComments> Clone() const;

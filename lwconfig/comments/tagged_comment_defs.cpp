@@ -42,8 +42,7 @@ void TaggedCommentDefs::Save() const {
   SaveEx(true, true);
   try {
     DiskFile older(OlderFile());
-    // A copy stays: the file may hold what this set never read.
-    older.CopyTo(OlderFile() + ".bak");
+    KeepDamagedFile(older);
     older.Delete();
   } catch (const Error&) {
     // The older file is not read while the new ones exist.
@@ -51,6 +50,7 @@ void TaggedCommentDefs::Save() const {
 }
 
 void TaggedCommentDefs::SaveEx(bool includeStandard, bool includeCustom) const {
+  RequireConfigPath();
   if (includeStandard) SaveToEx(StandardFile(), true, false);
   if (includeCustom) SaveToEx(CustomFile(), false, true);
 }

@@ -22,9 +22,8 @@ class TaggedCommentDefs : public KeyedCollection<TaggedCommentDef>, public Count
   /// Replaces the set by the custom and then the standard definitions of the configuration; by those of the
   /// older single file where there is no standard file.
   void Load();
-  /// Saves the standard and then the custom definitions to their files, and turns the older single file into
-  /// "taggedcomments.xml.bak"; that this fails is ignored. A failing save ends it: what follows is left
-  /// untouched.
+  /// Saves the standard and then the custom definitions to their files, then deletes the older single file; a
+  /// failure to delete it is ignored. A failing save ends it: what follows is left untouched.
   void Save() const;
   /// As `Save`, of the chosen files only; the older file stays.
   void SaveEx(bool IncludeStandard, bool IncludeCustom) const;

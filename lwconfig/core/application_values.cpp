@@ -2,6 +2,7 @@
 
 #include <lwconfig/core/application_values.h>
 #include <lwconfig/core/disk_file.h>
+#include <lwconfig/core/error.h>
 #include <lwconfig/core/registry_access.h>
 #include <lwconfig/platform/folders.h>
 #include <lwconfig/platform/service.h>
@@ -36,6 +37,10 @@ std::string ConfigPath() {
   std::string path = RegistryAccess().GetText(kLocalMachine, kProductKey, "ConfigPath");
   if (path.ends_with('\\')) path.pop_back();
   return path;
+}
+
+void RequireConfigPath() {
+  if (ConfigPath().empty()) throw Error(kPathNotFound, "No configuration folder is registered to save in");
 }
 
 std::string CommonPath() {

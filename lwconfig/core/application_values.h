@@ -9,6 +9,8 @@ namespace lwconfig {
 /// The configuration folder, without trailing backslash; empty when the registry names none. Read anew on
 /// every call.
 std::string ConfigPath();
+/// Error 76 where the registry names no configuration folder to save in.
+void RequireConfigPath();
 /// The maker's common folder, with trailing backslash; "\" when the registry names none. Read anew on every
 /// call.
 std::string CommonPath();

@@ -50,8 +50,8 @@ void ReadConfigurationFiles(const std::vector<DiskFile>& files, Use use) {
   }
 }
 
-/// As above for every "*.xml" file of the folder, in name order without regard to letter case; for none where
-/// there is no such folder.
+/// As above for every "*.xml" file of the folder, in the order of the listing; for none where there is no
+/// such folder.
 template <class Use>
 void ReadConfigurationFolder(std::string_view folder, Use use) {
   DiskFile listing;
@@ -68,8 +68,6 @@ void WriteConfigurationFile(DiskFile& file, Fill fill) {
   XMLDocument document;
   XMLElement root = document.RootElement();
   fill(root);
-  if (file.FolderPath() == "\\")
-    throw Error(kPathNotFound, "No configuration folder is registered to save in");
   const std::string text = document.XML();
   KeepDamagedFile(file);
   file.Open(DiskFile::kCreateOrTruncate, DiskFile::kWrite, 3);

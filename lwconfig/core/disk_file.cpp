@@ -1,7 +1,10 @@
+#include <algorithm>
 #include <utility>
 
 #include <lwconfig/core/disk_file.h>
 #include <lwconfig/core/text.h>
+#include <lwconfig/platform/letter_case.h>
+#include <lwconfig/platform/path_parts.h>
 
 namespace lwconfig {
 namespace {
@@ -28,25 +31,43 @@ bool NamesNothing(const std::system_error& failure) {
          failure.code() == std::errc::not_a_directory;
 }
 
+constexpr std::string_view kSeparators = "\\/";
+
 bool IsSeparator(char c) {
-  return c == '\\' || c == '/';
+  return kSeparators.find(c) != std::string_view::npos;
+}
+
+bool IsNetworkPath(std::string_view path) {
+  return path.size() > 2 && IsSeparator(path[0]) && IsSeparator(path[1]) && !IsSeparator(path[2]);
+}
+
+/// The length of what ".." cannot leave: a drive, or a server and its share.
+std::size_t RootLength(std::string_view path) {
+  if (!IsNetworkPath(path)) {
+    const char drive = path.size() > 1 && path[1] == ':' ? AsciiLower(path[0]) : ' ';
+    return drive >= 'a' && drive <= 'z' ? 2 : 0;
+  }
+  const std::size_t share = path.find_first_not_of(kSeparators, path.find_first_of(kSeparators, 2));
+  return std::min(path.find_first_of(kSeparators, share), path.size());
 }
 
 }  // namespace
 
 std::string NormalisePath(std::string_view path) {
-  std::string normal;
-  normal.reserve(path.size());
-  const bool networkPath =
-      path.size() > 2 && IsSeparator(path[0]) && IsSeparator(path[1]) && !IsSeparator(path[2]);
-  if (networkPath) normal = "\\";
-  for (const char c : path) {
-    if (!IsSeparator(c)) {
-      normal.push_back(c);
-    } else if (normal.empty() || normal.back() != '\\' || (networkPath && normal.size() == 1)) {
-      normal.push_back('\\');
-    }
-  }
+  using platform::Above;
+  const bool isNetworkPath = IsNetworkPath(path);
+  const std::string_view root = path.substr(0, RootLength(path));
+  const std::string_view parts = path.substr(root.size());
+  const bool isAbsolute = isNetworkPath || (!parts.empty() && IsSeparator(parts.front()));
+  std::string normal(isNetworkPath ? "\\" : root);
+  if (isNetworkPath) platform::AppendParts(normal, 1, root, kSeparators, '\\');
+  const std::size_t least = normal.size();
+  platform::AppendParts(normal, least, parts, kSeparators, '\\',
+                        isAbsolute ? Above::IsLeftOut : Above::IsKept);
+  if (parts.empty()) return normal;
+  const bool hasParts = normal.size() > least;
+  if (!isAbsolute) normal.replace(least, hasParts ? 1 : 0, hasParts ? "" : ".");
+  if (IsSeparator(parts.back()) || (isAbsolute && !hasParts)) normal += '\\';
   return normal;
 }
 
@@ -173,6 +194,7 @@ void DiskFile::Delete() {
 }
 
 void DiskFile::CreateFolder() {
+  if (mFolder.empty()) return;
   OnHost(mFolder, [&] { HostFiles().MakeFolders(mFolder); });
 }
 

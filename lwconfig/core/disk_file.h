@@ -14,7 +14,8 @@
 namespace lwconfig {
 
 /// One path on disk, held as folder, base name and extension, and the file there while it is open. Paths are
-/// in the product's notation: backslashes, slashes accepted, repeated separators taken as one.
+/// in the product's notation: backslashes, slashes accepted, repeated separators taken as one, "." and ".."
+/// resolved. One without drive and leading separator is taken from the current folder.
 class DiskFile : public Counted<DiskFile> {
  public:
   static constexpr const char* kClassName = "DiskFile";
@@ -56,7 +57,7 @@ class DiskFile : public Counted<DiskFile> {
   /// Whether the last `Open` succeeded and no `Close` followed.
   bool IsOpen() const { return mOpen != OpenState::Closed; }
   /// The whole content as text without byte-order mark, also of a file that was never opened; empty for one
-  /// that does not exist. Error 70 or 75 for one that exists and cannot be read.
+  /// that does not exist or has no path. Error 70 or 75 for one that exists and cannot be read.
   std::string ReadAll() const { return ReadAll(nullptr); }
   /// As above; says in `doubt`, unless that is null, what `EncodingDoubt` does.
   std::string ReadAll(std::string* doubt) const;
@@ -69,15 +70,15 @@ class DiskFile : public Counted<DiskFile> {
   void Close();
   /// Deletes the file. Error 53 when there is none.
   void Delete();
-  /// Creates the folder part and its missing parents.
+  /// Creates the folder part, where there is one, and its missing parents.
   void CreateFolder();
   /// Puts a copy of this file in the place of whatever is at `target`, in one step: a link there is replaced,
   /// not followed. Error 75 where it is a folder.
   void CopyTo(std::string_view target) const;
 
-  /// The entries of the folder that match the pattern, in name order without regard to letter case, without
-  /// hidden ones. `mode` is accepted and has no effect. A folder that does not exist has none; error 70 or 75
-  /// for one that cannot be listed.
+  /// The entries of the folder that match the pattern, also hidden ones, in the order of the file system or
+  /// by their names in capital letters. `mode` is accepted and has no effect. A folder that does not exist
+  /// has none; error 70 or 75 for one that cannot be listed.
   std::vector<DiskFile> Files(std::string_view pattern, std::int32_t mode = 1) const;
 
  private:
@@ -97,11 +98,12 @@ class DiskFile : public Counted<DiskFile> {
   std::optional<Error> mOpenFailure;
 };
 
-/// The path with backslashes, one between two parts; two leading backslashes stay two.
+/// The path with backslashes, one between two parts, without "." and "..". Two leading backslashes stay two.
+/// A ".." never leads above a drive, or a server's share; at the start of a relative path it stays.
 std::string NormalisePath(std::string_view path);
 
-/// The entries of a folder in name order without regard to letter case, without hidden ones; none where there
-/// is no such folder. Error 70 or 75 for one that cannot be listed.
+/// The entries of a folder as of `platform::Files::List`; none where there is no such folder. Error 70 or 75
+/// for one that cannot be listed.
 std::vector<platform::FolderEntry> ListFolder(std::string_view folder);
 
 /// The host's own path for a path in the product's notation; the path itself where the host has none for it,

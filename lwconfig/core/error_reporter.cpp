@@ -85,10 +85,13 @@ std::string FailureReport(const Error& failure, const Operation& operation) {
   report.AddElement("Number", ToText(failure.Number()));
   report.AddElement("Description", Reportable(failure.what()));
   report.AddElement("Source", failure.Source());
-  XMLElement parameters = report.AddElement("Parameters", "");
-  for (const auto& [name, value] : operation.Parameters) {
-    parameters.AddElement("Parameter", Reportable(value)).AddAttribute("Name", name);
-  }
+  const auto addValues = [&report](const char* all, const char* one, const auto& values) {
+    XMLElement list = report.AddElement(all, "");
+    for (const auto& [name, value] : values)
+      list.AddElement(one, Reportable(value)).AddAttribute("Name", name);
+  };
+  addValues("Parameters", "Parameter", operation.Parameters);
+  addValues("Variables", "Variable", operation.Variables);
   XMLElement instances = report.AddElement("Instances", "");
   for (const auto& count : InstanceCounts()) {
     XMLElement instance = instances.AddElement("Class", ToText(count.Live));

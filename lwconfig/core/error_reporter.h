@@ -17,9 +17,10 @@ inline constexpr std::string_view kErrorComponent = "CorvaError.Error";
 
 /// A published operation under way: what a report says about it.
 struct Operation {
-  std::string Module;                                           // the class
-  std::string Procedure;                                        // the member
-  std::vector<std::pair<std::string, std::string>> Parameters;  // names and values as text
+  std::string Module;                                            // the class
+  std::string Procedure;                                         // the member
+  std::vector<std::pair<std::string, std::string>> Parameters;   // names and values as text
+  std::vector<std::pair<std::string, std::string>> Variables{};  // the object's stored properties, likewise
 };
 
 /// The failure that is being handled, as the library's own error: other exceptions keep their text.
@@ -42,7 +43,8 @@ class ReportedError : public Error {
 /// second report is thrown on as it is.
 void ReportFailure(const Error& failure, const Operation& operation);
 
-/// The report that the component gets: module, procedure, line, error, parameters and instance counts.
+/// The report that the component gets: module, procedure, line, error, parameters, the stored properties of
+/// the object as the failure leaves them, and instance counts.
 std::string FailureReport(const Error& failure, const Operation& operation);
 /// The text of the message box.
 std::string FailureMessage(const Error& failure, const Operation& operation);

@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <string>
 
+#include <lwconfig/core/disk_file.h>
 #include <lwconfig/core/error.h>
 #include <lwconfig/core/file_name.h>
 
@@ -12,6 +13,12 @@ bool LeadsElsewhere(char c) {
 }
 
 }  // namespace
+
+void CheckStaysBelow(std::string_view path) {
+  const std::string normal = NormalisePath(".\\" + std::string(path));
+  if (normal == ".." || normal.starts_with("..\\"))
+    throw Error(kBadFileName, "\"" + std::string(path) + "\" leads out of its folder");
+}
 
 void CheckBaseName(std::string_view name) {
   if (name == "." || name == ".." || std::any_of(name.begin(), name.end(), LeadsElsewhere))

@@ -33,9 +33,9 @@ class KeyedCollection {
   /// Removes the item at that position or under that key. Error 5 for an unknown key, 9 for a position out of
   /// range.
   virtual void Remove(const ItemKey& Key) { mCol.Remove(Key); }
-  /// Inserts `obj` before the item that `Before` names, else after the one that `After` names, else at the
-  /// end. An empty key is none. Error 457 for a key that is present, 5 or 9 where `Before` or `After` names
-  /// no item, 91 for no object; nothing is then added.
+  /// Inserts the object before the item that `Before` names, else after the one that `After` names, else at
+  /// the end. An empty key is none. Error 457 for a key that is present, 5 or 9 where `Before` or `After`
+  /// names no item, 91 for no object; nothing is then added.
   virtual void Add(Pointer obj, std::string_view Key = {}, const ItemKey& Before = {},
                    const ItemKey& After = {}) {
     if (!obj) throw Error(kObjectNotSet, "No object was given to add to the collection");
@@ -64,7 +64,9 @@ class Collection : public Counted<Collection> {
   bool Contains(const ItemKey& Key) const { return Item(Key) != nullptr; }
   /// As of every collection.
   void Remove(const ItemKey& Key) { mCol.Remove(Key); }
-  /// As of every collection.
+  /// Inserts `Item` before the item that `Before` names, else after the one that `After` names, else at the
+  /// end. An empty key is none. Error 457 for a key that is present, 5 or 9 where `Before` or `After` names
+  /// no item; nothing is then added.
   void Add(std::string Item, std::string_view Key = {}, const ItemKey& Before = {},
            const ItemKey& After = {}) {
     mCol.Add(std::move(Item), Key, Before, After);

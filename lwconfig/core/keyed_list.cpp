@@ -4,7 +4,8 @@ namespace lwconfig {
 
 std::string ItemKey::Description() const {
   if (IsPosition()) return "position " + std::to_string(mPosition);
-  return IsText() ? "key \"" + std::string(mKey) + "\"" : "no key";
+  if (IsText()) return "key \"" + std::string(mKey) + "\"";
+  return IsGiven() ? std::string(mKey) : "no key";
 }
 
 void KeyIndex::Insert(std::uint32_t hash, std::uint32_t place) {

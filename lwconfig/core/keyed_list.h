@@ -14,7 +14,8 @@
 namespace lwconfig {
 
 /// Names an item of a collection: by position (from 1), by key, or, when default-constructed, not at all.
-/// A text is always a key, also when it looks like a number. Refers to the key's text, does not copy it.
+/// A text is always a key, also when it looks like a number. Refers to texts that it is made from, does not
+/// copy them.
 class ItemKey {
  public:
   ItemKey() = default;
@@ -25,17 +26,24 @@ class ItemKey {
   ItemKey(std::string_view key) : mKind(Kind::Key), mKey(key) {}
   ItemKey(const std::string& key) : mKind(Kind::Key), mKey(key) {}
   ItemKey(const char* key) : mKind(Kind::Key), mKey(key) {}
+  /// A key of another type, which names no item of any collection, and what it is for messages.
+  static ItemKey OfOtherType(std::string_view description) {
+    ItemKey key;
+    key.mKind = Kind::OtherType;
+    key.mKey = description;
+    return key;
+  }
 
   bool IsGiven() const { return mKind != Kind::None; }
   bool IsPosition() const { return mKind == Kind::Position; }
   bool IsText() const { return mKind == Kind::Key; }
   std::int32_t Position() const { return mPosition; }
   std::string_view Text() const { return mKey; }
-  /// For messages: `position 3`, or `key "Name"`.
+  /// For messages: `position 3`, `key "Name"`, or what a key of another type is.
   std::string Description() const;
 
  private:
-  enum class Kind { None, Position, Key };
+  enum class Kind { None, Position, Key, OtherType };
   Kind mKind = Kind::None;
   std::int32_t mPosition = 0;
   std::string_view mKey;

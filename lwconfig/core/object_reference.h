@@ -1,9 +1,12 @@
 #pragma once
 
 #include <memory>
+#include <string>
 #include <utility>
 
 #include <lwconfig/core/error.h>
+#include <lwconfig/core/instance_count.h>
+#include <lwconfig/core/variant.h>
 
 namespace lwconfig {
 
@@ -19,6 +22,42 @@ class ObjectReference {
  private:
   std::weak_ptr<T> mObject;
 };
+
+/// A reference to any object of this library that does not keep it alive.
+template <>
+class ObjectReference<AnyObject> : public Counted<ObjectReference<AnyObject>> {
+ public:
+  static constexpr const char* kClassName = "ObjectReference";
+
+  /// The object referred to; null before one is set, and once it is gone.
+  AnyObject Object() const {
+    auto object = mObject.lock();
+    return object ? AnyObject{std::move(object), mClass} : AnyObject{};
+  }
+  /// Null for none. Error 13 for an object of another library, which would be gone at once.
+  void SetObject(const AnyObject& object) {
+    if (object && object.Class == nullptr)
+      throw Error(kTypeMismatch,
+                  "An object of another library cannot be referred to without keeping it alive");
+    mObject = object.Pointer;
+    mClass = object.Class;
+  }
+
+ private:
+  std::weak_ptr<void> mObject;
+  const automation::ClassInfo* mClass = nullptr;
+};
+
+/// The object, for others to refer to. Error 91 for one that no `std::shared_ptr` holds.
+template <class T>
+std::shared_ptr<T> SelfOf(T& object) {
+  auto self = object.weak_from_this().lock();
+  if (!self) {
+    throw Error(kObjectNotSet, std::string("The ") + T::kClassName +
+                                   " cannot be referred to: it was not made with std::make_shared");
+  }
+  return self;
+}
 
 /// An owning reference held in a property. Following it while it is null is error 91, never a crash.
 template <class T>

@@ -4,7 +4,6 @@
 #include <lwconfig/core/error.h>
 #include <lwconfig/core/registry_access.h>
 #include <lwconfig/platform/files.h>
-#include <lwconfig/platform/registry_text.h>
 #include <lwconfig/platform/service.h>
 
 namespace lwconfig {
@@ -13,19 +12,16 @@ namespace {
 using platform::Hive;
 using platform::RegistryValue;
 
-[[noreturn]] void ThrowDamage(std::int32_t number, const std::string& message,
-                              const platform::RegistryFormatError& damage) {
-  Error error(number, message + damage.what());
-  error.SetPosition({platform::Host<platform::Files>().ProductPath(damage.File), damage.Line, damage.Column});
-  throw error;
-}
-
 template <class Operation>
 auto OnHost(Operation operation) {
   try {
     return operation(platform::Host<platform::Registry>());
   } catch (const platform::RegistryFormatError& damage) {
-    ThrowDamage(kPathFileAccess, "The registry file is damaged and was left as it is: ", damage);
+    Error error(kPathFileAccess,
+                std::string("The registry file is damaged and was left as it is: ") + damage.what());
+    error.SetPosition(
+        {platform::Host<platform::Files>().ProductPath(damage.File), damage.Line, damage.Column});
+    throw error;
   } catch (const std::system_error& failure) {
     throw FileError(failure, {});
   }
@@ -108,15 +104,8 @@ void RegistryAccess::Apply(const std::vector<platform::RegistryChange>& changes)
   OnHost([&](auto& registry) { registry.Apply(changes); });
 }
 
-std::vector<platform::RegistryChange> RegistryAccess::ReadFile(std::string_view path) const {
-  auto& files = platform::Host<platform::Files>();
-  try {
-    return platform::ReadRegistryText(files.Read(path), files.NativePath(path));
-  } catch (const platform::RegistryFormatError& damage) {
-    ThrowDamage(kInvalidCall, "This is no registry file that can be used; nothing was changed: ", damage);
-  } catch (const std::system_error& failure) {
-    throw FileError(failure, path);
-  }
+std::string RegistryAccess::OwnFile(std::string_view keyPath, std::string_view valueName) const {
+  return OnHost([&](auto& registry) { return registry.OwnFile(keyPath, valueName); });
 }
 
 }  // namespace lwconfig

@@ -39,10 +39,10 @@ class RegistryAccess {
                                                 std::string_view valueName) const;
   /// What the key holds, or nothing where there is no such key.
   std::optional<platform::RegistryKey> List(std::uint32_t hive, std::string_view keyPath) const;
-  /// Makes the changes, in one step for each hive.
+  /// Makes the changes, as `platform::Registry::Apply` does.
   void Apply(const std::vector<platform::RegistryChange>& changes) const;
-  /// The changes that the registry-editor file at `path` asks for.
-  std::vector<platform::RegistryChange> ReadFile(std::string_view path) const;
+  /// The host path of the user's own file where that holds the machine's value; empty where it does not.
+  std::string OwnFile(std::string_view keyPath, std::string_view valueName) const;
 };
 
 inline constexpr std::uint32_t kCurrentUser = static_cast<std::uint32_t>(platform::Hive::CurrentUser);

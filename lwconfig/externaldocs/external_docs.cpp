@@ -100,6 +100,7 @@ void ExternalDocs::Load() {
 }
 
 void ExternalDocs::Save() {
+  RequireConfigPath();
   DiskFile file = SourcesFile();
   WriteConfigurationFile(file, [&](XMLElement& root) {
     root.SetName("ExternalDocuments");

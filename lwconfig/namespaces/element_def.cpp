@@ -23,7 +23,7 @@ std::shared_ptr<ElementAttributeDef> ElementAttributeDef::Clone(
 }
 
 void ElementDef::Load(const XMLElement& e, const std::shared_ptr<NamespaceDefs>& Parent,
-                      const lwconfig::ElementAttributeDefs& CommonAttributes) {
+                      const std::shared_ptr<lwconfig::ElementAttributeDefs>& CommonAttributes) {
   SetNamespaceProfile(Parent);
   AttributeReader in(e);
   in.Require("Name", Name);
@@ -35,26 +35,27 @@ void ElementDef::Load(const XMLElement& e, const std::shared_ptr<NamespaceDefs>&
   ForEachChild(e, [&](const XMLElement& child) {
     if (!child.IsNamedIgnoringCase("attribute")) return;
     auto attribute = std::make_shared<ElementAttributeDef>();
-    attribute->SetElementDef(shared_from_this());
+    attribute->SetElementDef(SelfOf(*this));
     attribute->Load(child);
     ElementAttributeDefs->Add(attribute, attribute->Name);
   });
-  for (const auto& common : CommonAttributes) {
+  if (!CommonAttributes || !ElementAttributeDefs) return;
+  for (const auto& common : *CommonAttributes) {
     // The element's own attribute of that name takes precedence.
     if (ElementAttributeDefs->Item(common->Name)) continue;
-    ElementAttributeDefs->Add(common->Clone(shared_from_this()), common->Name);
+    ElementAttributeDefs->Add(common->Clone(SelfOf(*this)), common->Name);
   }
 }
 
 void ElementDefs::Load(const XMLElement& e, const std::shared_ptr<NamespaceDefs>& NamespaceProfile) {
-  ElementAttributeDefs commonAttributes;
+  const auto commonAttributes = std::make_shared<ElementAttributeDefs>();
   ForEachChild(e, [&](const XMLElement& child) {
     if (child.IsNamedIgnoringCase("commonattributes")) {
       ForEachChild(child, [&](const XMLElement& grandchild) {
         if (!grandchild.IsNamedIgnoringCase("attribute")) return;
         auto attribute = std::make_shared<ElementAttributeDef>();
         attribute->Load(grandchild);
-        commonAttributes.Add(attribute, attribute->Name);
+        commonAttributes->Add(attribute, attribute->Name);
       });
     } else if (child.IsNamedIgnoringCase("lwelement")) {
       auto element = std::make_shared<ElementDef>();

@@ -71,10 +71,10 @@ class ElementDef : public Counted<ElementDef>, public std::enable_shared_from_th
   }
 
   /// Reads an `lwelement` element of the profile `Parent`, then adds copies of those common attributes that
-  /// the element does not define itself. "Name" is required (error 5); a repeated attribute is error 457.
-  /// Either ends the load, and the attributes before it are kept.
+  /// the element does not define itself; null adds none. "Name" is required (error 5); a repeated attribute
+  /// is error 457. Either ends the load, and the attributes before it are kept.
   void Load(const XMLElement& e, const std::shared_ptr<NamespaceDefs>& Parent,
-            const lwconfig::ElementAttributeDefs& CommonAttributes);
+            const std::shared_ptr<lwconfig::ElementAttributeDefs>& CommonAttributes);
 
  private:
   ObjectReference<NamespaceDefs> mNamespaceProfile;

@@ -18,6 +18,14 @@ struct Translation {
   std::string Value;
 };
 
+/// Files a text in a table, in which an empty key may come once too. Error 457 for a key that is present.
+void AddText(Collection& table, const std::string& text, const std::string& key) {
+  for (std::int32_t position = 1; key.empty() && position <= table.Count(); ++position) {
+    if (table.KeyAt(position).empty()) throw Error(kDuplicateKey, "The table has a text with an empty key");
+  }
+  table.Add(text, key);
+}
+
 }  // namespace
 
 void Language::Load(const XMLElement& e) {
@@ -53,23 +61,26 @@ void Language::Load(const XMLElement& e) {
   ForEachChild(e, [&](const XMLElement& child) {
     if (child.IsNamedIgnoringCase("datatype")) {
       const Translation type(child);
-      DataTypes->Add(type.Value, type.Type);
-      ReverseDataTypes->Add(type.Type, type.Value);
+      AddText(*DataTypes, type.Value, type.Type);
+      AddText(*ReverseDataTypes, type.Type, type.Value);
     } else if (child.IsNamedIgnoringCase("accesstype")) {
       AttributeReader access(child);
       const char* type = access.Find("type");
       const char* value = access.Find("Value");
-      // The first word of an access level stays.
-      if (type != nullptr && value != nullptr && AccessTypes->Item(type) == nullptr) {
-        AccessTypes->Add(value, type);
-      } else if (Inspection* const inspection = Inspection::Current()) {
-        if (type != nullptr && value != nullptr) {
-          inspection->Tell(Problem::DuplicateName, child, "type",
-                           "the word is left out: its access level has one already");
-        } else {
-          inspection->Tell(Problem::MissingAttribute, child, {},
-                           "the word is left out: it needs the attributes \"type\" and \"Value\"");
+      Inspection* const inspection = Inspection::Current();
+      if (type != nullptr && value != nullptr) {
+        try {
+          AddText(*AccessTypes, value, type);
+        } catch (const Error&) {
+          // The first word of an access level stays.
+          if (inspection != nullptr) {
+            inspection->Tell(Problem::DuplicateName, child, "type",
+                             "the word is left out: its access level has one already");
+          }
         }
+      } else if (inspection != nullptr) {
+        inspection->Tell(Problem::MissingAttribute, child, {},
+                         "the word is left out: it needs the attributes \"type\" and \"Value\"");
       }
     }
   });

@@ -54,7 +54,8 @@ class Language : public Counted<Language> {
 
   /// Reads a `Language` element. All words but `ParameterDelimiter` and `MultiDimensionalArraySymbol` are
   /// required: error 5 ends the load. So does a data type that cannot be added to either table, with 457
-  /// where its name or text is repeated; an access type that cannot be added is passed over.
+  /// where its name or text is repeated, an empty one too; an access type that cannot be added is passed
+  /// over.
   void Load(const XMLElement& e);
 };
 

@@ -46,11 +46,11 @@ void NamespaceDefs::Load(const XMLElement& e) {
   ForEachChild(e, [&](const XMLElement& child) {
     if (child.IsNamedIgnoringCase("lwnamespace")) {
       auto definition = std::make_shared<NamespaceDef>();
-      definition->SetNamespaceDefs(shared_from_this());
+      definition->SetNamespaceDefs(SelfOf(*this));
       definition->Load(child);
       KeyedCollection::Add(definition, definition->Name);
     } else if (child.IsNamedIgnoringCase("lwelements")) {
-      ElementDefs->Load(child, shared_from_this());
+      ElementDefs->Load(child, SelfOf(*this));
     }
   });
 }

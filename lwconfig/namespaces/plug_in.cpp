@@ -12,7 +12,7 @@ std::int64_t gLastPlugInNumber = 0;
 
 }  // namespace
 
-PlugIn::PlugIn() : Key("P" + std::to_string(++gLastPlugInNumber)) {}
+PlugInKey::PlugInKey() : Key("P" + std::to_string(++gLastPlugInNumber)) {}
 
 void PlugIn::Load(const XMLElement& e) {
   AttributeReader in(e);
@@ -38,11 +38,7 @@ void PlugIn::Save(XMLElement& e) const {
 }
 
 std::shared_ptr<PlugIn> PlugIn::Clone() const {
-  auto copy = std::make_shared<PlugIn>();
-  std::string key = std::move(copy->Key);
-  *copy = *this;
-  copy->Key = std::move(key);
-  return copy;
+  return std::make_shared<PlugIn>(*this);
 }
 
 void PlugIns::Load() {

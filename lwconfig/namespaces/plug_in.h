@@ -11,14 +11,25 @@
 
 namespace lwconfig {
 
+/// The part of a plug-in that its copies do not share.
+class PlugInKey {
+ public:
+  /// "P" and the next plug-in number of the process: identifies the object, not the plug-in; neither read nor
+  /// written. A copy has a key of its own.
+  std::string Key;
+
+ protected:
+  PlugInKey();
+  PlugInKey(const PlugInKey& /*source*/) : PlugInKey() {}
+  PlugInKey& operator=(const PlugInKey& /*source*/) { return *this; }
+  ~PlugInKey() = default;
+};
+
 /// A plug-in: for wizard, content and table of contents, whether it takes part and the component that serves
 /// it.
-class PlugIn : public Counted<PlugIn> {
+class PlugIn : public PlugInKey, public Counted<PlugIn> {
  public:
   static constexpr const char* kClassName = "PlugIn";
-
-  /// Takes the next plug-in number of the process for its key.
-  PlugIn();
 
   std::string Name;                     // the name by which templates enable it
   std::string Description;              // what the plug-in does
@@ -28,7 +39,6 @@ class PlugIn : public Counted<PlugIn> {
   std::string ContentProgID;            // component that serves the content
   bool ExtendsTableOfContents = false;  // whether it takes part in tables of contents
   std::string TableOfContentsProgID;    // component that serves tables of contents
-  std::string Key;  // "P" and a number: identifies the object, not the plug-in; neither read nor written
 
   /// Reads a `PlugIn` element. All eight attributes are required: error 5 ends the load where one is missing.
   void Load(const XMLElement& e);

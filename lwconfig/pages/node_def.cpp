@@ -46,15 +46,15 @@ Conversion<std::int32_t> KeyNumber(std::string_view key) {
 }
 
 /// Tells an inspection under way of a layout that the template lacks.
-void TellUnknownLayout(const XMLElement& e, const char* layout, const PageTemplate* pageTemplate) {
+void TellUnknownLayout(const XMLElement& e, const char* layout, const PageLayouts* layouts) {
   Inspection* const inspection = Inspection::Current();
   if (inspection == nullptr) return;
   inspection->Tell(
       Problem::UnknownLayout, e, "PageLayout",
       "the node gets no page: no page layout before it has the file \"" + std::string(layout) + "\"", [&] {
         std::vector<std::string> known;
-        if (pageTemplate != nullptr) {
-          for (const auto& existing : *pageTemplate->PageLayouts()) known.push_back(existing->FileName);
+        if (layouts != nullptr) {
+          for (const auto& existing : *layouts) known.push_back(existing->FileName);
         }
         return Nearest(layout, known);
       });
@@ -100,8 +100,10 @@ std::int32_t NodeDef::ActualExpandedIconIndex(bool HasChildren) const {
   return HasChildren ? 2 : 11;
 }
 
-void NodeDef::CementReferences(const lwconfig::NodeDefs& NodeDefs) {
-  if (!mParentKey.empty()) SetParentNodeDef(NodeDefs.Item(mParentKey));
+void NodeDef::CementReferences(const std::shared_ptr<lwconfig::NodeDefs>& NodeDefs) {
+  if (mParentKey.empty()) return;
+  if (!NodeDefs) throw Error(kObjectNotSet, "No nodes were given to find the parent node in");
+  SetParentNodeDef(NodeDefs->Item(mParentKey));
 }
 
 void NodeDef::Load(const XMLElement& e, const std::shared_ptr<lwconfig::TOCDefinition>& TOCDefinition) {
@@ -127,12 +129,12 @@ void NodeDef::Load(const XMLElement& e, const std::shared_ptr<lwconfig::TOCDefin
   in.Try("NodeIconIndex", mNodeIconIndex, StrictInteger);
   if (in.Try("NodeType", NodeType, StrictInteger) && NodeType == kOlderStandardNode) NodeType = ntStandard;
   const auto pageTemplate = TOCDefinition ? TOCDefinition->PageTemplate() : nullptr;
+  const auto layouts = pageTemplate ? pageTemplate->PageLayouts() : nullptr;
   const char* layout = in.Find("PageLayout");
-  if (layout != nullptr && pageTemplate &&
-      StringTools::ObjectKeyExists(*pageTemplate->PageLayouts(), layout)) {
+  if (layout != nullptr && layouts && StringTools::ObjectKeyExists(*layouts, layout)) {
     mPageLayout = layout;
   } else if (layout != nullptr && *layout != '\0') {
-    TellUnknownLayout(e, layout, pageTemplate.get());
+    TellUnknownLayout(e, layout, layouts.get());
   }
   PageType = kNoPageType;
   in.Try("PageType", PageType, StrictInteger);
@@ -191,7 +193,7 @@ std::shared_ptr<NodeDefs> NodeDefs::Clone(
     }
     copies->Add(copy, copy->Key);
   }
-  for (const auto& copy : *copies) copy->CementReferences(*copies);
+  for (const auto& copy : *copies) copy->CementReferences(copies);
   return copies;
 }
 

@@ -100,8 +100,8 @@ class NodeDef : public Counted<NodeDef> {
   std::int32_t ActualExpandedIconIndex(bool HasChildren) const;
 
   /// Links the node to the one in `NodeDefs` that its parent key names. Where there is none it becomes a root
-  /// node; one without a parent key stays as it is.
-  void CementReferences(const lwconfig::NodeDefs& NodeDefs);
+  /// node; one without a parent key stays as it is. Error 91 for a parent key and no `NodeDefs`.
+  void CementReferences(const std::shared_ptr<lwconfig::NodeDefs>& NodeDefs);
 
   /// Reads a `NodeDef` element as a member of the definition. "Key" is required and has a number from its
   /// second character on: error 5, 13 or 6 ends the load otherwise. Node numbers taken later lie above the

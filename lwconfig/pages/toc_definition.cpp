@@ -8,7 +8,7 @@ void TOCDefinition::Load(const XMLElement& e, const std::shared_ptr<lwconfig::Pa
   AttributeReader in(e);
   in.Require("Name", Name);
   in.Require("Description", Description);
-  const auto self = shared_from_this();
+  const auto self = SelfOf(*this);
   ForEachChild(e, [&](const XMLElement& child) {
     if (!child.IsNamed("NodeDef")) return;
     auto node = std::make_shared<NodeDef>();

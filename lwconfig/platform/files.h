@@ -15,6 +15,7 @@ enum class EntryKind { Missing, File, Folder };
 struct FolderEntry {
   std::string Name;
   EntryKind Kind;
+  bool IsHidden = false;  // as the file system marks it; a dot-file, but no folder, where it marks nothing
 };
 
 /// New content for one file, collected beside it until `Commit` puts it in place.
@@ -30,8 +31,8 @@ class FileReplacement {
 };
 
 /// The file system. All paths are UTF-8 in the product's notation: backslashes (slashes are accepted too),
-/// `C:\x` for a drive, a path without a drive letter for the system's own absolute path. Names are found in
-/// the letter case given or, where that does not exist, without regard to letter case.
+/// `C:\x` for a drive, `\x` for the system's own absolute path, `x` for a path in the current folder. Names
+/// are found in the letter case given or, where that does not exist, without regard to letter case.
 /// Files may be read on a second thread while another calls anything else.
 /// Failures are `std::system_error` with an errno code (generic category) unless stated otherwise.
 class Files {
@@ -44,9 +45,10 @@ class Files {
   virtual EntryKind Kind(std::string_view path) = 0;
   /// The bytes of the file at `path`. Only plain files can be read: a pipe would wait, a device never end.
   virtual std::string Read(std::string_view path) = 0;
-  /// The entries of a folder in name order without regard to letter case (names equal but for case: in byte
-  /// order), without hidden entries, "." and "..". Anything that is neither a folder nor leads to one is a
-  /// `File`; links that lead nowhere are left out.
+  /// The entries of a folder, also hidden ones, without ".", ".." and the files of replacements under way.
+  /// On Windows they come in the order of the file system, elsewhere by their names in capital letters, which
+  /// is mostly the same (names equal but for case: in byte order). Anything that is neither a folder nor
+  /// leads to one is a `File`; links that lead nowhere are left out.
   virtual std::vector<FolderEntry> List(std::string_view folder) = 0;
   /// Begins to rewrite (or create) the file at `path`, or the one that a link there leads to; it keeps its
   /// permissions. Fails where the file or its folder may not be written, or while another replacement of the

@@ -1,7 +1,7 @@
-#include <algorithm>
 #include <optional>
 #include <string_view>
 #include <unordered_map>
+#include <unordered_set>
 #include <vector>
 
 #include <lwconfig/core/attribute_reader.h>
@@ -37,23 +37,22 @@ bool IsNoLayout(std::string_view fileName) {
 class TemplateFolder {
  public:
   explicit TemplateFolder(const std::string& rootFolder)
-      : mRootFolder(rootFolder), mEntries(ListFolder(rootFolder)) {}
+      : mRootFolder(rootFolder), mEntries(ListFolder(rootFolder)) {
+    for (const auto& entry : mEntries) {
+      if (entry.Kind == platform::EntryKind::File) mFiles.insert(FoldCase(entry.Name));
+    }
+  }
 
   const std::vector<platform::FolderEntry>& Entries() const { return mEntries; }
   /// Whether the file exists, also below a sub-folder.
   bool HasFile(const std::string& fileName) const {
-    const auto before = [](const platform::FolderEntry& entry, std::string_view name) {
-      return CompareIgnoringCase(entry.Name, name) < 0;
-    };
-    const auto found = std::lower_bound(mEntries.begin(), mEntries.end(), fileName, before);
-    const bool isListed = found != mEntries.end() && found->Kind == platform::EntryKind::File &&
-                          EqualIgnoringCase(found->Name, fileName);
-    return isListed || DiskFile(mRootFolder + fileName).Exists();
+    return mFiles.contains(FoldCase(fileName)) || DiskFile(mRootFolder + fileName).Exists();
   }
 
  private:
   std::string mRootFolder;
   std::vector<platform::FolderEntry> mEntries;
+  std::unordered_set<std::string> mFiles;  // their names in one letter case
 };
 
 /// Whether the parent of a node that was just linked is still to be linked itself. In a circle that holds for
@@ -95,7 +94,7 @@ bool HasValue(const XMLElement& e, const char* attribute, const std::string& val
 class PageTemplate::Loader {
  public:
   Loader(PageTemplate& target, const XMLElement& e)
-      : mTarget(target), mShared(target.shared_from_this()), mElement(e), mAttributes(e) {
+      : mTarget(target), mShared(SelfOf(target)), mElement(e), mAttributes(e) {
     mLooseNodes->Name = kDefaultTOC;
     mLooseNodes->SetPageTemplate(mShared);
   }
@@ -212,7 +211,7 @@ class PageTemplate::Loader {
     for (const auto& toc : *mTarget.TOCDefinitions) {
       bool mayCircle = false;
       for (const auto& node : *toc->NodeDefs) {
-        node->CementReferences(*toc->NodeDefs);
+        node->CementReferences(toc->NodeDefs);
         mayCircle = mayCircle || IsAheadOf(node->ParentNodeDef().get(), node.get());
       }
       // An inspection tells of every circle itself.
@@ -240,8 +239,8 @@ class PageTemplate::Loader {
   }
 
   void AddUnlistedLayouts() {
-    for (const auto& [name, kind] : Folder().Entries()) {
-      if (kind != platform::EntryKind::File) continue;
+    for (const auto& [name, kind, isHidden] : Folder().Entries()) {
+      if (kind != platform::EntryKind::File || isHidden) continue;
       if (StringTools::ObjectKeyExists(*mTarget.PageLayouts(), name)) continue;
       if (IsNoLayout(name)) continue;
       auto layout = std::make_shared<PageLayout>();

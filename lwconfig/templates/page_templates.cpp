@@ -65,14 +65,15 @@ void PageTemplates::Load() {
     return;
   }
   std::vector<DiskFile> configs;
-  for (const DiskFile& folder : templates.Files("*.*")) {
-    if (!folder.IsFolder()) continue;
-    DiskFile config(folder.FullPath(), "config", "xml");
+  for (const auto& entry : ListFolder(templates.FolderPath())) {
+    if (entry.Kind != platform::EntryKind::Folder || entry.IsHidden) continue;
+    const std::string folder = templates.FolderPath() + entry.Name;
+    DiskFile config(folder, "config", "xml");
     if (MayExist(config)) {
       configs.push_back(std::move(config));
     } else if (Inspection* const inspection = Inspection::Current();
-               inspection != nullptr && !folder.FileName().starts_with('.')) {
-      inspection->Tell(Problem::MissingConfig, {folder.FullPath(), 0, 0},
+               inspection != nullptr && !entry.Name.starts_with('.')) {
+      inspection->Tell(Problem::MissingConfig, {folder, 0, 0},
                        "the folder has no file \"config.xml\"; it is no template");
     }
   }

@@ -30,9 +30,9 @@ class PageTemplates : public KeyedCollection<PageTemplate>, public Counted<PageT
   void Add(Pointer obj, std::string_view Key = {}, const ItemKey& Before = {},
            const ItemKey& After = {}) override;
 
-  /// Replaces the catalogue by the templates on disk, without keys, in folder name order. A missing templates
-  /// folder is told by a message box and gives an empty catalogue. A failing template ends the load, and the
-  /// templates before it are kept.
+  /// Replaces the catalogue by the templates on disk, without keys, in the order in which their folders
+  /// are listed, hidden ones left out. A missing templates folder is told by a message box and gives an empty
+  /// catalogue. A failing template ends the load, and the templates before it are kept.
   void Load();
   /// Saves every template, in order. The first failure ends the save.
   void Save();

@@ -13,6 +13,7 @@
 namespace lwconfig {
 namespace {
 
+constexpr std::string_view kExtension = "txt";
 constexpr std::string_view kNameless = "the text is left out: it has no name";
 
 /// Takes the entries of one file, the first of each name.
@@ -106,8 +107,9 @@ class EntryReader {
 };
 
 DiskFile FileOf(std::string_view rootFolder, std::string_view folder, std::string_view language) {
-  CheckBaseName(language);
-  return DiskFile(std::string(rootFolder).append(folder), language, "txt");
+  DiskFile file(std::string(rootFolder).append(folder), language, kExtension);
+  CheckStaysBelow(file.FileName());
+  return file;
 }
 
 }  // namespace
@@ -129,6 +131,17 @@ void LanguageTexts::Load(std::string_view rootFolder, std::string_view language)
   EntryReader(file, EntryReader::Keep::Texts, *mTexts).Read();
   mIncomplete = false;
   mLoadedLanguage = language;
+}
+
+std::vector<std::string> LanguageTexts::Languages(std::string_view rootFolder) const {
+  std::vector<std::string> languages;
+  for (const auto& entry : ListFolder(std::string(rootFolder).append(mFolder))) {
+    const DiskFile file(entry.Name);
+    const bool isText = EqualIgnoringCase(file.Extension(), kExtension);
+    if (isText && entry.Kind == platform::EntryKind::File && !entry.IsHidden)
+      languages.push_back(file.BaseName());
+  }
+  return languages;
 }
 
 std::shared_ptr<Collection> LanguageTexts::Names(std::string_view rootFolder) const {

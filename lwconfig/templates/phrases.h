@@ -3,6 +3,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include <lwconfig/core/keyed_collection.h>
 
@@ -24,10 +25,13 @@ class LanguageTexts {
   const std::string* Find(std::string_view name) const;
 
   const std::string& LoadedLanguage() const { return mLoadedLanguage; }
-  /// Loads the texts of a language, none where it has no file, unless it is the loaded one (letter case
-  /// counts). Error 52 for a language that would lead out of the folder. A failure, such as an element
-  /// without a name (error 5), ends the load: the texts before it are kept, but the next load starts anew.
+  /// Loads the texts of a language, the base name of its file, none where it has no file, unless it is the
+  /// loaded one (letter case counts). Error 52 for a language that leads out of the folder. A failure, such
+  /// as an element without a name (error 5), ends the load: the texts before it are kept, but the next load
+  /// starts anew.
   void Load(std::string_view rootFolder, std::string_view language);
+  /// The languages that have a file, in the order of the listing, hidden files left out.
+  std::vector<std::string> Languages(std::string_view rootFolder) const;
   /// The names in the file of the loaded language, each filed under itself, as the file is now.
   std::shared_ptr<Collection> Names(std::string_view rootFolder) const;
 

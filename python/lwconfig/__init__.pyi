@@ -364,16 +364,16 @@ class PageTemplates(Object):
         """As of every collection, but a key that is present is told by a message box: nothing is added or
         raised.
 
-        Every collection: inserts `obj` before the item that `Before` names, else after the one that `After`
-        names, else at the end. An empty key is none. Error 457 for a key that is present, 5 or 9 where
-        `Before` or `After` names no item, 91 for no object; nothing is then added."""
+        Every collection: inserts the object before the item that `Before` names, else after the one that
+        `After` names, else at the end. An empty key is none. Error 457 for a key that is present, 5 or 9
+        where `Before` or `After` names no item, 91 for no object; nothing is then added."""
     @property
     def Count(self) -> int:
         """The number of items."""
     def Load(self) -> None:
-        """Replaces the catalogue by the templates on disk, without keys, in folder name order. A missing
-        templates folder is told by a message box and gives an empty catalogue. A failing template ends the
-        load, and the templates before it are kept."""
+        """Replaces the catalogue by the templates on disk, without keys, in the order in which their folders
+        are listed, hidden ones left out. A missing templates folder is told by a message box and gives an
+        empty catalogue. A failing template ends the load, and the templates before it are kept."""
     def Save(self) -> None:
         """Saves every template, in order. The first failure ends the save."""
     def SaveTemplate(self, pt: lwconfig.PageTemplate | None) -> None:
@@ -509,9 +509,9 @@ class PageLayouts(Object):
         """Removes the item at that position or under that key. Error 5 for an unknown key, 9 for a position
         out of range."""
     def Add(self, obj: lwconfig.PageLayout | None, Key: str | None = ..., Before: Any = ..., After: Any = ...) -> None:
-        """Inserts `obj` before the item that `Before` names, else after the one that `After` names, else at
-        the end. An empty key is none. Error 457 for a key that is present, 5 or 9 where `Before` or `After`
-        names no item, 91 for no object; nothing is then added."""
+        """Inserts the object before the item that `Before` names, else after the one that `After` names, else
+        at the end. An empty key is none. Error 457 for a key that is present, 5 or 9 where `Before` or
+        `After` names no item, 91 for no object; nothing is then added."""
     @property
     def Count(self) -> int:
         """The number of items."""
@@ -575,9 +575,9 @@ class TOCDefinitions(Object):
         """Removes the item at that position or under that key. Error 5 for an unknown key, 9 for a position
         out of range."""
     def Add(self, obj: lwconfig.TOCDefinition | None, Key: str | None = ..., Before: Any = ..., After: Any = ...) -> None:
-        """Inserts `obj` before the item that `Before` names, else after the one that `After` names, else at
-        the end. An empty key is none. Error 457 for a key that is present, 5 or 9 where `Before` or `After`
-        names no item, 91 for no object; nothing is then added."""
+        """Inserts the object before the item that `Before` names, else after the one that `After` names, else
+        at the end. An empty key is none. Error 457 for a key that is present, 5 or 9 where `Before` or
+        `After` names no item, 91 for no object; nothing is then added."""
     @property
     def Count(self) -> int:
         """The number of items."""
@@ -623,9 +623,9 @@ class NodeDefs(Object):
         """Removes the item at that position or under that key. Error 5 for an unknown key, 9 for a position
         out of range."""
     def Add(self, obj: lwconfig.NodeDef | None, Key: str | None = ..., Before: Any = ..., After: Any = ...) -> None:
-        """Inserts `obj` before the item that `Before` names, else after the one that `After` names, else at
-        the end. An empty key is none. Error 457 for a key that is present, 5 or 9 where `Before` or `After`
-        names no item, 91 for no object; nothing is then added."""
+        """Inserts the object before the item that `Before` names, else after the one that `After` names, else
+        at the end. An empty key is none. Error 457 for a key that is present, 5 or 9 where `Before` or
+        `After` names no item, 91 for no object; nothing is then added."""
     @property
     def Count(self) -> int:
         """The number of items."""
@@ -706,7 +706,7 @@ class NodeDef(Object):
         """The icon index of the node in the help file, collapsed and expanded."""
     def CementReferences(self, NodeDefs: lwconfig.NodeDefs | None) -> None:
         """Links the node to the one in `NodeDefs` that its parent key names. Where there is none it becomes a
-        root node; one without a parent key stays as it is."""
+        root node; one without a parent key stays as it is. Error 91 for a parent key and no `NodeDefs`."""
     def Load(self, e: lwconfig.XMLElement | None, TOCDefinition: lwconfig.TOCDefinition | None) -> None:
         """Reads a `NodeDef` element as a member of the definition. "Key" is required and has a number from
         its second character on: error 5, 13 or 6 ends the load otherwise. Node numbers taken later lie above
@@ -726,9 +726,9 @@ class VariableDefs(Object):
         """Removes the item at that position or under that key. Error 5 for an unknown key, 9 for a position
         out of range."""
     def Add(self, obj: lwconfig.VariableDef | None, Key: str | None = ..., Before: Any = ..., After: Any = ...) -> None:
-        """Inserts `obj` before the item that `Before` names, else after the one that `After` names, else at
-        the end. An empty key is none. Error 457 for a key that is present, 5 or 9 where `Before` or `After`
-        names no item, 91 for no object; nothing is then added."""
+        """Inserts the object before the item that `Before` names, else after the one that `After` names, else
+        at the end. An empty key is none. Error 457 for a key that is present, 5 or 9 where `Before` or
+        `After` names no item, 91 for no object; nothing is then added."""
     @property
     def Count(self) -> int:
         """The number of items."""
@@ -781,9 +781,9 @@ class TaggedCommentDefs(Object):
         """Removes the item at that position or under that key. Error 5 for an unknown key, 9 for a position
         out of range."""
     def Add(self, obj: lwconfig.TaggedCommentDef | None, Key: str | None = ..., Before: Any = ..., After: Any = ...) -> None:
-        """Inserts `obj` before the item that `Before` names, else after the one that `After` names, else at
-        the end. An empty key is none. Error 457 for a key that is present, 5 or 9 where `Before` or `After`
-        names no item, 91 for no object; nothing is then added."""
+        """Inserts the object before the item that `Before` names, else after the one that `After` names, else
+        at the end. An empty key is none. Error 457 for a key that is present, 5 or 9 where `Before` or
+        `After` names no item, 91 for no object; nothing is then added."""
     @property
     def Count(self) -> int:
         """The number of items."""
@@ -791,9 +791,8 @@ class TaggedCommentDefs(Object):
         """Replaces the set by the custom and then the standard definitions of the configuration; by those of
         the older single file where there is no standard file."""
     def Save(self) -> None:
-        """Saves the standard and then the custom definitions to their files, and turns the older single file
-        into "taggedcomments.xml.bak"; that this fails is ignored. A failing save ends it: what follows is
-        left untouched."""
+        """Saves the standard and then the custom definitions to their files, then deletes the older single
+        file; a failure to delete it is ignored. A failing save ends it: what follows is left untouched."""
     def SaveEx(self, IncludeStandard: bool, IncludeCustom: bool) -> None:
         """As `Save`, of the chosen files only; the older file stays."""
     def LoadFrom(self, FileName: PathLike[str] | str) -> None:
@@ -886,9 +885,9 @@ class ModelCommentProfiles(Object):
     def Add(self, obj: lwconfig.ModelComments | None, Key: str | None = ..., Before: Any = ..., After: Any = ...) -> None:
         """As of every collection; then the profiles are dirty.
 
-        Every collection: inserts `obj` before the item that `Before` names, else after the one that `After`
-        names, else at the end. An empty key is none. Error 457 for a key that is present, 5 or 9 where
-        `Before` or `After` names no item, 91 for no object; nothing is then added."""
+        Every collection: inserts the object before the item that `Before` names, else after the one that
+        `After` names, else at the end. An empty key is none. Error 457 for a key that is present, 5 or 9
+        where `Before` or `After` names no item, 91 for no object; nothing is then added."""
     @property
     def Count(self) -> int:
         """The number of items."""
@@ -941,14 +940,14 @@ class ModelComments(Object):
         """Removes the item at that position or under that key. Error 5 for an unknown key, 9 for a position
         out of range."""
     def Add(self, obj: lwconfig.ModelComment | None, Key: str | None = ..., Before: Any = ..., After: Any = ...) -> None:
-        """Inserts `obj` before the item that `Before` names, else after the one that `After` names, else at
-        the end. An empty key is none. Error 457 for a key that is present, 5 or 9 where `Before` or `After`
-        names no item, 91 for no object; nothing is then added."""
+        """Inserts the object before the item that `Before` names, else after the one that `After` names, else
+        at the end. An empty key is none. Error 457 for a key that is present, 5 or 9 where `Before` or
+        `After` names no item, 91 for no object; nothing is then added."""
     @property
     def Count(self) -> int:
         """The number of items."""
     def Save(self, e: lwconfig.XMLElement | None) -> None:
-        """Writes the set with its comments into the element, which the caller has named."""
+        """Names the element `ModelCommentProfile` and writes the set with its comments into it."""
     def Load(self, e: lwconfig.XMLElement | None) -> None:
         """Replaces the comments by those of a `ModelCommentProfile` element, with its name and description,
         which are required: error 5 ends the load. A failing comment ends it too; the comments before it stay."""
@@ -996,11 +995,11 @@ class ModelComment(Object):
     """Whether only members without such a comment get it."""
     InsertionPoint: lwconfig.mcInsertionPointEnum | int
     """Where the text goes in a comment that is there. At first `ctPrefix`."""
-    MemberType: lwconfig.ElementTypeEnum | int
+    MemberType: lwconfig.mcMemberTypeEnum | int
     """The member kind set last, as of `mcMemberTypeEnum`; any number is kept. When set: also sets
     `MemberType_Namespace`, where the kind is of the enumeration."""
     def Save(self, e: lwconfig.XMLElement | None) -> None:
-        """Writes the comment into the element, which the caller has named."""
+        """Names the element `MC` and writes the comment into it. `MemberType` and `Tag` are not saved."""
     def Load(self, e: lwconfig.XMLElement | None) -> None:
         """Reads an `MC` element, the older form with a "MemberType" too. A missing kind of member,
         "MemberName", "TaggedCommentPrefix" or "TaggedCommentText" is error 5, which ends the load."""
@@ -1020,9 +1019,9 @@ class CommentFileLocations(Object):
         """Removes the item at that position or under that key. Error 5 for an unknown key, 9 for a position
         out of range."""
     def Add(self, Item: lwconfig.CommentFileLocation | None, Key: str | None = ..., Before: Any = ..., After: Any = ...) -> None:
-        """Inserts `obj` before the item that `Before` names, else after the one that `After` names, else at
-        the end. An empty key is none. Error 457 for a key that is present, 5 or 9 where `Before` or `After`
-        names no item, 91 for no object; nothing is then added."""
+        """Inserts the object before the item that `Before` names, else after the one that `After` names, else
+        at the end. An empty key is none. Error 457 for a key that is present, 5 or 9 where `Before` or
+        `After` names no item, 91 for no object; nothing is then added."""
     @property
     def Count(self) -> int:
         """The number of items."""
@@ -1075,9 +1074,9 @@ class Languages(Object):
         """Removes the item at that position or under that key. Error 5 for an unknown key, 9 for a position
         out of range."""
     def Add(self, Item: lwconfig.Language | None, Key: str | None = ..., Before: Any = ..., After: Any = ...) -> None:
-        """Inserts `obj` before the item that `Before` names, else after the one that `After` names, else at
-        the end. An empty key is none. Error 457 for a key that is present, 5 or 9 where `Before` or `After`
-        names no item, 91 for no object; nothing is then added."""
+        """Inserts the object before the item that `Before` names, else after the one that `After` names, else
+        at the end. An empty key is none. Error 457 for a key that is present, 5 or 9 where `Before` or
+        `After` names no item, 91 for no object; nothing is then added."""
     @property
     def Count(self) -> int:
         """The number of items."""
@@ -1166,7 +1165,8 @@ class Language(Object):
     def Load(self, e: lwconfig.XMLElement | None) -> None:
         """Reads a `Language` element. All words but `ParameterDelimiter` and `MultiDimensionalArraySymbol`
         are required: error 5 ends the load. So does a data type that cannot be added to either table, with
-        457 where its name or text is repeated; an access type that cannot be added is passed over."""
+        457 where its name or text is repeated, an empty one too; an access type that cannot be added is
+        passed over."""
 
 class NamespaceProfiles(Object):
     """Every namespace profile of the configuration, filed under its name."""
@@ -1178,9 +1178,9 @@ class NamespaceProfiles(Object):
         """Removes the item at that position or under that key. Error 5 for an unknown key, 9 for a position
         out of range."""
     def Add(self, Item: lwconfig.NamespaceDefs | None, Key: str | None = ..., Before: Any = ..., After: Any = ...) -> None:
-        """Inserts `obj` before the item that `Before` names, else after the one that `After` names, else at
-        the end. An empty key is none. Error 457 for a key that is present, 5 or 9 where `Before` or `After`
-        names no item, 91 for no object; nothing is then added."""
+        """Inserts the object before the item that `Before` names, else after the one that `After` names, else
+        at the end. An empty key is none. Error 457 for a key that is present, 5 or 9 where `Before` or
+        `After` names no item, 91 for no object; nothing is then added."""
     @property
     def Count(self) -> int:
         """The number of items."""
@@ -1223,9 +1223,9 @@ class NamespaceDefs(Object):
     def Add(self, Item: lwconfig.NamespaceDef | None, Key: str | None = ..., Before: Any = ..., After: Any = ...) -> None:
         """As of every collection, but failures are ignored: where the key is present nothing is added.
 
-        Every collection: inserts `obj` before the item that `Before` names, else after the one that `After`
-        names, else at the end. An empty key is none. Error 457 for a key that is present, 5 or 9 where
-        `Before` or `After` names no item, 91 for no object; nothing is then added."""
+        Every collection: inserts the object before the item that `Before` names, else after the one that
+        `After` names, else at the end. An empty key is none. Error 457 for a key that is present, 5 or 9
+        where `Before` or `After` names no item, 91 for no object; nothing is then added."""
     @property
     def Count(self) -> int:
         """The number of items."""
@@ -1327,9 +1327,9 @@ class ElementDefs(Object):
         """Removes the item at that position or under that key. Error 5 for an unknown key, 9 for a position
         out of range."""
     def Add(self, Item: lwconfig.ElementDef | None, Key: str | None = ..., Before: Any = ..., After: Any = ...) -> None:
-        """Inserts `obj` before the item that `Before` names, else after the one that `After` names, else at
-        the end. An empty key is none. Error 457 for a key that is present, 5 or 9 where `Before` or `After`
-        names no item, 91 for no object; nothing is then added."""
+        """Inserts the object before the item that `Before` names, else after the one that `After` names, else
+        at the end. An empty key is none. Error 457 for a key that is present, 5 or 9 where `Before` or
+        `After` names no item, 91 for no object; nothing is then added."""
     @property
     def Count(self) -> int:
         """The number of items."""
@@ -1369,8 +1369,8 @@ class ElementDef(Object):
     """The profile that the element belongs to, or null. When set: the profile is not kept alive."""
     def Load(self, e: lwconfig.XMLElement | None, Parent: lwconfig.NamespaceDefs | None, CommonAttributes: lwconfig.ElementAttributeDefs | None) -> None:
         """Reads an `lwelement` element of the profile `Parent`, then adds copies of those common attributes
-        that the element does not define itself. "Name" is required (error 5); a repeated attribute is error
-        457. Either ends the load, and the attributes before it are kept."""
+        that the element does not define itself; null adds none. "Name" is required (error 5); a repeated
+        attribute is error 457. Either ends the load, and the attributes before it are kept."""
 
 class ElementAttributeDefs(Object):
     """The attributes of an element, filed under their names."""
@@ -1382,9 +1382,9 @@ class ElementAttributeDefs(Object):
         """Removes the item at that position or under that key. Error 5 for an unknown key, 9 for a position
         out of range."""
     def Add(self, Item: lwconfig.ElementAttributeDef | None, Key: str | None = ..., Before: Any = ..., After: Any = ...) -> None:
-        """Inserts `obj` before the item that `Before` names, else after the one that `After` names, else at
-        the end. An empty key is none. Error 457 for a key that is present, 5 or 9 where `Before` or `After`
-        names no item, 91 for no object; nothing is then added."""
+        """Inserts the object before the item that `Before` names, else after the one that `After` names, else
+        at the end. An empty key is none. Error 457 for a key that is present, 5 or 9 where `Before` or
+        `After` names no item, 91 for no object; nothing is then added."""
     @property
     def Count(self) -> int:
         """The number of items."""
@@ -1516,9 +1516,9 @@ class PlugIns(Object):
         """Removes the item at that position or under that key. Error 5 for an unknown key, 9 for a position
         out of range."""
     def Add(self, obj: lwconfig.PlugIn | None, Key: str | None = ..., Before: Any = ..., After: Any = ...) -> None:
-        """Inserts `obj` before the item that `Before` names, else after the one that `After` names, else at
-        the end. An empty key is none. Error 457 for a key that is present, 5 or 9 where `Before` or `After`
-        names no item, 91 for no object; nothing is then added."""
+        """Inserts the object before the item that `Before` names, else after the one that `After` names, else
+        at the end. An empty key is none. Error 457 for a key that is present, 5 or 9 where `Before` or
+        `After` names no item, 91 for no object; nothing is then added."""
     @property
     def Count(self) -> int:
         """The number of items."""
@@ -1562,7 +1562,8 @@ class PlugIn(Object):
     TableOfContentsProgID: str
     """Component that serves tables of contents."""
     Key: str
-    """"P" and a number: identifies the object, not the plug-in; neither read nor written."""
+    """"P" and the next plug-in number of the process: identifies the object, not the plug-in; neither read
+    nor written. A copy has a key of its own."""
     def Load(self, e: lwconfig.XMLElement | None) -> None:
         """Reads a `PlugIn` element. All eight attributes are required: error 5 ends the load where one is
         missing."""
@@ -1585,9 +1586,9 @@ class ExternalDocs(Object):
         """Removes the item at that position or under that key. Error 5 for an unknown key, 9 for a position
         out of range."""
     def Add(self, Item: lwconfig.ExternalDoc | None, Key: str | None = ..., Before: Any = ..., After: Any = ...) -> None:
-        """Inserts `obj` before the item that `Before` names, else after the one that `After` names, else at
-        the end. An empty key is none. Error 457 for a key that is present, 5 or 9 where `Before` or `After`
-        names no item, 91 for no object; nothing is then added."""
+        """Inserts the object before the item that `Before` names, else after the one that `After` names, else
+        at the end. An empty key is none. Error 457 for a key that is present, 5 or 9 where `Before` or
+        `After` names no item, 91 for no object; nothing is then added."""
     @property
     def Count(self) -> int:
         """The number of items."""
@@ -1838,9 +1839,9 @@ class Collection(Object):
         """Removes the item at that position or under that key. Error 5 for an unknown key, 9 for a position
         out of range."""
     def Add(self, Item: str, Key: str | None = ..., Before: Any = ..., After: Any = ...) -> None:
-        """Inserts `obj` before the item that `Before` names, else after the one that `After` names, else at
+        """Inserts `Item` before the item that `Before` names, else after the one that `After` names, else at
         the end. An empty key is none. Error 457 for a key that is present, 5 or 9 where `Before` or `After`
-        names no item, 91 for no object; nothing is then added."""
+        names no item; nothing is then added."""
     @property
     def Count(self) -> int:
         """The number of items."""
@@ -1939,7 +1940,8 @@ class XMLAttribute(Object):
 
 class DiskFile(Object):
     """One path on disk, held as folder, base name and extension, and the file there while it is open. Paths
-    are in the product's notation: backslashes, slashes accepted, repeated separators taken as one."""
+    are in the product's notation: backslashes, slashes accepted, repeated separators taken as one, "." and
+    ".." resolved. One without drive and leading separator is taken from the current folder."""
 
     def __init__(self) -> None: ...
     Folder: _FilePath
@@ -1973,7 +1975,7 @@ class DiskFile(Object):
     @property
     def ReadAll(self) -> str:
         """The whole content as text without byte-order mark, also of a file that was never opened; empty for
-        one that does not exist. Error 70 or 75 for one that exists and cannot be read."""
+        one that does not exist or has no path. Error 70 or 75 for one that exists and cannot be read."""
     def Write(self, Text: str) -> None:
         """Appends text (UTF-8) to a file open for writing. The error of the failed `Open` where there was
         one, else error 52 when the file is not open for writing; 5 for text that is not valid UTF-8, 75 for a
@@ -1984,9 +1986,9 @@ class DiskFile(Object):
     def Delete(self) -> None:
         """Deletes the file. Error 53 when there is none."""
     def Files(self, Pattern: str, Mode: int) -> lwconfig.DiskFiles:
-        """The entries of the folder that match the pattern, in name order without regard to letter case,
-        without hidden ones. `mode` is accepted and has no effect. A folder that does not exist has none;
-        error 70 or 75 for one that cannot be listed."""
+        """The entries of the folder that match the pattern, also hidden ones, in the order of the file system
+        or by their names in capital letters. `mode` is accepted and has no effect. A folder that does not
+        exist has none; error 70 or 75 for one that cannot be listed."""
 
 class DiskFiles(Object):
     """The files of a folder listing, as callers get them, without keys."""
@@ -2039,3 +2041,11 @@ class StringTools(Object):
     def ExpandPlaceholders(self, Format: str, Values: lwconfig.Collection | None, Delimiter: str) -> str:
         """Replaces each placeholder, a name between two delimiters, by the value filed under that name. A
         name that has no value and a lone delimiter are copied unchanged; values are not expanded again."""
+
+class ObjectReference(Object):
+    """A reference to any object of this library that does not keep it alive."""
+
+    def __init__(self) -> None: ...
+    Object: Any
+    """The object referred to; null before one is set, and once it is gone. When set: null for none. Error 13
+    for an object of another library, which would be gone at once."""

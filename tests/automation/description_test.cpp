@@ -176,7 +176,8 @@ TEST(PythonStubs, TellWhatPythonMakesOfMembers) {
         "    def __getitem__(self, key: str) -> lwconfig.XMLAttribute: ...\n",
         "    def Phrase(self, Name: str) -> str:\n", "    @property\n    def ConfigPath(self) -> str:\n",
         "    def __call__(self, Key: Any) -> lwconfig.PageLayout | None: ...\n",
-        "    PageType: lwconfig.PageTypeEnum | int\n", "\npgMethod = PageTypeEnum.pgMethod\n"})
+        "    PageType: lwconfig.PageTypeEnum | int\n", "    MemberType: lwconfig.mcMemberTypeEnum | int\n",
+        "\npgMethod = PageTypeEnum.pgMethod\n"})
     EXPECT_THAT(stubs, HasSubstr(declaration));
 }
 

@@ -70,6 +70,16 @@ TEST_F(DispatchTest, ConvertsValuesAsClientsExpect) {
     Let(layout, member, value);
     EXPECT_EQ(Call(layout, member), expected) << member << " " << DescribeValue(value);
   }
+  const AnyObject registry = New("RegistryAccess");
+  const Variant user = std::int32_t{-0x7FFFFFFF};
+  const std::vector<std::tuple<Variant, std::int32_t, Variant>> values{
+      {true, 1, std::string("True")}, {1.5, 1, std::string("1.5")}, {1.5, 4, 2}, {true, 4, -1}};
+  for (const auto& [value, type, expected] : values) {
+    const Variant key = std::string("Software\\Test");
+    const Variant name = std::string("Value");
+    Call(registry, "SetValue", {user, key, name, value, type});
+    EXPECT_EQ(Call(registry, "GetValue", {user, key, name}), expected) << DescribeValue(value);
+  }
   const AnyObject file = New("PlugIn");
   const std::vector<std::pair<Variant, bool>> flags{{std::string("true"), true},
                                                     {std::string("0"), false},
@@ -143,12 +153,38 @@ TEST_F(DispatchTest, FailuresAreReportedOnceAtTheOutermostOperation) {
   EXPECT_EQ(failure.Number(), kReportedFailure);
   ASSERT_EQ(Reports.size(), 1U);
   EXPECT_THAT(Reports[0], ::testing::HasSubstr("<Procedure>ModelCommentProfiles</Procedure>"));
+  // The object is told of as the failure leaves it.
+  const AnyObject comment = New("ModelComment");
+  const AnyObject element = Get(New("XMLDocument"), "RootElement");
+  Call(element, "AddAttribute", {std::string("MemberType_Namespace"), std::string("LW:X")});
+  EXPECT_EQ(testing::ErrorOf([&] { Call(comment, "Load", {element}); }).Number(), kReportedFailure);
+  EXPECT_THAT(Reports.back(),
+              ::testing::HasSubstr("<Variable Name=\"MemberType_Namespace\">the text \"LW:X\"</Variable>"));
+}
 
+TEST_F(DispatchTest, WithoutTheComponentFailuresGiveTheEmptyValueOfTheResultsType) {
   platform::RegisterComponent(std::string(kErrorComponent), nullptr);
-  Call(root, "ResetLWConfig");
-  EXPECT_EQ(Call(root, "ModelCommentProfiles"), Variant());
-  ASSERT_EQ(Messages.size(), 1U);
-  EXPECT_THAT(Messages[0].Text, ::testing::HasSubstr("Procedure: ModelCommentProfiles"));
+  Write("modelcomments/a.xml", "<ModelCommentProfile/>");
+  const AnyObject nothing;
+  const std::vector<std::tuple<const char*, const char*, std::vector<Variant>, Variant>> rows{
+      {"Root", "ModelCommentProfiles", {}, nothing},
+      {"NamespaceDef", "Tag", {}, nothing},
+      {"NodeDef", "Clone", {}, nothing},
+      {"StringTools", "KeyExists", {nothing, std::string("k")}, false},
+      {"StringTools", "JoinCollection", {nothing, std::string(",")}, std::string()},
+      {"ElementAttributes", "Parse", {"a=" + std::string(40000, ' ')}, std::int16_t{0}},
+      // No object is the operation's failure, however it takes its objects.
+      {"ModelComment", "Load", {nothing}, Variant()},
+      {"TOCDefinition", "Load", {Null{}, nothing}, Variant()},
+      {"PageLayouts", "Add", {nothing}, Variant()}};
+  for (const auto& [className, member, arguments, expected] : rows) {
+    Messages.clear();
+    const Variant result = Call(New(className), member, arguments);
+    EXPECT_EQ(result, expected) << className << "." << member;
+    EXPECT_EQ(result.index(), expected.index()) << className << "." << member;
+    ASSERT_EQ(Messages.size(), 1U) << className << "." << member;
+    EXPECT_THAT(Messages[0].Text, ::testing::HasSubstr(std::string("Procedure: ") + member));
+  }
 }
 
 TEST_F(DispatchTest, ReachesItemsByPositionKeyAndDefaultMember) {
@@ -173,6 +209,41 @@ TEST_F(DispatchTest, ReachesItemsByPositionKeyAndDefaultMember) {
   EXPECT_FALSE(items->Next(next));
   items->Reset();
   EXPECT_TRUE(items->Clone()->Next(next));
+}
+
+TEST_F(DispatchTest, ReadsIndexesAndKeysOfOtherTypes) {
+  const AnyObject attributes = New("ElementAttributes");
+  Call(attributes, "Parse", {std::string("a=1 true=2 0.4=3")});
+  const std::vector<std::pair<Variant, const char*>> rows{
+      {true, "2"}, {false, ""}, {0.4, ""}, {1.5, "2"},   {0.0, ""},        {std::string("A"), "1"},
+      {3, "3"},    {1e300, ""}, {-1, ""},  {Null{}, ""}, {attributes, ""}, {std::int16_t{2}, "2"}};
+  for (const auto& [index, value] : rows)
+    EXPECT_EQ(Text(Call(attributes, "AttributeData", {index})), value) << DescribeValue(index);
+  const AnyObject layouts = New("PageLayouts");
+  const std::vector<std::pair<Variant, const char*>> keys{{true, "no item with the key True;"},
+                                                          {layouts, "no item with an object as its key;"}};
+  for (const auto& [key, text] : keys) {
+    const Variant given = key;
+    EXPECT_THAT(testing::ErrorOf([&] { Call(layouts, "Remove", {given}); }).Description(),
+                ::testing::HasSubstr(text));
+  }
+}
+
+TEST_F(DispatchTest, ReferencesKeepNothingAlive) {
+  const AnyObject reference = New("ObjectReference");
+  EXPECT_EQ(Get(reference, "Object"), AnyObject{});
+  AnyObject layout = New("PageLayout");
+  Let(reference, "Object", layout);
+  EXPECT_EQ(Get(reference, "Object"), layout);
+  EXPECT_EQ(Get(reference, "Object").Class, layout.Class);
+  const AnyObject foreign{std::make_shared<int>(1), nullptr};
+  EXPECT_EQ(testing::ErrorOf([&] { Let(reference, "Object", foreign); }).Number(), kReportedFailure);
+  EXPECT_EQ(Get(reference, "Object"), layout);
+  layout = {};
+  EXPECT_EQ(Get(reference, "Object"), AnyObject{});
+  Let(reference, "Object", reference);
+  Let(reference, "Object", {});
+  EXPECT_EQ(Get(reference, "Object"), AnyObject{});
 }
 
 TEST_F(DispatchTest, AddedAttributesAreGivenBack) {

@@ -115,6 +115,8 @@ class RandomCalls {
   /// Gives up every object, after taking apart those that hold each other. Returns how many are still alive.
   std::int32_t Finish() {
     std::set<void*> seen;
+    mObjects.insert(mObjects.end(), mHeld.begin(), mHeld.end());
+    mHeld.clear();
     while (!mObjects.empty()) {
       const AnyObject object = mObjects.back();
       mObjects.pop_back();

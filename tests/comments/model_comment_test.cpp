@@ -145,7 +145,7 @@ TEST_F(ModelCommentFiles, AreKeptPerProfile) {
 
 TEST_F(ModelCommentFiles, StayInTheirFolder) {
   EXPECT_FALSE(Profiles.Clone()->Dirty);
-  for (const char* name : {"First", "Bad", "Last"}) {
+  for (const char* name : {".NET First", "Bad", "Last"}) {
     auto profile = std::make_shared<ModelComments>();
     profile->Name = name;
     Profiles.Add(profile, name);
@@ -154,7 +154,7 @@ TEST_F(ModelCommentFiles, StayInTheirFolder) {
     Profiles.Item(2)->Name = name;
     EXPECT_EQ(ErrorOf([&] { Profiles.Save(); }).Number(), kBadFileName) << name;
     EXPECT_TRUE(Profiles.Dirty) << name;
-    EXPECT_TRUE(Exists("modelcomments/First.xml")) << name;
+    EXPECT_TRUE(Exists("modelcomments/.NET First.xml")) << name;
     EXPECT_FALSE(Exists("modelcomments/Last.xml")) << name;
     EXPECT_FALSE(Exists("Bad.xml")) << name;
   }
@@ -170,7 +170,7 @@ TEST_F(ModelCommentFiles, StayInTheirFolder) {
   EXPECT_NE(copies->Item("Fine..."), Profiles.Item(2));
   ModelCommentProfiles again;
   again.Load();
-  EXPECT_THAT(Names(again), ElementsAre("Fine...", "First", "Last"));
+  EXPECT_THAT(Names(again), ElementsAre(".NET First", "Fine...", "Last"));
 }
 
 }  // namespace

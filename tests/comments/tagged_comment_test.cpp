@@ -113,10 +113,13 @@ TEST_F(TaggedCommentFiles, MoveFromTheOlderLayoutToTheNewOne) {
     EXPECT_TRUE(Exists("taggedcomments.xml"));
   }
   Files.Heal();
+  Files.Fail(FileOperation::Remove, "taggedcomments.xml", EACCES);
   Definitions.Save();
+  EXPECT_TRUE(Exists("taggedcomments.xml"));
+  Files.Heal();
   Definitions.Save();
   EXPECT_FALSE(Exists("taggedcomments.xml"));
-  EXPECT_TRUE(Exists("taggedcomments.xml.bak"));
+  EXPECT_FALSE(Exists("taggedcomments.xml.bak"));
   TaggedCommentDefs again;
   again.Load();
   EXPECT_THAT(Identifiers(again), ElementsAre("##C", "##S"));

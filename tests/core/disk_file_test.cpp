@@ -25,6 +25,11 @@ TEST(Paths, AreSplitAndJoined) {
         Row{"C:\\My.Config\\file", "C:\\My.Config\\", "file", "", "C:\\My.Config\\file"},
         Row{"C:\\Config\\", "C:\\Config\\", "", "", "C:\\Config\\"},
         Row{"\\\\server\\share\\x.xml", "\\\\server\\share\\", "x", "xml", "\\\\server\\share\\x.xml"},
+        Row{"C:\\a\\.\\b\\..\\..\\..\\c.d", "C:\\", "c", "d", "C:\\c.d"},
+        Row{"C:\\a\\..", "C:\\", "", "", "C:\\"}, Row{"C:..\\x", "C:..\\", "x", "", "C:..\\x"},
+        Row{"//server//share/../x", "\\\\server\\share\\", "x", "", "\\\\server\\share\\x"},
+        Row{"a\\..\\..\\b\\..\\..\\x", "..\\..\\", "x", "", "..\\..\\x"}, Row{"./x", "", "x", "", "x"},
+        Row{".\\", ".\\", "", "", ".\\"}, Row{"\\..", "\\", "", "", "\\"},
         Row{"\\\\\\three\\x", "\\three\\", "x", "", "\\three\\x"},
         Row{"name.xml", "", "name", "xml", "name.xml"}, Row{"\\.hidden", "\\", "", "hidden", "\\.hidden"},
         Row{"\\ends.", "\\", "ends.", "", "\\ends."},
@@ -62,6 +67,7 @@ TEST_F(DiskFiles, ReadTextWithAndWithoutOpening) {
   EXPECT_FALSE(missing.IsOpen());
   EXPECT_EQ(missing.ReadAll(), "");
   EXPECT_EQ(ErrorOf([&] { missing.Delete(); }).Number(), kFileNotFound);
+  EXPECT_EQ(DiskFile().ReadAll(), "");
   DiskFile folder = At("");
   EXPECT_TRUE(folder.IsFolder());
   EXPECT_FALSE(folder.Exists());
@@ -123,8 +129,8 @@ TEST_F(DiskFiles, ListTheEntriesOfAFolder) {
       found.push_back(file.FileName() + (file.IsFolder() ? "\\" : ""));
     return found;
   };
-  EXPECT_THAT(names("*.xml"), ElementsAre("A.XML", "b.xml", "d.xml\\"));
-  EXPECT_THAT(names("*.*"), ElementsAre("A.XML", "b.xml", "c.xml.bak", "d.xml\\"));
+  EXPECT_THAT(names("*.xml"), ElementsAre(".hidden.xml", "A.XML", "b.xml", "d.xml\\"));
+  EXPECT_THAT(names("*.*"), ElementsAre(".hidden.xml", "A.XML", "b.xml", "c.xml.bak", "d.xml\\"));
   auto listed = folder.Files("A.xml").at(0);
   EXPECT_TRUE(listed.Exists());
   listed.SetBaseName("none");

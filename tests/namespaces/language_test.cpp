@@ -43,23 +43,30 @@ TEST(Language, TranslatesTypesAndAccessLevels) {
       LanguageElement("L",
                       "<DataType type='Int32' Value='Long'/><AccessType type='Public' value='pub'/><other/>"
                       "<accesstype type='public' Value='again'/><accesstype type='x'/>"
-                      "<accesstype type='Private' Value='priv'/>")));
+                      "<accesstype type='Private' Value='priv'/><datatype type='None' Value=''/>"
+                      "<accesstype type='' Value='no'/><accesstype type='' Value='again'/>")));
   EXPECT_THAT(language.DataTypes->Item("INT32"), ::testing::Pointee(std::string("Long")));
   EXPECT_THAT(language.ReverseDataTypes->Item("long"), ::testing::Pointee(std::string("Int32")));
-  EXPECT_THAT(Texts(*language.AccessTypes), ElementsAre("pub", "priv"));
+  EXPECT_THAT(Texts(*language.AccessTypes), ElementsAre("pub", "priv", "no"));
+  EXPECT_THAT(Texts(*language.ReverseDataTypes), ElementsAre("Int32", "None"));
+  language.AccessTypes = nullptr;
+  const std::string later = "<accesstype type='x' Value='y'/><datatype type='late' Value='l'/>";
+  language.Load(Parse(LanguageElement("L", later)));
+  EXPECT_TRUE(language.DataTypes->Contains("late"));
 
-  for (const auto& [second, number, types] : {std::tuple("<datatype type='B' Value='X'/>", kDuplicateKey, 2),
-                                              {"<datatype type='a' Value='y'/>", kDuplicateKey, 1},
-                                              {"<datatype type='B'/>", kInvalidCall, 1},
-                                              {"<datatype Value='y'/>", kInvalidCall, 1}}) {
+  for (const auto& [third, number, types] : {std::tuple("<datatype type='B' Value='X'/>", kDuplicateKey, 3),
+                                             {"<datatype type='B' Value=''/>", kDuplicateKey, 3},
+                                             {"<datatype type='a' Value='y'/>", kDuplicateKey, 2},
+                                             {"<datatype type='B'/>", kInvalidCall, 2},
+                                             {"<datatype Value='y'/>", kInvalidCall, 2}}) {
     Language failing;
-    const std::string inside =
-        std::string("<datatype type='A' Value='x'/>\n") + second + "<datatype type='C' Value='z'/>";
+    const std::string inside = std::string("<datatype type='A' Value='x'/><datatype type='N' Value=''/>\n") +
+                               third + "<datatype type='C' Value='z'/>";
     const auto failure = ErrorOf([&] { failing.Load(Parse(LanguageElement("L", inside))); });
-    EXPECT_EQ(failure.Number(), number) << second;
-    EXPECT_EQ(failure.Position().Line, 2) << second;
-    EXPECT_EQ(failing.DataTypes->Count(), types) << second;
-    EXPECT_THAT(Texts(*failing.ReverseDataTypes), ElementsAre("A")) << second;
+    EXPECT_EQ(failure.Number(), number) << third;
+    EXPECT_EQ(failure.Position().Line, 2) << third;
+    EXPECT_EQ(failing.DataTypes->Count(), types) << third;
+    EXPECT_THAT(Texts(*failing.ReverseDataTypes), ElementsAre("A", "N")) << third;
   }
 }
 

@@ -196,6 +196,14 @@ TEST(ElementDefs, ShareTheCommonAttributesBeforeThem) {
   common.Name = "c";
   EXPECT_EQ(common.Clone(second)->ElementDef(), second);
   EXPECT_EQ(common.ElementDef(), nullptr);
+
+  // What cannot be added is left out.
+  const auto e = Parse("<lwelement Name='fourth'/>");
+  second->Load(e, profile, nullptr);
+  EXPECT_THAT(names(2), ElementsAre("ID", "lang"));
+  const auto attributes = std::exchange(second->ElementAttributeDefs, nullptr);
+  second->Load(e, profile, attributes);
+  EXPECT_EQ(second->Name, "fourth");
 }
 
 TEST(ElementDefs, KeepWhatWasReadBeforeAFailure) {
@@ -214,6 +222,16 @@ TEST(ElementDefs, KeepWhatWasReadBeforeAFailure) {
     EXPECT_EQ(ErrorOf([&] { elements.Load(e, nullptr); }).Number(), error) << children;
     EXPECT_THAT(Each(elements, &ElementDef::Name), ElementsAre("A"));
   }
+}
+
+TEST(NamespaceDefs, AndElementsThatNothingSharesCannotBeReferredTo) {
+  NamespaceDefs profile;
+  ElementDef element;
+  const auto attribute = Parse("<lwelement Name='e'><attribute Name='a' Description=''/></lwelement>");
+  for (const auto& failure : {ErrorOf([&] { profile.Load(Parse("<p>" + Definition("A") + "</p>")); }),
+                              ErrorOf([&] { profile.Load(Parse("<p><lwelements/></p>")); }),
+                              ErrorOf([&] { element.Load(attribute, nullptr, nullptr); })})
+    EXPECT_EQ(failure.Number(), kObjectNotSet);
 }
 
 class NamespaceFolder : public testing::ConfigurationTest {

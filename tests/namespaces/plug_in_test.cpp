@@ -40,6 +40,12 @@ TEST_F(PlugInFolder, HoldsSeveralPlugInsPerFile) {
   EXPECT_THAT(Each(*copies, &PlugIn::Name), ElementsAre("A", "B", "a"));
   for (const auto& copy : *copies) EXPECT_EQ(plugIns.Item(copy->Key), nullptr);
   EXPECT_EQ(copies->Item(copies->Item(2)->Key), copies->Item(2));
+  PlugIn second(*plugIns.Item(2));
+  const std::string keptKey = second.Key;
+  second = *first;
+  EXPECT_EQ(second.Name, "A");
+  EXPECT_EQ(second.Key, keptKey);
+  EXPECT_EQ(plugIns.Item(keptKey), nullptr);
   plugIns.Load();
   EXPECT_EQ(plugIns.Count(), 3);
   EXPECT_EQ(plugIns.Item(key), nullptr);

@@ -111,7 +111,7 @@ TEST_F(Nodes, LoadWhatTheySave) {
   Toc->NodeDefs->Item("N4")->Key = "N4";
   const auto node = std::make_shared<NodeDef>();
   node->Load(Parse(saved), Toc);
-  node->CementReferences(*Toc->NodeDefs);
+  node->CementReferences(Toc->NodeDefs);
   EXPECT_EQ(Saved(*node), Normal(saved));
   EXPECT_EQ(Saved(*node->Clone()), Normal(saved));
   EXPECT_EQ(node->PageLayout(), Template->PageLayouts()->Item(2));
@@ -129,15 +129,18 @@ TEST_F(Nodes, ShowIconsByStateAndChildren) {
 }
 
 TEST_F(Nodes, AreLinkedToTheirParents) {
-  NodeDefs nodes;
+  const auto all = std::make_shared<NodeDefs>();
+  const NodeDefs& nodes = *all;
   for (const char* attributes :
        {"Key='N1'", "Key='N2' ParentKey='n1'", "Key='N3' ParentKey='N9'", "Key='N4' ParentKey='N5'",
         "Key='N5' ParentKey='N4'", "Key='N6' ParentKey='N6'"}) {
     const auto node = Loaded(attributes);
-    nodes.Add(node, node->Key);
+    all->Add(node, node->Key);
   }
   EXPECT_EQ(nodes.Item("N2")->ParentNodeDef(), nullptr);
-  for (const auto& node : nodes) node->CementReferences(nodes);
+  EXPECT_EQ(ErrorOf([&] { nodes.Item("N2")->CementReferences(nullptr); }).Number(), kObjectNotSet);
+  nodes.Item("N1")->CementReferences(nullptr);
+  for (const auto& node : nodes) node->CementReferences(all);
   EXPECT_THAT(Each(nodes, &NodeDef::ParentKey), ElementsAre("", "N1", "", "N5", "N4", "N6"));
   EXPECT_EQ(nodes.Item("N2")->ParentNodeDef(), nodes.Item("N1"));
   EXPECT_EQ(nodes.Item("N6")->ParentNodeDef(), nodes.Item("N6"));
@@ -146,7 +149,7 @@ TEST_F(Nodes, AreLinkedToTheirParents) {
   nodes.Item("N3")->SetParentNodeDef(nodes.Item("N1"));
   EXPECT_THAT(Saved(*nodes.Item("N3")), HasSubstr(" ParentKey=\"N1\" "));
   const auto orphan = nodes.Item("N3");
-  nodes.Remove("N1");
+  all->Remove("N1");
   EXPECT_EQ(orphan->ParentNodeDef(), nullptr);
 }
 
@@ -156,6 +159,10 @@ TEST_F(Nodes, NeedATemplateForTheirLayout) {
   Template->PageLayouts()->Remove("a.html");
   EXPECT_EQ(node->PageLayout(), nullptr);
   EXPECT_EQ(node->PageLayoutFileName(), "a.html");
+  Template->SetPageLayouts(nullptr);
+  EXPECT_EQ(ErrorOf([&] { node->PageLayout(); }).Number(), kObjectNotSet);
+  node->Load(Parse("<NodeDef Key='N1' PageLayout='b.html' PlugInName='p'/>"), Toc);
+  EXPECT_EQ(node->PageLayoutFileName() + node->PlugInName, "a.htmlp");
   Template = nullptr;
   EXPECT_EQ(ErrorOf([&] { node->PageLayout(); }).Number(), kObjectNotSet);
   EXPECT_EQ(ErrorOf([&] { node->Clone(); }).Number(), kObjectNotSet);
@@ -169,7 +176,7 @@ TEST_F(Nodes, AreClonedWithTheirDefinition) {
       "<nodedef Key='N8'/><NodeDef Key='N1' PageLayout='b.html' NodeCaptionTemplate='c'/></TOCDefinition>";
   Toc->Load(Parse(text), Template);
   EXPECT_THAT(Each(*Toc->NodeDefs, &NodeDef::Key), ElementsAre("N2", "N1"));
-  for (const auto& node : *Toc->NodeDefs) node->CementReferences(*Toc->NodeDefs);
+  for (const auto& node : *Toc->NodeDefs) node->CementReferences(Toc->NodeDefs);
 
   const auto other = std::make_shared<PageTemplate>();
   AddLayout(*other, "B.HTML");
@@ -199,6 +206,9 @@ TEST_F(Nodes, ThatFailEndTheLoadOfTheirDefinition) {
   TOCDefinition empty;
   EXPECT_EQ(ErrorOf([&] { empty.Load(Parse("<TOCDefinition Name='T'/>"), Template); }).Number(),
             kInvalidCall);
+  EXPECT_EQ(
+      ErrorOf([&] { empty.Load(Parse("<TOCDefinition Name='T' Description=''/>"), Template); }).Number(),
+      kObjectNotSet);
   EXPECT_EQ(Saved(empty, "TOCDefinition"), Normal("<TOCDefinition Name='T' Description=''/>"));
 }
 

@@ -85,8 +85,9 @@ StyleSheet='' -> StyleSheet='stylesheets\stylesheet.css' | TemplateCategory='c' 
 
 TEST_F(Templates, LoadTheLayoutsThatTheirFolderHas) {
   for (const char* name : {"config.xml", "config.xml.bak", "Configure.html", "sample.html", "VSSVER.SCC",
-                           "Index.html", "template.hhc", "sub/page.html", ".hidden.html", "samples.html"})
+                           "Index.html", "template.hhc", "sub/page.html", "hidden.html", "samples.html"})
     Write("Templates/T/" + std::string(name), "");
+  Files.Hide("hidden.html");
   const auto loaded = New();
   int changes = 0;
   const auto connection = loaded->PageLayoutsChange.Connect([&] { ++changes; });

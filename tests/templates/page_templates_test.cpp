@@ -42,7 +42,8 @@ TEST_F(Catalogue, HoldsOneTemplatePerFolderWithAConfiguration) {
   Write("Templates/Empty/page.html", "");
   Write("Templates/Folder/config.xml/x", "");
   Write("Templates/file.txt", "");
-  Write("Templates/.hidden/config.xml", "<PageTemplate Name='hidden' Description=''/>");
+  AddTemplate("hidden", "hidden");
+  Files.Hide("hidden");
   Write("Templates/C/CONFIG.XML", "<PageTemplate Name='blue' Description='second'/>");
   for (int load = 0; load < 2; ++load) {
     Catalog->TemplateFolder = "elsewhere";
@@ -62,6 +63,12 @@ TEST_F(Catalogue, HoldsOneTemplatePerFolderWithAConfiguration) {
   EXPECT_EQ(ErrorOf([&] { Catalog->Remove("Blue"); }).Number(), kInvalidCall);
   Catalog->Add(TemplateIn("x"), "blue");
   EXPECT_EQ(Catalog->Item("BLUE"), Catalog->Item(4));
+}
+
+TEST_F(Catalogue, TakesFoldersOfAnyNameInTheOrderOfTheirCapitals) {
+  for (const char* name : {"SDK_Style", "sdkdotNET", ".NET Reference"}) AddTemplate(name, name);
+  Catalog->Load();
+  EXPECT_THAT(Names(), ElementsAre(".NET Reference", "sdkdotNET", "SDK_Style"));
 }
 
 TEST_F(Catalogue, TellsAMissingFolderAndADuplicateKey) {

@@ -226,6 +226,31 @@ TEST_F(CommandTest, BeginsAConfiguration) {
   const auto replaced = Run("init " + Below("config/inside") + " --replace --json");
   EXPECT_EQ(nlohmann::json::parse(replaced.Out)["PreviousConfigPath"], "C:\\New\\Conf");
   EXPECT_FALSE(std::filesystem::exists(Below("config/inside/inside")));
+
+  const auto copied = Run("init " + Below("copied") + " --no-register");
+  EXPECT_EQ(copied.Status, 0) << copied.Err;
+  EXPECT_EQ(Folder.Read("copied/ExternalDocs.xml"), Folder.Read("config/ExternalDocs.xml"));
+  EXPECT_THAT(Folder.Read("registry/machine.reg"), HasSubstr("config\\\\inside"));
+}
+
+TEST_F(CommandTest, BeginsAConfigurationForAnOrdinaryUser) {
+  if (std::filesystem::exists("/etc/lwconfig")) GTEST_SKIP() << "this machine has a registry";
+  IsOrdinaryUser = true;
+  std::filesystem::permissions(Folder.Path(), std::filesystem::perms(0777));
+  Set("LWCONFIG_STARTER", Below("config"));
+  Set("LWCONFIG_REGISTRY", nullptr);
+  const auto made = Run("init " + Below("own"));
+  EXPECT_EQ(made.Status, 0) << made.Err;
+  EXPECT_THAT(made.Out, HasSubstr("for this user alone, in <test>/home/.config/lwconfig/machine.reg\n"));
+  EXPECT_EQ(Run("template default LW.Core").Out, "Small/er one\n");
+  EXPECT_EQ(Run("registry set HKLM/Soft x 1").Err,
+            "lwconfig: note: 1 value of HKEY_LOCAL_MACHINE stored for this user alone, in "
+            "<test>/home/.config/lwconfig/machine.reg\n");
+  Set("HOME", nullptr);
+  const auto refused = Run("init " + Below("new"));
+  EXPECT_EQ(refused.Status, 4);
+  EXPECT_THAT(refused.Err, HasSubstr("/etc/lwconfig: Permission denied\nlwconfig: note: nothing was copied"));
+  EXPECT_FALSE(std::filesystem::exists(Below("new")));
 }
 
 TEST_F(CommandTest, AFailedBeginningLeavesNothing) {

@@ -38,7 +38,7 @@ TEST_F(DescribeTest, WritesJson) {
   EXPECT_EQ(member["Signature"], "Clone(PageTemplate As PageTemplate) As TOCDefinition");
   EXPECT_EQ(member["Parameters"][0].dump(),
             R"({"IsByReference":false,"IsOptional":false,"Name":"PageTemplate","Type":"PageTemplate"})");
-  EXPECT_EQ(nlohmann::json::parse(Run("describe --json").Out).size(), 64U);
+  EXPECT_EQ(nlohmann::json::parse(Run("describe --json").Out).size(), 65U);
 }
 
 TEST_F(DescribeTest, RefusesWhatThereIsNot) {

@@ -1,4 +1,7 @@
+#include <filesystem>
+
 #include <gmock/gmock.h>
+#include <sys/stat.h>
 #include <tests/tools/tool_test.h>
 
 namespace lwconfig::testing {
@@ -50,7 +53,7 @@ TEST_F(RegistryCommandTest, SaysWhatIsWrong) {
       {"delete HKCU/Soft/None", 1, "there is no 'HKEY_CURRENT_USER\\Soft\\None'"},
       {"delete HKCU/Soft/Test None", 1, "there is no 'None'"},
       {"delete HKCU", 2, "a whole hive cannot be deleted"},
-      {"list Software", 2, "'Software' is no key"},
+      {"list Software", 1, "'Software' is no key"},
       {"set HKCU/x v 1x --type dword", 2, "'1x' is no value of the type dword"},
       {"set HKCU/x v 4294967296 --type dword", 2, "no value of the type dword"},
       {"set HKCU/x v abc --type binary", 2, "no value of the type binary"},
@@ -60,6 +63,9 @@ TEST_F(RegistryCommandTest, SaysWhatIsWrong) {
       {"import " + Below("other.reg"), 3, "other.reg:4:1: error: This is no registry file that can be used"},
       {"import " + Below("none.reg"), 4, "none.reg: error: "},
       {"export HKCU/Soft " + Below("none/x.reg"), 4, "x.reg: error: "},
+      {"export HKXX", 1, "'HKXX' is no key"},
+      {"export HKXX/Soft " + Below("x.reg"), 1, "'HKXX/Soft' is no key"},
+      {"export HKCU/Sft " + Below("x.reg"), 1, "there is no 'HKEY_CURRENT_USER\\Sft'"},
   };
   for (const auto& row : kRows) {
     const auto result = Registry(row.Line);
@@ -67,6 +73,7 @@ TEST_F(RegistryCommandTest, SaysWhatIsWrong) {
     EXPECT_THAT(result.Err, HasSubstr(row.Message));
     EXPECT_EQ(User(), before) << row.Message;
   }
+  EXPECT_FALSE(std::filesystem::exists("HKXX") || std::filesystem::exists(Below("x.reg")));
   Folder.Write("registry/user.reg", "REGEDIT4\n[HKCU\\Soft]\nx\n");
   for (const char* line : {"registry list", "registry set HKCU/x v 1", "options set IDEOptions.AutoSave 1"}) {
     const auto result = Run(line);
@@ -105,6 +112,36 @@ TEST_F(RegistryCommandTest, ImportsAndExportsTheSameRegistry) {
     ASSERT_EQ(Registry("import " + Below("out.reg")).Status, 0);
     EXPECT_EQ(Registry("export HKLM").Out, before);
   }
+}
+
+TEST_F(RegistryCommandTest, ReadsAndWritesPipes) {
+  const auto pipeWith = [](std::string_view text) {
+    int ends[2];
+    EXPECT_EQ(::pipe(ends), 0);
+    EXPECT_EQ(::write(ends[1], text.data(), text.size()), static_cast<ssize_t>(text.size()));
+    ::close(ends[1]);
+    return ends[0];
+  };
+  for (const char* name : {"-", "/dev/stdin", "/dev/fd/0", "pipe"}) {
+    const std::string value = "[HKEY_CURRENT_USER\\Soft]\n\"" + std::string(name) + "\"=\"1\"\n";
+    Input = pipeWith("REGEDIT4\n" + value);
+    const std::string file = *name == 'p' ? "/dev/fd/" + std::to_string(Input) : name;
+    EXPECT_EQ(Registry("import " + file).Out, "imported 1 value\n") << name;
+    ::close(Input);
+    EXPECT_EQ(Registry("export HKCU/Soft").Out, "Windows Registry Editor Version 5.00\n\n" + value);
+    EXPECT_EQ(Registry("delete HKCU/Soft").Status, 0);
+  }
+  Input = pipeWith("x");
+  EXPECT_THAT(Registry("import -").Err,
+              ::testing::StartsWith("standard input:1:1: error: This is no registry"));
+  ::close(Input);
+  // A named pipe is opened once: whoever is at its other end sees one reader come and go.
+  ASSERT_EQ(::mkfifo(Below("named").c_str(), 0600), 0);
+  const std::string exported = "Windows Registry Editor Version 5.00\n\n[HKEY_CURRENT_USER]\n";
+  const pid_t writer = StartProcess([&] { return Registry("export HKCU " + Below("named")).Status; });
+  EXPECT_EQ(Folder.Read("named"), exported);
+  EXPECT_EQ(ExitStatus(writer), 0);
+  EXPECT_EQ(Registry("export HKCU -").Out, exported);
 }
 
 }  // namespace

@@ -88,11 +88,17 @@ class ToolTest : public PrivateHost {
     }
   }
 
+  /// The open file that the command has as standard input.
+  int Input = STDIN_FILENO;
+  /// Whether the command is run without the rights of an administrator.
+  bool IsOrdinaryUser = false;
+
   /// Standard output goes to the open file `output` where one is given.
   ToolResult Run(const std::string& line, int output = -1) {
     const std::string out = Below("out");
     const std::string err = Below("err");
     const pid_t process = StartProcess([&] {
+      ::dup2(Input, STDIN_FILENO);
       ::dup2(output >= 0 ? output : ::open(out.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0600), STDOUT_FILENO);
       ::dup2(::open(err.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0600), STDERR_FILENO);
       return Execute(line);
@@ -131,13 +137,17 @@ class ToolTest : public PrivateHost {
  private:
   std::string Read(const char* name) const { return WithoutFolder(Folder.Read(name)); }
 
-  static int Execute(const std::string& line) {
+  int Execute(const std::string& line) const {
     std::vector<tool::Word> words;
     tool::WordReader(line).Next(words);
     std::vector<char*> argv{const_cast<char*>("lwconfig")};
     for (auto& word : words) argv.push_back(word.Text.data());
     argv.push_back(nullptr);
-    ::execv(kCommandPath, argv.data());
+    // Opened first: the way to it may be closed to another user.
+    const int program = ::open(kCommandPath, O_PATH | O_CLOEXEC);
+    constexpr uid_t kNobody = 65534;
+    if (IsOrdinaryUser && ::geteuid() == 0 && ::setresuid(kNobody, kNobody, kNobody) != 0) return 126;
+    ::fexecve(program, argv.data(), environ);
     return 127;
   }
 };

@@ -57,8 +57,8 @@ const ClassInfo& ClassOf<ModelComment>() {
                I::Property<&ModelComment::Tag>("Tag"), I::SetVariant<&ModelComment::Tag>("Tag"),
                I::Property<&ModelComment::OnlyIfBlank>("OnlyIfBlank"),
                I::Property<&ModelComment::InsertionPoint>("InsertionPoint"),
-               I::Declared(I::Property<&ModelComment::MemberType, &ModelComment::SetMemberType>("MemberType"),
-                           Crossing<ElementTypeEnum>::kType),
+               I::Enumerated<mcMemberTypeEnum, ElementTypeEnum>(
+                   I::Property<&ModelComment::MemberType, &ModelComment::SetMemberType>("MemberType")),
                I::Method<&ModelComment::Save>("Save", "e"), I::Method<&ModelComment::Load>("Load", "e"),
                I::Method<&ModelComment::Clone>("Clone"));
   static const ClassInfo info = I::Class("ModelComment", kSlots);

@@ -25,6 +25,14 @@ std::shared_ptr<DiskFiles> Files(DiskFile& self, std::string_view pattern, std::
   return files;
 }
 
+/// Whatever becomes a text has the form that is written elsewhere.
+void SetValue(const RegistryAccess& self, std::uint32_t hive, std::string_view keyPath,
+              std::string_view valueName, const Variant& value, std::int32_t valueType) {
+  const bool isNumber = valueType == RegistryAccess::kNumberType;
+  const RegistryData data = isNumber ? Crossing<RegistryData>::FromVariant(value) : ToText(value);
+  self.SetValue(hive, keyPath, valueName, data, valueType);
+}
+
 bool KeyExists(StringTools&, const Collection& collection, std::string_view key) {
   return StringTools::KeyExists(collection, key);
 }
@@ -129,10 +137,10 @@ const ClassInfo& ClassOf<DiskFiles>() {
 template <>
 const ClassInfo& ClassOf<RegistryAccess>() {
   using I = Interface<RegistryAccess>;
-  static constexpr auto kSlots = I::Slots(
-      I::Method<&RegistryAccess::GetValue>("GetValue", "Hive", "KeyPath", "ValueName"),
-      I::Method<&RegistryAccess::CreateKey>("CreateKey", "Hive", "KeyPath"),
-      I::Method<&RegistryAccess::SetValue>("SetValue", "Hive", "KeyPath", "ValueName", "Value", "ValueType"));
+  static constexpr auto kSlots =
+      I::Slots(I::Method<&RegistryAccess::GetValue>("GetValue", "Hive", "KeyPath", "ValueName"),
+               I::Method<&RegistryAccess::CreateKey>("CreateKey", "Hive", "KeyPath"),
+               I::Method<SetValue>("SetValue", "Hive", "KeyPath", "ValueName", "Value", "ValueType"));
   static const ClassInfo info = I::Class("RegistryAccess", kSlots);
   return info;
 }
@@ -156,6 +164,15 @@ const ClassInfo& ClassOf<Collection>() {
   using I = Interface<Collection>;
   static constexpr auto kSlots = I::Slots(I::CollectionMembers("Item"));
   static const ClassInfo info = I::Class("Collection", kSlots);
+  return info;
+}
+
+template <>
+const ClassInfo& ClassOf<ObjectReference<AnyObject>>() {
+  using Reference = ObjectReference<AnyObject>;
+  using I = Interface<Reference>;
+  static constexpr auto kSlots = I::Slots(I::Property<&Reference::Object, &Reference::SetObject>("Object"));
+  static const ClassInfo info = I::Class("ObjectReference", kSlots);
   return info;
 }
 

@@ -3,6 +3,18 @@
 
 namespace lwconfig::automation {
 
+namespace {
+
+/// Asks for an attribute by the text of the index, also that of a Boolean or a fraction. No object and no
+/// Null has a text, and neither names an attribute.
+template <std::string (ElementAttributes::*Query)(const ItemKey&) const>
+std::string ByText(const ElementAttributes& self, const Variant& index) {
+  if (std::holds_alternative<AnyObject>(index) || std::holds_alternative<Null>(index)) return {};
+  return (self.*Query)(ToText(index));
+}
+
+}  // namespace
+
 template <>
 const ClassInfo& ClassOf<ElementDef>() {
   using I = Interface<ElementDef>;
@@ -59,10 +71,11 @@ const ClassInfo& ClassOf<ElementAttributeDefs>() {
 template <>
 const ClassInfo& ClassOf<ElementAttributes>() {
   using I = Interface<ElementAttributes>;
-  static constexpr auto kSlots = I::Slots(I::Method<&ElementAttributes::Parse>("Parse", "[CommandLine]"),
-                                          I::Get<&ElementAttributes::AttributeName>("AttributeName", "Index"),
-                                          I::Get<&ElementAttributes::AttributeData>("AttributeData", "Index"),
-                                          I::Get<&ElementAttributes::Count>("Count"));
+  static constexpr auto kSlots =
+      I::Slots(I::Method<&ElementAttributes::Parse>("Parse", "[CommandLine]"),
+               I::Get<ByText<&ElementAttributes::AttributeName>>("AttributeName", "Index"),
+               I::Get<ByText<&ElementAttributes::AttributeData>>("AttributeData", "Index"),
+               I::Get<&ElementAttributes::Count>("Count"));
   static const ClassInfo info = I::Class("ElementAttributes", kSlots);
   return info;
 }

@@ -9,6 +9,7 @@
 
 #include <lwconfig/platform/files.h>
 #include <lwconfig/platform/letter_case.h>
+#include <lwconfig/platform/temporary_name.h>
 
 #include "descriptor.h"
 #include "paths.h"
@@ -37,8 +38,9 @@ EntryKind KindOf(int folder, const dirent& entry) {
   return ::fstatat(folder, entry.d_name, &status, 0) == 0 ? KindOf(status.st_mode) : EntryKind::Missing;
 }
 
+/// The order that the product's own file system keeps.
 bool InNameOrder(const FolderEntry& a, const FolderEntry& b) {
-  const auto order = CompareIgnoringCase(a.Name, b.Name);
+  const auto order = CompareInCapitals(a.Name, b.Name);
   return order != 0 ? order < 0 : a.Name < b.Name;
 }
 
@@ -76,9 +78,11 @@ class NativeFiles final : public Files {
     while (const dirent* entry = ::readdir(stream.get())) {
       const std::string_view name = entry->d_name;
       // A name with a backslash inside cannot be spelled in the product's notation.
-      if (!name.starts_with('.') && name.find('\\') == std::string_view::npos) {
+      const bool isLeftOut = name == "." || name == ".." || name.find('\\') != std::string_view::npos;
+      if (!isLeftOut && !IsTemporaryName(name)) {
         const EntryKind kind = KindOf(number, *entry);
-        if (kind != EntryKind::Missing) entries.push_back({std::string(name), kind});
+        const bool isHidden = kind == EntryKind::File && name.starts_with('.');
+        if (kind != EntryKind::Missing) entries.push_back({std::string(name), kind, isHidden});
       }
       errno = 0;
     }

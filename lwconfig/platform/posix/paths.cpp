@@ -9,6 +9,7 @@
 #include <sys/stat.h>
 
 #include <lwconfig/platform/letter_case.h>
+#include <lwconfig/platform/path_parts.h>
 
 #include "descriptor.h"
 
@@ -44,23 +45,11 @@ std::string DrivesFolder() {
   return data.empty() ? data : data + "/lwconfig/drives";
 }
 
-/// Appends the parts of `path` to `root`, which ".." cannot leave.
-std::string Append(std::string root, std::string_view path, const char* separators) {
-  const std::size_t least = root.size();
-  root.reserve(least + path.size() + 1);
-  while (!path.empty()) {
-    const std::size_t end = std::min(path.find_first_of(separators), path.size());
-    const std::string_view part = path.substr(0, end);
-    path.remove_prefix(std::min(end + 1, path.size()));
-    if (part.empty() || part == ".") continue;
-    if (part == "..") {
-      if (root.size() > least) root.resize(root.rfind('/'));
-      continue;
-    }
-    root += '/';
-    root += part;
-  }
-  return root;
+/// `hostPath` without "." and "..".
+std::string Resolved(std::string_view hostPath) {
+  std::string resolved;
+  AppendParts(resolved, 0, hostPath, "/", '/');
+  return resolved;
 }
 
 bool IsLetter(char c) {
@@ -99,22 +88,27 @@ std::string FolderOf(const std::string& hostPath) {
 }
 
 std::string HostPath(std::string_view path) {
+  if (path.empty()) ThrowErrno({}, ENOENT);
   if (path.find('\0') != std::string_view::npos) ThrowErrno(std::string(path), EINVAL);
   std::string root;
+  std::size_t least = 0;
   if (path.size() >= 2 && path[1] == ':' && IsLetter(path[0])) {
     root = DrivesFolder();
     if (root.empty()) ThrowErrno(std::string(path) + " (no LWCONFIG_DRIVES, XDG_DATA_HOME or HOME)", ENOENT);
     if (root.back() != '/') root += '/';
     root += AsciiLower(path[0]);
+    least = root.size();
     path.remove_prefix(2);
+  } else if (path[0] != '\\' && path[0] != '/') {
+    root = Resolved(std::filesystem::current_path().string());
   }
-  std::string hostPath = Append(std::move(root), path, "\\/");
-  return hostPath.empty() ? "/" : hostPath;
+  AppendParts(root, least, path, "\\/", '/');
+  return root.empty() ? "/" : root;
 }
 
 std::string ProductNotation(std::string_view hostPath) {
-  std::string path = Append({}, Absolute(hostPath), "/");
-  const std::string drives = Append({}, DrivesFolder(), "/");
+  std::string path = Resolved(Absolute(hostPath));
+  const std::string drives = Resolved(DrivesFolder());
   const std::size_t letter = drives.size() + 1;
   if (!drives.empty() && path.size() > letter && path.starts_with(drives) && path[drives.size()] == '/' &&
       IsLetter(path[letter]) && (path.size() == letter + 1 || path[letter + 1] == '/')) {

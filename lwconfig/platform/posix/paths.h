@@ -15,9 +15,10 @@ std::string DataHome();
 std::string FolderOf(const std::string& hostPath);
 
 /// The host path that a path in the product's notation spells, in the letter case given and without a
-/// trailing slash. "." and ".." are resolved in the text, as the product's own file system does, and never
-/// lead above the drive. Throws `std::system_error`: EINVAL for a path with a NUL inside, ENOENT for a drive
-/// where the environment names no place for the drives.
+/// trailing slash. A path without drive and leading separator is taken from the current folder. "." and ".."
+/// are resolved in the text, as the product's own file system does, and never lead above the drive. Throws
+/// `std::system_error`: EINVAL for a path with a NUL inside, ENOENT for an empty one, and for a drive where
+/// the environment names no place for the drives.
 std::string HostPath(std::string_view path);
 
 /// The inverse of `HostPath`; a relative host path is taken from the current folder.

@@ -2,7 +2,6 @@
 
 #include <array>
 #include <climits>
-#include <cstdio>
 #include <optional>
 
 #include <fcntl.h>
@@ -10,7 +9,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <lwconfig/platform/letter_case.h>
+#include <lwconfig/platform/temporary_name.h>
 
 #include "descriptor.h"
 #include "paths.h"
@@ -32,16 +31,7 @@ std::string FinalTarget(std::string path) {
 }
 
 std::string TemporaryFor(const std::string& target) {
-  constexpr std::size_t kLongestName = 255;
-  constexpr std::string_view kSuffix = ".lwtmp";
-  std::string name = target.substr(target.rfind('/') + 1);
-  if (name.size() + 1 + kSuffix.size() > kLongestName) {
-    std::array<char, 20> hash{};
-    std::snprintf(hash.data(), hash.size(), "~%zx", HashIgnoringCase(name));
-    name.resize(kLongestName - 1 - kSuffix.size() - hash.size());
-    name += hash.data();
-  }
-  return FolderOf(target) + "/." + name + std::string(kSuffix);
+  return FolderOf(target) + "/" + TemporaryName(std::string_view(target).substr(target.rfind('/') + 1));
 }
 
 /// A temporary that is left over could be opened in a folder where it cannot be put in place.

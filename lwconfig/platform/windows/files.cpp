@@ -4,7 +4,7 @@
 #include <system_error>
 
 #include <lwconfig/platform/files.h>
-#include <lwconfig/platform/letter_case.h>
+#include <lwconfig/platform/temporary_name.h>
 
 #include "replacement.h"
 #include "system.h"
@@ -17,11 +17,6 @@ bool NamesNothing(DWORD error) {
   return error == ERROR_FILE_NOT_FOUND || error == ERROR_PATH_NOT_FOUND || error == ERROR_INVALID_NAME ||
          error == ERROR_BAD_NETPATH || error == ERROR_BAD_NET_NAME || error == ERROR_INVALID_DRIVE ||
          error == ERROR_BAD_PATHNAME || error == ERROR_NOT_READY || error == ERROR_DIRECTORY;
-}
-
-bool InNameOrder(const FolderEntry& a, const FolderEntry& b) {
-  const auto order = CompareIgnoringCase(a.Name, b.Name);
-  return order != 0 ? order < 0 : a.Name < b.Name;
 }
 
 /// Files through the system's own paths, which are the product's.
@@ -77,13 +72,13 @@ class NativeFiles final : public Files {
     const std::unique_ptr<void, BOOL(WINAPI*)(HANDLE)> closer(search, ::FindClose);
     std::vector<FolderEntry> entries;
     do {
-      const std::wstring_view name = found.cFileName;
-      if (name.starts_with(L'.') || (found.dwFileAttributes & FILE_ATTRIBUTE_HIDDEN) != 0) continue;
+      std::string name = Narrow(found.cFileName);
+      if (name == "." || name == ".." || IsTemporaryName(name)) continue;
       const bool isFolder = (found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
-      entries.push_back({Narrow(name), isFolder ? EntryKind::Folder : EntryKind::File});
+      const bool isHidden = (found.dwFileAttributes & FILE_ATTRIBUTE_HIDDEN) != 0;
+      entries.push_back({std::move(name), isFolder ? EntryKind::Folder : EntryKind::File, isHidden});
     } while (::FindNextFileW(search, &found) != 0);
     if (::GetLastError() != ERROR_NO_MORE_FILES) ThrowWindowsError(folder);
-    std::ranges::sort(entries, InNameOrder);
     return entries;
   }
 

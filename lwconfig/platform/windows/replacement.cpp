@@ -5,6 +5,7 @@
 #include <system_error>
 
 #include <lwconfig/platform/letter_case.h>
+#include <lwconfig/platform/temporary_name.h>
 
 #include "system.h"
 
@@ -66,7 +67,7 @@ class Replacement final : public FileReplacement {
       : mTarget(std::move(target)),
         mMode(mode),
         mSubject(std::move(subject)),
-        mTemporary(TemporaryName(mTarget)),
+        mTemporary(TemporaryFor(mTarget)),
         mFile(::CreateFileW(mTemporary.c_str(), GENERIC_WRITE | DELETE, 0, nullptr, CREATE_ALWAYS,
                             FILE_ATTRIBUTE_HIDDEN, nullptr)) {
     if (mFile.IsOpen()) return;
@@ -107,17 +108,9 @@ class Replacement final : public FileReplacement {
   }
 
  private:
-  static std::wstring TemporaryName(const std::wstring& target) {
-    constexpr std::size_t kLongestName = 255;
-    constexpr std::wstring_view kSuffix = L".lwtmp";
+  static std::wstring TemporaryFor(const std::wstring& target) {
     const std::size_t start = target.find_last_of(L'\\') + 1;
-    std::wstring name = L"." + target.substr(start);
-    if (name.size() + kSuffix.size() > kLongestName) {
-      const std::wstring hash = L"~" + std::to_wstring(HashIgnoringCase(Narrow(name)));
-      name.resize(kLongestName - kSuffix.size() - hash.size());
-      name += hash;
-    }
-    return target.substr(0, start).append(name).append(kSuffix);
+    return target.substr(0, start) + Wide(TemporaryName(Narrow(target.substr(start))));
   }
 
   static bool Exists(DWORD attributes) { return attributes != INVALID_FILE_ATTRIBUTES; }

@@ -28,15 +28,18 @@ TEST_F(FilesTest, TranslatesTheProductsNotation) {
            Row{"C:\\a\\.\\b\\..\\..\\c", drives + "/c/c", "C:\\c"},
            Row{"\\no-such\\share", "/no-such/share", "\\no-such\\share"},
            Row{"/no-such/share/", "/no-such/share", "\\no-such\\share"},
-           Row{"no-such\\file", "/no-such/file", "\\no-such\\file"},
            Row{"\\..\\no-such", "/no-such", "\\no-such"},
            Row{"\\", "/", "\\"},
-           Row{"", "/", "\\"},
-           Row{"1:\\no-such", "/1:/no-such", "\\1:\\no-such"},
+           Row{"\\1:\\no-such", "/1:/no-such", "\\1:\\no-such"},
+           Row{"C:x", drives + "/c/x", "C:\\x"},
        }) {
     EXPECT_EQ(Host.NativePath(product), native);
     EXPECT_EQ(Host.ProductPath(native), back);
   }
+  for (const auto& [product, host] : {std::pair("a\\.\\x", "a/x"), {"1:/x", "1:/x"}, {"..\\x", "../x"}})
+    EXPECT_EQ(Host.NativePath(product), std::filesystem::absolute(host).lexically_normal());
+  EXPECT_EQ(FailureOf([&] { Host.Read(""); }), ENOENT);
+  EXPECT_EQ(Host.Kind(""), EntryKind::Missing);
   EXPECT_EQ(Host.ProductPath("some/../file"), Host.ProductPath("./file"));
   EXPECT_EQ(Host.ProductPath(drives + "/config/x"), Host.ProductPath(drives) + "\\config\\x");
   EXPECT_EQ(Host.ProductPath("/tmp/name:"), "\\tmp\\name:");
@@ -81,19 +84,20 @@ TEST_F(FilesTest, FindsNamesInAnyLetterCase) {
 }
 
 TEST_F(FilesTest, ListsInNameOrder) {
-  for (const char* name :
-       {"b.xml", "A.xml", "a.XML", "a.xml", "_z", ".hidden", "\xc3\xa4", "Z", "not\\ours"}) {
+  for (const char* name : {"b.xml", "A.xml", "a.XML", "a.xml", "_z", ".NET.xml", ".lwtmp", ".b.xml.lwtmp",
+                           "\xc3\xa4", "Z", "not\\ours"}) {
     Folder.Write(std::string("drives/c/list/") + name, "");
   }
   std::filesystem::create_directory(Below("drives/c/list/folder"));
+  std::filesystem::create_directory(Below("drives/c/list/.NET"));
   std::filesystem::create_symlink("folder", Below("drives/c/list/Link"));
   std::filesystem::create_symlink("nowhere", Below("drives/c/list/dangling"));
   std::vector<std::string> names;
   for (const FolderEntry& entry : Host.List("C:\\LIST")) {
-    names.push_back(entry.Name + (entry.Kind == EntryKind::Folder ? "\\" : ""));
+    names.push_back(entry.Name + (entry.Kind == EntryKind::Folder ? "\\" : entry.IsHidden ? "?" : ""));
   }
-  EXPECT_THAT(names,
-              ElementsAre("_z", "A.xml", "a.XML", "a.xml", "b.xml", "folder\\", "Link\\", "Z", "\xc3\xa4"));
+  EXPECT_THAT(names, ElementsAre(".lwtmp?", ".NET\\", ".NET.xml?", "A.xml", "a.XML", "a.xml", "b.xml",
+                                 "folder\\", "Link\\", "Z", "_z", "\xc3\xa4"));
   EXPECT_EQ(FailureOf([&] { Host.List("C:\\none"); }), ENOENT);
   EXPECT_EQ(FailureOf([&] { Host.List("C:\\list\\Z"); }), ENOTDIR);
 }

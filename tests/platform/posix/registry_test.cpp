@@ -1,8 +1,9 @@
 #include <filesystem>
 
+#include <sys/stat.h>
 #include <tests/platform/posix/private_host.h>
 
-#include <lwconfig/platform/registry.h>
+#include <lwconfig/platform/posix/file_registry.h>
 
 namespace lwconfig::platform {
 namespace {
@@ -188,6 +189,87 @@ TEST_F(RegistryTest, IsInTheUsersConfiguration) {
   Set("HOME", nullptr);
   EXPECT_EQ(Read("Soft", "v"), std::nullopt);
   EXPECT_EQ(FailureOf([&] { Write("Soft", "v", "1"); }), ENOENT);
+}
+
+TEST_F(RegistryTest, AddsTheUsersOwnValuesToTheMachines) {
+  using Kinds = RegistryChange::Kinds;
+  using Changes = std::vector<RegistryChange>;
+  constexpr auto kMachine = Hive::LocalMachine;
+  Set("LWCONFIG_REGISTRY", nullptr);
+  std::filesystem::permissions(Folder.Path(), std::filesystem::perms(0755));
+  const auto value = [](std::string name, std::string text) {
+    return RegistryChange{Kinds::Value, kMachine, "Soft", std::move(name), Text(std::move(text))};
+  };
+  const auto deleted = [](std::string name) {
+    return RegistryChange{Kinds::DeletedValue, kMachine, "Soft", std::move(name), {}};
+  };
+  const RegistryChange noKey{Kinds::DeletedKey, kMachine, "Soft", {}, {}};
+  const RegistryChange newKey{Kinds::Key, kMachine, "Soft", {}, {}};
+  const std::string begin = "REGEDIT4\n[HKLM\\Soft]\n";
+  const std::string system = begin + "\"a\"=\"1\"\n\"b\"=\"1\"\n";
+  const std::string own = begin + "\"B\"=\"own\"\n\"o\"=\"own\"\n";
+  struct Row {
+    bool MayWrite;  // the system's file
+    Changes Asked;
+    int Failure;
+    std::string System;
+    std::string Own;
+  };
+  const Row kRows[] = {
+      {true,
+       {value("a", "2"), value("b", "2"), value("c", "2")},
+       0,
+       begin + "\"a\"=\"2\"\n\"b\"=\"1\"\n\"c\"=\"2\"\n",
+       begin + "\"B\"=\"2\"\n\"o\"=\"own\"\n"},
+      {true, {deleted("b")}, 0, begin + "\"a\"=\"1\"\n", begin + "\"o\"=\"own\"\n"},
+      {true, {noKey}, 0, "REGEDIT4\n", "REGEDIT4\n"},
+      {false,
+       {value("a", "2"), value("b", "2")},
+       0,
+       system,
+       begin + "\"B\"=\"2\"\n\"o\"=\"own\"\n\"a\"=\"2\"\n"},
+      {false, {newKey, value("b", "2")}, 0, system, begin + "\"B\"=\"2\"\n\"o\"=\"own\"\n"},
+      {false, {deleted("o"), value("A", "1")}, 0, system, begin + "\"B\"=\"own\"\n"},
+      {false, {deleted("b")}, EACCES, system, own},
+      {false, {noKey}, EACCES, system, own},
+      {false, {value("o", "2"), deleted("a")}, EACCES, system, own},
+  };
+  for (const Row& row : kRows) {
+    const std::string systemFile = Folder.Write("etc/machine.reg", system);
+    const std::string ownFile = Folder.Write("home/.config/lwconfig/machine.reg", own);
+    for (const std::string& file : {systemFile, ownFile}) {
+      const bool mayWrite = row.MayWrite || file == ownFile;
+      ::chmod(std::filesystem::path(file).parent_path().c_str(), mayWrite ? 0777 : 0555);
+      ::chmod(file.c_str(), mayWrite ? 0666 : 0444);
+    }
+    const int failure = ExitStatus(StartProcess([&] {
+      constexpr uid_t kNobody = 65534;
+      if (::geteuid() == 0 && ::setresuid(kNobody, kNobody, kNobody) != 0) return 254;
+      return FailureOf([&] { FileRegistry(Below("etc")).Apply(row.Asked); });
+    }));
+    const auto at = &row - kRows;
+    EXPECT_EQ(failure, row.Failure) << at;
+    EXPECT_EQ(Folder.Read("etc/machine.reg"), row.System) << at;
+    EXPECT_EQ(Folder.Read("home/.config/lwconfig/machine.reg"), row.Own) << at;
+    ::chmod(Below("etc").c_str(), 0777);
+    std::filesystem::remove(systemFile);
+  }
+  Folder.Write("etc/machine.reg", system + "[HKLM\\Soft\\Wow6432Node]\n[HKLM\\Software\\X]\n\"v\"=\"1\"\n");
+  Folder.Write("home/.config/lwconfig/machine.reg",
+               own + "[HKLM\\soft\\A]\n[HKLM\\Software\\WOW6432Node\\x]\n\"v\"=\"own\"\n");
+  FileRegistry both(Below("etc"));
+  EXPECT_EQ(both.Read(kMachine, "soft", "b"), Text("own"));
+  EXPECT_EQ(both.Read(kMachine, "soft", "A"), Text("1"));
+  EXPECT_EQ(both.Read(kMachine, "Software\\X", "v"), Text("own"));
+  const auto listed = both.List(kMachine, "Soft");
+  ASSERT_TRUE(listed);
+  EXPECT_EQ(listed->Keys, (std::vector<std::string>{"A", "Wow6432Node"}));
+  EXPECT_EQ(listed->Values,
+            (decltype(listed->Values){{"a", Text("1")}, {"B", Text("own")}, {"o", Text("own")}}));
+  EXPECT_EQ(both.OwnFile("Soft", "b"), Below("home/.config/lwconfig/machine.reg"));
+  EXPECT_EQ(both.OwnFile("Soft", "a"), "");
+  Set("LWCONFIG_REGISTRY", Below("etc"));
+  EXPECT_EQ(both.Read(kMachine, "Soft", "o"), std::nullopt);
 }
 
 }  // namespace

@@ -82,6 +82,15 @@ TEST_F(NativeFilesTest, PutsContentInPlaceInOneStep) {
   EXPECT_EQ(mFiles.Kind(readOnly), EntryKind::Missing);
 }
 
+TEST_F(NativeFilesTest, ListsAlsoHiddenEntriesButNoUnfinishedFiles) {
+  mFiles.MakeFolders(mFolder + "\\.NET");
+  for (const char* name : {"\\shown", "\\hidden", "\\.shown.lwtmp"}) Put(mFolder + name, "x");
+  ::SetFileAttributesW(Wide(mFolder + "\\hidden").c_str(), FILE_ATTRIBUTE_HIDDEN);
+  std::string names;
+  for (const FolderEntry& entry : mFiles.List(mFolder)) names += entry.Name + (entry.IsHidden ? "? " : " ");
+  EXPECT_EQ(names, ".NET hidden? shown ");
+}
+
 TEST_F(NativeFilesTest, TakesNoNameForAnotherOne) {
   mFiles.MakeFolders(mFolder);
   Put(mFolder + "\\FAQ1.xml", "years of work");

@@ -10,17 +10,11 @@ namespace lwconfig::tool {
 
 TemplateTexts::TemplateTexts(const Inspection& inspection, const std::string& rootFolder, const Sort& kind)
     : mKind(kind) {
-  DiskFile listing;
-  listing.SetFolder(rootFolder + kind.Folder);
-  for (const DiskFile& file : listing.Files("*.txt")) {
-    if (!file.Exists()) continue;
+  for (const std::string& name : LanguageTexts(kind.Folder).Languages(rootFolder)) {
+    Language language{name, DiskFile(rootFolder + kind.Folder, name, "txt").FullPath(), {}};
     LanguageTexts texts(kind.Folder);
-    RunStep([&] { texts.Load(rootFolder, file.BaseName()); },
-            [&] {
-              return FilePosition{file.FullPath(), 0, 0};
-            });
+    RunStep([&] { texts.Load(rootFolder, name); }, [&] { return FilePosition{language.File, 0, 0}; });
     if (!texts.Texts()) continue;
-    Language language{file.BaseName(), file.FullPath(), {}};
     for (std::int32_t at = 1; at <= texts.Texts()->Count(); ++at) {
       language.Names.Add(texts.Texts()->KeyAt(at));
       mNames.Add(texts.Texts()->KeyAt(at));

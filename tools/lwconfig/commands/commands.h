@@ -1,7 +1,5 @@
 #pragma once
 
-#include <string>
-
 #include <tools/lwconfig/command.h>
 #include <tools/lwconfig/view/tree_text.h>
 
@@ -30,8 +28,5 @@ extern const Command kDescribeCommand;
 extern const Command kCompletionCommand;
 extern const Command kCompleteCommand;  // called by the completion scripts
 extern const Command kSessionCommand;
-
-/// The text of a file of commands, a path of the host; "-" for standard input.
-std::string SourceText(const std::string& name);
 
 }  // namespace lwconfig::tool

@@ -1,7 +1,5 @@
 #include <algorithm>
 #include <array>
-#include <iostream>
-#include <iterator>
 #include <optional>
 #include <string>
 
@@ -10,6 +8,7 @@
 #include <tools/lwconfig/commands/common_options.h>
 #include <tools/lwconfig/commands/edit_help.h>
 #include <tools/lwconfig/configuration.h>
+#include <tools/lwconfig/file_argument.h>
 #include <tools/lwconfig/members/edit.h>
 #include <tools/lwconfig/members/listing.h>
 #include <tools/lwconfig/members/report.h>
@@ -19,7 +18,6 @@
 #include <tools/lwconfig/view/json.h>
 
 #include <lwconfig/core/text.h>
-#include <lwconfig/platform/files.h>
 
 namespace lwconfig::tool {
 namespace {
@@ -153,19 +151,6 @@ constexpr Command kCallCommand{
     .Run = RunOne<EditKind::Call>,
 };
 
-std::string SourceText(const std::string& name) {
-  if (name == "-")
-    return DecodeText(
-        std::string(std::istreambuf_iterator<char>(std::cin), std::istreambuf_iterator<char>()));
-  auto& files = platform::Host<platform::Files>();
-  const std::string path = files.ProductPath(name);
-  try {
-    return DecodeText(files.Read(path));
-  } catch (const std::system_error& failure) {
-    throw FileError(failure, path);
-  }
-}
-
 namespace {
 
 /// The commands of a file, in the order of `EditKind`.
@@ -191,8 +176,8 @@ Edit ParseEdit(const std::vector<Word>& words) {
 
 void Apply(const Arguments& arguments, Reporter& reporter) {
   const std::string file = arguments.Text("FILE");
-  const std::string text = SourceText(file);
-  CommandSource source{file == "-" ? "standard input" : file, text, {}};
+  const std::string text = DecodeText(ReadSource(file));
+  CommandSource source{SourceName(file), text, {}};
   const Configuration configuration(arguments.Text("--config"), reporter);
   Overlay overlay;
   Model model(reporter);

@@ -1,5 +1,6 @@
 #include <array>
 #include <filesystem>
+#include <optional>
 #include <string>
 
 #include <tools/lwconfig/commands/commands.h>
@@ -20,8 +21,13 @@ namespace {
 constexpr const char* kFooter = R"(DIR must not exist, or be empty. While another configuration is registered,
 --replace is needed to register the new one in its place; the other one's files stay as they are.
 
-Example:
+The configuration is registered for the machine, in /etc/lwconfig/machine.reg. A user who may not write that
+registers it for this user alone, in ~/.config/lwconfig/machine.reg, which is looked at first. Where it cannot
+be registered, nothing is copied. A configuration that is not registered is used with --config DIR.
+
+Examples:
   lwconfig init ~/lexiwend
+  lwconfig init ./trial --no-register
 )";
 
 bool IsUsable(const std::filesystem::path& folder) {
@@ -30,11 +36,27 @@ bool IsUsable(const std::filesystem::path& folder) {
   return std::filesystem::is_directory(status) && std::filesystem::is_empty(folder);
 }
 
+/// Registers the folder; returns the user's own file where it is registered in that, else "". Nothing, and
+/// reported, where it cannot be registered.
+std::optional<std::string> Register(const std::string& folder, Reporter& reporter) {
+  const RegistryAccess registry;
+  try {
+    registry.SetValue(kLocalMachine, kProductKey, kFolderValue, folder, RegistryAccess::kTextType);
+    return registry.OwnFile(kProductKey, kFolderValue);
+  } catch (const Error& failure) {
+    reporter.Fail(failure);
+    reporter.Note("nothing was copied; --no-register copies the configuration and registers nothing");
+    return std::nullopt;
+  }
+}
+
 void Run(const Arguments& arguments, Reporter& reporter) {
-  const std::string previous = ConfigPath();
+  const bool isRegistered = !arguments.Has("--no-register");
+  const std::string previous = isRegistered ? ConfigPath() : std::string();
   if (!previous.empty() && !arguments.Has("--replace")) {
     return reporter.Fail(ExitStatus::Usage, "the configuration in " + NativePath(previous) +
-                                                " is registered; --replace registers another in its place");
+                                                " is registered; --replace registers another in its place, "
+                                                "--no-register only copies");
   }
   const std::string starter = StarterFolder();
   if (starter.empty() || !std::filesystem::is_directory(starter))
@@ -47,23 +69,28 @@ void Run(const Arguments& arguments, Reporter& reporter) {
   // Hidden files belong to whatever keeps the starter, not to the configuration.
   FolderCopy copy(starter, hostFolder,
                   [](const auto& relative) { return relative.filename().string().starts_with('.'); });
-  RegistryAccess().SetValue(kLocalMachine, kProductKey, kFolderValue, folder, RegistryAccess::kTextType);
+  const auto ownFile = isRegistered ? Register(folder, reporter) : std::string();
+  if (!ownFile) return;
   copy.Keep();
   if (arguments.Has("--json")) {
-    return WriteOutput(
-        JsonText(
-            {{"ConfigPath", folder}, {"PreviousConfigPath", previous}, {"FilesCopied", copy.FileCount()}}),
-        reporter);
+    Json json{{"ConfigPath", folder}, {"PreviousConfigPath", previous}, {"FilesCopied", copy.FileCount()}};
+    json["RegisteredFor"] = !isRegistered ? Json(nullptr) : ownFile->empty() ? "machine" : "user";
+    return WriteOutput(JsonText(json), reporter);
   }
-  WriteOutput("copied the starter configuration, " + std::to_string(copy.FileCount()) + " files, to " +
-                  hostFolder + "\nregistered " + folder + " as " + kFolderValue + " in HKEY_LOCAL_MACHINE\\" +
-                  kProductKey + (previous.empty() ? "" : " in place of " + previous) + "\n",
-              reporter);
+  std::string done =
+      "copied the starter configuration, " + std::to_string(copy.FileCount()) + " files, to " + hostFolder;
+  if (isRegistered) {
+    done += "\nregistered " + folder + " as " + kFolderValue + " in HKEY_LOCAL_MACHINE\\" + kProductKey +
+            (previous.empty() ? "" : " in place of " + previous);
+    if (!ownFile->empty()) done += ", for this user alone, in " + *ownFile;
+  }
+  WriteOutput(done + "\n", reporter);
 }
 
 constexpr std::array kParameters{
     Parameter{.Name = "DIR", .About = "the folder for the new configuration", .IsRequired = true},
     Parameter{.Name = "--replace", .About = "register it in place of another configuration"},
+    Parameter{.Name = "--no-register", .About = "only copy", .Excludes = "--replace"},
     kJsonOption,
 };
 

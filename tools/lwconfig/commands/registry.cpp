@@ -1,17 +1,19 @@
+#include <algorithm>
 #include <array>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include <tools/lwconfig/commands/commands.h>
 #include <tools/lwconfig/commands/common_options.h>
+#include <tools/lwconfig/file_argument.h>
 #include <tools/lwconfig/model/registry_data.h>
 #include <tools/lwconfig/terminal.h>
 #include <tools/lwconfig/view/table.h>
 
-#include <lwconfig/core/disk_file.h>
 #include <lwconfig/core/registry_access.h>
-#include <lwconfig/platform/files.h>
+#include <lwconfig/platform/letter_case.h>
 #include <lwconfig/platform/registry_text.h>
 
 namespace lwconfig::tool {
@@ -31,8 +33,13 @@ key's default value has the name "".
 Types are sz (a text, unless the value has a type already), expand (a text with environment variables), dword
 and qword (a number, decimal or 0x...), binary (pairs of hexadecimal digits) and multi (any number of texts).
 
+The machine's values are in /etc/lwconfig/machine.reg and in the user's own ~/.config/lwconfig/machine.reg,
+which outweighs the other. A user who may not write the system's file writes the own one, and a note says so;
+deleting what the system's file holds fails then.
+
 An import is done as a whole or, where the file has a mistake, not at all; it also deletes what the file says
-to delete: [-KEY] and "VALUE"=-. An export that goes to Windows should be --utf16.
+to delete: [-KEY] and "VALUE"=-. FILE is - for standard input or output; an export without a KEY takes a FILE
+that is -, begins with / or a dot, or ends in .reg. An export that goes to Windows should be --utf16.
 
 Examples:
   lwconfig registry
@@ -42,6 +49,7 @@ Examples:
   lwconfig registry delete HKCU/Software/Example Level
   lwconfig registry import settings.reg
   lwconfig registry export HKCU/Software/Corvantis backup.reg
+  lwconfig registry export - | ssh host lwconfig registry import -
 )";
 
 const std::vector<RegistryPath>& ProductKeys() {
@@ -63,9 +71,10 @@ std::string FullName(Hive hive, const std::string& key) {
 std::optional<RegistryPath> PathOf(const std::string& key, Reporter& reporter) {
   auto path = platform::ParseRegistryPath(key);
   if (!path) {
-    reporter.Fail(ExitStatus::Usage, "'" + key +
-                                         "' is no key: write it in full, such as "
-                                         "HKEY_CURRENT_USER\\Software or HKLM/Software");
+    reporter.FailAt(ExitStatus::NotFound, {},
+                    "'" + key + "' is no key: it begins with no root, as HKCU/Software does",
+                    {std::string(platform::HiveName(Hive::CurrentUser)),
+                     std::string(platform::HiveName(Hive::LocalMachine))});
   }
   return path;
 }
@@ -167,6 +176,26 @@ void Get(const Arguments& arguments, Reporter& reporter) {
               reporter);
 }
 
+std::string Counted(std::size_t count, const char* noun) {
+  return std::to_string(count) + " " + noun + (count == 1 ? "" : "s");
+}
+
+/// Tells of values of the machine that are not in the system's file.
+void NoteOwnFile(const std::vector<RegistryChange>& changes, Reporter& reporter) {
+  std::size_t count = 0;
+  std::string file;
+  for (const RegistryChange& change : changes) {
+    if (change.Kind != Kinds::Value || change.Root != Hive::LocalMachine) continue;
+    const std::string own = RegistryAccess().OwnFile(change.Key, change.Name);
+    if (own.empty()) continue;
+    ++count;
+    file = own;
+  }
+  if (count == 0) return;
+  reporter.Note(Counted(count, "value") + " of " + std::string(platform::HiveName(Hive::LocalMachine)) +
+                " stored for this user alone, in " + file);
+}
+
 void Set(const Arguments& arguments, Reporter& reporter) {
   const RegistryAccess registry;
   const auto path = PathOf(arguments.Text("KEY"), reporter);
@@ -187,7 +216,9 @@ void Set(const Arguments& arguments, Reporter& reporter) {
                              " no value of the type " + RegistryTypeName(*type) +
                              " (--help tells what there is)");
   }
-  registry.Apply({{Kinds::Value, path->Root, path->Key, name, *value}});
+  const std::vector<RegistryChange> change{{Kinds::Value, path->Root, path->Key, name, *value}};
+  registry.Apply(change);
+  NoteOwnFile(change, reporter);
 }
 
 void Delete(const Arguments& arguments, Reporter& reporter) {
@@ -204,15 +235,17 @@ void Delete(const Arguments& arguments, Reporter& reporter) {
   if (KeyAt(*path, reporter)) RegistryAccess().Apply({{Kinds::DeletedKey, path->Root, path->Key, {}, {}}});
 }
 
-std::string Counted(std::size_t count, const char* noun) {
-  return std::to_string(count) + " " + noun + (count == 1 ? "" : "s");
-}
-
 void Import(const Arguments& arguments, Reporter& reporter) {
-  const RegistryAccess registry;
-  const auto changes =
-      registry.ReadFile(platform::Host<platform::Files>().ProductPath(arguments.Text("FILE")));
-  registry.Apply(changes);
+  const std::string file = arguments.Text("FILE");
+  std::vector<RegistryChange> changes;
+  try {
+    changes = platform::ReadRegistryText(ReadSource(file), SourceName(file));
+  } catch (const platform::RegistryFormatError& mistake) {
+    return reporter.FailAt(
+        ExitStatus::Invalid, {mistake.File, mistake.Line, mistake.Column},
+        std::string("This is no registry file that can be used; nothing was changed: ") + mistake.what());
+  }
+  RegistryAccess().Apply(changes);
   std::size_t values = 0;
   std::size_t deletions = 0;
   for (const RegistryChange& change : changes) {
@@ -222,32 +255,26 @@ void Import(const Arguments& arguments, Reporter& reporter) {
   std::string done = "imported " + Counted(values, "value");
   if (deletions > 0) done += ", followed " + Counted(deletions, "deletion");
   WriteOutput(done + "\n", reporter);
+  NoteOwnFile(changes, reporter);
 }
 
-void WriteFile(const std::string& hostPath, const std::string& bytes) {
-  auto& files = platform::Host<platform::Files>();
-  const std::string path = files.ProductPath(hostPath);
-  try {
-    const auto replacement = files.Replace(path);
-    replacement->Write(bytes);
-    replacement->Commit();
-  } catch (const std::system_error& failure) {
-    throw FileError(failure, path);
-  }
+/// Whether a single argument of an export is the file: anything else is a key, though there be none.
+bool IsFile(std::string_view argument) {
+  constexpr std::string_view kExtension = ".reg";
+  return argument == "-" || argument.starts_with('/') || argument.starts_with('.') ||
+         EqualIgnoringCase(argument.substr(argument.size() - std::min(argument.size(), kExtension.size())),
+                           kExtension);
 }
 
 void Export(const Arguments& arguments, Reporter& reporter) {
   std::string key = arguments.Text("KEY");
   std::string file = arguments.Text("FILE");
-  // One argument that names no key is the file.
-  if (file.empty() && !platform::ParseRegistryPath(key)) key.swap(file);
+  if (file.empty() && IsFile(key) && !platform::ParseRegistryPath(key)) key.swap(file);
   const auto all = Collected(key, reporter);
   if (!all) return;
   const auto encoding =
       arguments.Has("--utf16") ? platform::RegistryEncoding::Utf16 : platform::RegistryEncoding::Utf8;
-  const std::string bytes = platform::WriteRegistryText(*all, encoding);
-  if (file.empty()) return WriteOutput(bytes, reporter);
-  WriteFile(file, bytes);
+  WriteTarget(file.empty() ? "-" : file, platform::WriteRegistryText(*all, encoding), reporter);
 }
 
 constexpr Parameter kKey{.Name = "KEY", .About = "the key"};
@@ -262,10 +289,11 @@ constexpr std::array kSetParameters{
     Parameter{.Name = "DATA", .About = "its new data", .IsRequired = true, .Most = kAnyNumber},
     Parameter{.Name = "--type", .About = "sz, expand, dword, qword, binary or multi", .Value = "TYPE"},
 };
-constexpr std::array kImportParameters{Parameter{.Name = "FILE", .About = "the file", .IsRequired = true}};
+constexpr std::array kImportParameters{
+    Parameter{.Name = "FILE", .About = "the file; - for standard input", .IsRequired = true}};
 constexpr std::array kExportParameters{
     kKey,
-    Parameter{.Name = "FILE", .About = "the file; standard output when left out"},
+    Parameter{.Name = "FILE", .About = "the file; - for standard output, also when left out"},
     Parameter{.Name = "--utf16", .About = "write UTF-16, as Windows does, instead of UTF-8"},
 };
 constexpr std::array kOptions{kJsonOption, kColourOption, kWidthOption};

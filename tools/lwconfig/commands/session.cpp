@@ -2,17 +2,20 @@
 #include <string>
 
 #include <tools/lwconfig/commands/commands.h>
+#include <tools/lwconfig/file_argument.h>
 #include <tools/lwconfig/members/report.h>
 #include <tools/lwconfig/members/session.h>
 #include <tools/lwconfig/terminal.h>
+
+#include <lwconfig/core/text.h>
 
 namespace lwconfig::tool {
 namespace {
 
 void Run(const Arguments& arguments, Reporter& reporter) {
   const std::string file = arguments.Text("FILE");
-  const std::string text = SourceText(file);
-  CommandSource source{file, text, {}};
+  const std::string text = DecodeText(ReadSource(file));
+  CommandSource source{SourceName(file), text, {}};
   Model model(reporter);
   Session session(model);
   WithFaults(reporter, source, [&] {

@@ -11,7 +11,6 @@
 #include <tools/lwconfig/view/json.h>
 #include <tools/lwconfig/view/table.h>
 
-#include <lwconfig/core/disk_file.h>
 #include <lwconfig/platform/letter_case.h>
 #include <lwconfig/templates/phrases.h>
 
@@ -20,13 +19,7 @@ namespace {
 
 /// The languages that a folder of the template has files of.
 std::vector<std::string> LanguagesOf(const PageTemplate& pageTemplate, const std::string& kind) {
-  DiskFile listing;
-  listing.SetFolder(pageTemplate.RootFolder + kind);
-  std::vector<std::string> languages;
-  for (const DiskFile& file : listing.Files("*.txt")) {
-    if (file.Exists()) languages.push_back(file.BaseName());
-  }
-  return languages;
+  return LanguageTexts(kind).Languages(pageTemplate.RootFolder);
 }
 
 /// The texts of a language; where its file is damaged, which is reported, those that could be read.

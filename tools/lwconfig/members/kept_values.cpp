@@ -43,6 +43,23 @@ std::string KeptValues::KeyText(const Variant& value) {
   return key != nullptr ? name + " " + automation::ToText(mModel.Invoke(*object, key, kPropertyGet)) : name;
 }
 
+/// The values of the object's other properties, objects aside. Those that cannot be read are left out.
+std::vector<Variant> KeptValues::OtherValues(const AnyObject& object, const ClassInfo::Member& member) {
+  std::vector<Variant> values;
+  for (const ClassInfo::Member& other : object.Class->Members()) {
+    const bool isValue = other.Get != nullptr && other.Get->ParameterCount == 0 &&
+                         other.Get->Result.Kind != automation::ValueKind::Object &&
+                         other.Get->Result.Kind != automation::ValueKind::Enumerator;
+    if (!isValue || &other == &member) continue;
+    try {
+      values.push_back(mModel.Invoke(object, other.Name, kPropertyGet));
+    } catch (const Error&) {
+      continue;
+    }
+  }
+  return values;
+}
+
 /// Nothing for a property that cannot be read.
 std::optional<std::string> KeptValues::Read(const Value& value) {
   try {
@@ -66,8 +83,10 @@ void KeptValues::Set(const MemberPath& path, const Way& way, const ClassInfo::Me
     value.BeforeText = KeyText(value.Before);
     value.WantedText = KeyText(wanted);
   }
+  const auto others = OtherValues(way.back(), member);
   std::array<Variant, 1> argument{std::move(wanted)};
   mModel.Invoke(way.back(), member.Name, isObject ? kPropertySet : kPropertyLet, argument);
+  value.ChangesOthers = OtherValues(way.back(), member) != others;
   if (!isChecked || value.BeforeText == value.WantedText) return;
   const auto now = Read(value);
   if (!now) return;
@@ -129,7 +148,7 @@ void KeptValues::Check(const Value& value, const std::string& location) {
     return;
   }
   const std::string now = KeyText(found->Value);
-  if (now == value.WantedText) return;
+  if (now == value.WantedText || value.ChangesOthers) return;
   const std::string reads = "'" + ValueText(found->Value, found->Type) + "'";
   if (value.IsStoredAtOnce || HasEffect(value, location, now)) {
     mModel.Report().Note("'" + value.WantedText + "' is stored, but " + location + " reads as " + reads);

@@ -37,6 +37,7 @@ class KeptValues {
     SetPlace Place{};
     bool IsObject = false;
     bool IsStoredAtOnce = false;
+    bool ChangesOthers = false;  // setting it changed other properties of the object
     Variant Before{};
     std::string BeforeText{};  // these are made while the objects are in the model
     std::string WantedText{};
@@ -45,6 +46,7 @@ class KeptValues {
 
   std::optional<std::string> Read(const Value& value);
   std::string KeyText(const Variant& value);
+  std::vector<Variant> OtherValues(const AnyObject& object, const automation::ClassInfo::Member& member);
   std::optional<std::string> Locate(const Value& value);
   void Check(const Value& value, const std::string& location);
   bool HasEffect(const Value& value, const std::string& location, const std::string& now);

@@ -10,14 +10,19 @@
 
 namespace lwconfig::tool {
 
-/// Commands on objects of one's own, each told of with what it gave: what programs do with the object model,
+/// Commands on objects of one's own, each reported with its result: what programs do with the object model,
 /// written down.
 ///
-///     NAME = new CLASS               NAME = get PATH, NAME = call PATH ARG...: an object that paths may
-///     begin with get PATH                       set PATH VALUE, call PATH ARG...: as the commands of these
-///     names each PATH                      the items of a collection same PATH PATH                 whether
-///     both are one object NAME = connect PATH EVENT COMMAND...   runs the command whenever the event is
-///     raised close NAME                     until its connection is closed
+///     NAME = new CLASS                       a new object; paths may begin with its name
+///     NAME = get PATH                        an object, named likewise
+///     NAME = call PATH ARG...                the object that a method gives, named likewise
+///     get PATH                               as the command of this name
+///     set PATH VALUE                         as the command of this name
+///     call PATH ARG...                       as the command of this name
+///     each PATH                              the items of a collection
+///     same PATH PATH                         whether both are one object
+///     NAME = connect PATH EVENT COMMAND...   runs the command whenever the event is raised
+///     close NAME                             ends such a connection
 class Session {
  public:
   explicit Session(Model& model) : mModel(model), mEditor(model) {}

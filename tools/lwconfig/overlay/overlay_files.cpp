@@ -16,8 +16,9 @@ using platform::FolderEntry;
   throw std::system_error(std::make_error_code(std::errc::no_such_file_or_directory), std::string(path));
 }
 
+/// That of the root stays.
 std::string_view WithoutSeparator(std::string_view path) {
-  while (path.ends_with('\\') || path.ends_with('/')) path.remove_suffix(1);
+  while (path.size() > 1 && (path.ends_with('\\') || path.ends_with('/'))) path.remove_suffix(1);
   return path;
 }
 
@@ -25,7 +26,8 @@ std::string_view NameOf(std::string_view path) {
   return path.substr(path.find_last_of("\\/") + 1);
 }
 std::string_view FolderOf(std::string_view path) {
-  return WithoutSeparator(path.substr(0, path.find_last_of("\\/") + 1));
+  const std::string_view folder = path.substr(0, path.find_last_of("\\/") + 1);
+  return folder.empty() ? "." : WithoutSeparator(folder);
 }
 
 class OverlayReplacement final : public platform::FileReplacement {
@@ -105,7 +107,7 @@ std::vector<FolderEntry> OverlayFiles::List(std::string_view folder) {
   for (const Entry& entry : mEntries)
     put(entry.Change.Path, entry.Change.New ? EntryKind::File : EntryKind::Missing);
   std::ranges::stable_sort(entries, [](const FolderEntry& a, const FolderEntry& b) {
-    return CompareIgnoringCase(a.Name, b.Name) < 0;
+    return CompareInCapitals(a.Name, b.Name) < 0;
   });
   return entries;
 }
