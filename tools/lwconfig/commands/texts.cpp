@@ -151,7 +151,7 @@ With --compare the exit status is 1 when languages differ.
 constexpr const char* kPhraseExamples = R"(
 Examples:
   lwconfig phrase VBTechDoc English
-  lwconfig phrase VBTechDoc German NoMembers
+  lwconfig phrase VBTechDoc German GettingStarted
   lwconfig phrase VBTechDoc --compare
 )";
 constexpr const char* kScrapExamples = R"(
