@@ -21,8 +21,6 @@ TEST(Contracts, ComeFromTheHeaders) {
   const std::tuple<const char*, const char*, const char*, const char*> kRows[] = {
       {"above several members", "Root", "VBOptions",
        "The user's options. They hold no values: each read and write goes to the registry."},
-      {"with the value at first", "PageLayout", "DependantCount",
-       "How many of them the page depends on. At first `-1`."},
       {"of getter and setter", "NodeDef", "ParentKey",
        "The key of the parent node; empty for a root node. When set: does not change the parent until "
        "`CementReferences` runs."},
@@ -32,8 +30,6 @@ TEST(Contracts, ComeFromTheHeaders) {
        "or under that key. Error 5 for an unknown key, 9 for a position out of range."},
       {"of an option", "VBOptions", "VBAShowFriend",
        "The application value `ShowFriend` of the section `VBA`. At first True."},
-      {"of an event", "PageLayouts", "ContentsChange", "Raised at the end of every `Add` that succeeded."},
-      {"of a value", "NodeTypeEnum", "ntSmart", "repeats for every code element of one kind"},
       {"of nothing", "VariableDefs", "Colour", ""}};
   for (const auto& [what, owner, member, text] : kRows) EXPECT_EQ(Contract(owner, member), text) << what;
   EXPECT_EQ(Summary(Contract("Root", "VBOptions")), "The user's options.");

@@ -248,24 +248,15 @@ TEST_F(DispatchTest, PropertiesHaveTheirNewValueWhenTheOldOneEnds) {
   }
 }
 
-TEST_F(DispatchTest, EventHandlersDoNoHarm) {
+TEST_F(DispatchTest, FailuresOfEventHandlersAreReportedOnTheirOwn) {
   const AnyObject layouts = New("PageLayouts");
-  int calls = 0;
-  Connection second;
-  Connection first = Connect(layouts, "contentschange", [&] {
-    ++calls;
-    second.Close();
-    first.Close();
-    Call(layouts, "Remove", {1});
-    // A failure of an operation that a handler begins is reported on its own.
+  Connection connection = Connect(layouts, "contentschange", [&] {
+    connection.Close();
     EXPECT_EQ(testing::ErrorOf([&] { Call(layouts, "Remove", {7}); }).Number(), kReportedFailure);
   });
-  second = Connect(layouts, "ContentsChange", [&] { calls += 100; });
-  Call(layouts, "Add", {New("PageLayout")});
-  Call(layouts, "Add", {New("PageLayout")});
-  EXPECT_EQ(calls, 1);
+  for (int i = 0; i < 2; ++i) Call(layouts, "Add", {New("PageLayout")});
   EXPECT_EQ(Component.Reports.size(), 1U);
-  EXPECT_EQ(Call(layouts, "Count"), Variant(1));
+  EXPECT_EQ(Call(layouts, "Count"), Variant(2));
 }
 
 }  // namespace
