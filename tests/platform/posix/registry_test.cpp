@@ -114,7 +114,8 @@ TEST_F(RegistryTest, MakesSeveralChangesInOneStep) {
   EXPECT_EQ(Host.List(kUser, "none"), std::nullopt);
   Write("K\\B\\C", "", "");
   Write("k\\a", "", "");
-  EXPECT_EQ(Host.List(kUser, "K")->Keys, (std::vector<std::string>{"a", "B"}));
+  Write("K\\\\D", "", "");  // with a separator that is repeated
+  EXPECT_EQ(Host.List(kUser, "K")->Keys, (std::vector<std::string>{"a", "B", "D"}));
   EXPECT_EQ(Host.List(kUser, "K")->Values[1].first, "w");
   EXPECT_EQ(Host.List(kUser, "")->Keys, (std::vector<std::string>{"K", "Ka"}));
   EXPECT_EQ(Host.List(kUser, "K\\B")->Values.size(), 0U);
