@@ -28,6 +28,10 @@ class RootTest : public testing::ConfigurationTest {
 
 TEST_F(RootTest, EveryRootHandsOutTheSameObjectsUntilTheLastIsGone) {
   AddTemplate("A", "", "LW.Core");
+  const auto withoutRoot = std::make_shared<PageTemplates>();
+  withoutRoot->Load();
+  EXPECT_EQ(withoutRoot->Count(), 1);
+  EXPECT_EQ(SharedSlot<NamespaceProfiles>::Get(), nullptr);
   std::optional<Root> first{std::in_place};
   const auto templates = first->PageTemplates();
   const std::weak_ptr<PlugIns> plugIns = first->PlugIns();
@@ -53,14 +57,6 @@ TEST_F(RootTest, EveryRootHandsOutTheSameObjectsUntilTheLastIsGone) {
   EXPECT_EQ(fresh.PageTemplates()->Count(), 2);
   EXPECT_NE(fresh.NamespaceProfiles(), profiles);
   EXPECT_THAT(Messages, IsEmpty());
-}
-
-TEST_F(RootTest, ACatalogueLoadedWithoutAnyRootKeepsNothingShared) {
-  const auto catalogue = std::make_shared<PageTemplates>();
-  AddTemplate("A", "", "LW.Core");
-  catalogue->Load();
-  EXPECT_EQ(catalogue->Count(), 1);
-  EXPECT_EQ(SharedSlot<NamespaceProfiles>::Get(), nullptr);
 }
 
 TEST_F(RootTest, KeepsWhatAFailingLoadLeft) {
@@ -137,12 +133,10 @@ TEST_F(RootTest, ReplacedObjectsAreSharedUntilTheReset) {
   root.ReplaceTaggedCommentDefs(definitions);
   root.ReplaceModelCommentProfiles(profiles);
   root.ReplaceCommentFileLocations(locations);
-  EXPECT_EQ(other.ExternalDocs(), docs);
-  EXPECT_EQ(other.TaggedCommentDefs(), definitions);
-  EXPECT_EQ(other.ModelCommentProfiles(), profiles);
-  EXPECT_EQ(other.CommentFileLocations(), locations);
   EXPECT_EQ(ErrorOf([&] { root.ReplaceExternalDocs(nullptr); }).Number(), kObjectNotSet);
-  EXPECT_EQ(other.ExternalDocs(), docs);
+  EXPECT_EQ(std::tuple(other.ExternalDocs(), other.TaggedCommentDefs(), other.ModelCommentProfiles(),
+                       other.CommentFileLocations()),
+            std::tuple(docs, definitions, profiles, locations));
   EXPECT_EQ(root.VSNETOptions(), other.VSNETOptions());
   EXPECT_EQ(root.Languages(), other.Languages());
   root.ResetLWConfig();

@@ -29,8 +29,8 @@ const char* KeyProperty(const ClassInfo& itemClass) {
 }
 
 bool IsFileName(std::string_view name, const TypeInfo& type) {
-  constexpr std::array<std::string_view, 5> kEndings{"FileName", "Folder", "FilePath", "FullPath",
-                                                     "DefaultPath"};
+  constexpr std::array<std::string_view, 6> kEndings{"FileName", "Folder",      "FilePath",
+                                                     "FullPath", "DefaultPath", "Dictionary"};
   return type.Kind == ValueKind::Text &&
          std::ranges::any_of(kEndings, [&](std::string_view ending) { return name.ends_with(ending); });
 }

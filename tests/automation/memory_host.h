@@ -5,11 +5,12 @@
 #include <mutex>
 #include <system_error>
 
+#include <tests/memory_registry.h>
+
 #include <lwconfig/platform/files.h>
 #include <lwconfig/platform/folders.h>
 #include <lwconfig/platform/letter_case.h>
 #include <lwconfig/platform/message_box.h>
-#include <lwconfig/platform/registry.h>
 
 namespace lwconfig::testing {
 
@@ -91,26 +92,6 @@ class MemoryFiles final : public platform::Files {
   std::map<std::string, File> mFiles;
 };
 
-/// Values in memory; keys are not known otherwise.
-class MemoryValues final : public platform::Registry {
- public:
-  std::optional<platform::RegistryValue> Read(platform::Hive, std::string_view key,
-                                              std::string_view name) override {
-    const auto found = mValues.find({FoldCase(key), FoldCase(name)});
-    return found == mValues.end() ? std::nullopt : std::optional(found->second);
-  }
-  std::optional<platform::RegistryKey> List(platform::Hive, std::string_view) override { return {}; }
-  void Apply(const std::vector<platform::RegistryChange>& changes) override {
-    for (const auto& change : changes) {
-      if (change.Kind == platform::RegistryChange::Kinds::Value)
-        mValues[{FoldCase(change.Key), FoldCase(change.Name)}] = change.Value;
-    }
-  }
-
- private:
-  std::map<std::pair<std::string, std::string>, platform::RegistryValue> mValues;
-};
-
 /// A whole host in memory, with a small configuration. While it lives, no call reaches the real one.
 class MemoryHost {
  public:
@@ -137,7 +118,7 @@ class MemoryHost {
   };
 
   MemoryFiles mFiles;
-  MemoryValues mRegistry;
+  MemoryRegistry mRegistry;
   OneFolder mFolders;
   platform::ScopedHost<platform::Files> mFilesScope{mFiles};
   platform::ScopedHost<platform::Registry> mRegistryScope{mRegistry};

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <algorithm>
+#include <cmath>
 #include <cstdint>
 #include <functional>
 #include <limits>
@@ -10,13 +11,12 @@
 #include <vector>
 
 #include <tests/automation/memory_host.h>
+#include <tests/error_component.h>
 
 #include <lwconfig/automation/dispatch.h>
 #include <lwconfig/automation/published.h>
-#include <lwconfig/core/error_reporter.h>
 #include <lwconfig/core/instance_count.h>
 #include <lwconfig/core/shared_slots.h>
-#include <lwconfig/platform/components.h>
 
 namespace lwconfig::automation {
 
@@ -29,49 +29,31 @@ class RandomCalls {
     for (const ClassInfo* info : PublishedClasses()) {
       if (info->IsCreatable()) mObjects.push_back(info->Create());
     }
-    mComponent = platform::RegisterComponent(std::string(kErrorComponent),
-                                             [] { return std::make_unique<SilentComponent>(); });
   }
   ~RandomCalls() {
     // These two outlive every root.
     Root root;
     root.SetDefaultToolbarStyle(ToolbarStyleOfficeXP);
     root.SetReloadFlag(false);
-    platform::RegisterComponent(std::string(kErrorComponent), std::move(mComponent));
   }
   RandomCalls(const RandomCalls&) = delete;
   RandomCalls& operator=(const RandomCalls&) = delete;
 
   /// Values of every type, the odd ones among them.
   static const std::vector<Variant>& Values() {
-    using Limits = std::numeric_limits<std::int32_t>;
-    static const std::vector<Variant> values{Variant(),
-                                             Null{},
-                                             Missing{},
-                                             true,
-                                             false,
-                                             std::int16_t{1},
-                                             std::int16_t{-32768},
-                                             0,
-                                             1,
-                                             -1,
-                                             Limits::max(),
-                                             Limits::min(),
-                                             0.5,
-                                             1e300,
-                                             -1.0,
-                                             std::numeric_limits<double>::quiet_NaN(),
-                                             std::string(),
-                                             std::string("1"),
-                                             std::string("True"),
-                                             std::string("LW:Method"),
-                                             std::string("%%x%%"),
-                                             std::string("C:\\Config"),
-                                             std::string("<a b='1'><c/></a>"),
-                                             std::string("a\0b", 3),
-                                             std::string("\xff"),
-                                             AnyObject{},
-                                             AnyObject{std::make_shared<int>(), nullptr}};
+    static const std::vector<Variant> values = [] {
+      using Limits = std::numeric_limits<std::int32_t>;
+      std::vector<Variant> all{Variant(), Null{},          Missing{},           true,
+                               false,     std::int16_t{1}, std::int16_t{-32768}};
+      for (const auto number : {0, 1, -1, Limits::max(), Limits::min()}) all.emplace_back(number);
+      for (const double number : {0.5, 1e300, -1.0, std::nan("")}) all.emplace_back(number);
+      for (const char* text :
+           {"", "1", "True", "LW:Method", "%%x%%", "C:\\Config", "<a b='1'><c/></a>", "\xff"})
+        all.emplace_back(std::string(text));
+      all.insert(all.end(),
+                 {std::string("a\0b", 3), AnyObject{}, AnyObject{std::make_shared<int>(), nullptr}});
+      return all;
+    }();
     return values;
   }
 
@@ -135,10 +117,6 @@ class RandomCalls {
   }
 
  private:
-  struct SilentComponent final : platform::Component {
-    void Receive(std::string_view /*text*/) override {}
-  };
-
   template <class T>
   static std::uint32_t Size(const T& all) {
     return static_cast<std::uint32_t>(all.size());
@@ -217,7 +195,7 @@ class RandomCalls {
   }
 
   testing::MemoryHost mHost;
-  platform::ComponentFactory mComponent;
+  testing::ErrorComponent mComponent{[this] { mComponent.Reports.clear(); }};
   std::function<std::uint32_t(std::uint32_t)> mChoose;
   std::vector<AnyObject> mObjects;
   std::vector<AnyObject> mHeld;

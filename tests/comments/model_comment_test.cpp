@@ -107,12 +107,9 @@ TEST_F(ModelCommentFiles, AreEmptyAfterAFailure) {
   ModelComments set;
   set.Add(std::make_shared<ModelComment>());
   set.SetDirty(true);
-  EXPECT_THAT(ErrorOf([&] { set.LoadFromFile(Path("none.xml")); }).what(),
-              ::testing::StartsWith(Path("none.xml:1:1: ")));
+  EXPECT_EQ(ErrorOf([&] { set.LoadFromFile(Path("none.xml")); }).Number(), kInvalidCall);
   EXPECT_EQ(set.FileName, Path("none.xml"));
-  EXPECT_EQ(set.Count(), 0);
-  EXPECT_TRUE(set.Dirty());
-  EXPECT_FALSE(set.IsPopulated);
+  EXPECT_EQ(std::tuple(set.Count(), set.Dirty(), set.IsPopulated), std::tuple(0, true, false));
 }
 
 TEST_F(ModelCommentFiles, AreKeptPerProfile) {
@@ -133,14 +130,11 @@ TEST_F(ModelCommentFiles, AreKeptPerProfile) {
 
   Write("modelcomments/a.xml", Profile("A"));
   Write("modelcomments/c.xml", "\n " + Profile("a"));
-  for (const auto& [number, place] : {std::pair(kDuplicateKey, "2:3: "), {kInvalidCall, "1:1: "}}) {
-    ModelCommentProfiles failing;
-    const auto failure = ErrorOf([&] { failing.Load(); });
-    EXPECT_EQ(failure.Number(), number);
-    EXPECT_THAT(failure.what(), ::testing::StartsWith(Path("modelcomments\\c.xml:") + place));
-    EXPECT_THAT(Names(failing), ElementsAre("A", "Collections"));
-    Write("modelcomments/c.xml", "<");
-  }
+  ModelCommentProfiles failing;
+  const auto failure = ErrorOf([&] { failing.Load(); });
+  EXPECT_EQ(failure.Number(), kDuplicateKey);
+  EXPECT_THAT(failure.what(), ::testing::StartsWith(Path("modelcomments\\c.xml:2:3: ")));
+  EXPECT_THAT(Names(failing), ElementsAre("A", "Collections"));
 }
 
 TEST_F(ModelCommentFiles, StayInTheirFolder) {
@@ -153,10 +147,8 @@ TEST_F(ModelCommentFiles, StayInTheirFolder) {
   for (const char* name : {"", "..\\Bad", "a/b", "C:Bad", "..", "a\tb", "\x7F"}) {
     Profiles.Item(2)->Name = name;
     EXPECT_EQ(ErrorOf([&] { Profiles.Save(); }).Number(), kBadFileName) << name;
-    EXPECT_TRUE(Profiles.Dirty) << name;
-    EXPECT_TRUE(Exists("modelcomments/.NET First.xml")) << name;
-    EXPECT_FALSE(Exists("modelcomments/Last.xml")) << name;
-    EXPECT_FALSE(Exists("Bad.xml")) << name;
+    EXPECT_TRUE(Profiles.Dirty && Exists("modelcomments/.NET First.xml")) << name;
+    EXPECT_FALSE(Exists("modelcomments/Last.xml") || Exists("Bad.xml")) << name;
   }
   Profiles.Item(2)->Name = "Fine...";
   Files.Fail(FileOperation::Write, "Last.xml", ENOSPC);

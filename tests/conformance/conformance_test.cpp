@@ -1,13 +1,12 @@
 #include <gtest/gtest.h>
 #include <tests/automation/memory_host.h>
 #include <tests/conformance/interpreter.h>
+#include <tests/error_component.h>
 #include <tests/paths.h>
 
 #include <lwconfig/automation/conversion.h>
 #include <lwconfig/automation/dispatch.h>
 #include <lwconfig/automation/published.h>
-#include <lwconfig/core/error_reporter.h>
-#include <lwconfig/platform/components.h>
 
 namespace lwconfig::automation {
 namespace {
@@ -107,18 +106,12 @@ class DispatchFace final : public testing::Face {
   }
 };
 
-struct SilentComponent final : platform::Component {
-  void Receive(std::string_view) override {}
-};
-
 TEST(ConformanceTest, LateBoundCallsGiveTheTranscript) {
   const testing::MemoryHost host;
-  const auto previous = platform::RegisterComponent(std::string(kErrorComponent),
-                                                    [] { return std::make_unique<SilentComponent>(); });
+  const testing::ErrorComponent component;
   DispatchFace face;
   EXPECT_EQ(testing::Interpreter(face).Run(testing::kConformanceFolder),
             testing::Interpreter::Transcript(testing::kConformanceFolder));
-  platform::RegisterComponent(std::string(kErrorComponent), previous);
 }
 
 }  // namespace

@@ -50,10 +50,10 @@ TEST_F(ApplicationValues, RegistryAccessTakesTextsAndNumbers) {
     registry.SetValue(kCurrentUser, "Software\\Test", "Value", value, type);
     return registry.GetValue(kCurrentUser, "software\\test", "VALUE");
   };
-  EXPECT_EQ(roundTrip("grün", 1), RegistryData("grün"));
-  EXPECT_EQ(roundTrip(-7, 1), RegistryData("-7"));
-  EXPECT_EQ(roundTrip(-7, 4), RegistryData(-7));
-  EXPECT_EQ(roundTrip("12", 4), RegistryData(12));
+  using Row = std::tuple<RegistryData, std::int32_t, RegistryData>;
+  for (const auto& [value, type, read] :
+       {Row{"grün", 1, "grün"}, Row{-7, 1, "-7"}, Row{-7, 4, -7}, Row{"12", 4, 12}})
+    EXPECT_EQ(roundTrip(value, type), read);
   EXPECT_EQ(registry.GetValue(kLocalMachine, "Software\\Test", "Value"), RegistryData());
   EXPECT_EQ(ErrorOf([&] { roundTrip("twelve", 4); }).Number(), kTypeMismatch);
   EXPECT_EQ(ErrorOf([&] { roundTrip("x", 3); }).Number(), kInvalidCall);
@@ -75,26 +75,21 @@ TEST_F(ApplicationValues, AFailingRegistryIsAnError) {
 // In a process of its own, begun anew, because the folder is found once for the life of a process.
 TEST_F(ApplicationValues, TheNewestFrameworkFolderIsTheGreatestName) {
   ::testing::FLAGS_gtest_death_test_style = "threadsafe";
-  struct Row {
-    std::vector<const char*> Entries;
-    std::string Newest;
-  };
-  for (const Row& row :
-       std::vector<Row>{{{}, ""},
-                        {{"v1.0.3705/x", "v1.1.4322/x", "v2.0.50727/x", "z-a-file"}, "v2.0.50727"},
-                        {{"V4.0/x", "v2.0.50727/x"}, "v2.0.50727"},
-                        {{"v2.0.50727/x", "x86/x"}, "x86"}}) {
+  using Row = std::pair<const char*, std::string>;
+  for (const auto& row : {Row{"", ""}, Row{"v1.0.3705/x v1.1.4322/x v2.0.50727/x z-a-file", "v2.0.50727"},
+                          Row{"V4.0/x v2.0.50727/x", "v2.0.50727"}, Row{"v2.0.50727/x x86/x", "x86"}}) {
     const auto chooses = [&] {
       const testing::TemporaryFolder windows;
       testing::FixedFolders folders(Product(windows.Path()));
       const platform::ScopedHost<platform::Folders> scope(folders);
       const std::string base = folders.WindowsFolder() + "\\Microsoft.NET\\Framework\\";
-      for (const std::string entry : row.Entries) windows.Write("Microsoft.NET/Framework/" + entry, "");
-      if (DotNetPath() != base + row.Newest + "\\") return 1;
+      for (const auto entry : Split(row.first, " "))
+        if (!entry.empty()) windows.Write("Microsoft.NET/Framework/" + std::string(entry), "");
+      if (DotNetPath() != base + row.second + "\\") return 1;
       windows.Write("Microsoft.NET/Framework/zzz/x", "");
-      return DotNetPath() == base + row.Newest + "\\" ? 0 : 2;
+      return DotNetPath() == base + row.second + "\\" ? 0 : 2;
     };
-    EXPECT_EXIT(::_exit(chooses()), ::testing::ExitedWithCode(0), "") << row.Newest;
+    EXPECT_EXIT(::_exit(chooses()), ::testing::ExitedWithCode(0), "") << row.second;
   }
 }
 

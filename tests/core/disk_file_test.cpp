@@ -1,3 +1,5 @@
+#include <array>
+
 #include <tests/configuration.h>
 
 #include <lwconfig/core/disk_file.h>
@@ -17,7 +19,7 @@ class DiskFiles : public testing::ConfigurationTest {
 };
 
 TEST(Paths, AreSplitAndJoined) {
-  using Row = std::tuple<const char*, const char*, const char*, const char*, const char*>;
+  using Row = std::array<std::string_view, 5>;
   for (const auto& [path, folder, baseName, extension, joined] :
        {Row{"", "", "", "", ""},
         Row{"C:\\Config\\config.xml", "C:\\Config\\", "config", "xml", "C:\\Config\\config.xml"},
@@ -34,11 +36,10 @@ TEST(Paths, AreSplitAndJoined) {
         Row{"name.xml", "", "name", "xml", "name.xml"}, Row{"\\.hidden", "\\", "", "hidden", "\\.hidden"},
         Row{"\\ends.", "\\", "ends.", "", "\\ends."},
         Row{"\\v2.0.50727", "\\", "v2.0", "50727", "\\v2.0.50727"}}) {
-    const DiskFile file{std::string_view(path)};
-    EXPECT_EQ(file.FolderPath(), folder) << path;
-    EXPECT_EQ(file.BaseName(), baseName) << path;
-    EXPECT_EQ(file.Extension(), extension) << path;
-    EXPECT_EQ(file.FullPath(), joined) << path;
+    const DiskFile file(path);
+    EXPECT_EQ(std::tuple(file.FolderPath(), file.BaseName(), file.Extension(), file.FullPath()),
+              std::tuple(folder, baseName, extension, joined))
+        << path;
   }
   DiskFile file("C:\\Config", "config", "xml");
   EXPECT_EQ(file.FullPath(), "C:\\Config\\config.xml");
@@ -51,8 +52,7 @@ TEST(Paths, AreSplitAndJoined) {
 TEST_F(DiskFiles, ReadTextWithAndWithoutOpening) {
   Write("Umlaut.txt", "gr\xFCn");
   DiskFile file = At("umlaut.TXT");
-  EXPECT_TRUE(file.Exists());
-  EXPECT_FALSE(file.IsFolder());
+  EXPECT_TRUE(file.Exists() && !file.IsFolder());
   EXPECT_EQ(file.ReadAll(), "grün");
   file.Open(3, 1, 1, 32767);
   EXPECT_TRUE(file.IsOpen());
@@ -69,8 +69,7 @@ TEST_F(DiskFiles, ReadTextWithAndWithoutOpening) {
   EXPECT_EQ(ErrorOf([&] { missing.Delete(); }).Number(), kFileNotFound);
   EXPECT_EQ(DiskFile().ReadAll(), "");
   DiskFile folder = At("");
-  EXPECT_TRUE(folder.IsFolder());
-  EXPECT_FALSE(folder.Exists());
+  EXPECT_TRUE(folder.IsFolder() && !folder.Exists());
   folder.Open(3, 1);
   EXPECT_FALSE(folder.IsOpen());
   EXPECT_EQ(ErrorOf([&] { file.Open(1, 1); }).Number(), kInvalidCall);

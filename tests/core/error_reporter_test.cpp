@@ -1,8 +1,9 @@
-#include <tests/configuration.h>
+#include <map>
 
-#include <lwconfig/core/error_reporter.h>
+#include <tests/configuration.h>
+#include <tests/error_component.h>
+
 #include <lwconfig/core/instance_count.h>
-#include <lwconfig/platform/components.h>
 
 namespace lwconfig {
 namespace {
@@ -16,24 +17,6 @@ using ::testing::StartsWith;
 
 class ErrorReporter : public testing::ConfigurationTest {
  protected:
-  ~ErrorReporter() override { platform::RegisterComponent(std::string(kErrorComponent), mPrevious); }
-
-  /// Installs the error-reporting component; its reports are kept in `Reports`.
-  void InstallComponent(const std::function<void()>& onReport = [] {}) {
-    struct Recorder final : platform::Component {
-      Recorder(std::vector<std::string>& reports, std::function<void()> onReport)
-          : Reports(reports), OnReport(std::move(onReport)) {}
-      void Receive(std::string_view text) override {
-        Reports.emplace_back(text);
-        OnReport();
-      }
-      std::vector<std::string>& Reports;
-      std::function<void()> OnReport;
-    };
-    mPrevious = platform::RegisterComponent(std::string(kErrorComponent), [this, onReport] {
-      return std::make_unique<Recorder>(Reports, onReport);
-    });
-  }
   template <class Work>
   static auto Publish(const Operation& operation, Work work) {
     return RunPublished([&] { return operation; }, work);
@@ -49,11 +32,7 @@ class ErrorReporter : public testing::ConfigurationTest {
       });
     });
   }
-  std::vector<std::string> Reports;
   int Changes = 0;
-
- private:
-  platform::ComponentFactory mPrevious;
 };
 
 TEST_F(ErrorReporter, ShowsOneMessageAndReturnsNothingWithoutTheComponent) {
@@ -75,40 +54,37 @@ TEST_F(ErrorReporter, ShowsOneMessageAndReturnsNothingWithoutTheComponent) {
 }
 
 TEST_F(ErrorReporter, ReportsOnceToTheComponentAndRaises65535) {
-  InstallComponent();
+  const testing::ErrorComponent component;
   const auto failure = ErrorOf([&] { Fail(); });
   EXPECT_EQ(failure.Number(), kReportedFailure);
   EXPECT_EQ(failure.Position().Line, 3);
   EXPECT_THAT(Messages, IsEmpty());
-  ASSERT_EQ(Reports.size(), 1U);
-  const auto report = Parse(Reports[0]);
-  const auto text = [&](const char* name) {
-    for (const XMLElement child : report.Children())
-      if (child.IsNamed(name)) return child.Text();
-    return std::string("none");
-  };
-  EXPECT_EQ(text("Module"), "PageTemplates");
-  EXPECT_EQ(text("Procedure"), "Save");
-  EXPECT_EQ(text("Number"), "457");
-  EXPECT_EQ(text("Description"), "config.xml:3:14: The key is used twice");
-  EXPECT_EQ(text("Source"), "LWConfigObjects");
-  EXPECT_NE(text("Line"), "0");
+  ASSERT_EQ(component.Reports.size(), 1U);
+  std::map<std::string, std::string> told;
+  for (const XMLElement child : Parse(component.Reports[0]).Children()) told[child.Name()] = child.Text();
+  for (const auto& [name, text] : {std::pair("Module", "PageTemplates"),
+                                   {"Procedure", "Save"},
+                                   {"Number", "457"},
+                                   {"Description", "config.xml:3:14: The key is used twice"},
+                                   {"Source", "LWConfigObjects"}})
+    EXPECT_EQ(told[name], text);
+  EXPECT_NE(told.at("Line"), "0");
 }
 
 // Code of others runs during a report. Its own failures are reported, but not those in reports of these.
 TEST_F(ErrorReporter, ReportsFailuresDuringAReport) {
   std::vector<std::int32_t> raised;
   const auto failAgain = [&] { raised.push_back(ErrorOf([&] { Fail(); }).Number()); };
-  InstallComponent(failAgain);
-  failAgain();
-  EXPECT_EQ(Reports.size(), 2U);
+  {
+    const testing::ErrorComponent component(failAgain);
+    failAgain();
+    EXPECT_EQ(component.Reports.size(), 2U);
+  }
   EXPECT_THAT(raised, ElementsAre(kDuplicateKey, kReportedFailure, kReportedFailure));
 
-  platform::RegisterComponent(std::string(kErrorComponent), nullptr);
   int boxes = 0;
   const auto previous = platform::SetMessageBoxHandler([&](const platform::Message&) {
-    ++boxes;
-    if (boxes == 1) {
+    if (++boxes == 1) {
       EXPECT_EQ(Fail(), 0);
     } else {
       EXPECT_EQ(ErrorOf([&] { Fail(); }).Number(), kDuplicateKey);
@@ -120,17 +96,15 @@ TEST_F(ErrorReporter, ReportsFailuresDuringAReport) {
 }
 
 TEST_F(ErrorReporter, ReportsParametersWhateverTheyHold) {
-  InstallComponent();
+  const testing::ErrorComponent component;
   for (const std::string& value :
        {std::string("<\"Element\">"), std::string("a\0b", 3), std::string("\xFF")}) {
-    Reports.clear();
-    const auto failure = ErrorOf([&] {
-      Publish({"Root", "Item", {{"Key", value}}}, [] { throw Error(kTypeMismatch, "Type mismatch"); });
-    });
+    const auto fail = [] { throw Error(kTypeMismatch, "Type mismatch"); };
+    const auto failure = ErrorOf([&] { Publish({"Root", "Item", {{"Key", value}}}, fail); });
     EXPECT_EQ(failure.Number(), kReportedFailure) << failure.what();
-    ASSERT_EQ(Reports.size(), 1U);
-    EXPECT_THAT(Reports[0], HasSubstr("Key"));
+    EXPECT_THAT(component.Reports.back(), HasSubstr("Key"));
   }
+  EXPECT_EQ(component.Reports.size(), 3U);
   EXPECT_THAT(FailureReport(Error(5, "x"), {"M", "P", {{"Key", "<\"E\">"}}}), HasSubstr("&lt;\"E\"&gt;"));
 }
 

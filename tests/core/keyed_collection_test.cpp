@@ -46,18 +46,16 @@ TEST(KeyedCollection, InsertsBeforeOrAfterOrNotAtAll) {
   things.Add(std::make_shared<Thing>(7), "", {}, 6);
   EXPECT_THAT(Ids(things), ElementsAre(4, 1, 2, 5, 6, 3, 7));
 
-  struct Row {
-    const char* Key;
-    ItemKey Before;
-    ItemKey After;
-    int Error;
-  };
-  for (const Row& row : {Row{"k5", {}, {}, kDuplicateKey}, Row{"k5", 1, {}, kDuplicateKey},
-                         Row{"new", "none", {}, kInvalidCall}, Row{"new", {}, "none", kInvalidCall},
-                         Row{"new", 0, {}, kSubscriptOutOfRange}, Row{"new", {}, 8, kSubscriptOutOfRange},
-                         Row{"new", 9, 1, kSubscriptOutOfRange}, Row{"new", "", 1, kInvalidCall}}) {
-    const auto add = [&] { things.Add(std::make_shared<Thing>(9), row.Key, row.Before, row.After); };
-    EXPECT_EQ(ErrorOf(add).Number(), row.Error) << row.Before.Description() << row.After.Description();
+  using Row = std::tuple<const char*, ItemKey, ItemKey, int>;
+  for (const auto& [key, before, after, error] :
+       {Row{"k5", {}, {}, kDuplicateKey}, Row{"k5", 1, {}, kDuplicateKey},
+        Row{"new", "none", {}, kInvalidCall}, Row{"new", {}, "none", kInvalidCall},
+        Row{"new", 0, {}, kSubscriptOutOfRange}, Row{"new", {}, 8, kSubscriptOutOfRange},
+        Row{"new", 9, 1, kSubscriptOutOfRange}, Row{"new", "", 1, kInvalidCall}}) {
+    const auto work = [&, &k = key, &b = before, &a = after] {
+      things.Add(std::make_shared<Thing>(9), k, b, a);
+    };
+    EXPECT_EQ(ErrorOf(work).Number(), error) << before.Description() << after.Description();
   }
   EXPECT_EQ(ErrorOf([&] { things.Add(nullptr, "new"); }).Number(), kObjectNotSet);
   EXPECT_EQ(ErrorOf([&] { things.Remove("new"); }).Number(), kInvalidCall);

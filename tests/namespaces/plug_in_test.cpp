@@ -7,7 +7,6 @@ namespace {
 
 using testing::Each;
 using ::testing::ElementsAre;
-using testing::ErrorOf;
 
 std::string Element(const std::string& name, const char* tag = "PlugIn") {
   return "<" + std::string(tag) + " Name='" + name +
@@ -51,23 +50,6 @@ TEST_F(PlugInFolder, HoldsSeveralPlugInsPerFile) {
   EXPECT_EQ(plugIns.Item(key), nullptr);
   plugIns.LoadFrom(ConfigFolder() + "\\none");
   EXPECT_EQ(plugIns.Count(), 0);
-}
-
-TEST_F(PlugInFolder, EndsAtAnIncompletePlugIn) {
-  const std::string complete = Element("B");
-  for (const char* name : {"Name", "Description", "ExtendsWizard", "WizardProgID", "ExtendsContent",
-                           "ContentProgID", "ExtendsTableOfContents", "TableOfContentsProgID"}) {
-    std::string incomplete = complete;
-    incomplete.insert(incomplete.find(std::string(" ") + name + "=") + 1, "x");
-    Write("PlugIns/a.xml", "<any>\n" + Element("A") + "\n" + incomplete + Element("C") + "</any>");
-    Write("PlugIns/b.xml", "<any>" + Element("D") + "</any>");
-    PlugIns plugIns;
-    const auto failure = ErrorOf([&] { plugIns.LoadFrom(ConfigFolder() + "/plugins"); });
-    EXPECT_EQ(failure.Number(), kInvalidCall) << name;
-    EXPECT_EQ(failure.Position().Line, 3) << name;
-    EXPECT_EQ(failure.Position().Column, 2) << name;
-    EXPECT_THAT(Each(plugIns, &PlugIn::Name), ElementsAre("A")) << name;
-  }
 }
 
 }  // namespace

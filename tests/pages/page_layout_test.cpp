@@ -37,8 +37,8 @@ TEST(PageLayouts, DeriveTheNamespaceFromThePageType) {
   EXPECT_EQ(derived("'3' Namespace='LW:Module'"), "3 LW:Module");
   EXPECT_EQ(derived("'0'", "Libraries"), "0 LW:Project");
   EXPECT_EQ(derived("'99'", "LIBRARIES"), "99 LW:Project");
-  EXPECT_EQ(derived("'13'", "libraries"), "13 ");
-  EXPECT_EQ(derived("'-1'", "libraries"), "-1 ");
+  for (const char* type : {"13", "-1"})
+    EXPECT_EQ(derived("'" + std::string(type) + "'", "libraries"), std::string(type) + " ");
   EXPECT_EQ(derived("'0'", "libraries.html"), "0 ");
 }
 
@@ -78,10 +78,12 @@ x.hhz||)",
 }
 
 TEST(PageLayouts, LoadWhatTheySave) {
-  EXPECT_EQ(Loaded("Name='' FileName='' TitleTemplate='' DependantCount='12abc'")->DependantCount, 12);
-  EXPECT_EQ(Loaded("Name='' FileName='' TitleTemplate='' DependantCount='abc'")->DependantCount, 0);
-  EXPECT_EQ(Loaded("Name='' FileName='' TitleTemplate='' DependantCount='1e10'")->DependantCount, -1);
-  EXPECT_EQ(Loaded("Name='' FileName='' TitleTemplate=''")->DependantCount, -1);
+  testing::ExpectSavedAttributes(
+      "DependantCount='12abc' -> DependantCount='12' | DependantCount='abc' -> DependantCount='0'\n"
+      "DependantCount='1e10' -> DependantCount='-1' | x='' -> DependantCount='-1'",
+      [](const std::string& attributes) {
+        return Loaded("Name='' FileName='' TitleTemplate='' " + attributes);
+      });
   const auto layout = Loaded(
       "titletemplate='%%a%%.html' FILENAME='a\".html' name='N' DependantOnNamespace='LW:Event' "
       "DependantOnNamespace_Filter='a&#10;&lt;b' DependantCount='2'");
@@ -106,9 +108,7 @@ TEST(PageLayouts, KeepWhatWasReadBeforeAMissingAttribute) {
   PageLayout layout;
   const auto e = Parse("<PageLayout Name='n' FileName='f' PageType='3'/>");
   EXPECT_EQ(ErrorOf([&] { layout.Load(e); }).Number(), kInvalidCall);
-  EXPECT_EQ(layout.FileName, "f");
-  EXPECT_EQ(layout.PageType, pgMethod);
-  EXPECT_EQ(layout.Namespace, "");
+  EXPECT_EQ(std::tuple(layout.FileName, layout.PageType, layout.Namespace), std::tuple("f", pgMethod, ""));
 }
 
 TEST(PageLayouts, TellEveryAdditionThatSucceeded) {

@@ -107,13 +107,11 @@ TEST_F(Templates, LoadTheLayoutsThatTheirFolderHas) {
   again->Load(Parse(Saved(*loaded)));
   EXPECT_THAT(Each(*again->PageLayouts(), &PageLayout::FileName),
               ElementsAre("sub\\page.html", "samples.html", "template.hhc"));
-}
 
-TEST_F(Templates, WithoutAFolderHaveNoLayouts) {
   Files.Fail(FileOperation::List, "", EACCES);
-  const auto loaded = std::make_shared<PageTemplate>();
-  loaded->Load(Parse("<PageTemplate Name='' Description=''/>"));
-  EXPECT_EQ(loaded->PageLayouts()->Count(), 0);
+  const auto withoutFolder = std::make_shared<PageTemplate>();
+  withoutFolder->Load(Parse("<PageTemplate Name='' Description=''/>"));
+  EXPECT_EQ(withoutFolder->PageLayouts()->Count(), 0);
 }
 
 TEST_F(Templates, CollectNodesOutsideAnyDefinition) {

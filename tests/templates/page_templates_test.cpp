@@ -39,6 +39,7 @@ class Catalogue : public testing::ConfigurationTest {
 TEST_F(Catalogue, HoldsOneTemplatePerFolderWithAConfiguration) {
   AddTemplate("b", "Blue");
   AddTemplate("A", "\xC4nderung");  // in Windows-1252
+  for (const char* name : {"SDK_Style", "sdkdotNET", ".NET Reference"}) AddTemplate(name, name);
   Write("Templates/Empty/page.html", "");
   Write("Templates/Folder/config.xml/x", "");
   Write("Templates/file.txt", "");
@@ -48,27 +49,19 @@ TEST_F(Catalogue, HoldsOneTemplatePerFolderWithAConfiguration) {
   for (int load = 0; load < 2; ++load) {
     Catalog->TemplateFolder = "elsewhere";
     Catalog->Load();
-    EXPECT_THAT(Names(), ElementsAre("Änderung", "Blue", "blue"));
+    EXPECT_THAT(Names(), ElementsAre(".NET Reference", "Änderung", "Blue", "blue", "sdkdotNET", "SDK_Style"));
   }
   ASSERT_EQ(Diagnostics.size(), 2U);
   EXPECT_EQ(Diagnostics[1].Position.File, PathOf("C\\config.xml"));
   EXPECT_EQ(Diagnostics[1].Position.Column, 2);
   EXPECT_THAT(Diagnostics[1].Message, HasSubstr("\"blue\" in the folder \"" + PathOf("b\\")));
   EXPECT_EQ(Catalog->TemplateFolder, ConfigFolder() + "\\Templates");
-  EXPECT_EQ(Catalog->Item(1)->RootFolder, PathOf("A\\"));
-  EXPECT_EQ(Catalog->Item("äNDERUNG"), Catalog->Item(1));
-  EXPECT_EQ(Catalog->Item("BLUE"), Catalog->Item(2));
-  EXPECT_EQ(Catalog->Item("red"), nullptr);
-  EXPECT_EQ(Catalog->Item(4), nullptr);
+  EXPECT_EQ(Catalog->Item(2)->RootFolder, PathOf("A\\"));
+  for (const auto& [name, position] : {std::pair("äNDERUNG", 2), {"BLUE", 3}, {"red", 7}})
+    EXPECT_EQ(Catalog->Item(name), Catalog->Item(position)) << name;
   EXPECT_EQ(ErrorOf([&] { Catalog->Remove("Blue"); }).Number(), kInvalidCall);
   Catalog->Add(TemplateIn("x"), "blue");
-  EXPECT_EQ(Catalog->Item("BLUE"), Catalog->Item(4));
-}
-
-TEST_F(Catalogue, TakesFoldersOfAnyNameInTheOrderOfTheirCapitals) {
-  for (const char* name : {"SDK_Style", "sdkdotNET", ".NET Reference"}) AddTemplate(name, name);
-  Catalog->Load();
-  EXPECT_THAT(Names(), ElementsAre(".NET Reference", "sdkdotNET", "SDK_Style"));
+  EXPECT_EQ(Catalog->Item("BLUE"), Catalog->Item(7));
 }
 
 TEST_F(Catalogue, TellsAMissingFolderAndADuplicateKey) {
@@ -105,17 +98,12 @@ TEST_F(Catalogue, EndsItsLoadAtAFailingTemplate) {
   AddTemplate("C", "Last");
   const std::string start = "<?xml version='1.0'?>\r\n<PageTemplate Name='Grün' Description=''>\r\n";
   for (const auto& [text, error, place] :
-       {Row{"", kInvalidCall, ":1:1: "}, Row{"not XML", kInvalidCall, ":1:1: "},
-        Row{"<PageTemplate Name='x'", kInvalidCall, ":1:1: "},
-        Row{"\n\n <PageTemplate Description=''/>", kInvalidCall, ":3:3: "},
+       {Row{"\n\n <PageTemplate Description=''/>", kInvalidCall, ":3:3: "},
         Row{start + " <!-- ö --> <PageLayout Name='' FileName=''/></PageTemplate>", kInvalidCall, ":3:14: "},
         Row{start + "<VariableDef Name='' Description=''/><TOCDefinition Name='t' "
                     "Description=''>\r\n<NodeDef/>",
             kInvalidCall, ":4:2: "},
         Row{start + "<NamespaceDef/></PageTemplate>", kInvalidCall, ":3:2: "},
-        Row{start + "<VariableDef Name='v' Description=''/>\n<VariableDef Name='V' "
-                    "Description=''/></PageTemplate>",
-            kDuplicateKey, ":4:2: "},
         Row{start + "<EnabledPlugins><Plugin>p</Plugin>\n <Plugin>P</Plugin></EnabledPlugins></PageTemplate>",
             kDuplicateKey, ":4:3: "}}) {
     WriteConfig("B", text);
@@ -140,12 +128,11 @@ TEST_F(Catalogue, EndsItsLoadAtAnUnreadableFile) {
   EXPECT_EQ(failure.Position().File, PathOf("C\\config.xml"));
   EXPECT_THAT(Names(), ElementsAre("A", "B"));
   Files.Heal();
-  Files.Fail(FileOperation::List, "B\\", EACCES);
-  EXPECT_EQ(ErrorOf([&] { Catalog->Load(); }).Position().File, PathOf("B\\"));
-  EXPECT_THAT(Names(), ElementsAre("A"));
-  Files.Fail(FileOperation::List, "Templates\\", EACCES);
-  EXPECT_EQ(ErrorOf([&] { Catalog->Load(); }).Number(), kPermissionDenied);
-  EXPECT_EQ(Catalog->Count(), 0);
+  for (const auto& [folder, count] : {std::pair("B\\", 1), {"Templates\\", 0}}) {
+    Files.Fail(FileOperation::List, folder, EACCES);
+    EXPECT_EQ(ErrorOf([&] { Catalog->Load(); }).Number(), kPermissionDenied);
+    EXPECT_EQ(Catalog->Count(), count);
+  }
 }
 
 TEST_F(Catalogue, KeepsOneBackup) {

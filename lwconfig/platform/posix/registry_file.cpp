@@ -123,7 +123,8 @@ std::unordered_map<std::string, RegistryKey> RegistryFile::Listing() const {
     while (met.insert(FoldCase(key)).second) {
       listing[FoldCase(key)];
       const std::size_t cut = key.rfind('\\');
-      const std::string_view parent = key.substr(0, cut == std::string_view::npos ? 0 : cut);
+      // Separators may be repeated: a key without a name would be its own parent.
+      const std::string_view parent = TrimmedKey(key.substr(0, cut == std::string_view::npos ? 0 : cut));
       listing[FoldCase(parent)].Keys.emplace_back(key.substr(cut + 1));
       key = parent;
     }

@@ -38,8 +38,10 @@ std::optional<RegistryPath> ParseRegistryPath(std::string_view path) {
   const std::string_view root = path.substr(0, path.find(separator));
   const auto hive = HiveNamed(root);
   if (!hive) return std::nullopt;
-  std::string key(path.substr(root.size()));
-  std::ranges::replace(key, separator, '\\');
+  std::string key;
+  for (const char c : path.substr(root.size())) {
+    if (c != separator || !key.ends_with('\\')) key += c == separator ? '\\' : c;
+  }
   return RegistryPath{*hive, std::string(TrimmedKey(key))};
 }
 

@@ -21,14 +21,15 @@ class HostServices : public lwconfig::testing::PrivateHost {
 };
 
 TEST_F(HostServices, ShellFoldersAreTheDesktopsOwn) {
-  EXPECT_EQ(ShellFolder(5), Product("home/Documents"));
+  for (const auto& [id, folder] : {std::pair(5, Product("home/Documents")),
+                                   {0x4005, Product("home/Documents")},
+                                   {0x1a, Product("home/.config")},
+                                   {0x28, Product("home")},
+                                   {0x24, Folders::Native().WindowsFolder()},
+                                   {0x77, ""}})
+    EXPECT_EQ(ShellFolder(id), folder) << id;
   EXPECT_TRUE(std::filesystem::is_directory(Below("home/Documents")));
-  EXPECT_EQ(ShellFolder(0x4005), Product("home/Documents"));
-  EXPECT_EQ(ShellFolder(0x1a), Product("home/.config"));
-  EXPECT_EQ(ShellFolder(0x28), Product("home"));
-  EXPECT_EQ(ShellFolder(0x24), "C:\\Windows");
   EXPECT_EQ(Folders::Native().WindowsFolder(), "C:\\Windows");
-  EXPECT_EQ(ShellFolder(0x77), "");
 
   Folder.Write("home/.config/user-dirs.dirs",
                "# XDG_DOCUMENTS_DIR=\"$HOME/No\"\nXDG_DOCUMENTS_DIR=\"$HOME/Meine \\\"Dokumente\\\"\"\n"
@@ -79,10 +80,10 @@ TEST_F(HostServices, ComponentsAreFoundInAnyLetterCase) {
 }
 
 TEST_F(HostServices, TheEnvironmentIsTheProcesss) {
-  Set("LWCONFIG_DISPLAY_WIDTH", "1280");
-  EXPECT_EQ(Environment::Native().DisplayWidth(), 1280);
-  Set("LWCONFIG_DISPLAY_WIDTH", "wide");
-  EXPECT_EQ(Environment::Native().DisplayWidth(), 0);
+  for (const auto& [text, width] : {std::pair("1280", 1280), {"wide", 0}}) {
+    Set("LWCONFIG_DISPLAY_WIDTH", text);
+    EXPECT_EQ(Environment::Native().DisplayWidth(), width);
+  }
   Set("LWCONFIG_DISPLAY_WIDTH", nullptr);
   EXPECT_GE(Environment::Native().DisplayWidth(), 0);
   // The test program was started with a name, and whatever follows are its arguments.
@@ -91,10 +92,7 @@ TEST_F(HostServices, TheEnvironmentIsTheProcesss) {
 }
 
 TEST_F(HostServices, DecodesStrictly) {
-  EXPECT_EQ(DecodeAs("Gr\xfc\xdf"
-                     "e \x80",
-                     "windows-1252"),
-            "Grüße €");
+  EXPECT_EQ(DecodeAs("gr\xfcn \x80", "windows-1252"), "grün €");
   EXPECT_EQ(DecodeAs(std::string("a\0\xac\x20", 4), "UTF-16LE"), "a€");
   EXPECT_EQ(DecodeAs(std::string(5000, '\xe9'), "iso-8859-1").value_or("").size(), 10'000U);
   EXPECT_EQ(DecodeAs("", "UTF-8"), "");

@@ -80,4 +80,14 @@ int FailureOf(Work work) {
   }
 }
 
+/// The same in another process, which is one of a user without any rights where this one has all.
+template <class Work>
+int FailureAsNobody(Work work) {
+  return ExitStatus(StartProcess([&] {
+    constexpr uid_t kNobody = 65534;
+    if (::geteuid() == 0 && ::setresuid(kNobody, kNobody, kNobody) != 0) return 254;
+    return FailureOf(work);
+  }));
+}
+
 }  // namespace lwconfig::testing

@@ -1,3 +1,4 @@
+#include <gmock/gmock.h>
 #include <tests/platform/posix/private_host.h>
 
 #include <lwconfig/platform/registry.h>
@@ -82,50 +83,48 @@ TEST_F(RegistryFormat, AcceptsEveryEncoding) {
 }
 
 TEST_F(RegistryFormat, TellsWhereAFileIsDamaged) {
-  struct Row {
-    std::string Text;
-    int Line;
-    int Column;
-    const char* Message;
-  };
-  for (const Row& row : {
-           Row{" ", 1, 1, "found ' '"},
-           Row{"Windows Registry Editor Version 4.00\n", 1, 1, "\"REGEDIT4\", found 'W'"},
-           Row{"\xef\xbb\xbf\n" + kHeader, 1, 1, "found the end of the line"},
-           Row{kHeader + "\"v\"=\"1\"\n", 2, 1, "expected a key in square brackets"},
-           Row{kBegin + "v=1\n", 4, 1, "expected a key, a value or a comment, found 'v'"},
-           Row{kBegin + std::string(3, '\0'), 4, 1, "found a control character"},
-           Row{kBegin + "[HKCU\\Soft \r\n", 4, 12, "expected ']', found the end of the line"},
-           Row{kBegin + "[]\n", 4, 2, "expected the name of a key"},
-           Row{kBegin + "[HKCU\\a] b\n", 4, 10, "expected the end of the line, found 'b'"},
-           Row{kBegin + "\"äö\" \"1\"\n", 4, 6, "expected '=', found '\"'"},
-           Row{kBegin + "\"v\"=\n", 4, 5, "expected a text in quotes"},
-           Row{kBegin + "\"v\"=€\n", 4, 5, "found '€'"},
-           Row{kBegin + "\"v\"=\"C:\\x\"\n", 4, 9, "after a backslash, found 'x'"},
-           Row{kBegin + "\"v\"=\"a\nb\"x\n", 5, 3, "expected the end of the line, found 'x'"},
-           Row{kBegin + "\n\"v\"=\"open\n\n", 5, 5, "expected a closing quote"},
-           Row{kBegin + "\"v\"=dword:\r\n", 4, 11, "expected a hexadecimal digit, found the end of the line"},
-           Row{kBegin + "\"v\"=dword:123456789\n", 4, 19, "found '9'"},
-           Row{kBegin + "\"v\"=hex(2:00\n", 4, 10, "expected ')'"},
-           Row{kBegin + "\"v\"=hex:01,0g\n", 4, 13, "found 'g'"},
-           Row{kBegin + "\"v\"=hex:01,\\\n", 5, 1, "expected a hexadecimal digit, found the end of the file"},
-           Row{kBegin + "\"v\"=hex:01,\\x\n", 4, 13, "expected the end of the line after a backslash"},
+  using Row = std::tuple<std::string, const char*, const char*>;
+  for (const auto& [text, place, message] : {
+           Row{" ", "1:1", "found ' '"},
+           Row{"Windows Registry Editor Version 4.00\n", "1:1", "\"REGEDIT4\", found 'W'"},
+           Row{"\xef\xbb\xbf\n" + kHeader, "1:1", "found the end of the line"},
+           Row{kHeader + "\"v\"=\"1\"\n", "2:1", "expected a key in square brackets"},
+           Row{kBegin + "v=1\n", "4:1", "expected a key, a value or a comment, found 'v'"},
+           Row{kBegin + std::string(3, '\0'), "4:1", "found a control character"},
+           Row{kBegin + "[HKCU\\Soft \r\n", "4:12", "expected ']', found the end of the line"},
+           Row{kBegin + "[]\n", "4:2", "expected the name of a key"},
+           Row{kBegin + "[HKCU\\a] b\n", "4:10", "expected the end of the line, found 'b'"},
+           Row{kBegin + "\"äö\" \"1\"\n", "4:6", "expected '=', found '\"'"},
+           Row{kBegin + "\"v\"=\n", "4:5", "expected a text in quotes"},
+           Row{kBegin + "\"v\"=€\n", "4:5", "found '€'"},
+           Row{kBegin + "\"v\"=\"C:\\x\"\n", "4:9", "after a backslash, found 'x'"},
+           Row{kBegin + "\"v\"=\"a\nb\"x\n", "5:3", "expected the end of the line, found 'x'"},
+           Row{kBegin + "\n\"v\"=\"open\n\n", "5:5", "expected a closing quote"},
+           Row{kBegin + "\"v\"=dword:\r\n", "4:11",
+               "expected a hexadecimal digit, found the end of the line"},
+           Row{kBegin + "\"v\"=dword:123456789\n", "4:19", "found '9'"},
+           Row{kBegin + "\"v\"=hex(2:00\n", "4:10", "expected ')'"},
+           Row{kBegin + "\"v\"=hex:01,0g\n", "4:13", "found 'g'"},
+           Row{kBegin + "\"v\"=hex:01,\\\n", "5:1",
+               "expected a hexadecimal digit, found the end of the file"},
+           Row{kBegin + "\"v\"=hex:01,\\x\n", "4:13", "expected the end of the line after a backslash"},
        }) {
-    SetText(row.Text);
-    const auto fails = [&](auto action) {
+    SetText(text);
+    const auto failureOf = [](auto action) -> std::string {
       try {
         action();
-        ADD_FAILURE() << row.Text;
+        return "nothing failed";
       } catch (const RegistryFormatError& error) {
-        EXPECT_EQ(error.File, Below("registry/user.reg"));
-        EXPECT_EQ(error.Line, row.Line) << row.Text << error.what();
-        EXPECT_EQ(error.Column, row.Column) << row.Text << error.what();
-        EXPECT_NE(std::string(error.what()).find(row.Message), std::string::npos) << row.Text << error.what();
+        return error.File + ":" + std::to_string(error.Line) + ":" + std::to_string(error.Column) + " " +
+               error.what();
       }
     };
-    fails([&] { Read("v"); });
-    fails([&] { Registry::Native().Write(Hive::CurrentUser, "Soft", "v", Text("1")); });
-    EXPECT_EQ(Folder.Read("registry/user.reg"), row.Text);
+    const auto isFailure = ::testing::AllOf(::testing::StartsWith(Below("registry/user.reg:") + place + " "),
+                                            ::testing::HasSubstr(message));
+    EXPECT_THAT(failureOf([&] { Read("v"); }), isFailure) << text;
+    EXPECT_THAT(failureOf([&] { Registry::Native().Write(Hive::CurrentUser, "Soft", "v", Text("1")); }),
+                isFailure);
+    EXPECT_EQ(Folder.Read("registry/user.reg"), text);
   }
 }
 

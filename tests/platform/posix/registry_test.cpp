@@ -1,4 +1,6 @@
 #include <filesystem>
+#include <iterator>
+#include <sstream>
 
 #include <sys/stat.h>
 #include <tests/platform/posix/private_host.h>
@@ -9,11 +11,14 @@ namespace lwconfig::platform {
 namespace {
 
 using lwconfig::testing::ExitStatus;
+using lwconfig::testing::FailureAsNobody;
 using lwconfig::testing::FailureOf;
 using lwconfig::testing::StartProcess;
 using Bytes = std::vector<std::uint8_t>;
 
 constexpr auto kUser = Hive::CurrentUser;
+constexpr auto kMachine = Hive::LocalMachine;
+using Kinds = RegistryChange::Kinds;
 
 class RegistryTest : public lwconfig::testing::PrivateHost {
  protected:
@@ -31,17 +36,15 @@ class RegistryTest : public lwconfig::testing::PrivateHost {
 
 TEST_F(RegistryTest, ReadsBackWhatItWrites) {
   EXPECT_EQ(Read("Software", "None"), std::nullopt);
-  const RegistryValue values[] = {
-      Text(""),
-      Text("a \"quoted\"\\path\\\r\nand [another] line\n"),
-      {2, "%TEMP%\\\xc3\xa4"},
-      {3, Bytes{}},
-      {3, Bytes(100, 0xab)},
-      {4, 0U},
-      {4, 0xfffffffeU},
-      {7, Bytes{'a', 0, 0, 0, 0, 0}},
-      {11, Bytes{1, 2, 3, 4, 5, 6, 7, 8}},
-  };
+  const RegistryValue values[] = {Text(""),
+                                  Text("a \"quoted\"\\path\\\r\nand [another] line\n"),
+                                  {2, "%TEMP%\\\xc3\xa4"},
+                                  {3, Bytes{}},
+                                  {3, Bytes(100, 0xab)},
+                                  {4, 0U},
+                                  {4, 0xfffffffeU},
+                                  {7, Bytes{'a', 0, 0, 0, 0, 0}},
+                                  {11, Bytes{1, 2, 3, 4, 5, 6, 7, 8}}};
   int count = 0;
   for (const RegistryValue& value : values) {
     for (const char* name : {"", "Same", "\"odd\\\n]="}) {
@@ -50,17 +53,16 @@ TEST_F(RegistryTest, ReadsBackWhatItWrites) {
       EXPECT_EQ(Read(key, name), value) << UserText();
     }
   }
-  EXPECT_EQ(Host.Read(Hive::LocalMachine, "Software\\Key0", ""), std::nullopt);
-  Host.Write(Hive::LocalMachine, "Software\\Key0", "", Text("machine"));
-  EXPECT_EQ(Host.Read(Hive::LocalMachine, "SOFTWARE\\KEY0", ""), Text("machine"));
+  EXPECT_EQ(Host.Read(kMachine, "Software\\Key0", ""), std::nullopt);
+  Host.Write(kMachine, "Software\\Key0", "", Text("machine"));
+  EXPECT_EQ(Host.Read(kMachine, "SOFTWARE\\KEY0", ""), Text("machine"));
   EXPECT_EQ(Read("Software\\Key0", "same"), Text(""));
   EXPECT_EQ(FailureOf([&] { Write("two\nlines", "v", "x"); }), EINVAL);
 
   // Bytes that are no UTF-8 must not change the encoding of the whole file.
-  Write("Software", "Text", "\xe2\x82\xac");
+  Write("Software", "Text", "€");
   Write("Software", "Other", "\x80");
-  EXPECT_EQ(Read("Software", "Text"), Text("\xe2\x82\xac"));
-  EXPECT_EQ(Read("Software", "Other"), Text("\xe2\x82\xac"));
+  for (const char* name : {"Text", "Other"}) EXPECT_EQ(Read("Software", name), Text("€"));
 }
 
 TEST_F(RegistryTest, KeepsEverythingElseByteForByte) {
@@ -87,7 +89,6 @@ TEST_F(RegistryTest, KeepsEverythingElseByteForByte) {
 }
 
 TEST_F(RegistryTest, MakesSeveralChangesInOneStep) {
-  using Kinds = RegistryChange::Kinds;
   const auto value = [](std::string key, std::string name, std::string text) {
     return RegistryChange{Kinds::Value, kUser, std::move(key), std::move(name), Text(std::move(text))};
   };
@@ -140,14 +141,12 @@ TEST_F(RegistryTest, SeesEveryChangeAtTheNextRead) {
 }
 
 TEST_F(RegistryTest, LooksWhereA64BitSystemKeepsAMachinesKeys) {
-  const auto read = [&](const char* name) {
-    return Host.Read(Hive::LocalMachine, "software\\Maker\\Product", name);
-  };
+  const auto read = [&](const char* name) { return Host.Read(kMachine, "software\\Maker\\Product", name); };
   Folder.Write("registry/machine.reg", "");
   EXPECT_EQ(read("a"), std::nullopt);
-  Host.Write(Hive::LocalMachine, "SOFTWARE\\Wow6432Node\\Maker\\Product", "a", Text("below"));
+  Host.Write(kMachine, "SOFTWARE\\Wow6432Node\\Maker\\Product", "a", Text("below"));
   EXPECT_EQ(read("a"), Text("below"));
-  Host.Write(Hive::LocalMachine, "Software\\Maker\\Product", "A", Text("own"));
+  Host.Write(kMachine, "Software\\Maker\\Product", "A", Text("own"));
   EXPECT_EQ(read("a"), Text("own"));
   Write("Software\\WOW6432Node\\Maker", "a", "user");
   EXPECT_EQ(Read("Software\\Maker", "a"), std::nullopt);
@@ -191,66 +190,59 @@ TEST_F(RegistryTest, IsInTheUsersConfiguration) {
   EXPECT_EQ(FailureOf([&] { Write("Soft", "v", "1"); }), ENOENT);
 }
 
+std::vector<std::string> WordsOf(const std::string& text) {
+  std::istringstream words(text);
+  return {std::istream_iterator<std::string>(words), {}};
+}
+
+/// A file with values of the machine's key "Soft", such as "a=1 b=2"; without the key for "-".
+std::string SoftFile(const std::string& values) {
+  std::string text = values == "-" ? "REGEDIT4\n" : "REGEDIT4\n[HKLM\\Soft]\n";
+  for (const auto& word : WordsOf(values))
+    if (word != "-") text += "\"" + word.substr(0, 1) + "\"=\"" + word.substr(2) + "\"\n";
+  return text;
+}
+
+/// Changes of that key: "a=1" sets a value, "-a" deletes it, "+" makes the key and "-" deletes it.
+std::vector<RegistryChange> SoftChanges(const std::string& text) {
+  std::vector<RegistryChange> changes;
+  for (const auto& word : WordsOf(text)) {
+    RegistryChange change{Kinds::Value, kMachine, "Soft", word.substr(word[0] == '-' ? 1 : 0, 1), {}};
+    if (word == "+" || word == "-") {
+      change = {word == "+" ? Kinds::Key : Kinds::DeletedKey, kMachine, "Soft", {}, {}};
+    } else if (word[0] == '-') {
+      change.Kind = Kinds::DeletedValue;
+    } else {
+      change.Value = {1, word.substr(2)};
+    }
+    changes.push_back(change);
+  }
+  return changes;
+}
+
 TEST_F(RegistryTest, AddsTheUsersOwnValuesToTheMachines) {
-  using Kinds = RegistryChange::Kinds;
-  using Changes = std::vector<RegistryChange>;
-  constexpr auto kMachine = Hive::LocalMachine;
   Set("LWCONFIG_REGISTRY", nullptr);
   std::filesystem::permissions(Folder.Path(), std::filesystem::perms(0755));
-  const auto value = [](std::string name, std::string text) {
-    return RegistryChange{Kinds::Value, kMachine, "Soft", std::move(name), Text(std::move(text))};
-  };
-  const auto deleted = [](std::string name) {
-    return RegistryChange{Kinds::DeletedValue, kMachine, "Soft", std::move(name), {}};
-  };
-  const RegistryChange noKey{Kinds::DeletedKey, kMachine, "Soft", {}, {}};
-  const RegistryChange newKey{Kinds::Key, kMachine, "Soft", {}, {}};
-  const std::string begin = "REGEDIT4\n[HKLM\\Soft]\n";
-  const std::string system = begin + "\"a\"=\"1\"\n\"b\"=\"1\"\n";
-  const std::string own = begin + "\"B\"=\"own\"\n\"o\"=\"own\"\n";
-  struct Row {
-    bool MayWrite;  // the system's file
-    Changes Asked;
-    int Failure;
-    std::string System;
-    std::string Own;
-  };
-  const Row kRows[] = {
-      {true,
-       {value("a", "2"), value("b", "2"), value("c", "2")},
-       0,
-       begin + "\"a\"=\"2\"\n\"b\"=\"1\"\n\"c\"=\"2\"\n",
-       begin + "\"B\"=\"2\"\n\"o\"=\"own\"\n"},
-      {true, {deleted("b")}, 0, begin + "\"a\"=\"1\"\n", begin + "\"o\"=\"own\"\n"},
-      {true, {noKey}, 0, "REGEDIT4\n", "REGEDIT4\n"},
-      {false,
-       {value("a", "2"), value("b", "2")},
-       0,
-       system,
-       begin + "\"B\"=\"2\"\n\"o\"=\"own\"\n\"a\"=\"2\"\n"},
-      {false, {newKey, value("b", "2")}, 0, system, begin + "\"B\"=\"2\"\n\"o\"=\"own\"\n"},
-      {false, {deleted("o"), value("A", "1")}, 0, system, begin + "\"B\"=\"own\"\n"},
-      {false, {deleted("b")}, EACCES, system, own},
-      {false, {noKey}, EACCES, system, own},
-      {false, {value("o", "2"), deleted("a")}, EACCES, system, own},
-  };
-  for (const Row& row : kRows) {
+  const std::string system = SoftFile("a=1 b=1");
+  const std::string own = SoftFile("B=own o=own");
+  using Row = std::tuple<bool, const char*, int, const char*, const char*>;
+  for (const auto& [mayWriteSystem, changes, failure, systemAfter, ownAfter] :
+       {Row{true, "a=2 b=2 c=2", 0, "a=2 b=1 c=2", "B=2 o=own"}, Row{true, "-b", 0, "a=1", "o=own"},
+        Row{true, "-", 0, "-", "-"}, Row{false, "a=2 b=2", 0, "a=1 b=1", "B=2 o=own a=2"},
+        Row{false, "+ b=2", 0, "a=1 b=1", "B=2 o=own"}, Row{false, "-o A=1", 0, "a=1 b=1", "B=own"},
+        Row{false, "-b", EACCES, "a=1 b=1", "B=own o=own"}, Row{false, "-", EACCES, "a=1 b=1", "B=own o=own"},
+        Row{false, "o=2 -a", EACCES, "a=1 b=1", "B=own o=own"}}) {
     const std::string systemFile = Folder.Write("etc/machine.reg", system);
     const std::string ownFile = Folder.Write("home/.config/lwconfig/machine.reg", own);
     for (const std::string& file : {systemFile, ownFile}) {
-      const bool mayWrite = row.MayWrite || file == ownFile;
+      const bool mayWrite = mayWriteSystem || file == ownFile;
       ::chmod(std::filesystem::path(file).parent_path().c_str(), mayWrite ? 0777 : 0555);
       ::chmod(file.c_str(), mayWrite ? 0666 : 0444);
     }
-    const int failure = ExitStatus(StartProcess([&] {
-      constexpr uid_t kNobody = 65534;
-      if (::geteuid() == 0 && ::setresuid(kNobody, kNobody, kNobody) != 0) return 254;
-      return FailureOf([&] { FileRegistry(Below("etc")).Apply(row.Asked); });
-    }));
-    const auto at = &row - kRows;
-    EXPECT_EQ(failure, row.Failure) << at;
-    EXPECT_EQ(Folder.Read("etc/machine.reg"), row.System) << at;
-    EXPECT_EQ(Folder.Read("home/.config/lwconfig/machine.reg"), row.Own) << at;
+    const auto asked = SoftChanges(changes);
+    EXPECT_EQ(FailureAsNobody([&] { FileRegistry(Below("etc")).Apply(asked); }), failure) << changes;
+    EXPECT_EQ(Folder.Read("etc/machine.reg"), SoftFile(systemAfter)) << changes;
+    EXPECT_EQ(Folder.Read("home/.config/lwconfig/machine.reg"), SoftFile(ownAfter)) << changes;
     ::chmod(Below("etc").c_str(), 0777);
     std::filesystem::remove(systemFile);
   }
@@ -261,11 +253,10 @@ TEST_F(RegistryTest, AddsTheUsersOwnValuesToTheMachines) {
   EXPECT_EQ(both.Read(kMachine, "soft", "b"), Text("own"));
   EXPECT_EQ(both.Read(kMachine, "soft", "A"), Text("1"));
   EXPECT_EQ(both.Read(kMachine, "Software\\X", "v"), Text("own"));
-  const auto listed = both.List(kMachine, "Soft");
-  ASSERT_TRUE(listed);
-  EXPECT_EQ(listed->Keys, (std::vector<std::string>{"A", "Wow6432Node"}));
-  EXPECT_EQ(listed->Values,
-            (decltype(listed->Values){{"a", Text("1")}, {"B", Text("own")}, {"o", Text("own")}}));
+  const auto listed = both.List(kMachine, "Soft").value();
+  EXPECT_EQ(listed.Keys, (std::vector<std::string>{"A", "Wow6432Node"}));
+  EXPECT_EQ(listed.Values,
+            (decltype(listed.Values){{"a", Text("1")}, {"B", Text("own")}, {"o", Text("own")}}));
   EXPECT_EQ(both.OwnFile("Soft", "b"), Below("home/.config/lwconfig/machine.reg"));
   EXPECT_EQ(both.OwnFile("Soft", "a"), "");
   Set("LWCONFIG_REGISTRY", Below("etc"));

@@ -11,7 +11,9 @@
 namespace lwconfig::platform {
 namespace {
 
+using namespace std::string_literals;
 using lwconfig::testing::ExitStatus;
+using lwconfig::testing::FailureAsNobody;
 using lwconfig::testing::FailureOf;
 using lwconfig::testing::StartProcess;
 
@@ -28,17 +30,15 @@ class ReplacementTest : public lwconfig::testing::PrivateHost {
   }
   std::string Content() const { return Folder.Read("drives/c/save/Target.xml"); }
   /// The number of entries of the target's folder, hidden ones included.
-  int Entries() const {
-    int count = 0;
-    for ([[maybe_unused]] const auto& entry : std::filesystem::directory_iterator(Below("drives/c/save")))
-      ++count;
-    return count;
+  auto Entries() const {
+    return std::distance(std::filesystem::directory_iterator(Below("drives/c/save")), {});
   }
   struct stat StatusOf(const std::string& relative) const {
     struct stat status {};
     EXPECT_EQ(::stat(Below(relative).c_str(), &status), 0);
     return status;
   }
+  auto ModeOf(const std::string& relative) const { return StatusOf(relative).st_mode & 07777U; }
 
   Files& Host = Files::Native();
 };
@@ -58,8 +58,11 @@ TEST_F(ReplacementTest, PutsContentInPlaceOnlyOnCommit) {
   replacement->Commit();
   EXPECT_EQ(Content(), "first second");
   EXPECT_EQ(Entries(), 1);
-  Save("C:\\save\\empty.xml", "");
-  EXPECT_EQ(Host.Read("C:\\save\\empty.xml"), "");
+  for (const auto& [name, content] : {std::pair("empty.xml"s, ""), {std::string(255, 'n'), "long"}}) {
+    Save("C:\\save\\" + name, content);
+    EXPECT_EQ(Folder.Read("drives/c/save/" + name), content);
+  }
+  EXPECT_EQ(Entries(), 3);
 
   EXPECT_EQ(FailureOf([&] { Host.Replace("C:\\save"); }), EISDIR);
   EXPECT_EQ(FailureOf([&] { Host.Replace("C:\\none\\x.xml"); }), ENOENT);
@@ -79,17 +82,14 @@ TEST_F(ReplacementTest, KeepsPermissionsAndLinks) {
   EXPECT_TRUE(std::filesystem::is_symlink(Below("links/inner")));
   const auto status = StatusOf("drives/c/save/Target.xml");
   EXPECT_EQ(status.st_mode & 07777U, 0640U);
-  if (isOther) {
-    EXPECT_EQ(status.st_uid, 12345U);
-    EXPECT_EQ(status.st_gid, 12346U);
-  }
+  EXPECT_TRUE(!isOther || (status.st_uid == 12345U && status.st_gid == 12346U));
 
   std::filesystem::create_symlink("save/New.xml", Below("drives/c/dangling"));
   const mode_t mask = ::umask(027);
   Save("C:\\dangling", "new");
   ::umask(mask);
   EXPECT_EQ(Folder.Read("drives/c/save/New.xml"), "new");
-  EXPECT_EQ(StatusOf("drives/c/save/New.xml").st_mode & 07777U, 0640U);
+  EXPECT_EQ(ModeOf("drives/c/save/New.xml"), 0640U);
 
   std::filesystem::create_symlink("circle", Below("drives/c/circle"));
   EXPECT_EQ(FailureOf([&] { Host.Replace("C:\\circle"); }), ELOOP);
@@ -108,11 +108,11 @@ TEST_F(ReplacementTest, ANewFileTakesThePlaceOfALinkItself) {
   write();
   EXPECT_EQ(Folder.Read("foreign"), "foreign");
   EXPECT_FALSE(std::filesystem::is_symlink(name));
-  EXPECT_EQ(StatusOf("drives/c/save/copy").st_mode & 07777U, 0640U);
+  EXPECT_EQ(ModeOf("drives/c/save/copy"), 0640U);
   ASSERT_EQ(::chmod(name.c_str(), 0400), 0);
   write();
   EXPECT_EQ(Folder.Read("drives/c/save/copy"), "copied");
-  EXPECT_EQ(StatusOf("drives/c/save/copy").st_mode & 07777U, 0640U);
+  EXPECT_EQ(ModeOf("drives/c/save/copy"), 0640U);
   EXPECT_EQ(FailureOf([&] { Host.Supersede("C:\\save", kTarget); }), EISDIR);
 }
 
@@ -149,23 +149,9 @@ TEST_F(ReplacementTest, TakesOverWhatADeadProcessLeft) {
   EXPECT_EQ(Folder.Read("precious"), "precious");
 }
 
-TEST_F(ReplacementTest, SavesUnderTheLongestName) {
-  const std::string name(255, 'n');
-  Save("C:\\save\\" + name, "long");
-  EXPECT_EQ(Folder.Read("drives/c/save/" + name), "long");
-  EXPECT_EQ(Entries(), 2);
-}
-
 TEST_F(ReplacementTest, IsRefusedWhereThereIsNoPermission) {
   std::filesystem::permissions(Folder.Path(), std::filesystem::perms(0755));
   const std::string folder = Below("drives/c/save");
-  const auto replaceAsNobody = [&] {
-    return ExitStatus(StartProcess([&] {
-      constexpr uid_t kNobody = 65534;
-      if (::geteuid() == 0 && ::setresuid(kNobody, kNobody, kNobody) != 0) return 254;
-      return FailureOf([&] { Host.Replace(kTarget); });
-    }));
-  };
   using Row = std::tuple<mode_t, mode_t, int>;
   // A temporary that may be written is no way around a folder that may not.
   Folder.Write("drives/c/save/.Target.xml.lwtmp", "");
@@ -174,7 +160,8 @@ TEST_F(ReplacementTest, IsRefusedWhereThereIsNoPermission) {
        {Row{0777, 0444, EACCES}, Row{0555, 0666, EACCES}, Row{0777, 0666, 0}}) {
     ::chmod(folder.c_str(), folderMode);
     ::chmod((folder + "/Target.xml").c_str(), fileMode);
-    EXPECT_EQ(replaceAsNobody(), failure) << std::oct << folderMode << ' ' << fileMode;
+    EXPECT_EQ(FailureAsNobody([&] { Host.Replace(kTarget); }), failure)
+        << std::oct << folderMode << ' ' << fileMode;
   }
 }
 

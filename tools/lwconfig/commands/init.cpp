@@ -13,6 +13,7 @@
 #include <lwconfig/core/application_values.h>
 #include <lwconfig/core/disk_file.h>
 #include <lwconfig/core/registry_access.h>
+#include <lwconfig/core/text.h>
 #include <lwconfig/platform/files.h>
 
 namespace lwconfig::tool {
@@ -87,8 +88,16 @@ void Run(const Arguments& arguments, Reporter& reporter) {
   WriteOutput(done + "\n", reporter);
 }
 
+/// The registry holds texts: a name that is none would be registered as another.
+std::string CheckNewFolder(const std::string& given) {
+  return IsValidUtf8(given) ? CheckFolder(given) : "DIR is not UTF-8";
+}
+
 constexpr std::array kParameters{
-    Parameter{.Name = "DIR", .About = "the folder for the new configuration", .IsRequired = true},
+    Parameter{.Name = "DIR",
+              .About = "the folder for the new configuration",
+              .IsRequired = true,
+              .Check = CheckNewFolder},
     Parameter{.Name = "--replace", .About = "register it in place of another configuration"},
     Parameter{.Name = "--no-register", .About = "only copy", .Excludes = "--replace"},
     kJsonOption,

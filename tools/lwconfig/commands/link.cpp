@@ -22,7 +22,7 @@ Examples:
 
 std::string CaptionOf(const Arguments& arguments) {
   for (const char* name : {"--caption", "--member"}) {
-    if (const std::string text = arguments.Text(name); !text.empty()) return text;
+    if (std::string text = arguments.Text(name); !text.empty()) return text;
   }
   return arguments.Text("OBJECT");
 }

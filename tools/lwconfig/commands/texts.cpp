@@ -151,13 +151,13 @@ With --compare the exit status is 1 when languages differ.
 constexpr const char* kPhraseExamples = R"(
 Examples:
   lwconfig phrase VBTechDoc English
-  lwconfig phrase VBTechDoc German Introduction
+  lwconfig phrase VBTechDoc German GettingStarted
   lwconfig phrase VBTechDoc --compare
 )";
 constexpr const char* kScrapExamples = R"(
 Examples:
   lwconfig scrap VBTechDoc English
-  lwconfig scrap VBTechDoc German Closing
+  lwconfig scrap VBTechDoc German NoMembers
   lwconfig scrap VBTechDoc --compare
 )";
 

@@ -144,8 +144,10 @@ void KeptValues::Check(const Value& value, const std::string& location) {
   try {
     found = mModel.Follow(path);
   } catch (const Fault&) {
-    mModel.Report().Note(location + " is saved, but loaded again it is not found");
-    return;
+    throw Fault(ExitStatus::Usage, location + " cannot be set to '" + value.WantedText +
+                                       "': saved and loaded again it is not there")
+        .At(value.Place.Word, value.Place.Offset)
+        .OfEdit(value.Place.Edit);
   }
   const std::string now = KeyText(found->Value);
   if (now == value.WantedText || value.ChangesOthers) return;

@@ -23,8 +23,8 @@ class KeptValues {
   KeptValues(Model& model, Keeper& keeper) : mModel(model), mKeeper(keeper) {}
 
   /// Sets the property. `path` leads to it, through the objects of `way`.
-  void Set(const MemberPath& path, const Way& way, const automation::ClassInfo::Member& member, Variant value,
-           SetPlace place);
+  void Set(const MemberPath& path, const Way& way, const automation::ClassInfo::Member& member,
+           Variant wanted, SetPlace place);
   /// Saves and loads what was changed. Throws a `Fault` for a value that has no effect on what is loaded, and
   /// reports one that is loaded in another form.
   void Save();

@@ -24,7 +24,7 @@ Fault NoValue(const std::string& text, const TypeInfo& type, std::int32_t number
   const bool isNumber = type.Kind == ValueKind::Integer16 || type.Kind == ValueKind::Integer32;
   return Fault(ExitStatus::Usage, "'" + text + "' is not " +
                                       (isFlag          ? "True or False"
-                                       : type.IsColour ? "a colour: #rrggbb, or a whole number 0xBBGGRR"
+                                       : type.IsColour ? "a colour: #rrggbb, or the number that --json prints"
                                        : isNumber      ? "a whole number that fits"
                                                        : "@ and the path of an object, or null"))
       .Numbered(number);
