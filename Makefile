@@ -20,7 +20,7 @@ help:
 	@echo 'make bench     build and run the benchmarks'
 	@echo 'make bench-windows  the same of calls through the Windows server'
 	@echo 'make install   install below PREFIX ($(PREFIX)), staged below DESTDIR'
-	@echo 'make generate  write the reference manual, the interface description and the Python stubs anew'
+	@echo 'make generate  write the manuals, the interface description and the Python stubs anew'
 	@echo 'make format    format the C++ files in place'
 	@echo 'make types     check the types of the Python stubs, their tests and the sample in the README'
 	@echo 'make check     format, types, clang-tidy, tests with sanitizers, and no warnings from clang or gcc'

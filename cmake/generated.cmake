@@ -1,14 +1,15 @@
-# Compares the files in the tree that are written from the published interface with what they should hold, or, with
-# WRITE on, writes them.
+# Compares the files in the tree that are written from the tables of classes and commands with what they should hold,
+# or, with WRITE on, writes them.
 #   cmake -D COMMAND=<lwconfig> -D SOURCE_DIR=<tree> [-D WRITE=ON] -P generated.cmake
 cmake_minimum_required(VERSION 3.25)
 
-set(files com/LWConfigObjects.idl docs/reference.md python/lwconfig/__init__.pyi)
-set(options --idl --markdown --stubs)
+set(files com/LWConfigObjects.idl docs/reference.md python/lwconfig/__init__.pyi docs/lwconfig.1)
+set(commands "describe --idl" "describe --markdown" "describe --stubs" "help --manual-page")
 
 set(stale "")
-foreach(file option IN ZIP_LISTS files options)
-  execute_process(COMMAND ${COMMAND} describe ${option} OUTPUT_VARIABLE wanted COMMAND_ERROR_IS_FATAL ANY)
+foreach(file command IN ZIP_LISTS files commands)
+  separate_arguments(command)
+  execute_process(COMMAND ${COMMAND} ${command} OUTPUT_VARIABLE wanted COMMAND_ERROR_IS_FATAL ANY)
   set(path ${SOURCE_DIR}/${file})
   if(WRITE)
     file(WRITE ${path} "${wanted}")
@@ -24,5 +25,5 @@ foreach(file option IN ZIP_LISTS files options)
 endforeach()
 if(stale)
   list(JOIN stale ", " names)
-  message(FATAL_ERROR "Differs from the published interface: ${names}. `make generate` writes it anew.")
+  message(FATAL_ERROR "Differs from the tables of classes and commands: ${names}. `make generate` writes it anew.")
 endif()

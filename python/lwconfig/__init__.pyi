@@ -1808,10 +1808,10 @@ class SpellingOptions(Object):
     def __init__(self) -> None: ...
     DynamicSpell: bool
     """The application value `DynamicSpell`. At first True."""
-    CustomDictionary: str
+    CustomDictionary: _FilePath
     """Where nothing is stored, the file of that purpose in the common folder of the maker's products. The
     application value `CustomDictionary`."""
-    PrimaryDictionary: str
+    PrimaryDictionary: _FilePath
     """Where nothing is stored, the file of that purpose in the common folder of the maker's products. The
     application value `PrimaryDictionary`."""
     IgnoreMixedCase: bool

@@ -109,7 +109,7 @@ TEST_F(EditTest, WhatCannotBeDoneIsToldAndWritesNothing) {
       {"add PageTemplates[1].TOCDefinitions[1].NodeDefs PageType=pgMethod", 2, "NodeDef.PageType cannot be"},
       {"add ExternalDocs NamespaceName=system*", 3, "already"},
       {"set PageTemplates[1].TOCDefinitions[1].NodeDefs[N1].Key n2", 3, "there is an item 'n2' already"},
-      {"set ModelCommentProfiles[1].Name ../x", 4, "error 52 of LWConfigObjects"},
+      {"set ModelCommentProfiles[1].Name ../x", 3, "error 52 of LWConfigObjects"},
       {"call PageTemplates[1].EnabledPlugins.Add LW.Core --save", 3, "could not be read any more"},
       {"add ExternalDocs NamespaceNam=x", 1, "did you mean 'NamespaceName'?"},
       {"add ExternalDocs x", 2, "MEMBER=VALUE was expected"},
@@ -123,7 +123,7 @@ TEST_F(EditTest, WhatCannotBeDoneIsToldAndWritesNothing) {
       {"call PageTemplates.Remove 7", 3, "error 9 of LWConfigObjects in PageTemplates.Remove"},
   });
   // Never the starter, and never what was read in part.
-  EXPECT_EQ(Run("set PageTemplates[1].Name x").Status, 4);
+  EXPECT_EQ(Run("set PageTemplates[1].Name x").Status, 2);
   EXPECT_EQ(Run("set VBOptions.Grouped True").Status, 0);
   Folder.Write("config/ExternalDocs.xml", "<e><ExternalDoc Namespace=\"A\"/><ExternalDoc/></e>");
   ExpectRefusals({{"set ExternalDocs[1].URLFormat x", 3, "could lose what was not read"}});

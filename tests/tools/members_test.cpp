@@ -191,6 +191,8 @@ TEST_F(MembersTest, CompletesWhatIsBeingTyped) {
       {"add PageTemplates[1].VariableDefs VariableDefType=vdtd", "VariableDefType=vdtDate\n"},
       {"options set VBOptions.WrapW", "VBOptions.WrapWhitespace\n"},
       {"completion z", "zsh\n"},
+      {"help regis", "registry\n"},
+      {"--color never regis", "registry\n"},
       {"get No.Such.Thing[", ""},
       {"get \"A[[(\\\"'\"", ""},
   };

@@ -59,12 +59,12 @@ TEST_F(TerminalTest, TellsThatTheOutputCannotBeWrittenButNotThatItsReaderWentAwa
   ASSERT_EQ(::pipe(ends), 0);
   ::close(ends[0]);
   const int device = ::open("/dev/full", O_WRONLY);
-  for (const auto& [output, message] :
-       {std::pair(device, "lwconfig: error: the output could not be written: No space left on device\n"),
-        {ends[1], ""}}) {
+  for (const auto& [output, status, message] :
+       {std::tuple(device, 4, "lwconfig: error: the output could not be written: No space left on device\n"),
+        {ends[1], 0, ""}}) {
     const auto unwritten = RunIn("show", output);
     ::close(output);
-    EXPECT_EQ(unwritten.Status, 4);
+    EXPECT_EQ(unwritten.Status, status);
     EXPECT_EQ(unwritten.Err, message);
   }
 }

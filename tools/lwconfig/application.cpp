@@ -1,5 +1,6 @@
 #include <exception>
 #include <filesystem>
+#include <system_error>
 
 #include <tools/lwconfig/application.h>
 #include <tools/lwconfig/command_line.h>
@@ -16,8 +17,10 @@ int RunApplication(int argc, const char* const* argv) {
       WithFaults(reporter, {}, [&] { request->Asked->Run(request->Given, reporter); });
   } catch (const std::filesystem::filesystem_error& failure) {
     reporter.Fail(ExitStatus::InputOutput, failure.path1().string() + ": " + failure.code().message());
-  } catch (const std::exception& failure) {
+  } catch (const std::system_error& failure) {
     reporter.Fail(ExitStatus::InputOutput, failure.what());
+  } catch (const std::exception& failure) {
+    reporter.Fail(ExitStatus::Failure, failure.what());
   }
   return static_cast<int>(reporter.Status());
 }

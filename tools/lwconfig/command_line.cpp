@@ -84,21 +84,29 @@ void Read(const CLI::App& app, std::span<const Parameter> parameters, Arguments&
   }
 }
 
-/// What the parser has read for the command and for the action that was given.
-Request RequestOf(const CLI::App& app, const Command& command) {
-  Request request{&command, {}};
-  for (const CLI::App* at = &app;;) {
+/// What the parser has read for the command and for its action. The options of the program itself have been
+/// moved to the command.
+Request RequestOf(const CLI::App& app, const Command& program) {
+  Request request{&program, {}};
+  for (const CLI::App* at = &app; !at->get_subcommands().empty();) {
+    at = at->get_subcommands().front();
+    request.Asked = request.Asked->Action(at->get_name());
     Read(*at, request.Asked->Parameters, request.Given);
     Read(*at, request.Asked->Common, request.Given);
-    const auto actions = at->get_subcommands();
-    if (actions.empty()) return request;
-    at = actions.front();
-    request.Asked = request.Asked->Action(at->get_name());
   }
+  return request;
 }
 
 void FailMisuse(const CLI::ParseError& misuse, Reporter& reporter) {
   reporter.Fail(ExitStatus::Usage, misuse.what() + std::string(" (--help tells what there is)"));
+}
+
+void FailUnknown(const Command& command, const std::string& action, Reporter& reporter) {
+  std::vector<std::string> names;
+  for (const Command* const existing : command.Actions) {
+    if (!existing->IsHidden) names.emplace_back(existing->Name);
+  }
+  reporter.FailUnknown(ExitStatus::Usage, action, std::move(names));
 }
 
 void FailExtra(const CLI::App& app, const Command& program, const CLI::ParseError& misuse,
@@ -111,37 +119,89 @@ void FailExtra(const CLI::App& app, const Command& program, const CLI::ParseErro
   }
   if (command->Actions.empty() || extra.empty() || extra.front().starts_with('-'))
     return FailMisuse(misuse, reporter);
-  std::vector<std::string> names;
-  for (const Command* const action : command->Actions) {
-    if (!action->IsHidden) names.emplace_back(action->Name);
+  FailUnknown(*command, extra.front(), reporter);
+}
+
+/// The parser of the program with all commands.
+std::unique_ptr<CLI::App> MakeParser(const Command& program) {
+  auto app = std::make_unique<CLI::App>(program.About, program.Name);
+  app->formatter(std::make_shared<HelpFormatter>());
+  app->set_help_flag(kHelpOption.Name, kHelpOption.About);
+  app->set_version_flag(kVersionOption.Name, "lwconfig " LWCONFIG_VERSION, kVersionOption.About);
+  Build(*app, program);
+  return app;
+}
+
+/// How many words the option at the beginning of `word` takes, with its value; 0 where the word is none of
+/// these options. Flags of one letter may be in one word, "-jc".
+std::size_t CountWords(std::span<const Parameter> options, const std::string& word) {
+  const bool isLong = word.starts_with("--");
+  for (std::size_t at = 1; at < word.size(); ++at) {
+    const std::string name = isLong ? word.substr(0, word.find('=')) : std::string{'-', word[at]};
+    const auto option = std::ranges::find_if(options, [&](const auto& known) { return known.IsNamed(name); });
+    if (option == options.end()) return 0;
+    const bool hasValue = isLong ? name.size() < word.size() : at + 1 < word.size();
+    if (!option->IsFlag()) return hasValue ? 1 : 2;
+    if (isLong) break;
   }
-  reporter.FailUnknown(ExitStatus::Usage, extra.front(), names);
+  return word.size() > 1 ? 1 : 0;
+}
+
+/// Moves options that come before the command behind its name.
+void MoveOptions(const Command& program, std::vector<std::string>& words) {
+  std::size_t at = 0;
+  while (at < words.size() && words[at].starts_with('-')) {
+    const std::size_t count = CountWords(program.Common, words[at]);
+    if (count == 0) return;
+    at += count;
+  }
+  if (at >= words.size() || program.Action(words[at]) == nullptr) return;
+  const auto command = words.begin() + static_cast<std::ptrdiff_t>(at);
+  std::rotate(words.begin(), command, command + 1);
 }
 
 }  // namespace
 
 std::optional<Request> ReadCommandLine(const Command& program, int argc, const char* const* argv,
                                        Reporter& reporter) {
-  CLI::App app(program.About, program.Name);
-  app.formatter(std::make_shared<HelpFormatter>());
-  app.set_help_flag(kHelpOption.Name, kHelpOption.About);
-  app.set_version_flag(kVersionOption.Name, "lwconfig " LWCONFIG_VERSION, kVersionOption.About);
+  std::vector<std::string> words(argv + std::min(argc, 1), argv + argc);
+  MoveOptions(program, words);
+  std::ranges::reverse(words);
+  const auto app = MakeParser(program);
   try {
-    Build(app, program);
-    app.parse(argc, argv);
-    Request request = RequestOf(app, program);
+    app->parse(std::move(words));
+    Request request = RequestOf(*app, program);
     if (request.Asked->Run != nullptr) return request;
-    WriteOutput(app.help(), reporter);
+    WriteOutput(app->help(), reporter);
   } catch (const CLI::CallForHelp&) {
-    WriteOutput(app.help(), reporter);
+    WriteOutput(app->help(), reporter);
   } catch (const CLI::CallForVersion& version) {
     WriteOutput(std::string(version.what()) + "\n", reporter);
   } catch (const CLI::ExtrasError& misuse) {
-    FailExtra(app, program, misuse, reporter);
+    FailExtra(*app, program, misuse, reporter);
   } catch (const CLI::ParseError& misuse) {
     FailMisuse(misuse, reporter);
   }
   return std::nullopt;
+}
+
+std::optional<std::string> HelpText(const Command& program, std::span<const std::string> words,
+                                    Reporter& reporter) {
+  const auto app = MakeParser(program);
+  const CLI::App* parser = app.get();
+  const Command* command = &program;
+  std::string parents;
+  for (const std::string& word : words) {
+    const Command* const action = command->Action(word);
+    if (action == nullptr) {
+      FailUnknown(*command, word, reporter);
+      return std::nullopt;
+    }
+    parents += (parents.empty() ? "" : " ") + parser->get_name();
+    parser = parser->get_subcommand(word);
+    command = action;
+  }
+  return parser->help(parents);
 }
 
 Request ReadWords(std::span<const Command* const> commands, const std::vector<std::string>& words) {

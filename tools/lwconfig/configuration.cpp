@@ -4,6 +4,7 @@
 #include <utility>
 
 #include <tools/lwconfig/configuration.h>
+#include <tools/lwconfig/members/fault.h>
 
 #include <lwconfig/core/application_values.h>
 #include <lwconfig/platform/files.h>
@@ -67,7 +68,7 @@ Configuration::Configuration(const std::string& folder, Reporter& reporter, Unre
 
 void Configuration::RefuseStarter() const {
   if (!mIsStarter) return;
-  throw Error(kPathNotFound,
+  throw Fault(ExitStatus::Usage,
               "no configuration is registered; name a configuration folder with --config, or begin one "
               "with 'lwconfig init'");
 }

@@ -11,7 +11,7 @@
 namespace lwconfig::tool {
 namespace {
 
-constexpr std::size_t kNamesListed = 30;
+constexpr std::size_t kNamesListed = 10;
 
 /// A path in the product's notation as the host has it; a failure of the host's own names the host's path.
 std::string HostPath(const std::string& path) {
@@ -19,8 +19,8 @@ std::string HostPath(const std::string& path) {
 }
 
 bool IsFileError(std::int32_t number) {
-  return number == kBadFileName || number == kFileNotFound || number == kPermissionDenied ||
-         number == kPathFileAccess || number == kPathNotFound;
+  return number == kFileNotFound || number == kPermissionDenied || number == kPathFileAccess ||
+         number == kPathNotFound;
 }
 
 }  // namespace
@@ -30,6 +30,16 @@ std::string PlaceText(const FilePosition& position) {
   std::string place = Printable(HostPath(position.File)) + ":";
   if (position.Line > 0) place += std::to_string(position.Line) + ":" + std::to_string(position.Column) + ":";
   return place + " ";
+}
+
+std::string Suggestion(std::string_view wanted, std::vector<std::string>& existing,
+                       const std::vector<std::string>& otherNames) {
+  std::string nearest = Nearest(wanted, existing);
+  if (nearest.empty()) nearest = Nearest(wanted, otherNames);
+  if (nearest.empty()) return {};
+  std::erase(existing, nearest);
+  existing.insert(existing.begin(), nearest);
+  return "; did you mean '" + nearest + "'?";
 }
 
 Reporter::Reporter()
@@ -70,14 +80,10 @@ void Reporter::Fail(ExitStatus status, std::string_view text) {
   FailAt(status, {}, text);
 }
 
-void Reporter::FailUnknown(ExitStatus status, std::string_view wanted,
-                           const std::vector<std::string>& existing,
+void Reporter::FailUnknown(ExitStatus status, std::string_view wanted, std::vector<std::string> existing,
                            const std::vector<std::string>& otherNames) {
-  std::string nearest = Nearest(wanted, existing);
-  if (nearest.empty()) nearest = Nearest(wanted, otherNames);
-  std::string text = "there is no '" + std::string(wanted) + "'";
-  if (!nearest.empty()) text += "; did you mean '" + nearest + "'?";
-  FailAt(status, {}, text, existing);
+  const std::string suggestion = Suggestion(wanted, existing, otherNames);
+  FailAt(status, {}, "there is no '" + std::string(wanted) + "'" + suggestion, existing);
 }
 
 void Reporter::FailAt(ExitStatus status, const FilePosition& position, std::string_view text,

@@ -13,10 +13,22 @@
 
 namespace lwconfig::tool {
 
-enum class ExitStatus { Done = 0, NotFound = 1, Usage = 2, Invalid = 3, InputOutput = 4 };
+enum class ExitStatus {
+  Done = 0,
+  NotFound = 1,     // what was asked for does not exist, or what was compared differs
+  Usage = 2,        // the command line asks for what cannot be done
+  Invalid = 3,      // the configuration, or what was to become of it, is not valid
+  InputOutput = 4,  // a file, a folder or the output could not be read or written
+  Failure = 5,      // the program itself failed, such as for want of memory
+};
 
 /// "file:line:column: " as far as the place is known, else "lwconfig: "; the path is the host's.
 std::string PlaceText(const FilePosition& position);
+
+/// "; did you mean 'show'?" where the nearest of the names is near: it is then the first of `existing`. Else
+/// empty.
+std::string Suggestion(std::string_view wanted, std::vector<std::string>& existing,
+                       const std::vector<std::string>& otherNames = {});
 
 /// Tells the user on standard error what went wrong, one line each, and keeps the exit status: the highest of
 /// those that apply. While it lives, the library's warnings and message boxes come here, and its progress
@@ -30,15 +42,15 @@ class Reporter {
 
   /// Something to know that changes nothing.
   void Note(std::string_view text);
-  /// A failure of the library: file errors are `InputOutput`, all others `Invalid`.
+  /// A failure of the library: those of files are `InputOutput`, all others `Invalid`.
   void Fail(const Error& failure);
   void Fail(ExitStatus status, std::string_view text);
   /// `wanted` names nothing; lists the names that would, and suggests the nearest of these and of
   /// `otherNames`.
-  void FailUnknown(ExitStatus status, std::string_view wanted, const std::vector<std::string>& existing,
+  void FailUnknown(ExitStatus status, std::string_view wanted, std::vector<std::string> existing,
                    const std::vector<std::string>& otherNames = {});
   /// Something wrong at a place in a file, or, where that has no name, in the command line. `existing` is
-  /// what there is instead.
+  /// what there is instead; ten names are shown.
   void FailAt(ExitStatus status, const FilePosition& position, std::string_view text,
               const std::vector<std::string>& existing = {});
   /// Raises the exit status and tells nothing.

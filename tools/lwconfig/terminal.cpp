@@ -49,8 +49,7 @@ bool WriteAll(std::string_view text, Reporter& reporter) {
     if (written >= 0) {
       text.remove_prefix(static_cast<std::size_t>(written));
     } else if (errno == EPIPE) {
-      reporter.Raise(ExitStatus::InputOutput);
-      return false;
+      return false;  // the reader has what it wants
     } else if (errno != EINTR) {
       reporter.Fail(ExitStatus::InputOutput,
                     std::string("the output could not be written: ") + std::strerror(errno));

@@ -16,8 +16,7 @@ TextStyle OutputStyle(std::string_view colour, std::size_t columns);
 /// The progress line on standard error; null where that is no terminal that can rewrite a line.
 std::unique_ptr<ProgressLine> ErrorTerminal();
 
-/// Writes to standard output, in full. A failure is reported, but not that the reader has gone: that only
-/// raises the exit status.
+/// Writes to standard output, in full. A failure is reported; that the reader has gone is none.
 void WriteOutput(std::string_view text, Reporter& reporter);
 /// Writes every part in this way until one fails.
 Sink OutputSink(Reporter& reporter);

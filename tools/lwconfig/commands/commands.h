@@ -5,7 +5,7 @@
 
 namespace lwconfig::tool {
 
-/// The program itself: its actions are all commands.
+/// The program itself: its actions are all commands, its options those that may come before one.
 extern const Command kProgram;
 
 extern const Command kShowCommand;
@@ -26,6 +26,7 @@ extern const Command kInitCommand;
 extern const Command kRegistryCommand;
 extern const Command kDescribeCommand;
 extern const Command kCompletionCommand;
+extern const Command kHelpCommand;
 extern const Command kCompleteCommand;  // called by the completion scripts
 extern const Command kSessionCommand;
 

@@ -115,6 +115,8 @@ Candidates Names(const Typed& typed) {
   if (typed.Name == "show") {
     for (const Section& section : Sections())
       candidates.push_back({std::string(section.Name), std::string(section.About)});
+  } else if (typed.Name == "help") {
+    candidates = ActionsOf(kProgram);
   } else if (typed.Name == "completion") {
     for (const CompletionScript& script : kCompletionScripts) candidates.push_back({script.Shell});
   }

@@ -31,7 +31,6 @@ Edit EditOf(EditKind kind, const Arguments& arguments) {
       break;
     case EditKind::Add:
       edit.Values = arguments.Texts("MEMBER=VALUE");
-      edit.Values.insert(edit.Values.end(), arguments.Texts("MORE").begin(), arguments.Texts("MORE").end());
       edit.Key = arguments.Text("--key");
       edit.Before = arguments.Text("--before");
       edit.After = arguments.Text("--after");
@@ -100,8 +99,9 @@ constexpr std::array kSetParameters{
 };
 constexpr std::array kAddParameters{
     Parameter{.Name = "PATH", .About = "the collection", .IsRequired = true},
-    Parameter{.Name = "MEMBER=VALUE", .About = "what the new item has; in a collection of texts the text"},
-    Parameter{.Name = "MORE", .About = "more of what it has", .Most = kAnyNumber},
+    Parameter{.Name = "MEMBER=VALUE",
+              .About = "what the new item has; in a collection of texts the text",
+              .Most = kAnyNumber},
     Parameter{.Name = "--key", .About = "add it under this key", .Value = "KEY"},
     Parameter{.Name = "--before", .About = "add it before this item", .Value = "KEY|POSITION"},
     Parameter{.Name = "--after", .About = "add it after this item", .Value = "KEY|POSITION"},

@@ -42,7 +42,7 @@ inline constexpr const char* kRemoveHelp =
 comment profiles have files of their own, which the model does not delete: remove those files instead.
 
 Examples:
-  lwconfig remove 'PageTemplates[VBTechDoc].VariableDefs[Editor]'
+  lwconfig remove 'PageTemplates[VBTechDoc].VariableDefs[Department]'
   lwconfig remove 'CommentFileLocations[-1]' --dry-run
 )";
 

@@ -65,7 +65,7 @@ void Run(const Arguments& arguments, Reporter& reporter) {
   const std::string folder = platform::Host<platform::Files>().ProductPath(arguments.Text("DIR"));
   const std::string hostFolder = NativePath(folder);
   if (!IsUsable(hostFolder))
-    return reporter.Fail(ExitStatus::InputOutput, hostFolder + " is not an empty folder; nothing was copied");
+    return reporter.Fail(ExitStatus::Usage, hostFolder + " is not an empty folder; nothing was copied");
 
   // Hidden files belong to whatever keeps the starter, not to the configuration.
   FolderCopy copy(starter, hostFolder,

@@ -71,7 +71,7 @@ std::string FolderOfClone(const PageTemplate& original, const std::string& name,
   if (folder.ends_with('\\')) folder.pop_back();
   folder.replace(folder.rfind('\\') + 1, std::string::npos, name);
   if (platform::Host<platform::Files>().Kind(folder) == platform::EntryKind::Missing) return folder;
-  reporter.Fail(ExitStatus::InputOutput, NativePath(folder) + " exists already; nothing was copied");
+  reporter.Fail(ExitStatus::Usage, NativePath(folder) + " exists already; nothing was copied");
   return {};
 }
 

@@ -1,15 +1,11 @@
 #include <tools/lwconfig/members/fault.h>
 
-#include <lwconfig/core/nearest.h>
-
 namespace lwconfig::tool {
 
 Fault Fault::Unknown(ExitStatus status, const std::string& what, std::string_view wanted,
                      const std::string& where, std::vector<std::string> existing) {
-  std::string text = "there is no " + what + " '" + std::string(wanted) + "'" + where;
-  const std::string nearest = Nearest(wanted, existing);
-  if (!nearest.empty()) text += "; did you mean '" + nearest + "'?";
-  Fault fault(status, text);
+  const std::string suggestion = Suggestion(wanted, existing);
+  Fault fault(status, "there is no " + what + " '" + std::string(wanted) + "'" + where + suggestion);
   fault.mExisting = std::move(existing);
   return fault;
 }
