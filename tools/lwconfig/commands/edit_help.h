@@ -33,7 +33,7 @@ as its key. POSITION and KEY are written as in the brackets of a path. The colle
 
 Examples:
   lwconfig add 'PageTemplates[VBTechDoc].VariableDefs' Name=Editor Description=Editor VariableDefType=vdtText
-  lwconfig add ExternalDocs 'NamespaceName=Contoso.*' 'URLFormat=https://docs/%%FullName%%.html' --before 1
+  lwconfig add ExternalDocs 'NamespaceName=Hollweg.*' 'URLFormat=https://docs/%%FullName%%.html' --before 1
   lwconfig add 'PageTemplates[VBTechDoc].SupportedItemTypes' files
 )";
 
