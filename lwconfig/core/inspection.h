@@ -31,8 +31,8 @@ class Inspection {
   using FileInspector = std::function<void(const std::string& file, const XMLElement& root)>;
   using TextInspector = std::function<void(const std::string& file, std::string_view text)>;
 
-  /// `tell` is told of each problem. `inspect` is called for each configuration file after it was loaded,
-  /// `inspectText` for each file of phrases or scraps; both may tell of more.
+  /// Calls `tell` for each problem, `inspect` for each configuration file after it was loaded, and
+  /// `inspectText` for each file of phrases or scraps. Both may report more.
   Inspection(DiagnosticHandler tell, FileInspector inspect, TextInspector inspectText = nullptr);
   ~Inspection();
   Inspection(const Inspection&) = delete;
@@ -42,7 +42,7 @@ class Inspection {
   static Inspection* Current() { return gCurrent; }
 
   void Tell(const Diagnostic& diagnostic);
-  /// `suggest`, which may take its time, is only called where the problem is told.
+  /// Calls `suggest`, which may be slow, only for a problem that is reported.
   void Tell(Problem problem, const FilePosition& position, std::string_view message,
             const std::function<std::string()>& suggest = nullptr);
   /// As above with the place of an attribute of the element; that of the element where it has none of that

@@ -26,7 +26,7 @@ class ItemKey {
   ItemKey(std::string_view key) : mKind(Kind::Key), mKey(key) {}
   ItemKey(const std::string& key) : mKind(Kind::Key), mKey(key) {}
   ItemKey(const char* key) : mKind(Kind::Key), mKey(key) {}
-  /// A key of another type, which names no item of any collection, and what it is for messages.
+  /// A key of another type, which names no item. `description` is its text in messages.
   static ItemKey OfOtherType(std::string_view description) {
     ItemKey key;
     key.mKind = Kind::OtherType;

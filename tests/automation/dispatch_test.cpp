@@ -130,7 +130,7 @@ TEST_F(DispatchTest, FailuresAreReportedOnceAtTheOutermostOperation) {
   EXPECT_EQ(failure.Number(), kReportedFailure);
   ASSERT_EQ(Component.Reports.size(), 1U);
   EXPECT_THAT(Component.Reports[0], ::testing::HasSubstr("<Procedure>ModelCommentProfiles</Procedure>"));
-  // The object is told of as the failure leaves it.
+  // Describe the object after the failure: its state is what the report is for.
   const AnyObject comment = New("ModelComment");
   const AnyObject element = Get(New("XMLDocument"), "RootElement");
   Call(element, "AddAttribute", {std::string("MemberType_Namespace"), std::string("LW:X")});

@@ -21,7 +21,7 @@ struct Parameter {
   bool IsRequired = false;
   int Most = 1;               // of an argument: the number of values that it takes
   const char* Excludes = "";  // names of the parameters, between blanks, that cannot be given as well
-  std::string (*Check)(const std::string& given) = nullptr;  // what is wrong with a value; empty: nothing
+  std::string (*Check)(const std::string& given) = nullptr;  // the fault of a value; empty for none
 
   bool IsOption() const { return Name[0] == '-'; }
   bool IsFlag() const { return IsOption() && Value == nullptr; }

@@ -11,7 +11,7 @@
 namespace lwconfig::tool {
 namespace {
 
-/// Leaves out what is evident, and the blank lines and capitals of the default.
+/// Omits the obvious, and the blank lines and capitals of the default.
 class HelpFormatter final : public CLI::Formatter {
  public:
   HelpFormatter() {

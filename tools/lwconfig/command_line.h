@@ -13,7 +13,7 @@ namespace lwconfig::tool {
 inline constexpr Parameter kHelpOption{"-h,--help", "this help, or that of a command"};
 inline constexpr Parameter kVersionOption{"--version", "the version of this program"};
 
-/// A command, and what it is given.
+/// A command and its arguments.
 struct Request {
   const Command* Asked;
   Arguments Given;

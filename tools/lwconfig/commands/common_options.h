@@ -8,7 +8,7 @@
 
 namespace lwconfig::tool {
 
-/// What is wrong with the values of the options below; empty where they are right.
+/// The fault of a value of the options below; empty for a valid one.
 std::string CheckFolder(const std::string& given);
 std::string CheckColour(const std::string& given);
 std::string CheckColumns(const std::string& given);
@@ -40,7 +40,7 @@ inline constexpr Parameter kWidthOption{
 inline constexpr std::array kReadingOptions{kConfigurationOption, kJsonOption};
 inline constexpr std::array kShowingOptions{kConfigurationOption, kJsonOption, kColourOption, kWidthOption};
 
-/// How a command that has the options for colours and width is to lay out and colour what it prints.
+/// The style of the output, from the options for colours and width.
 TextStyle StyleOf(const Arguments& arguments);
 
 }  // namespace lwconfig::tool
