@@ -5,7 +5,7 @@
 
 #include <benchmark/benchmark.h>
 
-#include <lwconfig/core/keyed_collection.h>
+#include <lwconfig/core/base/keyed_collection.h>
 
 #include "ratios.h"
 

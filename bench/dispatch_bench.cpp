@@ -7,7 +7,7 @@
 
 #include <lwconfig/automation/dispatch.h>
 #include <lwconfig/automation/published.h>
-#include <lwconfig/platform/letter_case.h>
+#include <lwconfig/core/base/letter_case.h>
 
 #include "ratios.h"
 

@@ -73,15 +73,14 @@ std::string Template(int number) {
 
 }  // namespace
 
-std::optional<platform::RegistryValue> ConfigPathRegistry::Read(platform::Hive, std::string_view,
-                                                                std::string_view name) {
+std::optional<RegistryValue> ConfigPathRegistry::Read(Hive, std::string_view, std::string_view name) {
   if (name != "ConfigPath") return std::nullopt;
-  return platform::RegistryValue{1, mConfigPath};
+  return RegistryValue{1, mConfigPath};
 }
-std::optional<platform::RegistryKey> ConfigPathRegistry::List(platform::Hive, std::string_view) {
-  return platform::RegistryKey();
+std::optional<RegistryKey> ConfigPathRegistry::List(Hive, std::string_view) {
+  return RegistryKey();
 }
-void ConfigPathRegistry::Apply(const std::vector<platform::RegistryChange>&) {}
+void ConfigPathRegistry::Apply(const std::vector<RegistryChange>&) {}
 
 SampleConfiguration::SampleConfiguration(int templates) {
   std::filesystem::create_directories(mFolder.Path() / "Namespaces");

@@ -17,10 +17,9 @@ namespace lwconfig::bench {
 class ConfigPathRegistry : public platform::Registry {
  public:
   explicit ConfigPathRegistry(std::string configPath) : mConfigPath(std::move(configPath)) {}
-  std::optional<platform::RegistryValue> Read(platform::Hive hive, std::string_view key,
-                                              std::string_view name) override;
-  std::optional<platform::RegistryKey> List(platform::Hive hive, std::string_view key) override;
-  void Apply(const std::vector<platform::RegistryChange>& changes) override;
+  std::optional<RegistryValue> Read(Hive hive, std::string_view key, std::string_view name) override;
+  std::optional<RegistryKey> List(Hive hive, std::string_view key) override;
+  void Apply(const std::vector<RegistryChange>& changes) override;
 
  private:
   std::string mConfigPath;

@@ -6,7 +6,7 @@
 #include <pugixml.hpp>
 #include <tools/lwconfig/check/check.h>
 
-#include <lwconfig/core/xml_document.h>
+#include <lwconfig/core/xml/xml_document.h>
 #include <lwconfig/root.h>
 
 #include "ratios.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <lwconfig/core/variant.h>
+#include <lwconfig/core/base/variant.h>
 #include <lwconfig/platform/windows/system.h>
 
 namespace lwconfig::com {

@@ -2,8 +2,8 @@
 
 #include <new>
 
-#include <lwconfig/core/error.h>
-#include <lwconfig/core/error_reporter.h>
+#include <lwconfig/core/base/error.h>
+#include <lwconfig/core/loading/error_reporter.h>
 #include <lwconfig/platform/windows/system.h>
 
 #include "unknown.h"

@@ -8,7 +8,7 @@
 
 #include <lwconfig/automation/dispatch.h>
 #include <lwconfig/automation/errors.h>
-#include <lwconfig/platform/letter_case.h>
+#include <lwconfig/core/base/letter_case.h>
 
 #include "failures.h"
 #include "object.h"

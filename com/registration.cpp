@@ -3,7 +3,7 @@
 #include <lwconfig/automation/contracts.h>
 #include <lwconfig/automation/idl.h>
 #include <lwconfig/automation/published.h>
-#include <lwconfig/core/error.h>
+#include <lwconfig/core/base/error.h>
 
 #include "registry_changes.h"
 

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include <lwconfig/core/error.h>
+#include <lwconfig/core/base/error.h>
 #include <lwconfig/platform/windows/system.h>
 
 #include "registration.h"

@@ -3,7 +3,7 @@
 #include <new>
 #include <utility>
 
-#include <lwconfig/core/error.h>
+#include <lwconfig/core/base/error.h>
 
 #include "enumeration.h"
 #include "object.h"

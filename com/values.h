@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-#include <lwconfig/core/variant.h>
+#include <lwconfig/core/base/variant.h>
 #include <lwconfig/platform/windows/system.h>
 
 namespace lwconfig::com {

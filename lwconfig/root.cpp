@@ -1,7 +1,7 @@
-#include <lwconfig/core/application_values.h>
-#include <lwconfig/core/disk_file.h>
-#include <lwconfig/core/string_tools.h>
-#include <lwconfig/core/text.h>
+#include <lwconfig/core/base/text.h>
+#include <lwconfig/core/files/application_values.h>
+#include <lwconfig/core/files/disk_file.h>
+#include <lwconfig/core/xml/string_tools.h>
 #include <lwconfig/root.h>
 
 namespace lwconfig {

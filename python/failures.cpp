@@ -1,7 +1,7 @@
 #include <python/failures.h>
 #include <python/values.h>
 
-#include <lwconfig/core/error_reporter.h>
+#include <lwconfig/core/loading/error_reporter.h>
 
 namespace py = pybind11;
 

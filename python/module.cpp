@@ -10,8 +10,8 @@
 #include <python/values.h>
 
 #include <lwconfig/automation/published.h>
-#include <lwconfig/core/disk_file.h>
-#include <lwconfig/core/error_reporter.h>
+#include <lwconfig/core/files/disk_file.h>
+#include <lwconfig/core/loading/error_reporter.h>
 #include <lwconfig/platform/components.h>
 #include <lwconfig/platform/message_box.h>
 

@@ -7,7 +7,7 @@
 
 #include <lwconfig/automation/dispatch.h>
 #include <lwconfig/automation/member_facts.h>
-#include <lwconfig/core/error.h>
+#include <lwconfig/core/base/error.h>
 #include <lwconfig/options/option.h>
 
 namespace py = pybind11;

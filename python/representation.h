@@ -2,7 +2,7 @@
 
 #include <pybind11/pybind11.h>
 
-#include <lwconfig/core/variant.h>
+#include <lwconfig/core/base/variant.h>
 
 namespace lwconfig::python {
 

@@ -3,7 +3,7 @@
 #include <pybind11/pybind11.h>
 
 #include <lwconfig/automation/class_info.h>
-#include <lwconfig/core/variant.h>
+#include <lwconfig/core/base/variant.h>
 
 namespace lwconfig::python {
 

@@ -15,11 +15,11 @@
 #include <tests/memory_registry.h>
 #include <tests/temporary_folder.h>
 
-#include <lwconfig/core/diagnostics.h>
-#include <lwconfig/core/keyed_collection.h>
-#include <lwconfig/core/shared_slots.h>
-#include <lwconfig/core/text.h>
-#include <lwconfig/core/xml_document.h>
+#include <lwconfig/core/base/keyed_collection.h>
+#include <lwconfig/core/base/text.h>
+#include <lwconfig/core/loading/diagnostics.h>
+#include <lwconfig/core/loading/shared_slots.h>
+#include <lwconfig/core/xml/xml_document.h>
 #include <lwconfig/platform/files.h>
 #include <lwconfig/platform/message_box.h>
 
@@ -124,7 +124,7 @@ class ConfigurationTest : public ::testing::Test {
   }
 
   void Register(std::string_view name, std::string value) {
-    Registry.Write(platform::Hive::LocalMachine, kProductKey, name, {1, std::move(value)});
+    Registry.Write(Hive::LocalMachine, kProductKey, name, {1, std::move(value)});
   }
   /// The configuration folder in the product's notation, without trailing backslash.
   std::string ConfigFolder() const { return Product(Folder.Path() / "Config"); }

@@ -8,7 +8,7 @@
 #include <lwconfig/comments/comment_file_locations.h>
 #include <lwconfig/comments/model_comment_profiles.h>
 #include <lwconfig/comments/tagged_comment_defs.h>
-#include <lwconfig/core/application_values.h>
+#include <lwconfig/core/files/application_values.h>
 #include <lwconfig/externaldocs/external_docs.h>
 #include <lwconfig/namespaces/language.h>
 #include <lwconfig/namespaces/namespace_profiles.h>

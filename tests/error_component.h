@@ -7,7 +7,7 @@
 #include <utility>
 #include <vector>
 
-#include <lwconfig/core/error_reporter.h>
+#include <lwconfig/core/loading/error_reporter.h>
 #include <lwconfig/platform/components.h>
 
 namespace lwconfig::testing {

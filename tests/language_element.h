@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include <lwconfig/core/text.h>
+#include <lwconfig/core/base/text.h>
 
 namespace lwconfig::testing {
 

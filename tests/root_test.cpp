@@ -2,7 +2,7 @@
 
 #include <tests/configuration.h>
 
-#include <lwconfig/core/instance_count.h>
+#include <lwconfig/core/base/instance_count.h>
 #include <lwconfig/root.h>
 
 namespace lwconfig {

@@ -3,7 +3,7 @@
 
 #include <lwconfig/automation/class_info.h>
 #include <lwconfig/automation/errors.h>
-#include <lwconfig/platform/letter_case.h>
+#include <lwconfig/core/base/letter_case.h>
 
 namespace lwconfig::automation {
 namespace {

@@ -11,9 +11,9 @@
 #include <string_view>
 #include <vector>
 
-#include <lwconfig/core/event.h>
-#include <lwconfig/core/keyed_list.h>
-#include <lwconfig/core/variant.h>
+#include <lwconfig/core/base/event.h>
+#include <lwconfig/core/base/keyed_list.h>
+#include <lwconfig/core/base/variant.h>
 
 namespace lwconfig {
 class OptionSet;

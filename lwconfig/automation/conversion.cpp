@@ -5,8 +5,8 @@
 
 #include <lwconfig/automation/conversion.h>
 #include <lwconfig/automation/errors.h>
-#include <lwconfig/core/conversions.h>
-#include <lwconfig/core/error.h>
+#include <lwconfig/core/base/conversions.h>
+#include <lwconfig/core/base/error.h>
 
 namespace lwconfig::automation {
 namespace {

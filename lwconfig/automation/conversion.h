@@ -4,8 +4,8 @@
 #include <string>
 
 #include <lwconfig/automation/class_info.h>
-#include <lwconfig/core/keyed_list.h>
-#include <lwconfig/core/variant.h>
+#include <lwconfig/core/base/keyed_list.h>
+#include <lwconfig/core/base/variant.h>
 
 namespace lwconfig::automation {
 

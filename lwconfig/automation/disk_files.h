@@ -1,7 +1,7 @@
 #pragma once
 
-#include <lwconfig/core/disk_file.h>
-#include <lwconfig/core/keyed_collection.h>
+#include <lwconfig/core/base/keyed_collection.h>
+#include <lwconfig/core/files/disk_file.h>
 
 namespace lwconfig {
 

@@ -5,8 +5,8 @@
 #include <lwconfig/automation/conversion.h>
 #include <lwconfig/automation/dispatch.h>
 #include <lwconfig/automation/errors.h>
-#include <lwconfig/core/error_reporter.h>
-#include <lwconfig/platform/letter_case.h>
+#include <lwconfig/core/base/letter_case.h>
+#include <lwconfig/core/loading/error_reporter.h>
 
 namespace lwconfig::automation {
 namespace {

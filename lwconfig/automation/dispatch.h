@@ -7,8 +7,8 @@
 #include <string_view>
 
 #include <lwconfig/automation/class_info.h>
-#include <lwconfig/core/event.h>
-#include <lwconfig/core/variant.h>
+#include <lwconfig/core/base/event.h>
+#include <lwconfig/core/base/variant.h>
 
 namespace lwconfig::automation {
 

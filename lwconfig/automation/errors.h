@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <string>
 
-#include <lwconfig/core/error.h>
+#include <lwconfig/core/base/error.h>
 
 namespace lwconfig::automation {
 

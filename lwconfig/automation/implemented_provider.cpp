@@ -3,7 +3,7 @@
 #include <lwconfig/automation/implemented_provider.h>
 #include <lwconfig/automation/published.h>
 #include <lwconfig/automation/value.h>
-#include <lwconfig/core/error_reporter.h>
+#include <lwconfig/core/loading/error_reporter.h>
 #include <lwconfig/namespaces/namespace_provider.h>
 
 namespace lwconfig::automation {

@@ -2,7 +2,7 @@
 #include <lwconfig/automation/published.h>
 #include <lwconfig/automation/reference_manual.h>
 #include <lwconfig/automation/signature.h>
-#include <lwconfig/platform/letter_case.h>
+#include <lwconfig/core/base/letter_case.h>
 
 namespace lwconfig::automation {
 namespace {

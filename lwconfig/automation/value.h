@@ -8,8 +8,8 @@
 
 #include <lwconfig/automation/conversion.h>
 #include <lwconfig/automation/errors.h>
-#include <lwconfig/core/object_reference.h>
-#include <lwconfig/core/registry_access.h>
+#include <lwconfig/core/base/object_reference.h>
+#include <lwconfig/core/files/registry_access.h>
 
 namespace lwconfig::automation {
 

@@ -1,8 +1,8 @@
 #include <lwconfig/comments/comment_file_locations.h>
-#include <lwconfig/core/application_values.h>
-#include <lwconfig/core/attribute_reader.h>
-#include <lwconfig/core/configuration_files.h>
-#include <lwconfig/platform/letter_case.h>
+#include <lwconfig/core/base/letter_case.h>
+#include <lwconfig/core/files/application_values.h>
+#include <lwconfig/core/loading/attribute_reader.h>
+#include <lwconfig/core/loading/configuration_files.h>
 
 namespace lwconfig {
 namespace {

@@ -1,7 +1,7 @@
 #include <array>
 
 #include <lwconfig/comments/model_comment.h>
-#include <lwconfig/core/attribute_reader.h>
+#include <lwconfig/core/loading/attribute_reader.h>
 
 namespace lwconfig {
 

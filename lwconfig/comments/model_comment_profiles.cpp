@@ -1,7 +1,7 @@
 #include <lwconfig/comments/model_comment_profiles.h>
-#include <lwconfig/core/application_values.h>
-#include <lwconfig/core/configuration_files.h>
-#include <lwconfig/core/file_name.h>
+#include <lwconfig/core/files/application_values.h>
+#include <lwconfig/core/files/file_name.h>
+#include <lwconfig/core/loading/configuration_files.h>
 
 namespace lwconfig {
 namespace {

@@ -4,7 +4,7 @@
 #include <string_view>
 
 #include <lwconfig/comments/model_comments.h>
-#include <lwconfig/core/shared_slots.h>
+#include <lwconfig/core/loading/shared_slots.h>
 
 namespace lwconfig {
 

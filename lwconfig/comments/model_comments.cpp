@@ -1,7 +1,7 @@
 #include <lwconfig/comments/model_comments.h>
-#include <lwconfig/core/application_values.h>
-#include <lwconfig/core/attribute_reader.h>
-#include <lwconfig/core/configuration_files.h>
+#include <lwconfig/core/files/application_values.h>
+#include <lwconfig/core/loading/attribute_reader.h>
+#include <lwconfig/core/loading/configuration_files.h>
 #include <lwconfig/namespaces/namespace_profiles.h>
 
 namespace lwconfig {

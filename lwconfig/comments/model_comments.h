@@ -5,8 +5,8 @@
 #include <string_view>
 
 #include <lwconfig/comments/model_comment.h>
-#include <lwconfig/core/event.h>
-#include <lwconfig/core/keyed_collection.h>
+#include <lwconfig/core/base/event.h>
+#include <lwconfig/core/base/keyed_collection.h>
 #include <lwconfig/namespaces/namespace_def.h>
 
 namespace lwconfig {

@@ -1,7 +1,7 @@
 #include <string_view>
 
 #include <lwconfig/comments/tagged_comment_def.h>
-#include <lwconfig/core/attribute_reader.h>
+#include <lwconfig/core/loading/attribute_reader.h>
 
 namespace lwconfig {
 namespace {

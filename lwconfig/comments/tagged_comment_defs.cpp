@@ -2,10 +2,10 @@
 #include <vector>
 
 #include <lwconfig/comments/tagged_comment_defs.h>
-#include <lwconfig/core/application_values.h>
-#include <lwconfig/core/attribute_reader.h>
-#include <lwconfig/core/configuration_files.h>
-#include <lwconfig/core/text.h>
+#include <lwconfig/core/base/text.h>
+#include <lwconfig/core/files/application_values.h>
+#include <lwconfig/core/loading/attribute_reader.h>
+#include <lwconfig/core/loading/configuration_files.h>
 
 namespace lwconfig {
 namespace {

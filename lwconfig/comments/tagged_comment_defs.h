@@ -5,8 +5,8 @@
 #include <string_view>
 
 #include <lwconfig/comments/tagged_comment_def.h>
-#include <lwconfig/core/keyed_collection.h>
-#include <lwconfig/core/shared_slots.h>
+#include <lwconfig/core/base/keyed_collection.h>
+#include <lwconfig/core/loading/shared_slots.h>
 
 namespace lwconfig {
 

@@ -1,4 +1,4 @@
-#include <lwconfig/core/attribute_reader.h>
+#include <lwconfig/core/loading/attribute_reader.h>
 #include <lwconfig/externaldocs/external_doc.h>
 
 namespace lwconfig {

@@ -1,9 +1,9 @@
 #include <algorithm>
 
-#include <lwconfig/core/application_values.h>
-#include <lwconfig/core/attribute_reader.h>
-#include <lwconfig/core/configuration_files.h>
-#include <lwconfig/core/string_tools.h>
+#include <lwconfig/core/files/application_values.h>
+#include <lwconfig/core/loading/attribute_reader.h>
+#include <lwconfig/core/loading/configuration_files.h>
+#include <lwconfig/core/xml/string_tools.h>
 #include <lwconfig/externaldocs/external_docs.h>
 #include <lwconfig/externaldocs/wildcard.h>
 

@@ -5,8 +5,8 @@
 #include <string_view>
 #include <vector>
 
-#include <lwconfig/core/keyed_collection.h>
-#include <lwconfig/core/shared_slots.h>
+#include <lwconfig/core/base/keyed_collection.h>
+#include <lwconfig/core/loading/shared_slots.h>
 #include <lwconfig/externaldocs/external_doc.h>
 
 namespace lwconfig {

@@ -1,7 +1,6 @@
 #include <cstddef>
 
-#include <utf8proc.h>
-
+#include <lwconfig/core/base/unicode.h>
 #include <lwconfig/externaldocs/wildcard.h>
 
 namespace lwconfig {
@@ -9,21 +8,14 @@ namespace {
 
 constexpr std::size_t kNone = std::string_view::npos;
 
-/// Reads the character at `at` and moves on behind it.
+/// Reads the character at `at` and moves on behind it. A byte that begins no character matches itself only.
 char32_t TakeCharacter(std::string_view text, std::size_t& at) {
   constexpr char32_t kBeyondUnicode = 0x110000;
   const auto first = static_cast<unsigned char>(text[at]);
-  if (first >= 0x80) {
-    utf8proc_int32_t character = 0;
-    const auto length = utf8proc_iterate(reinterpret_cast<const utf8proc_uint8_t*>(text.data() + at),
-                                         static_cast<utf8proc_ssize_t>(text.size() - at), &character);
-    if (length > 0) {
-      at += static_cast<std::size_t>(length);
-      return static_cast<char32_t>(character);
-    }
-  }
-  ++at;
-  return first < 0x80 ? first : kBeyondUnicode + first;
+  std::string_view rest = text.substr(at);
+  const char32_t character = lwconfig::TakeCharacter(rest);
+  at = text.size() - rest.size();
+  return character == kNoCharacter ? kBeyondUnicode + first : character;
 }
 
 /// `list` is what stands between the brackets.

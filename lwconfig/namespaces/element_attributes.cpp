@@ -1,8 +1,8 @@
 #include <algorithm>
 #include <limits>
 
-#include <lwconfig/core/conversions.h>
-#include <lwconfig/core/string_tools.h>
+#include <lwconfig/core/base/conversions.h>
+#include <lwconfig/core/xml/string_tools.h>
 #include <lwconfig/namespaces/element_attributes.h>
 #include <lwconfig/platform/host.h>
 

@@ -5,8 +5,8 @@
 #include <string_view>
 #include <vector>
 
-#include <lwconfig/core/instance_count.h>
-#include <lwconfig/core/keyed_list.h>
+#include <lwconfig/core/base/instance_count.h>
+#include <lwconfig/core/base/keyed_list.h>
 
 namespace lwconfig {
 

@@ -1,7 +1,7 @@
 #include <deque>
 #include <vector>
 
-#include <lwconfig/core/attribute_reader.h>
+#include <lwconfig/core/loading/attribute_reader.h>
 #include <lwconfig/namespaces/definition_walk.h>
 #include <lwconfig/namespaces/namespace_def.h>
 

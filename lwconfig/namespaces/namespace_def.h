@@ -5,11 +5,11 @@
 #include <string>
 #include <string_view>
 
-#include <lwconfig/core/instance_count.h>
-#include <lwconfig/core/keyed_collection.h>
-#include <lwconfig/core/object_reference.h>
-#include <lwconfig/core/variant.h>
-#include <lwconfig/core/xml_element.h>
+#include <lwconfig/core/base/instance_count.h>
+#include <lwconfig/core/base/keyed_collection.h>
+#include <lwconfig/core/base/object_reference.h>
+#include <lwconfig/core/base/variant.h>
+#include <lwconfig/core/xml/xml_element.h>
 #include <lwconfig/namespaces/element_def.h>
 
 namespace lwconfig {

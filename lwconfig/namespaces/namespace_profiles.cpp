@@ -1,6 +1,6 @@
-#include <lwconfig/core/application_values.h>
-#include <lwconfig/core/configuration_files.h>
-#include <lwconfig/core/error_reporter.h>
+#include <lwconfig/core/files/application_values.h>
+#include <lwconfig/core/loading/configuration_files.h>
+#include <lwconfig/core/loading/error_reporter.h>
 #include <lwconfig/namespaces/namespace_profiles.h>
 
 namespace lwconfig {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <lwconfig/core/shared_slots.h>
+#include <lwconfig/core/loading/shared_slots.h>
 #include <lwconfig/namespaces/namespace_def.h>
 
 namespace lwconfig {

@@ -4,8 +4,8 @@
 #include <string>
 #include <string_view>
 
-#include <lwconfig/core/instance_count.h>
-#include <lwconfig/core/variant.h>
+#include <lwconfig/core/base/instance_count.h>
+#include <lwconfig/core/base/variant.h>
 #include <lwconfig/namespaces/namespace_def.h>
 
 namespace lwconfig {

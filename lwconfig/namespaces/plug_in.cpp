@@ -1,8 +1,8 @@
 #include <cstdint>
 
-#include <lwconfig/core/application_values.h>
-#include <lwconfig/core/attribute_reader.h>
-#include <lwconfig/core/configuration_files.h>
+#include <lwconfig/core/files/application_values.h>
+#include <lwconfig/core/loading/attribute_reader.h>
+#include <lwconfig/core/loading/configuration_files.h>
 #include <lwconfig/namespaces/plug_in.h>
 
 namespace lwconfig {

@@ -4,10 +4,10 @@
 #include <string>
 #include <string_view>
 
-#include <lwconfig/core/instance_count.h>
-#include <lwconfig/core/keyed_collection.h>
-#include <lwconfig/core/shared_slots.h>
-#include <lwconfig/core/xml_element.h>
+#include <lwconfig/core/base/instance_count.h>
+#include <lwconfig/core/base/keyed_collection.h>
+#include <lwconfig/core/loading/shared_slots.h>
+#include <lwconfig/core/xml/xml_element.h>
 
 namespace lwconfig {
 

@@ -2,7 +2,7 @@
 
 #include <cstdint>
 
-#include <lwconfig/core/instance_count.h>
+#include <lwconfig/core/base/instance_count.h>
 #include <lwconfig/options/toolbar_style.h>
 
 namespace lwconfig {

@@ -1,7 +1,7 @@
 #pragma once
 
-#include <lwconfig/core/application_values.h>
-#include <lwconfig/core/shared_slots.h>
+#include <lwconfig/core/files/application_values.h>
+#include <lwconfig/core/loading/shared_slots.h>
 #include <lwconfig/options/common_enums.h>
 #include <lwconfig/options/option.h>
 

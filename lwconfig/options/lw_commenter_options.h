@@ -1,7 +1,7 @@
 #pragma once
 
-#include <lwconfig/core/instance_count.h>
-#include <lwconfig/core/shared_slots.h>
+#include <lwconfig/core/base/instance_count.h>
+#include <lwconfig/core/loading/shared_slots.h>
 #include <lwconfig/options/option.h>
 
 namespace lwconfig {

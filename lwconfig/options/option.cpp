@@ -1,4 +1,4 @@
-#include <lwconfig/core/application_values.h>
+#include <lwconfig/core/files/application_values.h>
 #include <lwconfig/options/option.h>
 
 namespace lwconfig {

@@ -7,7 +7,7 @@
 #include <utility>
 #include <vector>
 
-#include <lwconfig/core/conversions.h>
+#include <lwconfig/core/base/conversions.h>
 
 namespace lwconfig {
 

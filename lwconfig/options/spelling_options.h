@@ -1,8 +1,8 @@
 #pragma once
 
-#include <lwconfig/core/application_values.h>
-#include <lwconfig/core/instance_count.h>
-#include <lwconfig/core/shared_slots.h>
+#include <lwconfig/core/base/instance_count.h>
+#include <lwconfig/core/files/application_values.h>
+#include <lwconfig/core/loading/shared_slots.h>
 #include <lwconfig/options/option.h>
 
 namespace lwconfig {

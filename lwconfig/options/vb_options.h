@@ -1,6 +1,6 @@
 #pragma once
 
-#include <lwconfig/core/shared_slots.h>
+#include <lwconfig/core/loading/shared_slots.h>
 #include <lwconfig/options/common_enums.h>
 #include <lwconfig/options/option.h>
 

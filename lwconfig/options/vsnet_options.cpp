@@ -1,4 +1,4 @@
-#include <lwconfig/core/string_tools.h>
+#include <lwconfig/core/xml/string_tools.h>
 #include <lwconfig/namespaces/language.h>
 #include <lwconfig/options/vsnet_options.h>
 

@@ -1,7 +1,7 @@
-#include <lwconfig/core/attribute_reader.h>
-#include <lwconfig/core/inspection.h>
-#include <lwconfig/core/nearest.h>
-#include <lwconfig/core/string_tools.h>
+#include <lwconfig/core/base/nearest.h>
+#include <lwconfig/core/loading/attribute_reader.h>
+#include <lwconfig/core/loading/inspection.h>
+#include <lwconfig/core/xml/string_tools.h>
 #include <lwconfig/pages/node_def.h>
 #include <lwconfig/pages/page_layout.h>
 #include <lwconfig/pages/toc_definition.h>

@@ -1,9 +1,9 @@
 #include <algorithm>
 #include <string_view>
 
-#include <lwconfig/core/attribute_reader.h>
-#include <lwconfig/core/string_tools.h>
-#include <lwconfig/core/text.h>
+#include <lwconfig/core/base/text.h>
+#include <lwconfig/core/loading/attribute_reader.h>
+#include <lwconfig/core/xml/string_tools.h>
 #include <lwconfig/pages/page_layout.h>
 
 namespace lwconfig {

@@ -1,4 +1,4 @@
-#include <lwconfig/core/attribute_reader.h>
+#include <lwconfig/core/loading/attribute_reader.h>
 #include <lwconfig/pages/toc_definition.h>
 
 namespace lwconfig {

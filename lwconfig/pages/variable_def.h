@@ -4,9 +4,9 @@
 #include <memory>
 #include <string>
 
-#include <lwconfig/core/instance_count.h>
-#include <lwconfig/core/keyed_collection.h>
-#include <lwconfig/core/xml_element.h>
+#include <lwconfig/core/base/instance_count.h>
+#include <lwconfig/core/base/keyed_collection.h>
+#include <lwconfig/core/xml/xml_element.h>
 
 namespace lwconfig {
 

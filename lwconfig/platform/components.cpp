@@ -1,8 +1,8 @@
 #include <map>
 
+#include <lwconfig/core/base/letter_case.h>
 #include <lwconfig/platform/components.h>
 #include <lwconfig/platform/internal/host_defaults.h>
-#include <lwconfig/platform/letter_case.h>
 
 namespace lwconfig::platform {
 namespace {

@@ -1,56 +1,14 @@
 #pragma once
 
-#include <cstdint>
 #include <optional>
-#include <stdexcept>
 #include <string>
 #include <string_view>
-#include <utility>
-#include <variant>
 #include <vector>
 
+#include <lwconfig/core/registry_text/registry_data.h>
 #include <lwconfig/platform/service.h>
 
 namespace lwconfig::platform {
-
-enum class Hive : std::uint32_t { CurrentUser = 0x80000001U, LocalMachine = 0x80000002U };
-
-/// A value of the registry with its type number as the registry-editor format knows it: 1 text, 2 text with
-/// environment variables, 3 bytes, 4 a 32-bit number, 7 several texts, and others.
-struct RegistryValue {
-  std::uint32_t Type = 1;
-  /// A string for the types 1 and 2, a number for type 4, the bytes as stored for every other type.
-  std::variant<std::string, std::uint32_t, std::vector<std::uint8_t>> Data;
-  friend bool operator==(const RegistryValue&, const RegistryValue&) = default;
-};
-
-/// What one key holds, each in name order without regard to letter case.
-struct RegistryKey {
-  /// The names of the keys in it.
-  std::vector<std::string> Keys;
-  std::vector<std::pair<std::string, RegistryValue>> Values;
-  friend bool operator==(const RegistryKey&, const RegistryKey&) = default;
-};
-
-/// One step of a change: that a key or a value shall be there, or not.
-struct RegistryChange {
-  enum class Kinds { Key, DeletedKey, Value, DeletedValue };
-  Kinds Kind = Kinds::Key;
-  Hive Root = Hive::CurrentUser;
-  std::string Key;
-  std::string Name;     // for values
-  RegistryValue Value;  // for `Value`
-};
-
-/// A registry file that cannot be understood. Nothing was changed.
-class RegistryFormatError : public std::runtime_error {
- public:
-  RegistryFormatError(std::string file, int line, int column, const std::string& message)
-      : std::runtime_error(message), File(std::move(file)), Line(line), Column(column) {}
-  std::string File;  // host path
-  int Line;
-  int Column;
-};
 
 /// The registry. Key paths have backslashes between their parts; key and value names are matched without
 /// regard to letter case, "" names a key's default value. Every read sees what any process wrote last.

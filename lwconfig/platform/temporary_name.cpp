@@ -1,4 +1,4 @@
-#include <lwconfig/platform/letter_case.h>
+#include <lwconfig/core/base/letter_case.h>
 #include <lwconfig/platform/temporary_name.h>
 
 namespace lwconfig::platform {

@@ -1,5 +1,5 @@
-#include <lwconfig/core/conversions.h>
-#include <lwconfig/core/string_tools.h>
+#include <lwconfig/core/base/conversions.h>
+#include <lwconfig/core/xml/string_tools.h>
 #include <lwconfig/templates/page_template.h>
 
 namespace lwconfig {

@@ -6,11 +6,11 @@
 #include <string_view>
 #include <utility>
 
-#include <lwconfig/core/event.h>
-#include <lwconfig/core/instance_count.h>
-#include <lwconfig/core/keyed_collection.h>
-#include <lwconfig/core/object_reference.h>
-#include <lwconfig/core/xml_element.h>
+#include <lwconfig/core/base/event.h>
+#include <lwconfig/core/base/instance_count.h>
+#include <lwconfig/core/base/keyed_collection.h>
+#include <lwconfig/core/base/object_reference.h>
+#include <lwconfig/core/xml/xml_element.h>
 #include <lwconfig/namespaces/namespace_def.h>
 #include <lwconfig/namespaces/plug_in.h>
 #include <lwconfig/pages/page_layout.h>

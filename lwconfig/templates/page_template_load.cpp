@@ -4,13 +4,13 @@
 #include <unordered_set>
 #include <vector>
 
-#include <lwconfig/core/attribute_reader.h>
-#include <lwconfig/core/diagnostics.h>
-#include <lwconfig/core/disk_file.h>
-#include <lwconfig/core/inspection.h>
-#include <lwconfig/core/nearest.h>
-#include <lwconfig/core/string_tools.h>
-#include <lwconfig/core/text.h>
+#include <lwconfig/core/base/nearest.h>
+#include <lwconfig/core/base/text.h>
+#include <lwconfig/core/files/disk_file.h>
+#include <lwconfig/core/loading/attribute_reader.h>
+#include <lwconfig/core/loading/diagnostics.h>
+#include <lwconfig/core/loading/inspection.h>
+#include <lwconfig/core/xml/string_tools.h>
 #include <lwconfig/namespaces/namespace_profiles.h>
 #include <lwconfig/templates/page_template.h>
 

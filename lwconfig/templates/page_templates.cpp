@@ -1,10 +1,10 @@
 #include <unordered_map>
 
-#include <lwconfig/core/application_values.h>
-#include <lwconfig/core/configuration_files.h>
-#include <lwconfig/core/diagnostics.h>
-#include <lwconfig/core/error_reporter.h>
-#include <lwconfig/core/inspection.h>
+#include <lwconfig/core/files/application_values.h>
+#include <lwconfig/core/loading/configuration_files.h>
+#include <lwconfig/core/loading/diagnostics.h>
+#include <lwconfig/core/loading/error_reporter.h>
+#include <lwconfig/core/loading/inspection.h>
 #include <lwconfig/templates/page_templates.h>
 
 namespace lwconfig {

@@ -3,7 +3,7 @@
 #include <memory>
 #include <string>
 
-#include <lwconfig/core/shared_slots.h>
+#include <lwconfig/core/loading/shared_slots.h>
 #include <lwconfig/templates/page_template.h>
 
 namespace lwconfig {

@@ -1,13 +1,13 @@
 #include <algorithm>
 #include <utility>
 
-#include <lwconfig/core/attribute_reader.h>
-#include <lwconfig/core/disk_file.h>
-#include <lwconfig/core/file_name.h>
-#include <lwconfig/core/inspection.h>
-#include <lwconfig/core/string_tools.h>
-#include <lwconfig/core/text.h>
-#include <lwconfig/core/xml_document.h>
+#include <lwconfig/core/base/text.h>
+#include <lwconfig/core/files/disk_file.h>
+#include <lwconfig/core/files/file_name.h>
+#include <lwconfig/core/loading/attribute_reader.h>
+#include <lwconfig/core/loading/inspection.h>
+#include <lwconfig/core/xml/string_tools.h>
+#include <lwconfig/core/xml/xml_document.h>
 #include <lwconfig/templates/phrases.h>
 
 namespace lwconfig {

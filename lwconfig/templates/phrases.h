@@ -5,7 +5,7 @@
 #include <string_view>
 #include <vector>
 
-#include <lwconfig/core/keyed_collection.h>
+#include <lwconfig/core/base/keyed_collection.h>
 
 namespace lwconfig {
 

@@ -7,9 +7,9 @@
 
 #include <tests/memory_registry.h>
 
+#include <lwconfig/core/base/letter_case.h>
 #include <lwconfig/platform/files.h>
 #include <lwconfig/platform/folders.h>
-#include <lwconfig/platform/letter_case.h>
 #include <lwconfig/platform/message_box.h>
 
 namespace lwconfig::testing {
@@ -103,8 +103,7 @@ class MemoryHost {
     mFiles.Put("C:\\Config\\Namespaces\\core.xml", "<Profile Name='LW.Core'/>");
     mFiles.Put("C:\\Config\\externaldocs.xml",
                "<ExternalDocs><Namespace Name='System.*' URLFormat='u%%x%%'/></ExternalDocs>");
-    mRegistry.Write(platform::Hive::LocalMachine, "Software\\Corvantis\\Lexiwend4", "ConfigPath",
-                    {1, "C:\\Config\\"});
+    mRegistry.Write(Hive::LocalMachine, "Software\\Corvantis\\Lexiwend4", "ConfigPath", {1, "C:\\Config\\"});
     mMessageBoxes = platform::SetMessageBoxHandler([](const platform::Message&) {});
   }
   ~MemoryHost() { platform::SetMessageBoxHandler(mMessageBoxes); }

@@ -15,8 +15,8 @@
 
 #include <lwconfig/automation/dispatch.h>
 #include <lwconfig/automation/published.h>
-#include <lwconfig/core/instance_count.h>
-#include <lwconfig/core/shared_slots.h>
+#include <lwconfig/core/base/instance_count.h>
+#include <lwconfig/core/loading/shared_slots.h>
 
 namespace lwconfig::automation {
 

@@ -8,7 +8,7 @@
 
 #include <lwconfig/automation/class_info.h>
 #include <lwconfig/automation/contracts.h>
-#include <lwconfig/core/instance_count.h>
+#include <lwconfig/core/base/instance_count.h>
 
 namespace lwconfig::testing {
 namespace {

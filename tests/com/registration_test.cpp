@@ -8,7 +8,7 @@
 #include <lwconfig/automation/contracts.h>
 #include <lwconfig/automation/manifest.h>
 #include <lwconfig/automation/published.h>
-#include <lwconfig/core/error.h>
+#include <lwconfig/core/base/error.h>
 #include <lwconfig/platform/windows/system.h>
 
 namespace lwconfig::com {

@@ -2,7 +2,7 @@
 #include <tests/fixed_folders.h>
 
 #include <lwconfig/comments/comment_file_locations.h>
-#include <lwconfig/core/application_values.h>
+#include <lwconfig/core/files/application_values.h>
 
 namespace lwconfig {
 namespace {

@@ -12,7 +12,7 @@
 #include <utility>
 #include <vector>
 
-#include <lwconfig/core/variant.h>
+#include <lwconfig/core/base/variant.h>
 
 namespace lwconfig::testing {
 

@@ -1,6 +1,6 @@
 #include <tests/configuration.h>
 
-#include <lwconfig/core/application_values.h>
+#include <lwconfig/core/files/application_values.h>
 #include <lwconfig/namespaces/language.h>
 #include <lwconfig/options/ide_options.h>
 #include <lwconfig/options/lw_commenter_options.h>
@@ -140,7 +140,7 @@ TEST_F(OptionsTest, BehaveLikeValues) {
 
 TEST_F(OptionsTest, ComputeTheirDefaultsAtEachRead) {
   for (const char* folder : {"C:\\Common", "D:"}) {
-    Registry.Write(platform::Hive::LocalMachine, "Software\\Corvantis", "CommonPath", {1, folder});
+    Registry.Write(Hive::LocalMachine, "Software\\Corvantis", "CommonPath", {1, folder});
     EXPECT_EQ(Spelling.CustomDictionary.Get(), std::string(folder) + "\\Custom.dct");
   }
   Host.Documents = "";

@@ -1,6 +1,6 @@
 #include <tests/configuration.h>
 
-#include <lwconfig/core/text.h>
+#include <lwconfig/core/base/text.h>
 #include <lwconfig/templates/page_template.h>
 
 namespace lwconfig {

@@ -1,6 +1,6 @@
 #include <tests/configuration.h>
 
-#include <lwconfig/core/text.h>
+#include <lwconfig/core/base/text.h>
 #include <lwconfig/pages/page_layout.h>
 #include <lwconfig/pages/variable_def.h>
 

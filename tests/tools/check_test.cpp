@@ -8,7 +8,7 @@
 #include <sys/stat.h>
 #include <tests/tools/tool_test.h>
 
-#include <lwconfig/core/problem.h>
+#include <lwconfig/core/loading/problem.h>
 #include <lwconfig/platform/files.h>
 
 namespace lwconfig {

@@ -3,7 +3,7 @@
 #include <tests/tools/tool_test.h>
 #include <tools/lwconfig/view/styled_text.h>
 
-#include <lwconfig/core/text.h>
+#include <lwconfig/core/base/text.h>
 
 namespace lwconfig::testing {
 namespace {

@@ -5,8 +5,8 @@
 #include <tools/lwconfig/overlay/difference.h>
 #include <tools/lwconfig/overlay/overlay.h>
 
-#include <lwconfig/core/disk_file.h>
-#include <lwconfig/core/registry_access.h>
+#include <lwconfig/core/files/disk_file.h>
+#include <lwconfig/core/files/registry_access.h>
 
 namespace lwconfig::testing {
 namespace {

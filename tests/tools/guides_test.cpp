@@ -7,7 +7,7 @@
 #include <tests/tools/tool_test.h>
 #include <tools/lwconfig/commands/commands.h>
 
-#include <lwconfig/core/text.h>
+#include <lwconfig/core/base/text.h>
 #include <lwconfig/platform/files.h>
 
 namespace lwconfig::testing {

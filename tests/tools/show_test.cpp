@@ -1,6 +1,6 @@
 #include <tests/tools/tool_test.h>
 
-#include <lwconfig/core/text.h>
+#include <lwconfig/core/base/text.h>
 #include <lwconfig/platform/files.h>
 
 namespace lwconfig::testing {

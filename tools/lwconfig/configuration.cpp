@@ -6,15 +6,12 @@
 #include <tools/lwconfig/configuration.h>
 #include <tools/lwconfig/members/fault.h>
 
-#include <lwconfig/core/application_values.h>
+#include <lwconfig/core/base/letter_case.h>
+#include <lwconfig/core/files/application_values.h>
 #include <lwconfig/platform/files.h>
-#include <lwconfig/platform/letter_case.h>
 
 namespace lwconfig::tool {
 namespace {
-
-using platform::Hive;
-using platform::RegistryValue;
 
 /// The host's registry with another configuration folder in it.
 class FolderRegistry final : public platform::Registry {
@@ -26,10 +23,8 @@ class FolderRegistry final : public platform::Registry {
                           EqualIgnoringCase(key, kProductKey);
     return isFolder ? RegistryValue{1, mFolder} : mHost.Read(hive, key, name);
   }
-  std::optional<platform::RegistryKey> List(Hive hive, std::string_view key) override {
-    return mHost.List(hive, key);
-  }
-  void Apply(const std::vector<platform::RegistryChange>& changes) override { mHost.Apply(changes); }
+  std::optional<RegistryKey> List(Hive hive, std::string_view key) override { return mHost.List(hive, key); }
+  void Apply(const std::vector<RegistryChange>& changes) override { mHost.Apply(changes); }
 
  private:
   platform::Registry& mHost;

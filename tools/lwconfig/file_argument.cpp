@@ -8,7 +8,8 @@
 #include <tools/lwconfig/file_argument.h>
 #include <tools/lwconfig/terminal.h>
 
-#include <lwconfig/core/error.h>
+#include <lwconfig/core/base/error.h>
+#include <lwconfig/core/files/file_error.h>
 #include <lwconfig/platform/files.h>
 
 namespace lwconfig::tool {

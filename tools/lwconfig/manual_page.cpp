@@ -6,7 +6,7 @@
 #include <tools/lwconfig/command_line.h>
 #include <tools/lwconfig/manual_page.h>
 
-#include <lwconfig/core/text.h>
+#include <lwconfig/core/base/text.h>
 
 namespace lwconfig::tool {
 namespace {

@@ -5,7 +5,7 @@
 #include <functional>
 #include <string_view>
 
-#include <lwconfig/core/progress.h>
+#include <lwconfig/core/loading/progress.h>
 
 namespace lwconfig::tool {
 

@@ -5,8 +5,9 @@
 #include <tools/lwconfig/terminal.h>
 #include <tools/lwconfig/view/styled_text.h>
 
-#include <lwconfig/core/disk_file.h>
-#include <lwconfig/core/nearest.h>
+#include <lwconfig/core/base/nearest.h>
+#include <lwconfig/core/files/disk_file.h>
+#include <lwconfig/core/files/file_error.h>
 
 namespace lwconfig::tool {
 namespace {

@@ -7,8 +7,8 @@
 
 #include <tools/lwconfig/progress_line.h>
 
-#include <lwconfig/core/diagnostics.h>
-#include <lwconfig/core/error.h>
+#include <lwconfig/core/base/error.h>
+#include <lwconfig/core/loading/diagnostics.h>
 #include <lwconfig/platform/message_box.h>
 
 namespace lwconfig::tool {

@@ -9,7 +9,7 @@
 #include <tools/lwconfig/terminal.h>
 #include <unistd.h>
 
-#include <lwconfig/core/text.h>
+#include <lwconfig/core/base/text.h>
 
 namespace lwconfig::tool {
 namespace {

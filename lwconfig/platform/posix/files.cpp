@@ -7,8 +7,8 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <lwconfig/core/base/letter_case.h>
 #include <lwconfig/platform/files.h>
-#include <lwconfig/platform/letter_case.h>
 #include <lwconfig/platform/temporary_name.h>
 
 #include "descriptor.h"

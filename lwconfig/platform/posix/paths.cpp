@@ -8,7 +8,7 @@
 #include <dirent.h>
 #include <sys/stat.h>
 
-#include <lwconfig/platform/letter_case.h>
+#include <lwconfig/core/base/letter_case.h>
 #include <lwconfig/platform/path_parts.h>
 
 #include "descriptor.h"

@@ -6,8 +6,9 @@
 #include <unordered_set>
 #include <utility>
 
-#include <lwconfig/platform/registry_format/registry_encoding.h>
-#include <lwconfig/platform/registry_format/registry_syntax.h>
+#include <lwconfig/core/registry_text/registry_reader.h>
+#include <lwconfig/core/registry_text/registry_text.h>
+#include <lwconfig/core/registry_text/registry_writer.h>
 
 #include "descriptor.h"
 
@@ -60,7 +61,7 @@ std::vector<const RegistryChange*> LastWords(const std::vector<RegistryChange>& 
 }  // namespace
 
 RegistryFile::RegistryFile(std::string bytes, Hive hive, const std::string& path)
-    : mText(bytes.empty() ? EmptyText() : Utf8FromRegistryFile(std::move(bytes))), mHive(hive) {
+    : mText(bytes.empty() ? EmptyText() : RegistryFileText(std::move(bytes))), mHive(hive) {
   RegistryReader reader(mText, path);
   mIsOld = reader.IsOld();
   const std::size_t lineEnd = mText.find('\n');
@@ -165,8 +166,8 @@ std::string RegistryFile::With(const std::vector<RegistryChange>& changes) const
       open = key;
     }
     if (!isValue) continue;
-    const std::string data = RegistryData(change->Value, mIsOld, mLineBreak);
-    const std::string line = RegistryName(change->Name) + "=" + data;
+    const std::string data = RegistryValueText(change->Value, mIsOld, mLineBreak);
+    const std::string line = RegistryNameText(change->Name) + "=" + data;
     const auto old = mValues.find(Id{key, change->Name});
     if (known == mKeys.end()) {
       sections.append(line).append(mLineBreak);

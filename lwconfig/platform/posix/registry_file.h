@@ -7,7 +7,7 @@
 #include <unordered_map>
 #include <vector>
 
-#include <lwconfig/platform/letter_case.h>
+#include <lwconfig/core/base/letter_case.h>
 #include <lwconfig/platform/registry.h>
 
 namespace lwconfig::platform {

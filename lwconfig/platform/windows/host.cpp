@@ -2,8 +2,8 @@
 #include <charconv>
 #include <utility>
 
+#include <lwconfig/core/base/letter_case.h>
 #include <lwconfig/platform/host.h>
-#include <lwconfig/platform/letter_case.h>
 
 #include "system.h"
 

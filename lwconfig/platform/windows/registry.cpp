@@ -2,7 +2,7 @@
 #include <cstring>
 #include <memory>
 
-#include <lwconfig/platform/letter_case.h>
+#include <lwconfig/core/base/letter_case.h>
 #include <lwconfig/platform/registry.h>
 
 #include "system.h"

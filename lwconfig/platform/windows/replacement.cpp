@@ -4,7 +4,7 @@
 #include <cerrno>
 #include <system_error>
 
-#include <lwconfig/platform/letter_case.h>
+#include <lwconfig/core/base/letter_case.h>
 #include <lwconfig/platform/temporary_name.h>
 
 #include "system.h"

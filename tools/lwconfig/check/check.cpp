@@ -11,8 +11,8 @@
 #include <tools/lwconfig/check/text_check.h>
 #include <tools/lwconfig/configuration.h>
 
-#include <lwconfig/core/application_values.h>
-#include <lwconfig/core/disk_file.h>
+#include <lwconfig/core/files/application_values.h>
+#include <lwconfig/core/files/disk_file.h>
 #include <lwconfig/platform/registry.h>
 
 namespace lwconfig::tool {
@@ -38,9 +38,9 @@ class Checker {
             [this](const std::string& file, std::string_view text) { mTexts.emplace_back(file, text); }) {}
 
   void Run(const std::string& folder, Reporter& reporter) {
-    mHasOptions = CanRead(platform::Hive::CurrentUser);
+    mHasOptions = CanRead(Hive::CurrentUser);
     // The machine's hive names the configuration folder.
-    const bool isRegistered = CanRead(platform::Hive::LocalMachine);
+    const bool isRegistered = CanRead(Hive::LocalMachine);
     try {
       if (isRegistered || !folder.empty()) CheckParts(Configuration(folder, reporter).Root());
     } catch (const Error& failure) {
@@ -74,11 +74,11 @@ class Checker {
   }
 
   /// Whether a hive of the registry can be read, needed or not; tells if not.
-  bool CanRead(platform::Hive hive) {
+  bool CanRead(Hive hive) {
     try {
       platform::Host<platform::Registry>().Read(hive, kProductKey, kFolderValue);
       return true;
-    } catch (const platform::RegistryFormatError& damage) {
+    } catch (const RegistryFormatError& damage) {
       mInspection.Tell(
           Problem::DamagedRegistry,
           {platform::Host<platform::Files>().ProductPath(damage.File), damage.Line, damage.Column},

@@ -2,7 +2,7 @@
 
 #include <tools/lwconfig/check/rules.h>
 
-#include <lwconfig/core/attribute_reader.h>
+#include <lwconfig/core/loading/attribute_reader.h>
 
 namespace lwconfig::tool {
 namespace {

@@ -4,7 +4,7 @@
 #include <string_view>
 #include <vector>
 
-#include <lwconfig/core/keyed_collection.h>
+#include <lwconfig/core/base/keyed_collection.h>
 #include <lwconfig/root.h>
 
 namespace lwconfig::tool {

@@ -7,9 +7,9 @@
 
 #include <tools/lwconfig/check/rules.h>
 
-#include <lwconfig/core/attribute_reader.h>
-#include <lwconfig/core/nearest.h>
-#include <lwconfig/core/text.h>
+#include <lwconfig/core/base/nearest.h>
+#include <lwconfig/core/base/text.h>
+#include <lwconfig/core/loading/attribute_reader.h>
 #include <lwconfig/externaldocs/wildcard.h>
 
 namespace lwconfig::tool {

@@ -6,8 +6,8 @@
 #include <tools/lwconfig/check/rules.h>
 
 #include <lwconfig/automation/published.h>
-#include <lwconfig/core/attribute_reader.h>
-#include <lwconfig/core/conversions.h>
+#include <lwconfig/core/base/conversions.h>
+#include <lwconfig/core/loading/attribute_reader.h>
 
 namespace lwconfig::tool {
 namespace {

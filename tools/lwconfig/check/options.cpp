@@ -3,8 +3,8 @@
 #include <tools/lwconfig/check/known_names.h>
 #include <tools/lwconfig/check/options.h>
 
-#include <lwconfig/core/application_values.h>
-#include <lwconfig/core/nearest.h>
+#include <lwconfig/core/base/nearest.h>
+#include <lwconfig/core/files/application_values.h>
 
 namespace lwconfig::tool {
 

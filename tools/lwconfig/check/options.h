@@ -1,6 +1,6 @@
 #pragma once
 
-#include <lwconfig/core/inspection.h>
+#include <lwconfig/core/loading/inspection.h>
 #include <lwconfig/root.h>
 
 namespace lwconfig::tool {

@@ -5,9 +5,9 @@
 
 #include <tools/lwconfig/check/rules.h>
 
-#include <lwconfig/core/attribute_reader.h>
-#include <lwconfig/core/nearest.h>
-#include <lwconfig/core/text.h>
+#include <lwconfig/core/base/nearest.h>
+#include <lwconfig/core/base/text.h>
+#include <lwconfig/core/loading/attribute_reader.h>
 
 namespace lwconfig::tool {
 namespace {

@@ -2,9 +2,9 @@
 
 #include <tools/lwconfig/check/rules.h>
 
-#include <lwconfig/core/attribute_reader.h>
-#include <lwconfig/core/disk_file.h>
-#include <lwconfig/platform/letter_case.h>
+#include <lwconfig/core/base/letter_case.h>
+#include <lwconfig/core/files/disk_file.h>
+#include <lwconfig/core/loading/attribute_reader.h>
 
 namespace lwconfig::tool {
 namespace {

@@ -7,7 +7,7 @@
 #include <tools/lwconfig/check/report.h>
 #include <tools/lwconfig/view/styled_text.h>
 
-#include <lwconfig/core/disk_file.h>
+#include <lwconfig/core/files/disk_file.h>
 
 namespace lwconfig::tool {
 namespace {

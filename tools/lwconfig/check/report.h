@@ -7,8 +7,8 @@
 #include <tools/lwconfig/view/node.h>
 #include <tools/lwconfig/view/tree_text.h>
 
-#include <lwconfig/core/diagnostics.h>
-#include <lwconfig/core/inspection.h>
+#include <lwconfig/core/loading/diagnostics.h>
+#include <lwconfig/core/loading/inspection.h>
 
 namespace lwconfig::tool {
 

@@ -2,7 +2,7 @@
 
 #include <tools/lwconfig/check/rules.h>
 
-#include <lwconfig/platform/letter_case.h>
+#include <lwconfig/core/base/letter_case.h>
 
 namespace lwconfig::tool {
 namespace {

@@ -7,8 +7,8 @@
 
 #include <tools/lwconfig/check/known_names.h>
 
-#include <lwconfig/core/inspection.h>
-#include <lwconfig/core/xml_element.h>
+#include <lwconfig/core/loading/inspection.h>
+#include <lwconfig/core/xml/xml_element.h>
 
 namespace lwconfig::tool {
 

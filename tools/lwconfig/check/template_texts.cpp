@@ -3,7 +3,7 @@
 
 #include <tools/lwconfig/check/template_texts.h>
 
-#include <lwconfig/core/disk_file.h>
+#include <lwconfig/core/files/disk_file.h>
 #include <lwconfig/templates/phrases.h>
 
 namespace lwconfig::tool {

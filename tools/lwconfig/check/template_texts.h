@@ -5,7 +5,7 @@
 
 #include <tools/lwconfig/check/known_names.h>
 
-#include <lwconfig/core/inspection.h>
+#include <lwconfig/core/loading/inspection.h>
 
 namespace lwconfig::tool {
 

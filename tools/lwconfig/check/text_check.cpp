@@ -2,9 +2,10 @@
 #include <tools/lwconfig/check/rules.h>
 #include <tools/lwconfig/check/text_check.h>
 
-#include <lwconfig/core/attribute_reader.h>
-#include <lwconfig/core/nearest.h>
-#include <lwconfig/core/text.h>
+#include <lwconfig/core/base/nearest.h>
+#include <lwconfig/core/base/text.h>
+#include <lwconfig/core/base/unicode.h>
+#include <lwconfig/core/loading/attribute_reader.h>
 #include <lwconfig/externaldocs/external_docs.h>
 
 namespace lwconfig::tool {

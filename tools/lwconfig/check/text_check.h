@@ -8,8 +8,8 @@
 #include <tools/lwconfig/check/template_texts.h>
 #include <tools/lwconfig/check/text_references.h>
 
-#include <lwconfig/core/inspection.h>
-#include <lwconfig/core/xml_element.h>
+#include <lwconfig/core/loading/inspection.h>
+#include <lwconfig/core/xml/xml_element.h>
 
 namespace lwconfig::tool {
 

@@ -3,7 +3,7 @@
 
 #include <tools/lwconfig/check/text_references.h>
 
-#include <lwconfig/platform/letter_case.h>
+#include <lwconfig/core/base/letter_case.h>
 
 namespace lwconfig::tool {
 namespace {

@@ -15,7 +15,7 @@
 #include <tools/lwconfig/terminal.h>
 #include <tools/lwconfig/view/styled_text.h>
 
-#include <lwconfig/platform/letter_case.h>
+#include <lwconfig/core/base/letter_case.h>
 
 namespace lwconfig::tool {
 namespace {

@@ -11,7 +11,7 @@
 #include <lwconfig/automation/manifest.h>
 #include <lwconfig/automation/python_stubs.h>
 #include <lwconfig/automation/reference_manual.h>
-#include <lwconfig/platform/letter_case.h>
+#include <lwconfig/core/base/letter_case.h>
 
 namespace lwconfig::tool {
 namespace {

@@ -17,7 +17,7 @@
 #include <tools/lwconfig/terminal.h>
 #include <tools/lwconfig/view/json.h>
 
-#include <lwconfig/core/text.h>
+#include <lwconfig/core/files/text_encoding.h>
 
 namespace lwconfig::tool {
 namespace {

@@ -10,10 +10,10 @@
 #include <tools/lwconfig/terminal.h>
 #include <tools/lwconfig/view/json.h>
 
-#include <lwconfig/core/application_values.h>
-#include <lwconfig/core/disk_file.h>
-#include <lwconfig/core/registry_access.h>
-#include <lwconfig/core/text.h>
+#include <lwconfig/core/base/unicode.h>
+#include <lwconfig/core/files/application_values.h>
+#include <lwconfig/core/files/disk_file.h>
+#include <lwconfig/core/files/registry_access.h>
 #include <lwconfig/platform/files.h>
 
 namespace lwconfig::tool {

@@ -12,16 +12,13 @@
 #include <tools/lwconfig/terminal.h>
 #include <tools/lwconfig/view/table.h>
 
-#include <lwconfig/core/registry_access.h>
-#include <lwconfig/platform/letter_case.h>
-#include <lwconfig/platform/registry_text.h>
+#include <lwconfig/core/base/letter_case.h>
+#include <lwconfig/core/files/registry_access.h>
+#include <lwconfig/core/registry_text/registry_text.h>
 
 namespace lwconfig::tool {
 namespace {
 
-using platform::Hive;
-using platform::RegistryChange;
-using platform::RegistryPath;
 using Kinds = RegistryChange::Kinds;
 
 constexpr const char* kFooter =
@@ -64,29 +61,28 @@ std::uint32_t Number(Hive hive) {
 }
 
 std::string FullName(Hive hive, const std::string& key) {
-  return std::string(platform::HiveName(hive)) + (key.empty() ? "" : "\\" + key);
+  return std::string(HiveName(hive)) + (key.empty() ? "" : "\\" + key);
 }
 
 /// The key of the command line; nothing, and reported, where it is none.
 std::optional<RegistryPath> PathOf(const std::string& key, Reporter& reporter) {
-  auto path = platform::ParseRegistryPath(key);
+  auto path = ParseRegistryPath(key);
   if (!path) {
     reporter.FailAt(ExitStatus::NotFound, {},
                     "'" + key + "' is no key: it begins with no root, as HKCU/Software does",
-                    {std::string(platform::HiveName(Hive::CurrentUser)),
-                     std::string(platform::HiveName(Hive::LocalMachine))});
+                    {std::string(HiveName(Hive::CurrentUser)), std::string(HiveName(Hive::LocalMachine))});
   }
   return path;
 }
 
 /// What the key holds; nothing, and reported, where there is no such key.
-std::optional<platform::RegistryKey> KeyAt(const RegistryPath& path, Reporter& reporter) {
+std::optional<RegistryKey> KeyAt(const RegistryPath& path, Reporter& reporter) {
   const RegistryAccess registry;
   auto key = registry.List(Number(path.Root), path.Key);
   if (key) return key;
   // What there is below the last key of the path that exists.
   std::string parent = path.Key;
-  for (std::optional<platform::RegistryKey> above; !above;) {
+  for (std::optional<RegistryKey> above; !above;) {
     const std::size_t cut = parent.rfind('\\');
     parent.erase(cut == std::string::npos ? 0 : cut);
     above = registry.List(Number(path.Root), parent);
@@ -192,7 +188,7 @@ void NoteOwnFile(const std::vector<RegistryChange>& changes, Reporter& reporter)
     file = own;
   }
   if (count == 0) return;
-  reporter.Note(Counted(count, "value") + " of " + std::string(platform::HiveName(Hive::LocalMachine)) +
+  reporter.Note(Counted(count, "value") + " of " + std::string(HiveName(Hive::LocalMachine)) +
                 " stored for this user alone, in " + file);
 }
 
@@ -239,8 +235,8 @@ void Import(const Arguments& arguments, Reporter& reporter) {
   const std::string file = arguments.Text("FILE");
   std::vector<RegistryChange> changes;
   try {
-    changes = platform::ReadRegistryText(ReadSource(file), SourceName(file));
-  } catch (const platform::RegistryFormatError& mistake) {
+    changes = ReadRegistryText(ReadSource(file), SourceName(file));
+  } catch (const RegistryFormatError& mistake) {
     return reporter.FailAt(
         ExitStatus::Invalid, {mistake.File, mistake.Line, mistake.Column},
         std::string("This is no registry file that can be used; nothing was changed: ") + mistake.what());
@@ -269,12 +265,11 @@ bool IsFile(std::string_view argument) {
 void Export(const Arguments& arguments, Reporter& reporter) {
   std::string key = arguments.Text("KEY");
   std::string file = arguments.Text("FILE");
-  if (file.empty() && IsFile(key) && !platform::ParseRegistryPath(key)) key.swap(file);
+  if (file.empty() && IsFile(key) && !ParseRegistryPath(key)) key.swap(file);
   const auto all = Collected(key, reporter);
   if (!all) return;
-  const auto encoding =
-      arguments.Has("--utf16") ? platform::RegistryEncoding::Utf16 : platform::RegistryEncoding::Utf8;
-  WriteTarget(file.empty() ? "-" : file, platform::WriteRegistryText(*all, encoding), reporter);
+  const auto encoding = arguments.Has("--utf16") ? RegistryEncoding::Utf16 : RegistryEncoding::Utf8;
+  WriteTarget(file.empty() ? "-" : file, WriteRegistryText(*all, encoding), reporter);
 }
 
 constexpr Parameter kKey{.Name = "KEY", .About = "the key"};

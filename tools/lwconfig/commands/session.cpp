@@ -7,7 +7,7 @@
 #include <tools/lwconfig/members/session.h>
 #include <tools/lwconfig/terminal.h>
 
-#include <lwconfig/core/text.h>
+#include <lwconfig/core/files/text_encoding.h>
 
 namespace lwconfig::tool {
 namespace {

@@ -14,11 +14,11 @@
 #include <tools/lwconfig/view/json.h>
 #include <tools/lwconfig/view/table.h>
 
-#include <lwconfig/core/disk_file.h>
-#include <lwconfig/core/file_name.h>
-#include <lwconfig/core/string_tools.h>
-#include <lwconfig/core/xml_characters.h>
-#include <lwconfig/platform/letter_case.h>
+#include <lwconfig/core/base/letter_case.h>
+#include <lwconfig/core/files/disk_file.h>
+#include <lwconfig/core/files/file_name.h>
+#include <lwconfig/core/xml/string_tools.h>
+#include <lwconfig/core/xml/xml_characters.h>
 
 namespace lwconfig::tool {
 namespace {

@@ -11,7 +11,7 @@
 #include <tools/lwconfig/view/json.h>
 #include <tools/lwconfig/view/table.h>
 
-#include <lwconfig/platform/letter_case.h>
+#include <lwconfig/core/base/letter_case.h>
 #include <lwconfig/templates/phrases.h>
 
 namespace lwconfig::tool {

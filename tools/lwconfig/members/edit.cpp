@@ -9,7 +9,7 @@
 #include <lwconfig/automation/conversion.h>
 #include <lwconfig/automation/errors.h>
 #include <lwconfig/automation/member_facts.h>
-#include <lwconfig/platform/letter_case.h>
+#include <lwconfig/core/base/letter_case.h>
 
 namespace lwconfig::tool {
 namespace {

@@ -5,7 +5,7 @@
 
 #include <lwconfig/automation/conversion.h>
 #include <lwconfig/automation/dispatch.h>
-#include <lwconfig/platform/letter_case.h>
+#include <lwconfig/core/base/letter_case.h>
 
 namespace lwconfig::tool {
 

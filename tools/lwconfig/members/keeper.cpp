@@ -6,7 +6,7 @@
 #include <tools/lwconfig/members/keeper.h>
 
 #include <lwconfig/automation/class_info.h>
-#include <lwconfig/core/xml_characters.h>
+#include <lwconfig/core/xml/xml_characters.h>
 
 namespace lwconfig::tool {
 namespace {

@@ -6,7 +6,7 @@
 #include <tools/lwconfig/view/table.h>
 
 #include <lwconfig/automation/conversion.h>
-#include <lwconfig/core/error.h>
+#include <lwconfig/core/base/error.h>
 
 namespace lwconfig::tool {
 namespace {

@@ -9,7 +9,7 @@
 #include <lwconfig/automation/dispatch.h>
 #include <lwconfig/automation/errors.h>
 #include <lwconfig/automation/published.h>
-#include <lwconfig/core/error_reporter.h>
+#include <lwconfig/core/loading/error_reporter.h>
 
 namespace lwconfig::tool {
 namespace {

@@ -9,7 +9,7 @@
 #include <tools/lwconfig/reporter.h>
 
 #include <lwconfig/automation/class_info.h>
-#include <lwconfig/core/variant.h>
+#include <lwconfig/core/base/variant.h>
 #include <lwconfig/platform/components.h>
 
 namespace lwconfig::tool {

@@ -1,6 +1,6 @@
 #include <tools/lwconfig/members/report.h>
 
-#include <lwconfig/core/text.h>
+#include <lwconfig/core/base/unicode.h>
 
 namespace lwconfig::tool {
 namespace {

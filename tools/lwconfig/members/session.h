@@ -6,7 +6,7 @@
 
 #include <tools/lwconfig/members/edit.h>
 
-#include <lwconfig/core/event.h>
+#include <lwconfig/core/base/event.h>
 
 namespace lwconfig::tool {
 

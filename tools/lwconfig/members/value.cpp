@@ -3,9 +3,9 @@
 #include <tools/lwconfig/members/value.h>
 
 #include <lwconfig/automation/conversion.h>
-#include <lwconfig/core/colour.h>
-#include <lwconfig/core/conversions.h>
-#include <lwconfig/platform/letter_case.h>
+#include <lwconfig/core/base/colour.h>
+#include <lwconfig/core/base/conversions.h>
+#include <lwconfig/core/base/letter_case.h>
 
 namespace lwconfig::tool {
 namespace {

@@ -8,7 +8,7 @@
 #include <tools/lwconfig/members/path.h>
 
 #include <lwconfig/automation/class_info.h>
-#include <lwconfig/core/variant.h>
+#include <lwconfig/core/base/variant.h>
 
 namespace lwconfig::tool {
 

@@ -3,7 +3,7 @@
 #include <tools/lwconfig/members/fault.h>
 #include <tools/lwconfig/members/words.h>
 
-#include <lwconfig/core/text.h>
+#include <lwconfig/core/base/unicode.h>
 
 namespace lwconfig::tool {
 namespace {

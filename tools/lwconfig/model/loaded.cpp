@@ -4,7 +4,7 @@
 #include <tools/lwconfig/model/describe.h>
 #include <tools/lwconfig/model/loaded.h>
 
-#include <lwconfig/platform/letter_case.h>
+#include <lwconfig/core/base/letter_case.h>
 
 namespace lwconfig::tool {
 

@@ -4,7 +4,7 @@
 #include <tools/lwconfig/model/options.h>
 
 #include <lwconfig/automation/published.h>
-#include <lwconfig/core/application_values.h>
+#include <lwconfig/core/files/application_values.h>
 
 namespace lwconfig::tool {
 namespace {

@@ -5,14 +5,13 @@
 
 #include <tools/lwconfig/model/registry_data.h>
 
-#include <lwconfig/core/text.h>
-#include <lwconfig/platform/letter_case.h>
-#include <lwconfig/platform/registry_text.h>
+#include <lwconfig/core/base/letter_case.h>
+#include <lwconfig/core/base/text.h>
+#include <lwconfig/core/registry_text/registry_text.h>
 
 namespace lwconfig::tool {
 namespace {
 
-using platform::RegistryValue;
 using Bytes = std::vector<std::uint8_t>;
 
 constexpr std::uint32_t kText = 1;
@@ -103,7 +102,7 @@ std::vector<std::string> RegistryTypeNames() {
 }
 
 std::optional<RegistryValue> RegistryValueOf(std::uint32_t type, const std::vector<std::string>& texts) {
-  if (type == kTexts) return RegistryValue{type, platform::PackTexts(texts)};
+  if (type == kTexts) return RegistryValue{type, PackTexts(texts)};
   if (texts.size() != 1) return std::nullopt;
   const std::string& text = texts.front();
   if (type == kText || type == kExpanded) return RegistryValue{type, text};
@@ -126,7 +125,7 @@ std::string RegistryDataText(const RegistryValue& value) {
   if (IsLongNumber(value, bytes)) return std::to_string(FromLittleEndian(bytes));
   if (value.Type != kTexts) return Digits(bytes);
   std::string lines;
-  for (const std::string& text : platform::UnpackTexts(bytes)) lines += (lines.empty() ? "" : "\n") + text;
+  for (const std::string& text : UnpackTexts(bytes)) lines += (lines.empty() ? "" : "\n") + text;
   return lines;
 }
 
@@ -134,7 +133,7 @@ Json RegistryDataJson(const RegistryValue& value) {
   if (const auto* number = std::get_if<std::uint32_t>(&value.Data)) return *number;
   if (const auto* bytes = std::get_if<Bytes>(&value.Data)) {
     if (IsLongNumber(value, *bytes)) return FromLittleEndian(*bytes);
-    if (value.Type == kTexts) return platform::UnpackTexts(*bytes);
+    if (value.Type == kTexts) return UnpackTexts(*bytes);
   }
   return RegistryDataText(value);
 }

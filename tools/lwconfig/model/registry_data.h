@@ -21,12 +21,11 @@ std::vector<std::string> RegistryTypeNames();
 /// The value of that type that the texts stand for; nothing where they stand for none. A "multi" takes any
 /// number of texts, every other type one: a number is decimal or begins with 0x, "binary" is pairs of
 /// hexadecimal digits.
-std::optional<platform::RegistryValue> RegistryValueOf(std::uint32_t type,
-                                                       const std::vector<std::string>& texts);
+std::optional<RegistryValue> RegistryValueOf(std::uint32_t type, const std::vector<std::string>& texts);
 
 /// The data in the form that `RegistryValueOf` takes; the texts of a "multi" in one line each.
-std::string RegistryDataText(const platform::RegistryValue& value);
+std::string RegistryDataText(const RegistryValue& value);
 /// A number, a list of texts, or a text.
-Json RegistryDataJson(const platform::RegistryValue& value);
+Json RegistryDataJson(const RegistryValue& value);
 
 }  // namespace lwconfig::tool

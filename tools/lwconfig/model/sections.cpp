@@ -6,8 +6,8 @@
 #include <tools/lwconfig/model/options.h>
 #include <tools/lwconfig/model/sections.h>
 
-#include <lwconfig/core/disk_file.h>
-#include <lwconfig/platform/letter_case.h>
+#include <lwconfig/core/base/letter_case.h>
+#include <lwconfig/core/files/disk_file.h>
 
 namespace lwconfig::tool {
 namespace {

@@ -1,6 +1,6 @@
 #include <tools/lwconfig/model/describe.h>
 
-#include <lwconfig/core/colour.h>
+#include <lwconfig/core/base/colour.h>
 
 namespace lwconfig::tool {
 namespace {

@@ -1,6 +1,6 @@
 #include <tools/lwconfig/model/describe.h>
 
-#include <lwconfig/core/disk_file.h>
+#include <lwconfig/core/files/disk_file.h>
 
 namespace lwconfig::tool {
 namespace {

@@ -7,15 +7,16 @@
 #include <tools/lwconfig/overlay/difference.h>
 #include <tools/lwconfig/overlay/overlay.h>
 
-#include <lwconfig/core/error.h>
-#include <lwconfig/core/text.h>
-#include <lwconfig/platform/registry_text.h>
+#include <lwconfig/core/base/error.h>
+#include <lwconfig/core/base/text.h>
+#include <lwconfig/core/files/file_error.h>
+#include <lwconfig/core/files/text_encoding.h>
+#include <lwconfig/core/registry_text/registry_text.h>
 
 namespace lwconfig::tool {
 namespace {
 
 using platform::FileReplacement;
-using platform::RegistryValue;
 
 /// What was done, and how it is taken back: from the last step to the first.
 class Undoable {
@@ -53,15 +54,15 @@ void Put(platform::Files& files, const std::string& path, const std::optional<st
 }
 
 /// The step after which the value is `wanted`, or gone.
-platform::RegistryChange StepTo(const ValueChange& change, const std::optional<RegistryValue>& wanted) {
-  using Kinds = platform::RegistryChange::Kinds;
+RegistryChange StepTo(const ValueChange& change, const std::optional<RegistryValue>& wanted) {
+  using Kinds = RegistryChange::Kinds;
   return {wanted ? Kinds::Value : Kinds::DeletedValue, change.Hive, change.Key, change.Name,
           wanted.value_or(RegistryValue{})};
 }
 
 /// The value as a registry file has it, with the mark in front of each line.
 std::string MarkedLines(char mark, const ValueChange& change, const RegistryValue& value) {
-  const std::string statement = platform::RegistryValueLine(change.Name, value);
+  const std::string statement = RegistryValueLine(change.Name, value);
   std::string lines;
   for (const auto line : Split(statement, "\n")) ((lines += mark) += line) += '\n';
   return lines;
@@ -76,7 +77,7 @@ std::string ArgumentsFor(const ValueChange& change) {
     for (const char c : text) inQuotes += c == '\'' ? std::string("'\\''") : std::string(1, c);
     return inQuotes + "'";
   };
-  std::string key = std::string(platform::HiveName(change.Hive)) + "\\" + change.Key;
+  std::string key = std::string(HiveName(change.Hive)) + "\\" + change.Key;
   if (key.find('/') == std::string::npos) std::ranges::replace(key, '\\', '/');
   return quoted(key) + " " + quoted(change.Name);
 }
@@ -116,7 +117,7 @@ std::string Overlay::Difference() const {
             UnifiedDifference(DecodeText(change.Old.value_or("")), DecodeText(change.New.value_or("")));
   }
   for (const ValueChange& change : mRegistry.Changes()) {
-    const std::string key = "[" + std::string(platform::HiveName(change.Hive)) + "\\" + change.Key + "]\n";
+    const std::string key = "[" + std::string(HiveName(change.Hive)) + "\\" + change.Key + "]\n";
     text += "--- registry\n+++ registry\n " + key;
     if (change.Old) text += MarkedLines('-', change, *change.Old);
     if (change.New) text += MarkedLines('+', change, *change.New);

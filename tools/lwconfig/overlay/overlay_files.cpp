@@ -4,7 +4,7 @@
 
 #include <tools/lwconfig/overlay/overlay_files.h>
 
-#include <lwconfig/platform/letter_case.h>
+#include <lwconfig/core/base/letter_case.h>
 
 namespace lwconfig::tool {
 namespace {

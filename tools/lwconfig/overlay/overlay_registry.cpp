@@ -4,7 +4,7 @@
 
 #include <tools/lwconfig/overlay/overlay_registry.h>
 
-#include <lwconfig/platform/letter_case.h>
+#include <lwconfig/core/base/letter_case.h>
 
 namespace lwconfig::tool {
 
@@ -14,26 +14,25 @@ std::vector<ValueChange> OverlayRegistry::Changes() const {
   return changes;
 }
 
-ValueChange* OverlayRegistry::Find(platform::Hive hive, std::string_view key, std::string_view name) {
+ValueChange* OverlayRegistry::Find(Hive hive, std::string_view key, std::string_view name) {
   const auto found = std::ranges::find_if(mValues, [&](const ValueChange& value) {
     return value.Hive == hive && EqualIgnoringCase(value.Key, key) && EqualIgnoringCase(value.Name, name);
   });
   return found == mValues.end() ? nullptr : &*found;
 }
 
-std::optional<platform::RegistryValue> OverlayRegistry::Read(platform::Hive hive, std::string_view key,
-                                                             std::string_view name) {
+std::optional<RegistryValue> OverlayRegistry::Read(Hive hive, std::string_view key, std::string_view name) {
   if (const ValueChange* written = Find(hive, key, name)) return written->New;
   return mBase.Read(hive, key, name);
 }
 
-void OverlayRegistry::Apply(const std::vector<platform::RegistryChange>& changes) {
-  using Kinds = platform::RegistryChange::Kinds;
-  for (const platform::RegistryChange& change : changes) {
+void OverlayRegistry::Apply(const std::vector<RegistryChange>& changes) {
+  using Kinds = RegistryChange::Kinds;
+  for (const RegistryChange& change : changes) {
     if (change.Kind == Kinds::Key) continue;
     if (change.Kind == Kinds::DeletedKey)
       throw std::system_error(std::make_error_code(std::errc::operation_not_supported), change.Key);
-    std::optional<platform::RegistryValue> wanted;
+    std::optional<RegistryValue> wanted;
     if (change.Kind == Kinds::Value) wanted = change.Value;
     if (ValueChange* written = Find(change.Root, change.Key, change.Name)) {
       written->New = std::move(wanted);

@@ -11,11 +11,11 @@ namespace lwconfig::tool {
 
 /// What is to become of one registry value; nothing stands for none.
 struct ValueChange {
-  platform::Hive Hive;
+  lwconfig::Hive Hive;
   std::string Key;
   std::string Name;
-  std::optional<platform::RegistryValue> Old;
-  std::optional<platform::RegistryValue> New;
+  std::optional<RegistryValue> Old;
+  std::optional<RegistryValue> New;
 };
 
 /// A registry over another one: values that are written are kept in memory, where reads see them.
@@ -26,17 +26,14 @@ class OverlayRegistry final : public platform::Registry {
   /// The values that are not what they were, in the order in which they were first written.
   std::vector<ValueChange> Changes() const;
 
-  std::optional<platform::RegistryValue> Read(platform::Hive hive, std::string_view key,
-                                              std::string_view name) override;
+  std::optional<RegistryValue> Read(Hive hive, std::string_view key, std::string_view name) override;
   /// As it is below: nothing that the library does looks at keys as a whole.
-  std::optional<platform::RegistryKey> List(platform::Hive hive, std::string_view key) override {
-    return mBase.List(hive, key);
-  }
+  std::optional<RegistryKey> List(Hive hive, std::string_view key) override { return mBase.List(hive, key); }
   /// A key comes into being with its first value. Deleting whole keys is not supported.
-  void Apply(const std::vector<platform::RegistryChange>& changes) override;
+  void Apply(const std::vector<RegistryChange>& changes) override;
 
  private:
-  ValueChange* Find(platform::Hive hive, std::string_view key, std::string_view name);
+  ValueChange* Find(Hive hive, std::string_view key, std::string_view name);
 
   platform::Registry& mBase;
   std::vector<ValueChange> mValues;

@@ -5,7 +5,7 @@
 
 #include <tools/lwconfig/view/tree_path.h>
 
-#include <lwconfig/platform/letter_case.h>
+#include <lwconfig/core/base/letter_case.h>
 
 namespace lwconfig::tool {
 namespace {

@@ -1,0 +1,50 @@
+#include <algorithm>
+#include <cstddef>
+#include <numeric>
+
+#include <lwconfig/core/base/letter_case.h>
+#include <lwconfig/core/base/nearest.h>
+
+namespace lwconfig {
+
+std::size_t EditDistance(std::string_view a, std::string_view b) {
+  std::vector<std::size_t> beforeLast(b.size() + 1);
+  std::vector<std::size_t> last(b.size() + 1);
+  std::iota(last.begin(), last.end(), std::size_t{0});
+  std::vector<std::size_t> row(b.size() + 1);
+  for (std::size_t i = 1; i <= a.size(); ++i) {
+    row[0] = i;
+    for (std::size_t j = 1; j <= b.size(); ++j) {
+      const std::size_t replaced = last[j - 1] + (a[i - 1] == b[j - 1] ? 0 : 1);
+      row[j] = std::min({replaced, last[j] + 1, row[j - 1] + 1});
+      const bool isSwapped = i > 1 && j > 1 && a[i - 1] == b[j - 2] && a[i - 2] == b[j - 1];
+      if (isSwapped) row[j] = std::min(row[j], beforeLast[j - 2] + 1);
+    }
+    beforeLast.swap(last);
+    last.swap(row);
+  }
+  return last.back();
+}
+
+std::string Nearest(std::string_view name, const std::vector<std::string>& candidates) {
+  constexpr std::size_t kLongestName = 200;
+  if (name.empty() || name.size() > kLongestName) return {};
+  const std::string wanted = FoldCase(name);
+  std::string nearest;
+  std::size_t least = kLongestName;
+  for (const std::string& candidate : candidates) {
+    if (candidate.size() > kLongestName) continue;
+    const std::string folded = FoldCase(candidate);
+    // The beginning of a name, or a part of a long one, is as good as one slip of the finger.
+    const bool isPart = wanted.size() >= 3 && folded.find(wanted) != std::string::npos;
+    const std::size_t distance = isPart ? 1 : EditDistance(wanted, folded);
+    // A name with more than a third of its letters wrong is another name.
+    if (distance < least && 3 * distance <= std::max(wanted.size(), folded.size())) {
+      least = distance;
+      nearest = candidate;
+    }
+  }
+  return nearest;
+}
+
+}  // namespace lwconfig

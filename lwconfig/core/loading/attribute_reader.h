@@ -1,0 +1,119 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <cstring>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include <lwconfig/core/base/conversions.h>
+#include <lwconfig/core/loading/diagnostics.h>
+#include <lwconfig/core/xml/xml_element.h>
+
+namespace lwconfig {
+
+/// Reads the attributes of one element into members, names matched without regard to letter case. A look-up
+/// starts where the last one ended, so that attributes in file order are found at once; for any other, of
+/// several attributes of one name it finds the first. While an inspection is under way it is told of each
+/// failure, and nothing is thrown.
+class AttributeReader {
+ public:
+  /// The element must outlive the reader.
+  explicit AttributeReader(const XMLElement& e);
+  /// Tells the diagnostics handler of an attribute that the element has twice, unless the load is failing.
+  ~AttributeReader();
+  AttributeReader(const AttributeReader&) = delete;
+  AttributeReader& operator=(const AttributeReader&) = delete;
+
+  /// Reads the attribute. Error 5 where it is absent; the member then keeps its value.
+  void Require(const char* name, std::string& member) {
+    if (const char* text = Required(name)) Assign(text, member);
+  }
+  /// As above, converted. The error of a failing conversion is thrown; the member then keeps its value.
+  template <class T, class Convert>
+  void Require(const char* name, T& member, Convert convert) {
+    const char* text = Required(name);
+    if (text == nullptr) return;
+    const auto conversion = convert(text);
+    if (!conversion)
+      return Fail(conversion.ErrorNumber, name, "\"" + std::string(text) + "\" " + conversion.Problem);
+    member = static_cast<T>(conversion.Value);
+    if (conversion.Problem != nullptr) TellDoubt(name, text, ToText(conversion.Value), conversion.Problem);
+  }
+
+  /// Reads the attribute; where it is absent the member keeps its value and the result is false.
+  bool Try(const char* name, std::string& member) {
+    const char* text = Find(name);
+    if (text != nullptr) Assign(text, member);
+    return text != nullptr;
+  }
+  /// As above, converted; also where the conversion fails the member keeps its value.
+  template <class T, class Convert>
+  bool Try(const char* name, T& member, Convert convert) {
+    const char* text = Find(name);
+    if (text == nullptr) return false;
+    const auto conversion = convert(text);
+    if (conversion) {
+      member = static_cast<T>(conversion.Value);
+      if (conversion.Problem != nullptr) TellDoubt(name, text, ToText(conversion.Value), conversion.Problem);
+    } else {
+      TellIgnored(name, text, conversion.Problem);
+    }
+    return static_cast<bool>(conversion);
+  }
+
+  /// Says that the attribute belongs to the element and is not read.
+  void Skip(const char* name) const;
+
+  /// The value of the attribute, or null where it is absent. Valid as long as the element.
+  const char* Find(const char* name) {
+    if (mNext == mEnd || *mNext->Name != *name || std::strcmp(mNext->Name, name) != 0) return Search(name);
+    ++mFound;
+    return (mNext++)->Value;
+  }
+
+ private:
+  static void Assign(const char* text, std::string& member) {
+    // Most attributes are empty, and so is the member.
+    if (*text != '\0' || !member.empty()) member = text;
+  }
+  /// Null where an inspection was told that it is missing.
+  const char* Required(const char* name);
+  const char* Search(const char* name);
+  void TellRepeated() const;
+  /// Tells the diagnostics handler what is odd about the element, up to a number of times in one file.
+  void Tell(const std::string& message) const;
+  /// Tells of an optional value that does not convert.
+  void TellIgnored(const char* name, const char* text, const char* problem) const;
+  /// Tells an inspection under way of a value that is taken, though it may be meant otherwise.
+  void TellDoubt(const char* name, const char* text, std::string_view taken, const char* doubt) const;
+  /// Throws the error; returns where an inspection is told of it instead.
+  void Fail(std::int32_t number, const char* name, std::string_view found) const;
+
+  struct Attribute {
+    const char* Name;
+    const char* Value;
+  };
+  static constexpr std::size_t kUsualCount = 32;
+
+  const XMLElement& mElement;
+  // The attributes, read off the element once: look-ups that miss cost little.
+  Attribute mUsual[kUsualCount];
+  std::vector<Attribute> mMany;  // instead, where there are more
+  const Attribute* mFirst;
+  const Attribute* mEnd;
+  const Attribute* mNext;
+  std::ptrdiff_t mFound = 0;  // how many look-ups found an attribute
+};
+
+/// Calls `visit(child)` for each child element in document order. A failure that has no place in a file yet
+/// gets that of the child.
+template <class Visit>
+void ForEachChild(const XMLElement& e, Visit visit) {
+  for (const XMLElement child : e.Children()) {
+    RunStep([&] { visit(child); }, [&] { return child.Position(); });
+  }
+}
+
+}  // namespace lwconfig

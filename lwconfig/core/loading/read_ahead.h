@@ -1,0 +1,49 @@
+#pragma once
+
+#include <condition_variable>
+#include <cstddef>
+#include <exception>
+#include <mutex>
+#include <optional>
+#include <thread>
+#include <vector>
+
+#include <lwconfig/core/files/disk_file.h>
+#include <lwconfig/core/xml/xml_document.h>
+
+namespace lwconfig {
+
+/// Reads and parses a list of files in order, the next one on a second thread, while the caller works through
+/// the one before. Results, order and failures are those of reading one after the other.
+class ReadAhead {
+ public:
+  explicit ReadAhead(std::vector<DiskFile> files);
+  /// Waits for the file under way and drops what was read ahead.
+  ~ReadAhead();
+  ReadAhead(const ReadAhead&) = delete;
+  ReadAhead& operator=(const ReadAhead&) = delete;
+
+  /// The next document. Throws what reading it failed with. Called at most once for each file.
+  XMLDocument Next();
+
+ private:
+  struct Result {
+    XMLDocument Document;
+    std::exception_ptr Failure;
+  };
+  static Result Read(const DiskFile& file);
+  void ReadAll();
+  Result Take();
+
+  const std::vector<DiskFile> mFiles;
+  std::mutex mMutex;
+  std::condition_variable mChanged;
+  // Read and not yet taken. One is enough, since reading is quicker than working, and more documents at a
+  // time would no longer fit into the processor's cache.
+  std::optional<Result> mNext;
+  bool mStopped = false;
+  std::size_t mTaken = 0;  // without a second thread: how many were read
+  std::thread mReader;     // last: it uses everything above
+};
+
+}  // namespace lwconfig

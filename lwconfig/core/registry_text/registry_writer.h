@@ -1,0 +1,17 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include <lwconfig/core/registry_text/registry_data.h>
+
+namespace lwconfig {
+
+/// The line that begins a key.
+std::string RegistryKeyLine(Hive hive, std::string_view key);
+/// The form in which a registry file holds a name.
+std::string RegistryNameText(std::string_view name);
+/// The form in which a registry file, of the older version or not, holds a value.
+std::string RegistryValueText(const RegistryValue& value, bool old, std::string_view lineBreak);
+
+}  // namespace lwconfig

@@ -1,0 +1,156 @@
+#pragma once
+
+#include <cstdint>
+#include <iterator>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include <lwconfig/core/base/error.h>
+#include <lwconfig/core/base/keyed_list.h>
+
+namespace pugi {
+struct xml_node_struct;
+struct xml_attribute_struct;
+}  // namespace pugi
+
+namespace lwconfig {
+
+class XMLAttributes;
+class XMLElements;
+struct XMLDocumentData;
+struct XMLDraftElement;
+
+/// One attribute. A handle: it stays valid as long as it is held, and copies refer to the same attribute.
+class XMLAttribute {
+ public:
+  /// The name as written in the file.
+  std::string Name() const;
+  /// The value, entities resolved.
+  std::string Value() const;
+
+ private:
+  friend class XMLAttributes;
+  friend class XMLElement;
+  XMLAttribute(std::shared_ptr<XMLDocumentData> document, pugi::xml_attribute_struct* attribute)
+      : mDocument(std::move(document)), mAttribute(attribute) {}
+  XMLAttribute(std::shared_ptr<XMLDocumentData> document, XMLDraftElement& element, std::size_t place)
+      : mDocument(std::move(document)), mDraft(&element), mPlace(place) {}
+  /// The attribute in the document's tree; a draft becomes a tree.
+  pugi::xml_attribute_struct* Attribute() const;
+
+  std::shared_ptr<XMLDocumentData> mDocument;
+  pugi::xml_attribute_struct* mAttribute = nullptr;
+  XMLDraftElement* mDraft = nullptr;  // where the attribute was added in a draft: its element
+  std::size_t mPlace = 0;             // and which of its attributes it is, from 0 on
+};
+
+/// One element of a document. A handle: it stays valid as long as it is held, and copies refer to the same
+/// element.
+class XMLElement {
+ public:
+  /// The tag name as written in the file.
+  std::string Name() const;
+  /// Whether the tag name is `name` exactly.
+  bool IsNamed(std::string_view name) const;
+  /// Whether the tag name is `name` without regard to letter case.
+  bool IsNamedIgnoringCase(std::string_view name) const;
+  /// Error 5 for a text that is no XML name.
+  void SetName(std::string_view name);
+  /// The character data directly inside the element, joined; what was written in it where the document was
+  /// loaded so.
+  std::string Text() const;
+  /// The attributes, in the order of the file.
+  XMLAttributes Attributes() const;
+  /// The child elements, in the order of the file.
+  XMLElements Children() const;
+
+  /// Appends an attribute. The value comes back exactly as it was set: control characters other than tab and
+  /// line breaks are written as references too, which XML 1.0 does not provide for and this library reads.
+  /// Error 5 for a name that is no XML name, and for a value with a NUL character, which no file can hold.
+  XMLAttribute AddAttribute(std::string_view name, std::string_view value);
+  /// As `AddAttribute`, for those who have no use for the attribute: a save adds very many.
+  void PutAttribute(std::string_view name, std::string_view value);
+  /// Appends a child element with this tag name and text, which comes back in the same way. Error 5 as above.
+  XMLElement AddElement(std::string_view name, std::string_view text);
+
+  /// Where the element stands in the file, or text, that it was read from.
+  FilePosition Position() const;
+  /// Where the attribute of that name, letter case ignored, stands; the place of the element without one.
+  FilePosition Position(std::string_view attribute) const;
+  /// What is wrong with the text that the element was read from; empty where it was well-formed.
+  const std::string& ParseFailure() const;
+
+  friend bool operator==(const XMLElement& a, const XMLElement& b) { return a.Node() == b.Node(); }
+
+ private:
+  friend class AttributeReader;
+  friend class Inspection;
+  friend class XMLAttributes;
+  friend class XMLDocument;
+  friend class XMLElements;
+  XMLElement(std::shared_ptr<XMLDocumentData> document, pugi::xml_node_struct* node)
+      : mDocument(std::move(document)), mNode(node) {}
+  XMLElement(std::shared_ptr<XMLDocumentData> document, XMLDraftElement& draft)
+      : mDocument(std::move(document)), mDraft(&draft) {}
+  /// The node in the document's tree; a draft becomes a tree.
+  pugi::xml_node_struct* Node() const;
+  bool IsDraft() const;
+  /// Tells an inspection under way of a name that the element might have had; always false.
+  bool NoteOtherName(std::string_view name) const;
+
+  std::shared_ptr<XMLDocumentData> mDocument;
+  pugi::xml_node_struct* mNode = nullptr;
+  XMLDraftElement* mDraft = nullptr;  // where the element was created in a draft
+};
+
+/// The attributes of one element, looked up by name without regard to letter case.
+class XMLAttributes {
+ public:
+  /// The attribute of that name. Error 5 where the element has no such attribute, with the element's place.
+  XMLAttribute Item(const ItemKey& Key) const;
+  /// The attribute, or nothing.
+  std::optional<XMLAttribute> Find(const ItemKey& Key) const;
+  std::int32_t Count() const;
+
+ private:
+  friend class XMLElement;
+  explicit XMLAttributes(XMLElement element) : mElement(std::move(element)) {}
+  XMLElement mElement;
+};
+
+/// The child elements of one element, in document order.
+class XMLElements {
+ public:
+  class Iterator {
+   public:
+    using difference_type = std::ptrdiff_t;
+    using value_type = XMLElement;
+    XMLElement operator*() const { return XMLElement(*mDocument, mNode); }
+    Iterator& operator++();
+    bool operator==(std::default_sentinel_t) const { return mNode == nullptr; }
+
+   private:
+    friend class XMLElements;
+    Iterator(const std::shared_ptr<XMLDocumentData>* document, pugi::xml_node_struct* node)
+        : mDocument(document), mNode(node) {}
+    const std::shared_ptr<XMLDocumentData>* mDocument;
+    pugi::xml_node_struct* mNode;
+  };
+
+  /// The number of child elements.
+  std::int32_t Count() const;
+  /// The child at a position from 1. Error 9 where there is none.
+  XMLElement Item(std::int32_t position) const;
+  /// The child elements, from the first to the last.
+  Iterator begin() const;
+  std::default_sentinel_t end() const { return {}; }
+
+ private:
+  friend class XMLElement;
+  explicit XMLElements(XMLElement element) : mElement(std::move(element)) {}
+  XMLElement mElement;
+};
+
+}  // namespace lwconfig
