@@ -5,16 +5,10 @@
 #include <lwconfig/core/base/instance_count.h>
 #include <lwconfig/root.h>
 
-namespace lwconfig {
+namespace lwconfig::testing {
 namespace {
 
-using testing::Each;
-using ::testing::ElementsAre;
-using testing::ErrorOf;
-using testing::FileOperation;
-using ::testing::IsEmpty;
-
-class RootTest : public testing::ConfigurationTest {
+class RootTest : public ConfigurationTest {
  protected:
   RootTest() { Write("Namespaces/core.xml", "<p Name='LW.Core'/>"); }
   void AddTemplate(const std::string& name, const std::string& attributes,
@@ -64,15 +58,15 @@ TEST_F(RootTest, KeepsWhatAFailingLoadLeft) {
   Write("Templates/B/config.xml", "<PageTemplate/>");
   AddTemplate("C", "", "LW.Core");
   Root root;
-  EXPECT_EQ(ErrorOf([&] { root.PageTemplates(); }).Number(), kInvalidCall);
+  EXPECT_ERROR(kInvalidCall, root.PageTemplates());
   EXPECT_THAT(Each(*root.PageTemplates(), &PageTemplate::Name), ElementsAre("A"));
   Write("Namespaces/d.xml", "<p Name='lw.core'/>");
   root.ResetLWConfig();
-  EXPECT_EQ(ErrorOf([&] { root.PageTemplates(); }).Number(), kDuplicateKey);
+  EXPECT_ERROR(kDuplicateKey, root.PageTemplates());
   EXPECT_EQ(root.PageTemplates()->Count(), 0);
   EXPECT_EQ(root.NamespaceProfiles()->Count(), 1);
   Write("PlugIns/a.xml", "<p><PlugIn/></p>");
-  EXPECT_EQ(ErrorOf([&] { root.PlugIns(); }).Number(), kInvalidCall);
+  EXPECT_ERROR(kInvalidCall, root.PlugIns());
   EXPECT_EQ(root.PlugIns()->Count(), 0);
 }
 
@@ -133,7 +127,7 @@ TEST_F(RootTest, ReplacedObjectsAreSharedUntilTheReset) {
   root.ReplaceTaggedCommentDefs(definitions);
   root.ReplaceModelCommentProfiles(profiles);
   root.ReplaceCommentFileLocations(locations);
-  EXPECT_EQ(ErrorOf([&] { root.ReplaceExternalDocs(nullptr); }).Number(), kObjectNotSet);
+  EXPECT_ERROR(kObjectNotSet, root.ReplaceExternalDocs(nullptr));
   EXPECT_EQ(std::tuple(other.ExternalDocs(), other.TaggedCommentDefs(), other.ModelCommentProfiles(),
                        other.CommentFileLocations()),
             std::tuple(docs, definitions, profiles, locations));
@@ -152,7 +146,7 @@ TEST_F(RootTest, SavesWithoutAConfigurationFolderOnlyWhereTheCallerChose) {
            [] { ModelCommentProfiles().Save(); }, [] { ModelComments().SaveToGlobal(); },
            [] { TaggedCommentDefs().Save(); }, [] { TaggedCommentDefs().SaveEx(false, true); }})
     EXPECT_EQ(ErrorOf(save).Number(), kPathNotFound);
-  EXPECT_EQ(ErrorOf([] { TaggedCommentDefs().SaveTo("/x.xml"); }).Number(), kPermissionDenied);
+  EXPECT_ERROR(kPermissionDenied, TaggedCommentDefs().SaveTo("/x.xml"));
 }
 
 TEST_F(RootTest, LeavesNoObjectBehind) {
@@ -186,4 +180,4 @@ TEST_F(RootTest, LeavesNoObjectBehind) {
 }
 
 }  // namespace
-}  // namespace lwconfig
+}  // namespace lwconfig::testing

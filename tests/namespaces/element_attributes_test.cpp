@@ -4,7 +4,7 @@
 #include <lwconfig/namespaces/namespace_provider.h>
 #include <lwconfig/platform/host.h>
 
-namespace lwconfig {
+namespace lwconfig::testing {
 namespace {
 
 using Pairs = std::vector<std::pair<std::string, std::string>>;
@@ -79,11 +79,11 @@ TEST(ElementAttributes, AreNoMoreThanTheirCountCanTell) {
   ElementAttributes attributes;
   EXPECT_EQ(attributes.Parse("a=" + std::string(32'765, ' ') + "b"), 32'767);
   EXPECT_EQ(attributes.AttributeData(32'766), "b");
-  const auto failure = testing::ErrorOf([&] { attributes.Parse("a=" + std::string(32'766, ' ') + "b"); });
+  const auto failure = ErrorOf([&] { attributes.Parse("a=" + std::string(32'766, ' ') + "b"); });
   EXPECT_EQ(failure.Number(), kOverflow);
   EXPECT_EQ(attributes.AttributeName("B"), "b");
   EXPECT_EQ(attributes.Parse("c"), 1);
 }
 
 }  // namespace
-}  // namespace lwconfig
+}  // namespace lwconfig::testing

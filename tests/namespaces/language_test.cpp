@@ -3,16 +3,8 @@
 
 #include <lwconfig/namespaces/language.h>
 
-namespace lwconfig {
+namespace lwconfig::testing {
 namespace {
-
-using testing::Each;
-using ::testing::ElementsAre;
-using testing::ErrorOf;
-using testing::kLanguageWords;
-using testing::LanguageElement;
-using testing::Parse;
-using testing::Texts;
 
 /// Every word of a language, in the order in which they are read.
 std::string WordsOf(const Language& l) {
@@ -70,12 +62,12 @@ TEST(Language, TranslatesTypesAndAccessLevels) {
   }
 }
 
-class LanguageFile : public testing::ConfigurationTest {};
+class LanguageFile : public ConfigurationTest {};
 
 TEST_F(LanguageFile, IsSharedOnceLoaded) {
   const auto none = Languages::Shared();
-  EXPECT_EQ(ErrorOf([&] { none->Item("VB"); }).Number(), kInvalidCall);
-  EXPECT_EQ(ErrorOf([&] { none->Item(1); }).Number(), kSubscriptOutOfRange);
+  EXPECT_ERROR(kInvalidCall, none->Item("VB"));
+  EXPECT_ERROR(kSubscriptOutOfRange, none->Item(1));
   Write("languages.xml", "<x>\n" + LanguageElement("VB") + "<LANGUAGE/>" + LanguageElement("C#") + "</x>");
   EXPECT_EQ(Languages::Shared(), none);
   EXPECT_EQ(none->Count(), 0);
@@ -90,4 +82,4 @@ TEST_F(LanguageFile, IsSharedOnceLoaded) {
 }
 
 }  // namespace
-}  // namespace lwconfig
+}  // namespace lwconfig::testing

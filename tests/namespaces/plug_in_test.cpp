@@ -2,11 +2,8 @@
 
 #include <lwconfig/namespaces/plug_in.h>
 
-namespace lwconfig {
+namespace lwconfig::testing {
 namespace {
-
-using testing::Each;
-using ::testing::ElementsAre;
 
 std::string Element(const std::string& name, const char* tag = "PlugIn") {
   return "<" + std::string(tag) + " Name='" + name +
@@ -14,7 +11,7 @@ std::string Element(const std::string& name, const char* tag = "PlugIn") {
          "ExtendsTableOfContents='False' TableOfContentsProgID='t'/>";
 }
 
-class PlugInFolder : public testing::ConfigurationTest {};
+class PlugInFolder : public ConfigurationTest {};
 
 TEST_F(PlugInFolder, HoldsSeveralPlugInsPerFile) {
   PlugIns plugIns;
@@ -31,10 +28,10 @@ TEST_F(PlugInFolder, HoldsSeveralPlugInsPerFile) {
   const auto number = std::stoll(key.substr(1));
   EXPECT_EQ(plugIns.Item("p" + std::to_string(number)), first);
   EXPECT_GT(std::stoll(plugIns.Item(3)->Key.substr(1)), number);
-  EXPECT_EQ(testing::Saved(*first, "PlugIn"),
-            testing::Normal("<PlugIn Name='A' Description='d' ExtendsWizard='False' WizardProgID='w' "
-                            "ExtendsContent='True' ContentProgID='c' ExtendsTableOfContents='False' "
-                            "TableOfContentsProgID='t'/>"));
+  EXPECT_EQ(Saved(*first, "PlugIn"),
+            Normal("<PlugIn Name='A' Description='d' ExtendsWizard='False' WizardProgID='w' "
+                   "ExtendsContent='True' ContentProgID='c' ExtendsTableOfContents='False' "
+                   "TableOfContentsProgID='t'/>"));
   const auto copies = plugIns.Clone();
   EXPECT_THAT(Each(*copies, &PlugIn::Name), ElementsAre("A", "B", "a"));
   for (const auto& copy : *copies) EXPECT_EQ(plugIns.Item(copy->Key), nullptr);
@@ -53,4 +50,4 @@ TEST_F(PlugInFolder, HoldsSeveralPlugInsPerFile) {
 }
 
 }  // namespace
-}  // namespace lwconfig
+}  // namespace lwconfig::testing

@@ -2,16 +2,12 @@
 
 #include <lwconfig/templates/page_template.h>
 
-namespace lwconfig {
+namespace lwconfig::testing {
 namespace {
 
-using ::testing::ElementsAre;
 using ::testing::EndsWith;
-using testing::ErrorOf;
-using ::testing::IsEmpty;
-using testing::Texts;
 
-class Phrases : public testing::ConfigurationTest {
+class Phrases : public ConfigurationTest {
  protected:
   Phrases() { Template->RootFolder = ConfigFolder() + "\\Templates\\T\\"; }
   void WritePhrases(const std::string& language, std::string_view text) const {
@@ -83,7 +79,7 @@ TEST_F(Phrases, OfAFailedLoadAreNotTakenForALanguage) {
   Template->LoadPhrasesAndScraps("English");
   const auto failure = ErrorOf([&] { Template->LoadPhrasesAndScraps("German"); });
   EXPECT_EQ(failure.Number(), kInvalidCall);
-  EXPECT_THAT(failure.what(), ::testing::HasSubstr("\\Phrases\\German.txt:3:4: "));
+  EXPECT_THAT(failure.what(), HasSubstr("\\Phrases\\German.txt:3:4: "));
   EXPECT_THAT(Texts(*Template->Phrases()), ElementsAre("b"));
   EXPECT_EQ(Template->LoadedPhraseLanguage(), "English");
   Template->LoadPhrasesAndScraps("English");
@@ -107,4 +103,4 @@ TEST_F(Phrases, OfAFailedLoadAreNotTakenForALanguage) {
 }
 
 }  // namespace
-}  // namespace lwconfig
+}  // namespace lwconfig::testing
