@@ -156,6 +156,14 @@ class ConfigurationTest : public ::testing::Test {
     std::filesystem::remove_all(Folder.Path() / "Config" / relative);
   }
 
+  /// The messages since the last call, as "icon title: text".
+  std::string Shown() {
+    std::string all;
+    for (const auto& [title, text, icon] : std::exchange(Messages, {}))
+      all += std::to_string(static_cast<int>(icon)) + " " + title + ": " + text;
+    return all;
+  }
+
   TemporaryFolder Folder;
   MemoryRegistry Registry;
   FaultyFiles Files;
@@ -230,6 +238,12 @@ Error ErrorOf(Work work) {
   }
   ADD_FAILURE() << "nothing failed";
   return Error(0, "nothing failed");
+}
+
+/// Matches the failure of that number whose text begins so, in most cases with its place in a file.
+inline auto IsError(std::int32_t number, const std::string& start) {
+  return ::testing::AllOf(::testing::Property(&Error::Number, number),
+                          ::testing::Property(&Error::what, StartsWith(start)));
 }
 
 /// `member` of every item, in order.

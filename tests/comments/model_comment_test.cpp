@@ -105,9 +105,7 @@ TEST_F(ModelCommentFiles, AreKeptPerProfile) {
   Write("modelcomments/a.xml", Profile("A"));
   Write("modelcomments/c.xml", "\n " + Profile("a"));
   ModelCommentProfiles failing;
-  const auto failure = ErrorOf([&] { failing.Load(); });
-  EXPECT_EQ(failure.Number(), kDuplicateKey);
-  EXPECT_THAT(failure.what(), StartsWith(Path("modelcomments\\c.xml:2:3: ")));
+  EXPECT_THAT(ErrorOf([&] { failing.Load(); }), IsError(kDuplicateKey, Path("modelcomments\\c.xml:2:3: ")));
   EXPECT_THAT(Names(failing), ElementsAre("A", "Collections"));
 }
 

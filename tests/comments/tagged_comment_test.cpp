@@ -73,12 +73,9 @@ TEST_F(TaggedCommentFiles, PutStandardDefinitionsAfterCustomOnes) {
   EXPECT_NE(copies->Item("##A"), Definitions.Item("##A"));
   EXPECT_EQ(copies->FileName + copies->DefaultDesignerProgID, Definitions.FileName + "C");
   EXPECT_TRUE(copies->IsPopulated);
-  for (const auto& [tag, found] : {std::pair("SUMMARY", "##B"),
-                                   {"remarks", "##B"},
-                                   {" b", "##A"},
-                                   {"", ""},
-                                   {"summ", "none"},
-                                   {"marks", "none"}}) {
+  using Row = std::pair<const char*, const char*>;
+  for (const auto& [tag, found] : {Row{"SUMMARY", "##B"}, Row{"remarks", "##B"}, Row{" b", "##A"},
+                                   Row{"", ""}, Row{"summ", "none"}, Row{"marks", "none"}}) {
     const auto definition = copies->ItemFromXMLTagName(tag);
     EXPECT_EQ(definition ? definition->TagIdentifier : "none", found) << tag;
   }

@@ -19,14 +19,12 @@ TEST(Language, ReadsEveryWord) {
   Language language;
   language.Load(Parse(LanguageElement("Name ")));
   EXPECT_EQ(WordsOf(language), std::string(kLanguageWords) + " ");
-  EXPECT_EQ(language.ParameterDelimiter, ",");
-  EXPECT_FALSE(language.IncludeByDefault);
+  EXPECT_EQ(std::tuple(language.ParameterDelimiter, language.IncludeByDefault), std::tuple(",", false));
   language.Load(Parse(LanguageElement("N", "",
                                       "parameterdelimiter=';' IncludeByDefault='True' IncludeFlag='True' "
                                       "MultiDimensionalArraySymbol='(,)'")));
   EXPECT_EQ(language.ParameterDelimiter + language.MultiDimensionalArraySymbol, ";(,)");
-  EXPECT_TRUE(language.IncludeByDefault);
-  EXPECT_FALSE(language.IncludeFlag);
+  EXPECT_EQ(std::tuple(language.IncludeByDefault, language.IncludeFlag), std::tuple(true, false));
 }
 
 TEST(Language, TranslatesTypesAndAccessLevels) {
@@ -42,8 +40,8 @@ TEST(Language, TranslatesTypesAndAccessLevels) {
   EXPECT_THAT(Texts(*language.AccessTypes), ElementsAre("pub", "priv", "no"));
   EXPECT_THAT(Texts(*language.ReverseDataTypes), ElementsAre("Int32", "None"));
   language.AccessTypes = nullptr;
-  const std::string later = "<accesstype type='x' Value='y'/><datatype type='late' Value='l'/>";
-  language.Load(Parse(LanguageElement("L", later)));
+  language.Load(
+      Parse(LanguageElement("L", "<accesstype type='x' Value='y'/><datatype type='late' Value='l'/>")));
   EXPECT_TRUE(language.DataTypes->Contains("late"));
 
   for (const auto& [third, number, types] : {std::tuple("<datatype type='B' Value='X'/>", kDuplicateKey, 3),
@@ -55,8 +53,7 @@ TEST(Language, TranslatesTypesAndAccessLevels) {
     const std::string inside = std::string("<datatype type='A' Value='x'/><datatype type='N' Value=''/>\n") +
                                third + "<datatype type='C' Value='z'/>";
     const auto failure = ErrorOf([&] { failing.Load(Parse(LanguageElement("L", inside))); });
-    EXPECT_EQ(failure.Number(), number) << third;
-    EXPECT_EQ(failure.Position().Line, 2) << third;
+    EXPECT_EQ(std::tuple(failure.Number(), failure.Position().Line), std::tuple(number, 2)) << third;
     EXPECT_EQ(failing.DataTypes->Count(), types) << third;
     EXPECT_THAT(Texts(*failing.ReverseDataTypes), ElementsAre("A", "N")) << third;
   }

@@ -208,9 +208,7 @@ TEST_F(NamespaceFolder, HoldsOneProfilePerFile) {
 
   Write("Namespaces/aa.xml", "<?xml version='1.0'?>\n<p Name='first'/>");
   NamespaceProfiles failing;
-  const auto failure = ErrorOf([&] { failing.Load(); });
-  EXPECT_EQ(std::tuple(failure.Number(), failure.Position().File),
-            std::tuple(kDuplicateKey, Path("Namespaces\\aa.xml")));
+  EXPECT_THAT(ErrorOf([&] { failing.Load(); }), IsError(kDuplicateKey, Path("Namespaces\\aa.xml:2:2: ")));
   EXPECT_THAT(Each(failing, &NamespaceDefs::Name), ElementsAre("First"));
   EXPECT_ERROR(kDuplicateKey, profiles.Load()) << "what was loaded stays";
 }

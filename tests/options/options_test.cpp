@@ -70,8 +70,9 @@ TEST_F(OptionsTest, ReadTextsOfTheirForm) {
   using Row = std::tuple<const AnyOption&, const char*, const char*>;
   for (const auto& [option, stored, reading] :
        {Row{VSNET.WrapCharacters, "2.5", "2"}, Row{VB.ToolbarStyle, "-1", "-1"},
-        Row{VB.VBCommentMode, "2", "1"}, Row{VB.VBCommentMode, "x", "1"}, Row{VB.IncludeSpace, "True", "True"},
-        Row{VB.IncludeSpace, "1", "False"}, Row{VB.Grouped, "FALSE", "False"}, Row{VB.Grouped, "-0.5", "True"},
+        Row{VB.VBCommentMode, "2", "1"}, Row{VB.VBCommentMode, "x", "1"},
+        Row{VB.IncludeSpace, "True", "True"}, Row{VB.IncludeSpace, "1", "False"},
+        Row{VB.Grouped, "FALSE", "False"}, Row{VB.Grouped, "-0.5", "True"},
         Row{VB.PreviewTemplate, " ü\t", " ü\t"}}) {
     SetAppValue(option.ValueName(), stored, option.Section());
     EXPECT_EQ(option.Text(), reading) << option.Name() << stored;

@@ -185,10 +185,7 @@ TEST_F(Nodes, ThatFailEndTheLoadOfTheirDefinition) {
   const auto e = Parse(
       "<TOCDefinition Name='T' Description=''><NodeDef Key='N1'/>\n ü <NodeDef Key='n1'/>"
       "<NodeDef Key='N3'/></TOCDefinition>");
-  const auto failure = ErrorOf([&] { Toc->Load(e, Template); });
-  EXPECT_EQ(failure.Number(), kDuplicateKey);
-  EXPECT_EQ(failure.Position().Line, 2);
-  EXPECT_EQ(failure.Position().Column, 5);
+  EXPECT_THAT(ErrorOf([&] { Toc->Load(e, Template); }), IsError(kDuplicateKey, "2:5: "));
   EXPECT_THAT(Each(*Toc->NodeDefs, &NodeDef::Key), ElementsAre("N1"));
   TOCDefinition empty;
   EXPECT_ERROR(kInvalidCall, empty.Load(Parse("<TOCDefinition Name='T'/>"), Template));

@@ -40,42 +40,39 @@ TEST_F(Catalogue, HoldsOneTemplatePerFolderWithAConfiguration) {
     EXPECT_THAT(Names(), ElementsAre(".NET Reference", "Änderung", "Blue", "blue", "sdkdotNET", "SDK_Style"));
   }
   ASSERT_EQ(Diagnostics.size(), 2U);
-  EXPECT_EQ(Diagnostics[1].Position.File, Path("Templates\\C\\config.xml"));
-  EXPECT_EQ(Diagnostics[1].Position.Column, 2);
+  EXPECT_EQ(std::tuple(Diagnostics[1].Position.File, Diagnostics[1].Position.Column),
+            std::tuple(Path("Templates\\C\\config.xml"), 2));
   EXPECT_THAT(Diagnostics[1].Message, HasSubstr("\"blue\" in the folder \"" + Path("Templates\\b\\")));
   EXPECT_EQ(Catalog.TemplateFolder, Path("Templates"));
   EXPECT_EQ(Catalog.Item(2)->RootFolder, Path("Templates\\A\\"));
-  for (const auto& [name, position] : {std::pair("äNDERUNG", 2), {"BLUE", 3}, {"red", 7}})
-    EXPECT_EQ(Catalog.Item(name), Catalog.Item(position)) << name;
   EXPECT_ERROR(kInvalidCall, Catalog.Remove("Blue"));
   Catalog.Add(TemplateIn("x"), "blue");
-  EXPECT_EQ(Catalog.Item("BLUE"), Catalog.Item(7));
+  using Row = std::pair<const char*, int>;
+  for (const auto& [name, position] :
+       {Row{"äNDERUNG", 2}, Row{"sdkDOTnet", 5}, Row{"BLUE", 7}, Row{"red", 8}})
+    EXPECT_EQ(Catalog.Item(name), Catalog.Item(position)) << name;
 }
 
 TEST_F(Catalogue, TellsAMissingFolderAndADuplicateKey) {
   Catalog.Add(TemplateIn("A"), "Key");
   Catalog.Add(TemplateIn("B"), "KEY");
   EXPECT_EQ(Catalog.Count(), 1);
-  ASSERT_EQ(Messages.size(), 1U);
-  EXPECT_EQ(Messages[0].Title, "Duplicate Template");
-  EXPECT_EQ(Messages[0].Icon, platform::MessageIcon::Exclamation);
   EXPECT_THAT(
-      Messages[0].Text,
-      StartsWith("A duplicate template was found in folder '" + Path("Templates\\B\\") +
+      Shown(),
+      StartsWith("48 Duplicate Template: A duplicate template was found in folder '" +
+                 Path("Templates\\B\\") +
                  "'. This problem is usually caused by duplicating a Template folder using Windows "
                  "Explorer instead of using the Template Manager to create a new Template. Remove the "
                  "duplicate folder to avoid seeing this message in future. "));
   EXPECT_ERROR(kSubscriptOutOfRange, Catalog.Add(TemplateIn("C"), "New", 7));
   EXPECT_ERROR(kObjectNotSet, Catalog.Add(nullptr, "Key"));
-  EXPECT_EQ(Messages.size(), 1U);
+  EXPECT_EQ(Shown(), "");
 
   Remove("Templates");
   Catalog.Load();
   EXPECT_EQ(Catalog.Count(), 0);
-  ASSERT_EQ(Messages.size(), 2U);
-  EXPECT_EQ(Messages[1].Title, "Folder not found");
-  EXPECT_EQ(Messages[1].Text, "Lexiwend templates folder '" + Path("Templates") +
-                                  "' could not be found.  No templates have been loaded.");
+  EXPECT_EQ(Shown(), "48 Folder not found: Lexiwend templates folder '" + Path("Templates") +
+                         "' could not be found.  No templates have been loaded.");
 }
 
 TEST_F(Catalogue, EndsItsLoadAtAFailingTemplate) {
@@ -87,9 +84,8 @@ TEST_F(Catalogue, EndsItsLoadAtAFailingTemplate) {
         {"<TOCDefinition Name='t' Description=''>\r\n<NodeDef/>", ":4:2: "},
         {"<NamespaceDef/></PageTemplate>", ":3:2: "}}) {
     WriteConfig("B", start + text);
-    const auto failure = ErrorOf([&] { Catalog.Load(); });
-    EXPECT_EQ(failure.Number(), kInvalidCall) << text;
-    EXPECT_THAT(failure.what(), StartsWith(Path("Templates\\B\\config.xml") + place)) << text;
+    EXPECT_THAT(ErrorOf([&] { Catalog.Load(); }),
+                IsError(kInvalidCall, Path("Templates\\B\\config.xml") + place));
     EXPECT_THAT(Names(), ElementsAre("First"));
   }
   WriteConfig("B", start + "<EnabledPlugins><P>p</P>\n <P>P</P></EnabledPlugins></PageTemplate>");
@@ -97,14 +93,13 @@ TEST_F(Catalogue, EndsItsLoadAtAFailingTemplate) {
 }
 
 TEST_F(Catalogue, EndsItsLoadAtAnUnreadableFile) {
-  for (const char* folder : {"A", "B", "C", "D", "E", "F", "G", "H"}) AddTemplate(folder, folder);
+  for (const char* folder : {"A", "B", "C", "D", "E", "F"}) AddTemplate(folder, folder);
   // The folder of a template may be closed altogether.
   Files.Fail(FileOperation::Kind, "C\\config.xml", EACCES);
   Files.Fail(FileOperation::Read, "C\\config.xml", EACCES);
   Files.Fail(FileOperation::Read, "E\\config.xml", EIO);
-  const auto failure = ErrorOf([&] { Catalog.Load(); });
-  EXPECT_EQ(failure.Number(), kPermissionDenied);
-  EXPECT_EQ(failure.Position().File, Path("Templates\\C\\config.xml"));
+  EXPECT_THAT(ErrorOf([&] { Catalog.Load(); }),
+              IsError(kPermissionDenied, Path("Templates\\C\\config.xml: ")));
   EXPECT_THAT(Names(), ElementsAre("A", "B"));
   Files.Heal();
   for (const auto& [folder, count] : {std::pair("B\\", 1), {"Templates\\", 0}}) {
@@ -150,10 +145,9 @@ TEST_F(Catalogue, SurvivesFailingSaves) {
     WriteConfig("A", "old");
     Write("Templates/A/config.xml.bak", "older");
     Files.Fail(operation, path, code);
-    const auto failure = ErrorOf([&] { Catalog.SaveTemplate(TemplateIn("A")); });
-    EXPECT_EQ(failure.Number(), error) << failure.what();
-    EXPECT_EQ(Read("Templates/A/config.xml"), "old");
-    EXPECT_EQ(Read("Templates/A/config.xml.bak"), backup) << path;
+    EXPECT_ERROR(error, Catalog.SaveTemplate(TemplateIn("A"))) << path;
+    EXPECT_EQ(Read("Templates/A/config.xml") + Read("Templates/A/config.xml.bak"),
+              std::string("old") + backup);
     Files.Heal();
   }
   const auto unwritable = TemplateIn("A");

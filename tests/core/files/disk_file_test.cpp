@@ -65,9 +65,7 @@ TEST_F(DiskFiles, ReadTextWithAndWithoutOpening) {
   }
 
   Files.Fail(FileOperation::Read, "umlaut.TXT", EACCES);
-  const auto failure = ErrorOf([&] { file.ReadAll(); });
-  EXPECT_EQ(failure.Number(), kPermissionDenied);
-  EXPECT_EQ(failure.Position().File, file.FullPath());
+  EXPECT_THAT(ErrorOf([&] { file.ReadAll(); }), IsError(kPermissionDenied, file.FullPath() + ": "));
 }
 
 TEST_F(DiskFiles, WriteInOneStep) {
