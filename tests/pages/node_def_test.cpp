@@ -51,62 +51,6 @@ TEST_F(Nodes, TakeKeysAboveEveryLoadedOne) {
   EXPECT_ERROR(kInvalidCall, Loaded("DependantOn='3'"));
 }
 
-TEST_F(Nodes, DeriveNamespaces) {
-  ExpectDerived(
-      "|LW:Module|LW:Module|LW:Method|LW:Property|LW:Event|LW:Enumeration|LW:Structure|LW:Library|"
-      "LW:DeclareStatement|LW:Project|LW:Module|LW:ImplementedInterface|||LW:Example|",
-      [&](const std::string& type) { return Loaded("Key='N1' PageType='" + type + "'")->PageTypeNamespace; });
-  ExpectDerived(
-      "|LW:Method|LW:Property|LW:Event|LW:Enumeration|LW:Structure|LW:Library|LW:ImplementedInterface|"
-      "LW:Project|",
-      [&](const std::string& on) {
-        return Loaded("Key='N1' DependantOn='" + on + "'")->DependantOnNamespace;
-      });
-  const auto given =
-      Loaded("Key='N1' PageType='3' PageTypeNamespace='a' DependantOn='3' dependantonNAMESPACE='b'");
-  EXPECT_EQ(given->PageTypeNamespace + given->DependantOnNamespace, "ab");
-  for (const char* none : {"-1", "x"}) {
-    const auto node = Loaded("Key='N1' PageType='" + std::string(none) + "' DependantOn='" + none + "'");
-    EXPECT_EQ(node->PageTypeNamespace + node->DependantOnNamespace, "");
-    EXPECT_EQ(std::tuple(node->PageType, node->DependantOn), std::tuple(-1, -1));
-  }
-}
-
-TEST_F(Nodes, ReadEachAttributeInItsOwnWay) {
-  ExpectSavedAttributes(
-      R"(LinkToPage='false' -> LinkToPage='False' | LinkToPage='0' -> LinkToPage='False'
-LinkToPage='no' -> LinkToPage='True' | x='' -> LinkToPage='True'
-MarkAsNew='TRUE' -> MarkAsNew='True' | MarkAsNew='-1' -> MarkAsNew='True'
-UseCustomIcon='true' -> UseCustomIcon='False' | UseCustomIcon='True' -> UseCustomIcon='True'
-IsDefaultTopic='1' -> IsDefaultTopic='False' | IsDefaultTopic='True' -> IsDefaultTopic='True'
-DependantStillProcessChildren='2' -> DependantStillProcessChildren='True' | NodeType='3' -> NodeType='0'
-NodeType='9' -> NodeType='9' | NodeType='x' -> NodeType='0' | NodeIconIndex='7x' -> NodeIconIndex='1'
-DependantCount='7x' -> DependantCount='7' | DependantCount='x' -> DependantCount='0'
-DependantCount='3000000000' -> DependantCount='1' | ParentKey='N7' -> ParentKey=''
-NodeCaptionText='old' -> NodeCaptionTemplate='old'
-NodeCaptionTemplate='' NodeCaptionText='old' -> NodeCaptionTemplate='old'
-NodeCaptionTemplate='new' NodeCaptionText='old' -> NodeCaptionTemplate='new'
-PageLayout='A.HTML' -> PageLayout='A.HTML' | PageLayout='missing.html' -> PageLayout='')",
-      [&](const std::string& attributes) { return Loaded("Key='N1' " + attributes); });
-}
-
-TEST_F(Nodes, LoadWhatTheySave) {
-  const std::string saved =
-      "<NodeDef Key=\"N5\" DependantCount=\"2\" DependantOn=\"1\" DependantOnnamespace=\"LW:X\" "
-      "DependantOnnamespace_Filter=\"f\" DependantStillProcessChildren=\"True\" FileNameTemplate=\"t\" "
-      "LinkToPage=\"False\" MarkAsNew=\"True\" NodeCaptionTemplate=\"&lt;b&gt;&#10;ü\" NodeIconIndex=\"7\" "
-      "NodeType=\"1\" PageLayout=\"b.html\" PageTypeNamespace=\"LW:Y\" PageTypeNamespaceFilter=\"g\" "
-      "ParentKey=\"N4\" UseCustomIcon=\"True\" IsDefaultTopic=\"True\" PlugInName=\"p\" PlugInData=\"q\"/>";
-  Toc->NodeDefs->Add(std::make_shared<NodeDef>(), "N4");
-  Toc->NodeDefs->Item("N4")->Key = "N4";
-  const auto node = std::make_shared<NodeDef>();
-  node->Load(Parse(saved), Toc);
-  node->CementReferences(Toc->NodeDefs);
-  EXPECT_EQ(Saved(*node), Normal(saved));
-  EXPECT_EQ(Saved(*node->Clone()), Normal(saved));
-  EXPECT_EQ(node->PageLayout(), Template->PageLayouts()->Item(2));
-}
-
 TEST_F(Nodes, ShowIconsByStateAndChildren) {
   NodeDef node;
   const auto icons = [&] {
@@ -119,39 +63,38 @@ TEST_F(Nodes, ShowIconsByStateAndChildren) {
 }
 
 TEST_F(Nodes, AreLinkedToTheirParents) {
-  const auto all = std::make_shared<NodeDefs>();
-  const NodeDefs& nodes = *all;
+  NodeDefs& nodes = *Toc->NodeDefs;
   for (const char* attributes :
        {"Key='N1'", "Key='N2' ParentKey='n1'", "Key='N3' ParentKey='N9'", "Key='N4' ParentKey='N5'",
         "Key='N5' ParentKey='N4'", "Key='N6' ParentKey='N6'"}) {
     const auto node = Loaded(attributes);
-    all->Add(node, node->Key);
+    nodes.Add(node, node->Key);
   }
   EXPECT_ERROR(kObjectNotSet, nodes.Item("N2")->CementReferences(nullptr));
   nodes.Item("N1")->CementReferences(nullptr);
-  for (const auto& node : nodes) node->CementReferences(all);
+  for (const auto& node : nodes) node->CementReferences(Toc->NodeDefs);
   EXPECT_THAT(Each(nodes, &NodeDef::ParentKey), ElementsAre("", "N1", "", "N5", "N4", "N6"));
-  EXPECT_EQ(nodes.Item("N2")->ParentNodeDef(), nodes.Item("N1"));
-  EXPECT_EQ(nodes.Item("N6")->ParentNodeDef(), nodes.Item("N6"));
-  nodes.Item("N2")->SetParentNodeDef(nullptr);
-  EXPECT_EQ(nodes.Item("N2")->ParentKey(), "");
-  nodes.Item("N3")->SetParentNodeDef(nodes.Item("N1"));
-  EXPECT_THAT(Saved(*nodes.Item("N3")), HasSubstr(" ParentKey=\"N1\" "));
-  const auto orphan = nodes.Item("N3");
-  all->Remove("N1");
-  EXPECT_EQ(orphan->ParentNodeDef(), nullptr);
+  const auto child = nodes.Item("N2");
+  EXPECT_EQ(child->ParentNodeDef(), nodes.Item("N1"));
+  child->SetParentNodeDef(nullptr);
+  EXPECT_EQ(child->ParentKey(), "");
+  child->SetParentNodeDef(nodes.Item("N3"));
+  EXPECT_THAT(Saved(*child), HasSubstr(" ParentKey=\"N3\" "));
+  nodes.Remove("N3");
+  EXPECT_EQ(child->ParentNodeDef(), nullptr);
 }
 
 TEST_F(Nodes, NeedATemplateForTheirLayout) {
-  const auto node = Loaded("Key='N1' PageLayout='a.html'");
+  const auto node = Loaded("Key='N1' PageLayout='A.html'");
   EXPECT_EQ(node->PageLayout(), Template->PageLayouts()->Item("a.html"));
+  EXPECT_THAT(Saved(*node), HasSubstr(" PageLayout=\"A.html\" "));
   Template->PageLayouts()->Remove("a.html");
   EXPECT_EQ(node->PageLayout(), nullptr);
-  EXPECT_EQ(node->PageLayoutFileName(), "a.html");
+  EXPECT_EQ(node->PageLayoutFileName(), "A.html");
   Template->SetPageLayouts(nullptr);
   EXPECT_ERROR(kObjectNotSet, node->PageLayout());
   node->Load(Parse("<NodeDef Key='N1' PageLayout='b.html' PlugInName='p'/>"), Toc);
-  EXPECT_EQ(node->PageLayoutFileName() + node->PlugInName, "a.htmlp");
+  EXPECT_EQ(node->PageLayoutFileName() + node->PlugInName, "A.htmlp");
   Template = nullptr;
   EXPECT_ERROR(kObjectNotSet, node->PageLayout());
   EXPECT_ERROR(kObjectNotSet, node->Clone());

@@ -43,28 +43,15 @@ class Templates : public ConfigurationTest {
 TEST_F(Templates, HaveDefaultsForAllButNameAndDescription) {
   const auto loaded = Loaded("");
   EXPECT_THAT(Texts(*loaded->SupportedItemTypes), ElementsAre("binary", "source"));
+  EXPECT_THAT(Texts(*Loaded("SupportedItemTypes='a, b,,c'")->SupportedItemTypes),
+              ElementsAre("a", " b", "", "c"));
+  EXPECT_ERROR(kDuplicateKey, Loaded("SupportedItemTypes='a,A'"));
   EXPECT_TRUE(loaded->SupportsItemType("Binary"));
   EXPECT_FALSE(loaded->SupportsItemType("bin"));
   EXPECT_THAT(Texts(*loaded->NamespaceProfileNames()), ElementsAre("LW.Core"));
   EXPECT_THAT(Texts(*loaded->EnabledPlugins), ElementsAre("LW.Core"));
   EXPECT_THAT(Each(*loaded->NamespaceDefs, &NamespaceDef::Name), ElementsAre("LW:Module", "LW:Method"));
   EXPECT_EQ(loaded->NamespaceDefs->Item(1), Root().NamespaceProfiles()->Item("lw.core")->Item(1));
-}
-
-TEST_F(Templates, ReadEachAttributeInItsOwnWay) {
-  ExpectSavedAttributes(
-      R"(ObjFillColor='255.5' -> ObjFillColor='256' | objtextcolor='12abc' -> ObjTextColor='12'
-ObjBorderColor='abc' -> ObjBorderColor='0' | ColBorderColor='-1' -> ColBordercolor='-1'
-BorderWidth='3000000000' -> BorderWidth='0' | UseDropShadow='true' -> UseDropShadow='False'
-UseDropShadow='True' -> UseDropShadow='True' | DIAGRAMBOLD='1' -> DiagramBold='False'
-Version='9.9' -> Version='4.11' | NoStandardSupport='True' -> NoStandardSupport='True'
-StyleSheet='' -> StyleSheet='stylesheets\stylesheet.css' | x='' -> StyleSheet='stylesheets\stylesheet.css'
-TemplateCategory='c' -> TemplateCategory='c' | x='' -> DiagramBold='True'
-x='' -> TemplateCategory='VB source code, COM Components and Type Libraries')",
-      [&](const std::string& attributes) { return Loaded(attributes); });
-  EXPECT_THAT(Texts(*Loaded("SupportedItemTypes='a, b,,c'")->SupportedItemTypes),
-              ElementsAre("a", " b", "", "c"));
-  EXPECT_ERROR(kDuplicateKey, Loaded("SupportedItemTypes='a,A'"));
 }
 
 TEST_F(Templates, LoadTheLayoutsThatTheirFolderHas) {
@@ -138,10 +125,6 @@ TEST_F(Templates, UseNamespaceProfilesByName) {
 TEST_F(Templates, LoadWhatTheySave) {
   Write("Templates/T/a.html", "");
   const auto loaded = Loaded(
-      "ObjFillColor='1' ColBorderColor='-2' CenterCaptions='True' UseDiagramShapes='True' "
-      "Supports='&quot;s&#10;'"
-      " Languages='Deutsch &amp; 日本語' DefTOCVBProject='a' DefTOCVBProjectGroup='b' DefTOCMixture='c' "
-      "DefTOCComponent='d' DefTOCComponentGroup='e' TemplateCategory='f' StyleSheet='g' "
       "SupportedItemTypes='source,Ü'",
       Layout("a.html") +
           "<VariableDef Name='V' Description='&#9;x'/><TOCDefinition Name='T' Description='t'><NodeDef "
@@ -151,9 +134,8 @@ TEST_F(Templates, LoadWhatTheySave) {
   const auto again = New();
   again->Load(Parse(saved));
   EXPECT_EQ(Saved(*again), saved);
-  for (const char* part :
-       {"SupportedItemTypes=\"source,Ü\"", "<Plugin>p &lt; q</Plugin>", "Languages=\"Deutsch &amp; 日本語\"",
-        "<NamespaceDef Name=\"LW.Core\" />", " ParentKey=\"N1\" "})
+  for (const char* part : {"SupportedItemTypes=\"source,Ü\"", "<Plugin>p &lt; q</Plugin>",
+                           "<NamespaceDef Name=\"LW.Core\" />", " ParentKey=\"N1\" "})
     EXPECT_THAT(saved, HasSubstr(part));
 
   const auto copy = again->Clone();

@@ -13,33 +13,37 @@ class Phrases : public ConfigurationTest {
   void WritePhrases(const std::string& language, std::string_view text) const {
     Write("Templates/T/Phrases/" + language + ".txt", text);
   }
+  static std::string Joined(const Collection& texts) {
+    std::string all;
+    for (const std::string& text : texts) all += text + "|";
+    return all;
+  }
   std::shared_ptr<PageTemplate> Template = std::make_shared<PageTemplate>();
 };
 
 TEST_F(Phrases, ComeFromLinesOrFromADocument) {
-  using Strings = std::vector<std::string>;
-  using Row = std::tuple<const char*, Strings, Strings>;
+  // The file, and the names and texts in it, each with a bar behind it.
+  using Row = std::tuple<const char*, const char*, const char*>;
   for (const auto& [file, names, texts] :
-       {Row{"", {}, {}}, Row{"Title~Contents\r\ntitle~Other\r\n", {"Title"}, {"Contents"}},
-        Row{"\r\nA~x~y\r\n\r\nB\r\nC~\r\nD~~y\r\n", {"A", "B", "C", "D"}, {"x", "", "", ""}},
-        Row{"A~1\n2\r3\r\nB~\xFC", {"A", "B"}, {"1\n2\r3", "ü"}}, Row{"<?XML?>~x", {"<?XML?>"}, {"x"}},
-        Row{"<?xml?><r><p name='A'> x &amp; y </p><q NAME='B'/><p name='a'>z</p></r>",
-            {"A", "B"},
-            {" x & y ", ""}},
-        Row{"<?xml encoding='latin1'?><r><p name='\xC4'>a <b>\xFC</b>&nbsp;</p></r>",
-            {"Ä"},
-            {"a <b>ü</b>&nbsp;"}},
-        Row{"<?xml?><r><p name='A'>x</p><p name='B'>y</r>", {"A", "B"}, {"x", "y"}},
-        Row{"<?xml~x", {}, {}}}) {
+       {Row{"", "", ""}, Row{"Title~Contents\r\ntitle~Other\r\n", "Title|", "Contents|"},
+        Row{"\r\nA~x~y\r\n\r\nB\r\nC~\r\nD~~y\r\n", "A|B|C|D|", "x||||"},
+        Row{"A~1\n2\r3\r\nB~\xFC", "A|B|", "1\n2\r3|ü|"}, Row{"<?XML?>~x", "<?XML?>|", "x|"},
+        Row{"<?xml?><r><p name='A'> x &amp; y </p><q NAME='B'/><p name='a'>z</p></r>", "A|B|", " x & y ||"},
+        Row{"<?xml encoding='latin1'?><r><p name='\xC4'>a <b>\xFC</b>&nbsp;</p></r>", "Ä|",
+            "a <b>ü</b>&nbsp;|"},
+        Row{"<?xml?><r><p name='A'>x</p><p name='B'>y</r>", "A|B|", "x|y|"}, Row{"<?xml~x", "", ""}}) {
     WritePhrases("L", file);
     Template->SetPhrases(nullptr);
     Template->LoadPhrasesAndScraps("L");
-    EXPECT_EQ(Texts(*Template->Phrases()), texts) << file;
-    EXPECT_EQ(Texts(*Template->PhraseNames()), names) << file;
-    for (std::size_t i = 0; i < names.size(); ++i) EXPECT_EQ(Template->Phrase(FoldCase(names[i])), texts[i]);
+    std::string phrases;
+    for (const auto& name : Texts(*Template->PhraseNames()))
+      phrases += Template->Phrase(FoldCase(name)) + "|";
+    EXPECT_EQ(phrases, texts) << file;
+    EXPECT_EQ(Joined(*Template->Phrases()), texts) << file;
+    EXPECT_EQ(Joined(*Template->PhraseNames()), names) << file;
   }
-  EXPECT_EQ(Diagnostics.size(), 4U)
-      << "two malformed documents, each loaded once and asked for its names once";
+  EXPECT_EQ(Diagnostics.size(), 6U)
+      << "two malformed documents, each loaded once and asked for its names twice";
   EXPECT_THAT(Diagnostics[0].Position.File, EndsWith("\\Templates\\T\\Phrases\\L.txt"));
 }
 

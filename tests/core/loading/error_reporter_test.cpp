@@ -37,7 +37,6 @@ TEST_F(ErrorReporter, ShowsOneMessageAndReturnsNothingWithoutTheComponent) {
                            "\nLine Number: ", "config.xml:3:14: The key is used twice", "457"})
     EXPECT_THAT(Messages[0].Text, HasSubstr(line));
   EXPECT_EQ(Publish({"A", "B", {}}, [] { return std::string("fine"); }), "fine");
-  EXPECT_EQ(Messages.size(), 1U);
   // The next failure is reported again, and other exceptions too.
   Publish({"A", "B", {}}, [] { throw std::runtime_error("of another kind"); });
   ASSERT_EQ(Messages.size(), 2U);
@@ -46,9 +45,7 @@ TEST_F(ErrorReporter, ShowsOneMessageAndReturnsNothingWithoutTheComponent) {
 
 TEST_F(ErrorReporter, ReportsOnceToTheComponentAndRaises65535) {
   const ErrorComponent component;
-  const auto failure = ErrorOf([&] { Fail(); });
-  EXPECT_EQ(failure.Number(), kReportedFailure);
-  EXPECT_EQ(failure.Position().Line, 3);
+  EXPECT_THAT(ErrorOf([&] { Fail(); }), IsError(kReportedFailure, "config.xml:3:14: "));
   EXPECT_THAT(Messages, IsEmpty());
   ASSERT_EQ(component.Reports.size(), 1U);
   for (const char* part :

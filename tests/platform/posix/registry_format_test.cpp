@@ -58,18 +58,18 @@ TEST_F(RegistryFormat, UnderstandsEveryFormOfAValue) {
 }
 
 TEST_F(RegistryFormat, AcceptsEveryEncoding) {
-  const std::string text = kBegin + "\"v\"=\"Grüße\"\n";
+  const std::string text = kBegin +
+                           "\"v\"=\"Gr\xfc\xdf"
+                           "e\"\n";
+  std::string utf8 = "\xef\xbb\xbf";
   std::string little = "\xff\xfe";
   std::string big = "\xfe\xff";
-  std::string windows;
-  for (std::size_t i = 0; i < text.size(); ++i) {
-    char c = text[i];
-    if (c == '\xc3') c = static_cast<char>(text[++i] | 0x40);
+  for (const char c : text) {
     little += {c, '\0'};
     big += {'\0', c};
-    windows += c;
+    utf8 += c < 0 ? std::string{'\xc3', static_cast<char>(c & 0xbf)} : std::string{c};
   }
-  for (const std::string& bytes : {text, "\xef\xbb\xbf" + text, little, big, windows}) {
+  for (const std::string& bytes : {text, utf8, utf8.substr(3), little, big}) {
     SetText(bytes);
     EXPECT_EQ(Read("V"), Text("Grüße"));
     Registry::Native().Write(Hive::CurrentUser, "Soft", "v", Text("€"));
