@@ -30,10 +30,7 @@ TEMPLATE = """<?xml version="1.0" encoding="UTF-8"?>
   <NamespaceDef Name="LW.Core"/>
 </PageTemplate>
 """
-REGISTRY = """REGEDIT4
-[HKEY_LOCAL_MACHINE\\Software\\Corvantis\\Lexiwend4]
-"ConfigPath"="{}"
-"""
+LOCAL_MACHINE = -0x7FFFFFFE
 
 
 class ConfigurationTest(unittest.TestCase):
@@ -41,17 +38,18 @@ class ConfigurationTest(unittest.TestCase):
         folder = tempfile.TemporaryDirectory()
         self.addCleanup(folder.cleanup)
         self.config = pathlib.Path(folder.name, "config")
-        self.write("Templates/Manual/config.xml", TEMPLATE)
         for name, text in (
+            ("Templates/Manual/config.xml", TEMPLATE),
             ("Templates/Manual/Method.html", ""),
             ("Templates/Manual/index.html", ""),
             ("Namespaces/core.xml", '<Profile Name="LW.Core"/>'),
-            ("registry/machine.reg", REGISTRY.format(str(self.config).replace("/", "\\\\"))),
         ):
             self.write(name, text)
-        patch = mock.patch.dict(os.environ, LWCONFIG_REGISTRY=str(self.config / "registry"))
+        patch = mock.patch.dict(os.environ, LWCONFIG_REGISTRY=folder.name)
         patch.start()
         self.addCleanup(patch.stop)
+        key = r"Software\Corvantis\Lexiwend4"
+        lwconfig.RegistryAccess().SetValue(LOCAL_MACHINE, key, "ConfigPath", str(self.config), 1)
         self.boxes: list[tuple[str, str, int]] = []
         lwconfig.set_message_box_handler(lambda title, text, icon: self.boxes.append((title, text, icon)))
         self.addCleanup(lwconfig.set_message_box_handler, None)
@@ -87,8 +85,6 @@ class Collections(ConfigurationTest):
         for absent in (lwconfig.PageLayout(), "absent"):
             self.assertNotIn(absent, layouts)
         self.assertIsNone(layouts(None))
-        with self.assertRaises(TypeError):
-            layouts[1.5]  # type: ignore[call-overload]
         del layouts["index.html"]
         self.assertEqual([layout.Name for layout in layouts], ["Method"])
 
@@ -97,16 +93,6 @@ class Collections(ConfigurationTest):
         languages.Add(lwconfig.Language(), "Basic")
         self.assertIs(languages("absent"), languages[0])
         self.assertNotIn("absent", languages)
-
-    def test_changes_while_walking_do_no_harm(self) -> None:
-        texts = lwconfig.Collection()
-        for number in range(5):
-            texts.Add(str(number))
-        seen = []
-        for text in texts:
-            seen.append(text)
-            texts.Remove(1)
-        self.assertEqual(seen, ["0", "2", "4"])
 
 
 class FailingPath:
@@ -160,27 +146,6 @@ class Objects(ConfigurationTest):
         self.assertTrue(file.Exists)
         self.assertEqual(lwconfig.NativePath(path), str(path))
 
-    def test_typos_are_told(self) -> None:
-        layout: Any = lwconfig.PageLayout()
-        rows: tuple[tuple[type[Exception], Callable[[], object]], ...] = (
-            (AttributeError, lambda: setattr(layout, "Nmae", "x")),
-            (AttributeError, lambda: setattr(layout, "IsHTMLHelpProjectFile", True)),
-            (AttributeError, lambda: delattr(layout, "Name")),
-            (AttributeError, lambda: layout.on("Change", print)),
-            (TypeError, lambda: layout.Load()),
-            (TypeError, lambda: layout.Clone(unknown=1)),
-            (TypeError, lambda: lwconfig.PageLayout("x")),  # type: ignore[call-arg]
-            (TypeError, lwconfig.XMLElement),
-            (ValueError, lambda: setattr(layout, "DependantCount", "many")),
-            (ValueError, lambda: setattr(layout, "Name", None)),
-            (ValueError, lambda: setattr(layout, "Name", pathlib.Path("x"))),
-            (ValueError, lambda: lwconfig.NativePath("a\0b")),
-            (ZeroDivisionError, lambda: lwconfig.NativePath(FailingPath())),
-        )
-        for kind, failing in rows:
-            with self.assertRaises(kind):
-                failing()
-
     def test_copies(self) -> None:
         template = self.root.PageTemplates["Manual"]
         twin = copy.deepcopy(template)
@@ -194,8 +159,6 @@ class Objects(ConfigurationTest):
         link = lwconfig.ExternalLink()
         link.URLFormat = "u"
         self.assertEqual(copy.deepcopy(link).URLFormat, "u")
-        with self.assertRaises(TypeError):
-            copy.deepcopy(self.root)
 
     def test_objects_outlive_root(self) -> None:
         layouts = self.root.PageTemplates["Manual"].PageLayouts
@@ -259,14 +222,32 @@ class Failures(ConfigurationTest):
             self.assertEqual((type(twin), vars(twin), str(twin)), (type(failure), vars(failure), str(failure)))
 
     def test_each_failure_has_the_class_that_fits_however_it_is_reached(self) -> None:
-        texts, layouts, languages = lwconfig.Collection(), lwconfig.PageLayouts(), lwconfig.Languages()
+        layout: Any = lwconfig.PageLayout()
+        layouts: Any = lwconfig.PageLayouts()
+        texts, languages = lwconfig.Collection(), lwconfig.Languages()
         texts.Add("a", "k")
         languages.Add(lwconfig.Language(), "Basic")
         document, file = lwconfig.XMLDocument(), lwconfig.DiskFile()
         document.LoadXML("<a/>")
         file.FullPath = str(self.config / "absent")
         self.write("modelcomments/a.xml", "<ModelCommentProfile><MC/></ModelCommentProfile>")
-        rows: tuple[tuple[type[lwconfig.Error], str, Callable[[], object]], ...] = (
+        rows: tuple[tuple[type[Exception], str, Callable[[], object]], ...] = (
+            (AttributeError, "Nmae", lambda: setattr(layout, "Nmae", "x")),
+            (TypeError, "positions", lambda: layouts[1.5]),
+            (TypeError, "no arguments", lambda: lwconfig.PageLayout("x")),  # type: ignore[call-arg]
+            (TypeError, "", lambda: copy.deepcopy(self.root)),
+            (ValueError, "null", lambda: lwconfig.NativePath("a\0b")),
+            (ZeroDivisionError, "", lambda: lwconfig.NativePath(FailingPath())),
+            (lwconfig.MemberError, "read-only", lambda: setattr(layout, "IsHTMLHelpProjectFile", True)),
+            (lwconfig.MemberError, "deleted", lambda: delattr(layout, "Name")),
+            (lwconfig.MemberError, "Change", lambda: layout.on("Change", print)),
+            (lwconfig.CallError, "missing", lambda: layout.Load()),
+            (lwconfig.CallError, "unknown", lambda: layout.Clone(unknown=1)),
+            (lwconfig.CallError, "XMLElement", lwconfig.XMLElement),
+            (lwconfig.BadValueError, "many", lambda: setattr(layout, "DependantCount", "many")),
+            (lwconfig.BadValueError, "PageLayout.Name", lambda: setattr(layout, "Name", None)),
+            (lwconfig.BadValueError, "PageLayout.Name", lambda: setattr(layout, "Name", pathlib.Path("x"))),
+            (lwconfig.BadValueError, "PageLayout.Name, argument 1", lambda: setattr(layout, "Name", "\ud800")),
             (lwconfig.UnknownKeyError, "PageLayouts", lambda: layouts["absent"]),
             (lwconfig.UnknownKeyError, "Languages", lambda: languages["absent"]),
             (lwconfig.UnknownKeyError, "absent", lambda: document.RootElement.Attributes["absent"]),
@@ -279,7 +260,6 @@ class Failures(ConfigurationTest):
             (lwconfig.BadValueError, "K", lambda: texts.Add("b", "K")),
             (lwconfig.BadValueError, "Collection.Add, argument 2 (Key): ", lambda: texts.Add("b", Key="\ud800")),
             (lwconfig.BadValueError, "Collection.Item", lambda: texts["\ud800"]),
-            (lwconfig.BadValueError, "PageLayout.Name", lambda: setattr(lwconfig.PageLayout(), "Name", "\ud800")),
             (lwconfig.BadValueError, "a.xml:1:2: ", lambda: lwconfig.ModelCommentProfiles().Load()),
             (lwconfig.MissingFileError, "absent", lambda: file.Delete()),
             (lwconfig.Error, "", lambda: lwconfig.NodeDef().PageLayout),
