@@ -60,7 +60,7 @@ TEST_F(ApplicationValues, RegistryAccessTakesTextsAndNumbers) {
 
 TEST_F(ApplicationValues, AFailingRegistryIsAnError) {
   Registry.Fault = [] { throw RegistryFormatError("/etc/user.reg", 3, 7, "no such form"); };
-  EXPECT_THAT(ErrorOf([] { ConfigPath(); }), IsError(kPathFileAccess, "\\etc\\user.reg:3:7: "));
+  EXPECT_THAT(ErrorOf([] { ConfigPath(); }), IsError(kPathFileAccess, Product("/etc/user.reg") + ":3:7: "));
   EXPECT_ERROR(kPathFileAccess, SetAppValue("a", "b", ""));
 }
 

@@ -49,11 +49,11 @@ TEST_F(ErrorReporter, ReportsOnceToTheComponentAndRaises65535) {
   EXPECT_THAT(Messages, IsEmpty());
   ASSERT_EQ(component.Reports.size(), 1U);
   for (const char* part :
-       {"<Module>PageTemplates</Module>", "<Procedure>Save</Procedure>", "<Number>457</Number>",
+       {"<Module>PageTemplates</Module>", "<Line>", "<Procedure>Save</Procedure>", "<Number>457</Number>",
         "<Description>config.xml:3:14: The key is used twice</Description>",
         "<Source>LWConfigObjects</Source>"})
     EXPECT_THAT(component.Reports[0], HasSubstr(part));
-  EXPECT_THAT(component.Reports[0], ::testing::ContainsRegex("<Line>[1-9]"));
+  EXPECT_THAT(component.Reports[0], ::testing::Not(HasSubstr("<Line>0<")));
 }
 
 // Code of others runs during a report. Its own failures are reported, but not those in reports of these.
