@@ -32,8 +32,7 @@ void ModelComments::Load(const XMLElement& e) {
   in.Try("Namespace", NamespaceProfile);
   in.Require("Name", Name);
   in.Require("Description", Description);
-  ForEachChild(e, [&](const XMLElement& child) {
-    if (!child.IsNamed("MC")) return;
+  ReadChildren(e, "MC", [&](const XMLElement& child) {
     auto comment = std::make_shared<ModelComment>();
     comment->Load(child);
     Add(std::move(comment));

@@ -88,8 +88,7 @@ void ExternalDocs::Load() {
   if (const DiskFile file = SourcesFile(); file.Exists()) {
     ReadConfigurationFiles({file}, [&](const DiskFile&, const XMLElement& root) {
       AttributeReader(root).Skip("Version");
-      ForEachChild(root, [&](const XMLElement& child) {
-        if (!child.IsNamed("ExternalDoc")) return;
+      ReadChildren(root, "ExternalDoc", [&](const XMLElement& child) {
         auto source = std::make_shared<ExternalDoc>();
         source->Load(child);
         Add(source, source->NamespaceName);

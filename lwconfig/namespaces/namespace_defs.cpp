@@ -43,16 +43,14 @@ void NamespaceDefs::Load(const XMLElement& e) {
   in.Try("CommenterCaption", CommenterCaption);
   in.Try("IsFile", IsFile, ExactTrue);
   in.Try("Supports", Supports);
-  ForEachChild(e, [&](const XMLElement& child) {
-    if (child.IsNamedIgnoringCase("lwnamespace")) {
-      auto definition = std::make_shared<NamespaceDef>();
-      definition->SetNamespaceDefs(SelfOf(*this));
-      definition->Load(child);
-      KeyedCollection::Add(definition, definition->Name);
-    } else if (child.IsNamedIgnoringCase("lwelements")) {
-      ElementDefs->Load(child, SelfOf(*this));
-    }
-  });
+  const auto readNamespace = [&](const XMLElement& child) {
+    auto definition = std::make_shared<NamespaceDef>();
+    definition->SetNamespaceDefs(SelfOf(*this));
+    definition->Load(child);
+    KeyedCollection::Add(definition, definition->Name);
+  };
+  const auto readElements = [&](const XMLElement& child) { ElementDefs->Load(child, SelfOf(*this)); };
+  ReadChildren(e, {{AnyCase("lwnamespace"), readNamespace}, {AnyCase("lwelements"), readElements}});
 }
 
 void NamespaceDefs::ResetIncludeFlags() {

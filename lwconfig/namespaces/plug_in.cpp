@@ -48,8 +48,7 @@ void PlugIns::Load() {
 void PlugIns::LoadFrom(std::string_view Folder) {
   mCol.Clear();
   ReadConfigurationFolder(Folder, [&](const XMLElement& root) {
-    ForEachChild(root, [&](const XMLElement& child) {
-      if (!child.IsNamedIgnoringCase("PlugIn")) return;
+    ReadChildren(root, AnyCase("PlugIn"), [&](const XMLElement& child) {
       auto plugIn = std::make_shared<PlugIn>();
       plugIn->Load(child);
       Add(plugIn, plugIn->Key);

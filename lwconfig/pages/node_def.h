@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include <lwconfig/core/base/instance_count.h>
 #include <lwconfig/core/base/keyed_collection.h>
@@ -128,6 +129,10 @@ class NodeDefs : public KeyedCollection<NodeDef>, public Counted<NodeDefs> {
   /// A deep copy whose nodes belong to the given definition and have each other as parents.
   std::shared_ptr<NodeDefs> Clone(
       const std::shared_ptr<lwconfig::TOCDefinition>& TOCDefinition = nullptr) const;
+
+  /// The loops that parents form, each from its first node on to the parent of each, in the order in which
+  /// the nodes lead to them. Nodes in and below a loop belong to no tree.
+  std::vector<std::vector<std::shared_ptr<NodeDef>>> ParentLoops() const;
 };
 
 }  // namespace lwconfig

@@ -5,7 +5,7 @@
 #include <lwconfig/core/files/disk_file.h>
 #include <lwconfig/core/files/file_name.h>
 #include <lwconfig/core/loading/attribute_reader.h>
-#include <lwconfig/core/loading/inspection.h>
+#include <lwconfig/core/loading/configuration_files.h>
 #include <lwconfig/core/xml/string_tools.h>
 #include <lwconfig/core/xml/xml_document.h>
 #include <lwconfig/templates/phrases.h>
@@ -21,40 +21,38 @@ class EntryReader {
  public:
   enum class Keep { Texts, Names };
   EntryReader(const DiskFile& file, Keep keep, Collection& entries)
-      : mFile(file), mKeep(keep), mEntries(entries), mInspection(Inspection::Current()) {}
+      : mFile(file), mKeep(keep), mEntries(entries), mReportsLines(IsWanted(Problem::MalformedLine)) {}
 
   void Read() {
     if (!mFile.Exists()) return;
-    if (mInspection != nullptr) mInspection->BeginFile(mFile.FullPath());
+    LoadListener::Current().BeginFile(mFile.FullPath());
     RunStep([this] { ReadText(); }, [this] { return FilePosition{mFile.FullPath(), 0, 0}; });
   }
 
  private:
   void ReadText() {
     std::string doubt;
-    std::string text = mFile.ReadAll(mInspection != nullptr ? &doubt : nullptr);
-    if (text.starts_with("<?xml")) return ReadDocument(std::move(text), std::move(doubt));
-    if (!doubt.empty()) mInspection->Tell(Problem::DoubtfulEncoding, {mFile.FullPath(), 1, 1}, doubt);
+    std::string text = mFile.ReadAll(IsWanted(Problem::DoubtfulEncoding) ? &doubt : nullptr);
+    if (!doubt.empty()) Report(Problem::DoubtfulEncoding, {mFile.FullPath(), 1, 1}, doubt);
+    if (text.starts_with("<?xml")) return ReadDocument(std::move(text));
     ReadLines(text);
-    if (mInspection != nullptr) mInspection->EndText(mFile.FullPath(), text);
+    LoadListener::Current().EndText(mFile.FullPath(), text);
   }
 
-  void ReadDocument(std::string text, std::string doubt) {
+  void ReadDocument(std::string text) {
     XMLDocument document;
-    document.LoadXMLWithOption(std::move(text), true, mFile.FullPath());
-    document.SetEncodingDoubt(std::move(doubt));
-    document.TellParseFailure();
+    document.LoadXMLWithOption(std::move(text), true, mFile.FullPath(), LoadListener::Current().Observe());
+    ReportParseFailure(document);
     const XMLElement root = document.RootElement();
     ForEachChild(root, [&](const XMLElement& child) {
       AttributeReader in(child);
       std::string name;
       in.Require("name", name);
       const bool isNew = Add(name, child.Text());
-      if (mInspection == nullptr) return;
-      if (name.empty()) mInspection->Tell(Problem::IgnoredValue, child, "name", kNameless);
-      if (!isNew) mInspection->Tell(Problem::DuplicateName, child, "name", Repeated(name));
+      if (name.empty()) Report(Problem::EmptyName, child, "name", kNameless);
+      if (!isNew) Report(Problem::DuplicateName, child, "name", Repeated(name));
     });
-    if (mInspection != nullptr) mInspection->EndFile(document, root);
+    LoadListener::Current().EndFile(document, root);
   }
 
   /// One entry a line, "name~text". A further "~" ends the text.
@@ -67,7 +65,7 @@ class EntryReader {
       const auto name = line.substr(0, line.find('~'));
       line.remove_prefix(std::min(name.size() + 1, line.size()));
       const bool isNew = Add(name, line.substr(0, line.find('~')));
-      if (mInspection != nullptr) TellLine(number, whole, isNew);
+      if (mReportsLines) ReportLine(number, whole, isNew);
     }
   }
 
@@ -79,21 +77,22 @@ class EntryReader {
     return true;
   }
 
-  void TellLine(std::int32_t number, std::string_view line, bool isNew) {
-    const auto tell = [&](Problem problem, std::string_view message) {
-      mInspection->Tell(problem, {mFile.FullPath(), number, 1}, message);
+  void ReportLine(std::int32_t number, std::string_view line, bool isNew) {
+    const auto report = [&](Problem problem, std::string_view message) {
+      Report(problem, {mFile.FullPath(), number, 1}, message);
     };
     const auto count = std::count(line.begin(), line.end(), '~');
     if (line.find('\n') != std::string_view::npos) {
-      tell(Problem::LineEnds,
-           "lines that end in a line feed alone are one line; a line ends in carriage return and line feed");
+      report(
+          Problem::LineEnds,
+          "lines that end in a line feed alone are one line; a line ends in carriage return and line feed");
     } else if (line.starts_with('~')) {
-      tell(Problem::MalformedLine, kNameless);
+      report(Problem::MalformedLine, kNameless);
     } else if (count != 1) {
-      tell(Problem::MalformedLine, count == 0 ? "the line has no \"~\": all of it is a name, without a text"
-                                              : "the text ends at the second \"~\"");
+      report(Problem::MalformedLine, count == 0 ? "the line has no \"~\": all of it is a name, without a text"
+                                                : "the text ends at the second \"~\"");
     }
-    if (!isNew) tell(Problem::DuplicateName, Repeated(line.substr(0, line.find('~'))));
+    if (!isNew) report(Problem::DuplicateName, Repeated(line.substr(0, line.find('~'))));
   }
 
   static std::string Repeated(std::string_view name) {
@@ -103,7 +102,7 @@ class EntryReader {
   const DiskFile& mFile;
   const Keep mKeep;
   Collection& mEntries;
-  Inspection* const mInspection;
+  const bool mReportsLines;
 };
 
 DiskFile FileOf(std::string_view rootFolder, std::string_view folder, std::string_view language) {

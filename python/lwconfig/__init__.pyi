@@ -1873,7 +1873,8 @@ class XMLDocument(Object):
         """As `LoadXML`. With `Option`, the text of an element keeps its white space. The text of an element
         with markup inside, such as HTML or a comment, is then as written: the markup stays, references are
         not resolved, and of a CDATA section the marks alone are left out, as in any text. `SourcePath` is the
-        file that the text was read from, if any, which errors then name as their place."""
+        file that the text was read from, if any, which errors then name as their place. `observer`, if any,
+        watches the document as long as it or an element of it lives."""
     @property
     def XML(self) -> str:
         """The whole document as UTF-8 text with an XML declaration. Error 5 where the document element has no

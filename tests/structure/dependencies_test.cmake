@@ -8,9 +8,6 @@ set(faces tools python com)
 
 # A source, never a header, may follow a back-reference to the owner of its objects.
 set(exceptions
-  "lwconfig/core/xml/xml_element.cpp includes lwconfig/core/loading/inspection.h"
-  "lwconfig/core/xml/xml_document.cpp includes lwconfig/core/loading/diagnostics.h"
-  "lwconfig/core/xml/xml_document.cpp includes lwconfig/core/loading/inspection.h"
   "lwconfig/pages/node_def.cpp includes lwconfig/templates/page_template.h"
 )
 

@@ -53,8 +53,8 @@ TEST_F(Catalogue, HoldsOneTemplatePerFolderWithAConfiguration) {
   }
   ASSERT_EQ(Diagnostics.size(), 2U);
   EXPECT_EQ(Diagnostics[1].Position.File, PathOf("C\\config.xml"));
-  EXPECT_EQ(Diagnostics[1].Position.Column, 2);
-  EXPECT_THAT(Diagnostics[1].Message, HasSubstr("\"blue\" in the folder \"" + PathOf("b\\")));
+  EXPECT_EQ(Diagnostics[1].Position.Column, 15);
+  EXPECT_THAT(Diagnostics[1].Message, HasSubstr("in the folder \"b\" has the name \"blue\" too"));
   EXPECT_EQ(Catalog->TemplateFolder, ConfigFolder() + "\\Templates");
   EXPECT_EQ(Catalog->Item(2)->RootFolder, PathOf("A\\"));
   for (const auto& [name, position] : {std::pair("äNDERUNG", 2), {"BLUE", 3}, {"red", 7}})

@@ -2,10 +2,13 @@
 #include <cstring>
 #include <utility>
 
+#include <lwconfig/core/base/letter_case.h>
 #include <lwconfig/core/base/nearest.h>
+#include <lwconfig/core/loading/attribute_reader.h>
 #include <lwconfig/core/loading/inspection.h>
 #include <lwconfig/core/xml/internal/xml_data.h>
 #include <lwconfig/core/xml/xml_characters.h>
+#include <lwconfig/core/xml/xml_element.h>
 
 namespace lwconfig {
 namespace {
@@ -19,73 +22,49 @@ bool IsBlank(const char* text) {
   return text[std::strspn(text, kBlanks)] == '\0';
 }
 
-Problem ProblemOf(const Error& failure) {
-  switch (failure.Number()) {
-    case kDuplicateKey:
-      return Problem::DuplicateKey;
-    case kTypeMismatch:
-    case kOverflow:
-      return Problem::InvalidValue;
-    case kBadFileName:
-    case kFileNotFound:
-    case kPermissionDenied:
-    case kPathFileAccess:
-    case kPathNotFound:
-      return Problem::UnreadableFile;
-    default:
-      return Problem::NotLoaded;
-  }
-}
-
 }  // namespace
 
-Inspection* Inspection::gCurrent = nullptr;
+/// Notes what is read of one document, and for the inspection which names readers asked for.
+class Inspection::Watch final : public XMLObserver {
+ public:
+  explicit Watch(Inspection& inspection) : mInspection(inspection) {}
 
-Inspection::Inspection(DiagnosticHandler tell, FileInspector inspect, TextInspector inspectText)
-    : mTell(std::move(tell)),
-      mInspect(std::move(inspect)),
-      mInspectText(std::move(inspectText)),
-      mPreviousHandler(SetDiagnosticHandler([this](const Diagnostic& diagnostic) { Tell(diagnostic); })) {
-  gCurrent = this;
+  void LookedAt(std::size_t offset) override {
+    if (offset >= mLooked.size()) mLooked.resize(offset + 1);
+    mLooked[offset] = true;
+  }
+  void Absent(NameKind kind, std::string_view parent, std::string_view name) override {
+    auto& names = mInspection.mAbsent[static_cast<int>(kind)];
+    auto known = names.find(parent);
+    if (known == names.end()) known = names.emplace(parent, std::vector<std::string>()).first;
+    if (std::ranges::find(known->second, name) == known->second.end()) known->second.emplace_back(name);
+  }
+  void Doubtful(std::string doubt) override { mDoubt = std::move(doubt); }
+
+  bool IsLookedAt(std::size_t offset) const { return offset < mLooked.size() && mLooked[offset]; }
+  const std::string& Doubt() const { return mDoubt; }
+
+ private:
+  Inspection& mInspection;
+  std::vector<bool> mLooked;
+  std::string mDoubt;
+};
+
+Inspection::Inspection(DiagnosticHandler report, FileInspector inspect, TextInspector inspectText)
+    : LoadListener(std::move(report)), mInspect(std::move(inspect)), mInspectText(std::move(inspectText)) {
+  SetCurrent(this);
 }
 
 Inspection::~Inspection() {
-  gCurrent = nullptr;
-  SetDiagnosticHandler(std::move(mPreviousHandler));
-}
-
-bool PassOver(const Error& failure) {
-  Inspection* const inspection = Inspection::Current();
-  if (inspection != nullptr) inspection->Tell(failure);
-  return inspection != nullptr;
-}
-
-bool Inspection::IsWanted(Problem problem, const std::string& file) {
-  return ++mCounts[file][static_cast<std::size_t>(problem)] <= kMostTold;
-}
-
-void Inspection::Tell(const Diagnostic& diagnostic) {
-  if (IsWanted(diagnostic.Problem, diagnostic.Position.File)) mTell(diagnostic);
-}
-
-void Inspection::Tell(Problem problem, const FilePosition& position, std::string_view message,
-                      const std::function<std::string()>& suggest) {
-  if (!IsWanted(problem, position.File)) return;
-  mTell({position, std::string(message), problem, suggest ? suggest() : std::string()});
-}
-
-void Inspection::Tell(Problem problem, const XMLElement& e, std::string_view attribute,
-                      std::string_view message, const std::function<std::string()>& suggest) {
-  if (!IsWanted(problem, e.mDocument->SourcePath)) return;
-  mTell({e.Position(attribute), std::string(message), problem, suggest ? suggest() : std::string()});
-}
-
-void Inspection::Tell(const Error& failure) {
-  Tell(ProblemOf(failure), failure.Position(), failure.Description());
+  SetCurrent(nullptr);
 }
 
 void Inspection::BeginFile(const std::string& path) {
   mFiles.push_back(path);
+}
+
+std::shared_ptr<XMLObserver> Inspection::Observe() {
+  return std::make_shared<Watch>(*this);
 }
 
 bool Inspection::IsSound(const std::string& file) const {
@@ -103,17 +82,10 @@ std::vector<Inspection::Rest> Inspection::Rests() const {
     if (counts == mCounts.end()) continue;
     for (const ProblemKind& kind : ProblemKinds()) {
       const int count = counts->second[static_cast<std::size_t>(kind.Problem)];
-      if (count > kMostTold) rests.push_back({file, kind.Problem, count - kMostTold});
+      if (count > kMostReported) rests.push_back({file, kind.Problem, count - kMostReported});
     }
   }
   return rests;
-}
-
-void Inspection::NoteAbsent(NameKind kind, std::string_view parent, std::string_view name) {
-  auto& names = mAbsent[static_cast<int>(kind)];
-  auto known = names.find(parent);
-  if (known == names.end()) known = names.emplace(parent, std::vector<std::string>()).first;
-  if (std::ranges::find(known->second, name) == known->second.end()) known->second.emplace_back(name);
 }
 
 std::string Inspection::NearestAbsent(NameKind kind, std::string_view parent, std::string_view name) const {
@@ -122,11 +94,11 @@ std::string Inspection::NearestAbsent(NameKind kind, std::string_view parent, st
   return known == names.end() ? std::string() : Nearest(name, known->second);
 }
 
-/// Walks the tree of a file that was loaded and tells of what nothing has read.
+/// Walks the tree of a file that was loaded and reports what nothing has read.
 class Inspection::Walk {
  public:
-  Walk(Inspection& inspection, const XMLDocumentData& document)
-      : mInspection(inspection), mDocument(document) {}
+  Walk(Inspection& inspection, const XMLDocumentData& document, const Watch& watch)
+      : mInspection(inspection), mDocument(document), mWatch(watch) {}
 
   /// Without recursion, since elements nest to any depth.
   void Run(xml_node root) {
@@ -146,14 +118,19 @@ class Inspection::Walk {
   }
 
  private:
+  bool IsLookedAt(const char* at) const {
+    const auto offset = mDocument.OffsetOf(at);
+    return !offset || mWatch.IsLookedAt(*offset);
+  }
+
   /// Whether to look at what is inside.
   bool Visit(xml_node node) {
     if (node.type() == pugi::node_pcdata || node.type() == pugi::node_cdata) {
-      if (!IsBlank(node.value()) && !mDocument.IsLookedAt(node.value())) TellText(node);
+      if (!IsBlank(node.value()) && !IsLookedAt(node.value())) TellText(node);
       return false;
     }
     if (node.type() != pugi::node_element) return false;
-    if (!mDocument.IsLookedAt(node.name())) {
+    if (!IsLookedAt(node.name())) {
       TellElement(node);
       return false;
     }
@@ -166,10 +143,10 @@ class Inspection::Walk {
     // Few names are read, however many there are.
     std::vector<const char*> read;
     for (const xml_attribute attribute : element.attributes()) {
-      if (mDocument.IsLookedAt(attribute.name())) read.push_back(attribute.name());
+      if (IsLookedAt(attribute.name())) read.push_back(attribute.name());
     }
     for (const xml_attribute attribute : element.attributes()) {
-      if (!mDocument.IsLookedAt(attribute.name())) TellAttribute(element, attribute, read);
+      if (!IsLookedAt(attribute.name())) TellAttribute(element, attribute, read);
     }
   }
 
@@ -177,15 +154,17 @@ class Inspection::Walk {
     const bool isRepeated = std::ranges::any_of(
         read, [&](const char* other) { return EqualIgnoringCase(other, attribute.name()); });
     if (isRepeated) {
-      Tell(Problem::RepeatedAttribute, attribute.name(), [&] {
-        return Quoted(attribute) + " stands in " + Tag(element) + " before; only the first counts";
-      });
-    } else {
-      Tell(
-          Problem::UnreadAttribute, attribute.name(),
-          [&] { return "nothing reads " + Quoted(attribute) + " of " + Tag(element); },
-          [&] { return mInspection.NearestAbsent(NameKind::Attribute, element.name(), attribute.name()); });
+      return Tell(
+          Problem::RepeatedAttribute, attribute.name(),
+          [&] { return RepeatedAttributeMessage(attribute.name(), element.name()); },
+          [] { return std::string(); });
     }
+    Tell(
+        Problem::UnreadAttribute, attribute.name(),
+        [&] {
+          return "nothing reads the attribute \"" + std::string(attribute.name()) + "\" of " + Tag(element);
+        },
+        [&] { return mInspection.NearestAbsent(NameKind::Attribute, element.name(), attribute.name()); });
   }
 
   void TellElement(xml_node element) {
@@ -197,44 +176,38 @@ class Inspection::Walk {
   }
 
   void TellText(xml_node text) {
-    if (!mInspection.IsWanted(Problem::UnreadText, mDocument.SourcePath)) return;
+    if (!mInspection.Count(Problem::UnreadText, mDocument.SourcePath)) return;
     constexpr std::size_t kShown = 30;
     std::string_view shown = text.value();
     shown.remove_prefix(shown.find_first_not_of(kBlanks));
     shown = shown.substr(0, std::min(shown.find_first_of("\r\n"), kShown));
     // The parser has shortened line ends, so the blanks before are counted in the text as it was.
     const std::size_t start = mDocument.OffsetOf(text.value()).value_or(0);
-    mInspection.mTell({mDocument.PositionOf(mDocument.Original.find_first_not_of(kBlanks, start)),
-                       "nothing reads the text \"" + std::string(shown) + "\" in " + Tag(text.parent()),
-                       Problem::UnreadText});
+    mInspection.Hand({mDocument.PositionOf(mDocument.Original.find_first_not_of(kBlanks, start)),
+                      "nothing reads the text \"" + std::string(shown) + "\" in " + Tag(text.parent()),
+                      Problem::UnreadText});
   }
 
-  template <class Message>
-  void Tell(Problem problem, const char* at, Message message) {
-    Tell(problem, at, message, [] { return std::string(); });
-  }
   template <class Message, class Suggestion>
   void Tell(Problem problem, const char* at, Message message, Suggestion suggestion) {
-    if (mInspection.IsWanted(problem, mDocument.SourcePath))
-      mInspection.mTell({mDocument.Position(at), message(), problem, suggestion()});
+    if (mInspection.Count(problem, mDocument.SourcePath))
+      mInspection.Hand({mDocument.Position(at), message(), problem, suggestion()});
   }
 
-  static std::string Quoted(xml_attribute attribute) {
-    return "the attribute \"" + std::string(attribute.name()) + "\"";
-  }
   static std::string Tag(xml_node element) { return "<" + std::string(element.name()) + ">"; }
 
   Inspection& mInspection;
   const XMLDocumentData& mDocument;
+  const Watch& mWatch;
 };
 
-void Inspection::EndFile(const XMLDocument& document, const XMLElement& root) {
+void Inspection::EndFile(const XMLDocument& /*document*/, const XMLElement& root) {
   const XMLDocumentData& data = *root.mDocument;
-  if (const std::string& doubt = document.EncodingDoubt(); !doubt.empty())
-    Tell(Problem::DoubtfulEncoding, {data.SourcePath, 1, 1}, doubt);
-  if (!data.IsInspected()) return;  // it was empty
-  TellForbiddenCharacters(data);
-  Walk(*this, data).Run(pugi::xml_node(root.Node()));
+  const auto& watch = static_cast<const Watch&>(*data.Observer);
+  if (!watch.Doubt().empty()) Report(Problem::DoubtfulEncoding, {data.SourcePath, 1, 1}, watch.Doubt());
+  if (data.Text.empty()) return;
+  ReportForbiddenCharacters(data);
+  Walk(*this, data, watch).Run(pugi::xml_node(root.Node()));
   if (mInspect) mInspect(data.SourcePath, root);
   if (data.KeepsText) EndText(data.SourcePath, data.Original);
 }
@@ -243,12 +216,12 @@ void Inspection::EndText(const std::string& path, std::string_view text) {
   if (mInspectText) mInspectText(path, text);
 }
 
-void Inspection::TellForbiddenCharacters(const XMLDocumentData& document) {
+void Inspection::ReportForbiddenCharacters(const XMLDocumentData& document) {
   ForEachForbiddenCharacter(document.Original, [&](std::size_t offset, std::uint32_t character) {
-    if (!IsWanted(Problem::ForbiddenCharacter, document.SourcePath)) return;
-    mTell({document.PositionOf(offset),
-           "XML has no character " + CharacterName(character) + "; other programs reject the file",
-           Problem::ForbiddenCharacter});
+    if (!Count(Problem::ForbiddenCharacter, document.SourcePath)) return;
+    Hand({document.PositionOf(offset),
+          "XML has no character " + CharacterName(character) + "; other programs reject the file",
+          Problem::ForbiddenCharacter});
   });
 }
 

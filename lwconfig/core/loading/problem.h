@@ -30,6 +30,7 @@ enum class Problem {
   UnexpectedRoot,
   EmptyName,
   DuplicateName,
+  DuplicateTemplate,
   MissingLayoutFile,
   ReservedFileName,
   MissingStyleSheet,
@@ -61,6 +62,7 @@ struct ProblemKind {
   lwconfig::Problem Problem;
   const char* Code;  // by which messages and the documentation name it
   lwconfig::Severity Severity;
+  bool ConcernsLoaders = false;  // reported by any load, not only to an inspection
 };
 
 /// Every kind of problem, in the order of `Problem`.

@@ -1,6 +1,7 @@
 #include <system_error>
 #include <utility>
 
+#include <lwconfig/core/loading/load_listener.h>
 #include <lwconfig/core/loading/read_ahead.h>
 
 namespace lwconfig {
@@ -26,7 +27,7 @@ ReadAhead::~ReadAhead() {
 ReadAhead::Result ReadAhead::Read(const DiskFile& file) {
   Result result;
   try {
-    result.Document.ReadFile(file);
+    result.Document.ReadFile(file, LoadListener::Current().Observe());
   } catch (...) {
     result.Failure = std::current_exception();
   }

@@ -3,8 +3,6 @@
 
 #include <lwconfig/core/base/unicode.h>
 #include <lwconfig/core/files/disk_file.h>
-#include <lwconfig/core/loading/diagnostics.h>
-#include <lwconfig/core/loading/inspection.h>
 #include <lwconfig/core/xml/internal/xml_data.h>
 #include <lwconfig/core/xml/xml_document.h>
 
@@ -51,10 +49,7 @@ void RemoveUnfinished(pugi::xml_node tree, pugi::xml_parse_status status) {
 
 bool XMLDocumentData::Parse() {
   IsDraft = false;
-  if (Inspection::Current() != nullptr && !SourcePath.empty()) {
-    Original = Text;
-    Looked.assign(Text.size(), false);
-  }
+  if (Observer) Original = Text;
   // Fragments are allowed to the parser, so that what stands beside the document element is seen, not
   // skipped.
   constexpr unsigned kKeepAll = pugi::parse_default | pugi::parse_comments | pugi::parse_pi |
@@ -126,7 +121,7 @@ FilePosition XMLDocumentData::PositionOf(std::size_t offset) const {
   // The parser writes into its text, so places are counted in the text as it was: the file's, read once more.
   if (SourcePath.empty() && Original.empty()) return {};  // written here, not read
   std::string reread;
-  const bool isKept = KeepsText || SourcePath.empty() || IsInspected();
+  const bool isKept = KeepsText || SourcePath.empty() || Observer;
   if (!isKept) {
     DiskFile file;
     file.SetFullPath(SourcePath);
@@ -166,8 +161,10 @@ bool XMLDocument::LoadXML(std::string Text) {
   return LoadXMLWithOption(std::move(Text), false);
 }
 
-bool XMLDocument::LoadXMLWithOption(std::string Text, bool Option, std::string SourcePath) {
+bool XMLDocument::LoadXMLWithOption(std::string Text, bool Option, std::string SourcePath,
+                                    std::shared_ptr<XMLObserver> observer) {
   mData = std::make_shared<XMLDocumentData>();
+  mData->Observer = std::move(observer);
   mData->KeepsText = Option;
   mData->SourcePath = std::move(SourcePath);
   mData->Original = Text;
@@ -175,28 +172,21 @@ bool XMLDocument::LoadXMLWithOption(std::string Text, bool Option, std::string S
   return mData->Parse();
 }
 
-bool XMLDocument::ReadFile(const DiskFile& file) {
+bool XMLDocument::ReadFile(const DiskFile& file, std::shared_ptr<XMLObserver> observer) {
   mData = std::make_shared<XMLDocumentData>();
   mData->SourcePath = file.FullPath();
-  mData->Text = file.ReadAll(Inspection::Current() != nullptr ? &mData->EncodingDoubt : nullptr);
+  std::string doubt;
+  mData->Text = file.ReadAll(observer ? &doubt : nullptr);
+  if (!doubt.empty()) observer->Doubtful(std::move(doubt));
+  mData->Observer = std::move(observer);
   return mData->Parse();
 }
 
 const std::string& XMLDocument::ParseFailure() const {
   return mData->ParseFailure;
 }
-const std::string& XMLDocument::EncodingDoubt() const {
-  return mData->EncodingDoubt;
-}
-
-void XMLDocument::SetEncodingDoubt(std::string doubt) {
-  mData->EncodingDoubt = std::move(doubt);
-}
-
-void XMLDocument::TellParseFailure() const {
-  if (mData->ParseFailure.empty()) return;
-  Diagnose({mData->ParseFailurePosition, mData->ParseFailure + "; what stands before is read",
-            Problem::NotWellFormed});
+const FilePosition& XMLDocument::ParseFailurePosition() const {
+  return mData->ParseFailurePosition;
 }
 
 std::string XMLDocument::XML() const {

@@ -8,6 +8,7 @@
 namespace lwconfig {
 
 class DiskFile;
+class XMLObserver;
 
 /// One XML document, parsed or to be written. No document types are processed, no entities beyond the five of
 /// XML expanded and nothing is fetched; elements may nest to any depth.
@@ -26,17 +27,16 @@ class XMLDocument {
   /// markup inside, such as HTML or a comment, is then as written: the markup stays, references are not
   /// resolved, and of a CDATA section the marks alone are left out, as in any text.
   /// `SourcePath` is the file that the text was read from, if any, which errors then name as their place.
-  bool LoadXMLWithOption(std::string Text, bool Option, std::string SourcePath = {});
+  /// `observer`, if any, watches the document as long as it or an element of it lives.
+  bool LoadXMLWithOption(std::string Text, bool Option, std::string SourcePath = {},
+                         std::shared_ptr<XMLObserver> observer = nullptr);
   /// As `LoadXML` for the text of `file`, which errors then name as their place. A missing file is an empty
   /// text; error 70, 75 or another of the file layer when it exists and cannot be read.
-  bool ReadFile(const DiskFile& file);
+  bool ReadFile(const DiskFile& file, std::shared_ptr<XMLObserver> observer = nullptr);
   /// What is wrong with the text read last; empty where it was well-formed.
   const std::string& ParseFailure() const;
-  /// What is odd about the encoding of the file read last, as a sentence; empty where nothing is.
-  const std::string& EncodingDoubt() const;
-  void SetEncodingDoubt(std::string doubt);
-  /// Tells the diagnostics handler where the file read last is not well-formed, if so.
-  void TellParseFailure() const;
+  /// The place of that; without one where the text was well-formed.
+  const FilePosition& ParseFailurePosition() const;
   /// The whole document as UTF-8 text with an XML declaration. Error 5 where the document element has no name
   /// yet.
   std::string XML() const;

@@ -2,7 +2,6 @@
 #include <array>
 
 #include <lwconfig/core/base/letter_case.h>
-#include <lwconfig/core/loading/inspection.h>
 #include <lwconfig/core/xml/internal/xml_data.h>
 #include <lwconfig/core/xml/xml_element.h>
 
@@ -70,17 +69,15 @@ std::string XMLElement::Name() const {
   return xml_node(Node()).name();
 }
 bool XMLElement::IsNamed(std::string_view name) const {
-  return name == xml_node(Node()).name() || NoteOtherName(name);
+  return name == xml_node(Node()).name();
 }
 bool XMLElement::IsNamedIgnoringCase(std::string_view name) const {
-  return EqualIgnoringCase(name, xml_node(Node()).name()) || NoteOtherName(name);
+  return EqualIgnoringCase(name, xml_node(Node()).name());
 }
 
-bool XMLElement::NoteOtherName(std::string_view name) const {
-  if (mDocument->IsInspected()) {
-    Inspection::Current()->NoteAbsent(Inspection::NameKind::Element, xml_node(Node()).parent().name(), name);
-  }
-  return false;
+void XMLElement::NoteAbsentChild(std::string_view name) const {
+  if (mDocument->Observer)
+    mDocument->Observer->Absent(XMLObserver::NameKind::Element, xml_node(Node()).name(), name);
 }
 
 void XMLElement::SetName(std::string_view name) {
@@ -144,10 +141,14 @@ FilePosition XMLElement::Position() const {
   return mDocument->Position(xml_node(Node()).name());
 }
 FilePosition XMLElement::Position(std::string_view attribute) const {
+  if (mDocument->OffsetOf(attribute.data())) return mDocument->Position(attribute.data());
   for (const xml_attribute candidate : xml_node(Node()).attributes()) {
     if (EqualIgnoringCase(candidate.name(), attribute)) return mDocument->Position(candidate.name());
   }
   return Position();
+}
+const std::string& XMLElement::SourcePath() const {
+  return mDocument->SourcePath;
 }
 const std::string& XMLElement::ParseFailure() const {
   return mDocument->ParseFailure;

@@ -56,6 +56,8 @@ class XMLElement {
   bool IsNamed(std::string_view name) const;
   /// Whether the tag name is `name` without regard to letter case.
   bool IsNamedIgnoringCase(std::string_view name) const;
+  /// Reports to the document's observer, if any, that a reader takes children of this name.
+  void NoteAbsentChild(std::string_view name) const;
   /// Error 5 for a text that is no XML name.
   void SetName(std::string_view name);
   /// The character data directly inside the element, joined; what was written in it where the document was
@@ -77,8 +79,11 @@ class XMLElement {
 
   /// Where the element stands in the file, or text, that it was read from.
   FilePosition Position() const;
-  /// Where the attribute of that name, letter case ignored, stands; the place of the element without one.
+  /// The place of the attribute of that name, letter case ignored; that of the element without one. A name
+  /// that lies in the document's own text is that very one, also the second of a name.
   FilePosition Position(std::string_view attribute) const;
+  /// The file that the element was read from; empty where there is none.
+  const std::string& SourcePath() const;
   /// What is wrong with the text that the element was read from; empty where it was well-formed.
   const std::string& ParseFailure() const;
 
@@ -97,8 +102,6 @@ class XMLElement {
   /// The node in the document's tree; a draft becomes a tree.
   pugi::xml_node_struct* Node() const;
   bool IsDraft() const;
-  /// Tells an inspection under way of a name that the element might have had; always false.
-  bool NoteOtherName(std::string_view name) const;
 
   std::shared_ptr<XMLDocumentData> mDocument;
   pugi::xml_node_struct* mNode = nullptr;

@@ -242,9 +242,11 @@ TEST_F(XML, AnAttributeThatIsGivenTwiceIsTold) {
                              AttributeReader(child).Require("Name", names.emplace_back());
                          });
   EXPECT_THAT(names, ElementsAre("1", "3"));
-  ASSERT_EQ(Diagnostics.size(), 1U);
-  EXPECT_EQ(Diagnostics[0].Message, "not well-formed XML: the attribute \"Name\" is given twice");
+  ASSERT_EQ(Diagnostics.size(), 2U);
+  EXPECT_EQ(Diagnostics[0].Message, "the attribute \"Name\" stands in <b> before; only the first counts");
   EXPECT_EQ(Diagnostics[0].Position.Line, 2);
+  EXPECT_EQ(Diagnostics[0].Position.Column, 22);
+  EXPECT_EQ(Diagnostics[1].Position.Column, 44);
 }
 
 }  // namespace

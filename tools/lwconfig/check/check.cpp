@@ -45,9 +45,9 @@ class Checker {
       if (isRegistered || !folder.empty()) CheckParts(Configuration(folder, reporter).Root());
     } catch (const Error& failure) {
       if (failure.Number() == kPathNotFound) {
-        mInspection.Tell(Problem::MissingFolder, failure.Position(), failure.Description());
+        mInspection.Report(Problem::MissingFolder, failure.Position(), failure.Description());
       } else {
-        mInspection.Tell(failure);
+        mInspection.Report(failure);
       }
     }
     mReport.Close(mInspection);
@@ -79,12 +79,12 @@ class Checker {
       platform::Host<platform::Registry>().Read(hive, kProductKey, kFolderValue);
       return true;
     } catch (const RegistryFormatError& damage) {
-      mInspection.Tell(
+      mInspection.Report(
           Problem::DamagedRegistry,
           {platform::Host<platform::Files>().ProductPath(damage.File), damage.Line, damage.Column},
           std::string("the registry file is damaged: ") + damage.what());
     } catch (const std::system_error& failure) {
-      mInspection.Tell(Problem::UnreadableFile, {}, failure.what());
+      mInspection.Report(Problem::UnreadableFile, {}, failure.what());
     }
     return false;
   }
@@ -92,8 +92,8 @@ class Checker {
   /// Whether a folder of the configuration is there; tells if not.
   bool Has(const std::string& folder, const char* consequence) {
     if (IsFolder(folder)) return true;
-    mInspection.Tell(Problem::MissingFolder, {folder, 0, 0},
-                     std::string("there is no such folder; ") + consequence);
+    mInspection.Report(Problem::MissingFolder, {folder, 0, 0},
+                       std::string("there is no such folder; ") + consequence);
     return false;
   }
 

@@ -12,7 +12,7 @@ void CheckValue(const RuleInput& input, const XMLElement& e, const char* attribu
   const char* value = AttributeReader(e).Find(attribute);
   if (value == nullptr || std::string_view(value).find_first_not_of(" \t\r\n") != std::string_view::npos)
     return;
-  input.Inspection.Tell(Problem::EmptyName, e, attribute, message);
+  input.Inspection.Report(Problem::EmptyName, e, attribute, message);
 }
 
 }  // namespace

@@ -47,13 +47,13 @@ void CheckSourcePatterns(const RuleInput& input) {
         source.Name() == "ExternalDoc" ? AttributeReader(source).Find("Namespace") : nullptr;
     if (pattern == nullptr) continue;
     if (!IsPossibleWildcard(pattern)) {
-      input.Inspection.Tell(Problem::ImpossiblePattern, source, "Namespace",
-                            "no name can match \"" + std::string(pattern) + "\"");
+      input.Inspection.Report(Problem::ImpossiblePattern, source, "Namespace",
+                              "no name can match \"" + std::string(pattern) + "\"");
     }
     // The same pattern twice is a key used twice, which was told.
     const auto covering = earlier.Covering(pattern);
     if (covering && !EqualIgnoringCase(*covering, pattern)) {
-      input.Inspection.Tell(
+      input.Inspection.Report(
           Problem::HiddenPattern, source, "Namespace",
           "the source is never used: \"" + *covering + "\" stands before and matches as much");
     }
@@ -67,8 +67,8 @@ void CheckMemberPatterns(const RuleInput& input) {
     if (pattern == nullptr) continue;
     const std::string_view name = pattern;
     if (!name.empty() && name.find_first_of(" \t\r\n") == std::string_view::npos) continue;
-    input.Inspection.Tell(Problem::ImpossiblePattern, comment, "MemberName",
-                          "no member can have the name \"" + std::string(name) + "\"");
+    input.Inspection.Report(Problem::ImpossiblePattern, comment, "MemberName",
+                            "no member can have the name \"" + std::string(name) + "\"");
   }
 }
 
@@ -87,10 +87,10 @@ void CheckFormat(const RuleInput& input, const XMLElement& e, const char* attrib
     if (isKnown(at)) continue;
     const std::string name(pieces[at]);
     const bool isClosed = at + 1 < pieces.size();
-    input.Inspection.Tell(Problem::UnknownPlaceholder, e, attribute,
-                          isClosed ? "nothing fills the placeholder \"%%" + name + "%%\""
-                                   : "a placeholder begins here and does not end: \"%%" + name + "\"",
-                          [&] { return isClosed ? Nearest(name, known) : std::string(); });
+    input.Inspection.Report(Problem::UnknownPlaceholder, e, attribute,
+                            isClosed ? "nothing fills the placeholder \"%%" + name + "%%\""
+                                     : "a placeholder begins here and does not end: \"%%" + name + "\"",
+                            [&] { return isClosed ? Nearest(name, known) : std::string(); });
     // The operations take the second delimiter of a name that nothing fills for the first of the next.
     if (isKnown(at + 1)) --at;
   }
@@ -118,9 +118,9 @@ void CheckCommentFiles(const RuleInput& input) {
     const auto pieces = Split(path, "%");
     for (std::size_t at = 1; at + 1 < pieces.size(); at += 2) {
       if (EqualIgnoringCase(pieces[at], kNetPath)) continue;
-      input.Inspection.Tell(Problem::UnknownPlaceholder, file, "CommentFilePath",
-                            "nothing fills the placeholder \"%" + std::string(pieces[at]) + "%\"",
-                            [&] { return Nearest(pieces[at], {std::string(kNetPath)}); });
+      input.Inspection.Report(Problem::UnknownPlaceholder, file, "CommentFilePath",
+                              "nothing fills the placeholder \"%" + std::string(pieces[at]) + "%\"",
+                              [&] { return Nearest(pieces[at], {std::string(kNetPath)}); });
     }
   }
 }

@@ -67,9 +67,9 @@ void CheckNumbers(const RuleInput& input) {
       if (text == nullptr) continue;
       const auto number = StrictInteger(text);
       if (!number || meanings.Numbers.contains(number.Value)) continue;
-      input.Inspection.Tell(Problem::UnknownNumber, e, meanings.Attribute,
-                            ToText(number.Value) + " has no meaning as \"" + meanings.Attribute +
-                                "\"; it is one of " + Range(meanings.Numbers));
+      input.Inspection.Report(Problem::UnknownNumber, e, meanings.Attribute,
+                              ToText(number.Value) + " has no meaning as \"" + meanings.Attribute +
+                                  "\"; it is one of " + Range(meanings.Numbers));
     }
   });
 }

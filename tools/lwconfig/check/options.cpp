@@ -24,10 +24,10 @@ void CheckOptions(Inspection& inspection, Root& root) {
   for (const auto& [set, option] : options) {
     const std::string stored = GetAppValue(option.ValueName(), "", option.Section());
     if (stored.empty() || templates.Has(stored)) continue;
-    inspection.Tell(Problem::UnknownTemplate, {},
-                    std::string("the option ") + set + "." + option.Name() + " names the template \"" +
-                        stored + "\"; there is none",
-                    [&] { return Nearest(stored, templates.Names()); });
+    inspection.Report(Problem::UnknownTemplate, {},
+                      std::string("the option ") + set + "." + option.Name() + " names the template \"" +
+                          stored + "\"; there is none",
+                      [&] { return Nearest(stored, templates.Names()); });
   }
 }
 

@@ -87,7 +87,7 @@ class ReferenceCheck {
     for (const std::string_view piece : Split(value, ",")) {
       const std::string_view name = Trimmed(piece);
       if (name.size() != piece.size()) {
-        mInput.Inspection.Tell(
+        mInput.Inspection.Report(
             Problem::BlankInList, e, attribute,
             "the blank beside \"" + std::string(name) + "\" belongs to the name; it is not found without it",
             [&] { return std::string(name); });
@@ -102,9 +102,9 @@ class ReferenceCheck {
     const NameSet& names = known.*sort.Names;
     // Without any profile that is one problem, not one for each name.
     if (names.Has(name) || (known.Profiles.Empty() && &sort != &kPlugIns && &sort != &kComments)) return;
-    mInput.Inspection.Tell(sort.Problem, e, attribute,
-                           std::string("there is no ") + sort.What + " \"" + std::string(name) + "\"",
-                           [&] { return Nearest(name, names.Names()); });
+    mInput.Inspection.Report(sort.Problem, e, attribute,
+                             std::string("there is no ") + sort.What + " \"" + std::string(name) + "\"",
+                             [&] { return Nearest(name, names.Names()); });
   }
 
   const RuleInput& mInput;

@@ -17,7 +17,7 @@ void CheckAcrossFiles(const RuleInput& input, const XMLElement& e, const char* a
   const auto [known, isNew] = input.Context.FilesOfNames.emplace(prefix + FoldCase(name), input.File);
   if (isNew) return;
   const std::string where = known->second == input.File ? "in this file" : "in " + NativePath(known->second);
-  input.Inspection.Tell(
+  input.Inspection.Report(
       Problem::DuplicateName, e, attribute,
       "the name \"" + std::string(name) + "\" stands " + where + " before; " + std::string(consequence));
 }
@@ -28,7 +28,7 @@ void CheckSiblings(const RuleInput& input, const XMLElement& parent) {
   for (const XMLElement child : parent.Children()) {
     const char* name = AttributeReader(child).Find("Name");
     if (name == nullptr || *name == '\0' || names.Add(name)) continue;
-    input.Inspection.Tell(
+    input.Inspection.Report(
         Problem::DuplicateName, child, "Name",
         "a definition \"" + std::string(name) + "\" stands beside this one before; this one is left out");
   }
@@ -50,9 +50,6 @@ void CheckRepeatedNames(const RuleInput& input) {
     case Part::Comments:
       for (const XMLElement child : input.Root.Children())
         CheckAcrossFiles(input, child, "Identifier", "comment ", "this one takes the place of the other");
-      break;
-    case Part::Templates:
-      CheckAcrossFiles(input, input.Root, "Name", "template ", "by its name only the first is found");
       break;
     default:
       break;

@@ -27,8 +27,8 @@ void CheckRootElement(const RuleInput& input) {
   const std::string name = input.Root.Name();
   for (const auto& [part, expected] : kRootElements) {
     if (part != input.Part || name.empty() || EqualIgnoringCase(name, expected)) continue;
-    input.Inspection.Tell(Problem::UnexpectedRoot, input.Root, {},
-                          "the root element is <" + name + ">, not <" + expected + ">");
+    input.Inspection.Report(Problem::UnexpectedRoot, input.Root, {},
+                            "the root element is <" + name + ">, not <" + expected + ">");
   }
 }
 

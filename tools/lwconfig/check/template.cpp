@@ -36,41 +36,14 @@ class NodeTree {
   bool Empty() const { return mNodes.empty(); }
 
   void Check(Inspection& inspection) const {
-    std::vector<std::size_t> walks(mNodes.size(), 0);  // which walk has come to a node first, from 1
-    for (std::size_t start = 0; start < mNodes.size(); ++start) {
-      CheckParent(inspection, mNodes[start]);
-      std::optional<std::size_t> at = start;
-      while (at && walks[*at] == 0) {
-        walks[*at] = start + 1;
-        at = ParentOf(*at);
-      }
-      if (at && walks[*at] == start + 1) TellLoop(inspection, *at);
+    for (const NodePlace& node : mNodes) {
+      if (node.ParentKey.empty() || mPlaces.Find(node.ParentKey) != nullptr) continue;
+      inspection.Report(Problem::UnknownParent, node.Element, "ParentKey",
+                        "there is no node \"" + node.ParentKey + "\" here; the node stands at the top");
     }
   }
 
  private:
-  std::optional<std::size_t> ParentOf(std::size_t node) const {
-    const std::size_t* place = mPlaces.Find(mNodes[node].ParentKey);
-    return place != nullptr ? std::optional(*place) : std::nullopt;
-  }
-
-  void CheckParent(Inspection& inspection, const NodePlace& node) const {
-    if (node.ParentKey.empty() || mPlaces.Find(node.ParentKey) != nullptr) return;
-    inspection.Tell(Problem::UnknownParent, node.Element, "ParentKey",
-                    "there is no node \"" + node.ParentKey + "\" here; the node stands at the top");
-  }
-
-  void TellLoop(Inspection& inspection, std::size_t first) const {
-    constexpr int kNamed = 5;
-    std::string keys = mNodes[first].Key;
-    auto at = ParentOf(first);
-    for (int named = 1; at && *at != first && named < kNamed; ++named, at = ParentOf(*at))
-      keys += ", " + mNodes[*at].Key;
-    inspection.Tell(Problem::ParentLoop, mNodes[first].Element, "ParentKey",
-                    at == first ? "the parents go round in a loop: " + keys
-                                : "the parents go round in a loop: " + keys + " and so on");
-  }
-
   std::vector<NodePlace> mNodes;
   KeyedList<std::size_t> mPlaces;
 };
@@ -106,16 +79,16 @@ class TemplateCheck {
                                   "DefTOCComponent", "DefTOCComponentGroup"}) {
       const char* name = in.Find(attribute);
       if (name == nullptr || *name == '\0' || mContents.Has(name)) continue;
-      mInspection.Tell(Problem::UnknownContents, mRoot, attribute,
-                       "the template has no contents definition \"" + std::string(name) + "\"",
-                       [&] { return Nearest(name, mContents.Names()); });
+      mInspection.Report(Problem::UnknownContents, mRoot, attribute,
+                         "the template has no contents definition \"" + std::string(name) + "\"",
+                         [&] { return Nearest(name, mContents.Names()); });
     }
   }
 
   void CheckStyleSheet(const std::string& sheet) {
     if (DiskFile(mFolder + sheet).Exists()) return;
-    mInspection.Tell(Problem::MissingStyleSheet, mRoot, "StyleSheet",
-                     "the folder of the template has no file \"" + sheet + "\"");
+    mInspection.Report(Problem::MissingStyleSheet, mRoot, "StyleSheet",
+                       "the folder of the template has no file \"" + sheet + "\"");
   }
 
   void CheckLanguages(std::string_view languages) {
@@ -135,9 +108,9 @@ class TemplateCheck {
   void CheckTexts(std::string_view folder, std::string_view language) {
     const DiskFile file(mFolder + std::string(folder), language, "txt");
     if (file.Exists()) return;
-    mInspection.Tell(Problem::MissingPhrases, mRoot, "Languages",
-                     "the template has no file \"" + std::string(folder) + "\\" + file.FileName() +
-                         "\" for the language \"" + std::string(language) + "\"");
+    mInspection.Report(Problem::MissingPhrases, mRoot, "Languages",
+                       "the template has no file \"" + std::string(folder) + "\\" + file.FileName() +
+                           "\" for the language \"" + std::string(language) + "\"");
   }
 
   Inspection& mInspection;

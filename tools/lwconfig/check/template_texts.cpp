@@ -30,7 +30,7 @@ void TemplateTexts::CompareLanguages(Inspection& inspection) const {
       const auto other =
           std::ranges::find_if(mCompared, [&](const Language& any) { return any.Names.Has(name); });
       if (other == mCompared.end()) continue;
-      inspection.Tell(
+      inspection.Report(
           Problem::UntranslatedText, {language.File, 0, 0},
           std::string("there is no ") + mKind.What + " \"" + name + "\"; " + other->Name + " has it");
     }

@@ -79,13 +79,14 @@ void TextCheck::CheckTemplate(const XMLElement& e, const char* attribute, bool i
   const char* text = AttributeReader(e).Find(attribute);
   if (text == nullptr) return;
   ForEachFault(text, [&](std::size_t, Problem problem, const std::string& message, const auto& suggest) {
-    mInspection.Tell(problem, e, attribute, message, suggest);
+    mInspection.Report(problem, e, attribute, message, suggest);
   });
   if (!isFileName) return;
   const auto pieces = Split(text, "%%");
   if (pieces.size() % 2 == 0) {
-    mInspection.Tell(Problem::UnknownPlaceholder, e, attribute,
-                     "a placeholder begins here and does not end: \"%%" + std::string(pieces.back()) + "\"");
+    mInspection.Report(
+        Problem::UnknownPlaceholder, e, attribute,
+        "a placeholder begins here and does not end: \"%%" + std::string(pieces.back()) + "\"");
   }
 }
 
@@ -93,7 +94,7 @@ void TextCheck::CheckText(const std::string& file, std::string_view text) {
   TextPlaces places(file, text);
   ForEachFault(text,
                [&](std::size_t offset, Problem problem, const std::string& message, const auto& suggest) {
-                 mInspection.Tell(problem, places.At(offset), message, suggest);
+                 mInspection.Report(problem, places.At(offset), message, suggest);
                });
 }
 

@@ -4,12 +4,12 @@
 #include <optional>
 #include <string>
 #include <string_view>
-#include <vector>
 
 #include <pugixml.hpp>
 
 #include <lwconfig/core/base/error.h>
 #include <lwconfig/core/xml/internal/xml_draft.h>
+#include <lwconfig/core/xml/xml_observer.h>
 
 namespace lwconfig {
 
@@ -29,15 +29,10 @@ struct XMLDocumentData {
   /// The place of a name that the parser found, or of the document where it is not one.
   FilePosition Position(const char* name) const;
   FilePosition PositionOf(std::size_t offset) const;
-  /// For an inspection: notes that somebody reads what begins at `at`, where the parser found it.
-  void NoteLook(const char* at) {
-    if (!IsInspected()) return;
-    if (const auto offset = OffsetOf(at)) Looked[*offset] = true;
-  }
-  bool IsInspected() const { return !Looked.empty(); }
-  bool IsLookedAt(const char* at) const {
-    const auto offset = OffsetOf(at);
-    return !offset || Looked[*offset];
+  /// Reports to the observer, if any, that the name or text at `at`, where the parser found it, is read.
+  void NoteLook(const char* at) const {
+    if (!Observer) return;
+    if (const auto offset = OffsetOf(at)) Observer->LookedAt(*offset);
   }
   /// What was written between the tags of the element whose name the parser found at `name`, without the
   /// marks of CDATA sections; nothing for an element that was added later. For a document that keeps its
@@ -46,15 +41,13 @@ struct XMLDocumentData {
 
   std::string Text;             // taken apart by the parser: names and values are pointers into it
   std::string SourcePath;       // the file that the text was read from, else empty
-  std::string Original;         // the text as it was, where it is kept or inspected, or there is no such file
-  std::vector<bool> Looked{};   // where inspected, for each byte whether what begins there was read
-  std::string EncodingDoubt{};  // what is odd about the encoding of the file
+  std::string Original;         // the text as it was, where it is kept or observed, or there is no such file
+  std::shared_ptr<XMLObserver> Observer;
   bool KeepsText = false;       // white space and markup inside elements are text
   pugi::xml_document Tree;      // declared after the text it points into
   std::string ParseFailure;
   FilePosition ParseFailurePosition;
   std::size_t ParsedLength = 0;  // of the text, up to where it goes wrong
-  int OdditiesTold = 0;          // how many of its elements' oddities were told to the diagnostics handler
   /// The last place that was counted, from which counting goes on.
   struct Place {
     std::size_t Offset = 0;

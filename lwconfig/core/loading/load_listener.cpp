@@ -1,0 +1,73 @@
+#include <utility>
+
+#include <lwconfig/core/loading/load_listener.h>
+#include <lwconfig/core/xml/xml_element.h>
+
+namespace lwconfig {
+namespace {
+
+LoadListener* gCurrent = nullptr;
+
+Problem ProblemOf(const Error& failure) {
+  switch (failure.Number()) {
+    case kDuplicateKey:
+      return Problem::DuplicateKey;
+    case kTypeMismatch:
+    case kOverflow:
+      return Problem::InvalidValue;
+    case kBadFileName:
+    case kFileNotFound:
+    case kPermissionDenied:
+    case kPathFileAccess:
+    case kPathNotFound:
+      return Problem::UnreadableFile;
+    default:
+      return Problem::NotLoaded;
+  }
+}
+
+}  // namespace
+
+LoadListener& LoadListener::Default() {
+  static LoadListener listener(nullptr);
+  return listener;
+}
+
+LoadListener& LoadListener::Current() {
+  return gCurrent != nullptr ? *gCurrent : Default();
+}
+
+void LoadListener::SetCurrent(LoadListener* listener) {
+  gCurrent = listener;
+}
+
+DiagnosticHandler LoadListener::SetHandler(DiagnosticHandler handler) {
+  return std::exchange(mHandler, std::move(handler));
+}
+
+bool LoadListener::Wants(Problem problem) const {
+  return mHandler && KindOf(problem).ConcernsLoaders;
+}
+
+bool LoadListener::Count(Problem problem, const std::string& file) {
+  return Wants(problem) && ++mCounts[file][static_cast<std::size_t>(problem)] <= kMostReported;
+}
+
+void LoadListener::Report(Problem problem, const FilePosition& position, std::string_view message,
+                          const Suggester& suggest) {
+  if (!Count(problem, position.File)) return;
+  mHandler({position, std::string(message), problem, suggest ? suggest() : std::string()});
+}
+
+void LoadListener::Report(const Error& failure) {
+  Report(ProblemOf(failure), failure.Position(), failure.Description());
+}
+
+void LoadListener::Report(Problem problem, const XMLElement& e, std::string_view attribute,
+                          std::string_view message, const Suggester& suggest) {
+  // The place of an attribute costs a look at the file.
+  if (!Count(problem, e.SourcePath())) return;
+  mHandler({e.Position(attribute), std::string(message), problem, suggest ? suggest() : std::string()});
+}
+
+}  // namespace lwconfig

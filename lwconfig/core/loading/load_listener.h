@@ -1,0 +1,69 @@
+#pragma once
+
+#include <array>
+#include <map>
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include <lwconfig/core/loading/diagnostics.h>
+#include <lwconfig/core/loading/problem.h>
+#include <lwconfig/core/xml/xml_observer.h>
+
+namespace lwconfig {
+
+class XMLDocument;
+struct XMLDocumentData;
+
+/// Listens to every load of the process, on the thread that loads. Of one kind of problem in one file it
+/// reports a limited number: a file of nothing but faults stays bearable.
+class LoadListener {
+ public:
+  static constexpr int kMostReported = 20;
+
+  explicit LoadListener(DiagnosticHandler handler) : mHandler(std::move(handler)) {}
+  virtual ~LoadListener() = default;
+  LoadListener(const LoadListener&) = delete;
+  LoadListener& operator=(const LoadListener&) = delete;
+
+  /// The listener of the process; the default one unless an inspection is under way.
+  static LoadListener& Current();
+  /// Reports what concerns whoever loads to the diagnostics handler.
+  static LoadListener& Default();
+
+  DiagnosticHandler SetHandler(DiagnosticHandler handler);
+
+  virtual bool Wants(Problem problem) const;
+  /// Calls `suggest` only for a problem that is reported.
+  void Report(Problem problem, const FilePosition& position, std::string_view message,
+              const Suggester& suggest = nullptr);
+  void Report(Problem problem, const XMLElement& e, std::string_view attribute, std::string_view message,
+              const Suggester& suggest = nullptr);
+  void Report(const Error& failure);
+  virtual bool ContinuesAfterFailure() const { return false; }
+
+  /// Before a configuration file is read.
+  virtual void BeginFile(const std::string& path) { mCounts.erase(path); }
+  /// After it was loaded.
+  virtual void EndFile(const XMLDocument& /*document*/, const XMLElement& /*root*/) {}
+  /// Instead of `EndFile` for a file of phrases or scraps that is no document.
+  virtual void EndText(const std::string& /*path*/, std::string_view /*text*/) {}
+  /// The observer of the next document to be read, or null. Called on any thread.
+  virtual std::shared_ptr<XMLObserver> Observe() { return nullptr; }
+
+ protected:
+  using Counts = std::array<int, kProblemKinds>;
+
+  /// Makes the listener that of the process; null for the default one.
+  static void SetCurrent(LoadListener* listener);
+  /// Counts one more problem of the kind in the file. Whether it is to be reported.
+  bool Count(Problem problem, const std::string& file);
+  void Hand(const Diagnostic& diagnostic) const { mHandler(diagnostic); }
+
+  std::map<std::string, Counts> mCounts;  // by file, how many problems of each kind
+
+ private:
+  DiagnosticHandler mHandler;
+};
+
+}  // namespace lwconfig
