@@ -1,19 +1,14 @@
 #pragma once
 
-#include <memory>
+#include <optional>
 #include <string>
 
 #include <tools/lwconfig/reporter.h>
 
-#include <lwconfig/platform/registry.h>
-#include <lwconfig/platform/service.h>
+#include <lwconfig/configuration_scope.h>
 #include <lwconfig/root.h>
 
 namespace lwconfig::tool {
-
-/// Where the machine's hive names the configuration folder.
-inline constexpr const char* kProductKey = "Software\\Corvantis\\Lexiwend4";
-inline constexpr const char* kFolderValue = "ConfigPath";
 
 /// What to do while no configuration is registered: a command that writes must not write to the starter.
 enum class Unregistered { UseStarter, Refuse };
@@ -36,11 +31,9 @@ class Configuration {
 
  private:
   void OpenStarter(Reporter& reporter);
-  void OpenFolder(const std::string& hostFolder);
 
   bool mIsStarter = false;
-  std::unique_ptr<platform::Registry> mRegistry;
-  std::unique_ptr<platform::ScopedHost<platform::Registry>> mScope;
+  std::optional<ConfigurationScope> mScope;
   lwconfig::Root mRoot;
 };
 

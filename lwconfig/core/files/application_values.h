@@ -6,6 +6,11 @@
 
 namespace lwconfig {
 
+/// The product's key in the hive of the machine and in that of the user.
+inline constexpr const char* kProductKey = "Software\\Corvantis\\Lexiwend4";
+/// The value of the machine's key that names the configuration folder.
+inline constexpr const char* kConfigPathValue = "ConfigPath";
+
 /// The configuration folder, without trailing backslash; empty when the registry names none. Read anew on
 /// every call.
 std::string ConfigPath();

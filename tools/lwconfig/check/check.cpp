@@ -76,7 +76,7 @@ class Checker {
   /// Whether a hive of the registry can be read, needed or not; tells if not.
   bool CanRead(Hive hive) {
     try {
-      platform::Host<platform::Registry>().Read(hive, kProductKey, kFolderValue);
+      platform::Host<platform::Registry>().Read(hive, kProductKey, kConfigPathValue);
       return true;
     } catch (const RegistryFormatError& damage) {
       mInspection.Report(

@@ -42,8 +42,8 @@ bool IsUsable(const std::filesystem::path& folder) {
 std::optional<std::string> Register(const std::string& folder, Reporter& reporter) {
   const RegistryAccess registry;
   try {
-    registry.SetValue(kLocalMachine, kProductKey, kFolderValue, folder, RegistryAccess::kTextType);
-    return registry.OwnFile(kProductKey, kFolderValue);
+    registry.SetValue(kLocalMachine, kProductKey, kConfigPathValue, folder, RegistryAccess::kTextType);
+    return registry.OwnFile(kProductKey, kConfigPathValue);
   } catch (const Error& failure) {
     reporter.Fail(failure);
     reporter.Note("nothing was copied; --no-register copies the configuration and registers nothing");
@@ -81,7 +81,7 @@ void Run(const Arguments& arguments, Reporter& reporter) {
   std::string done =
       "copied the starter configuration, " + std::to_string(copy.FileCount()) + " files, to " + hostFolder;
   if (isRegistered) {
-    done += "\nregistered " + folder + " as " + kFolderValue + " in HKEY_LOCAL_MACHINE\\" + kProductKey +
+    done += "\nregistered " + folder + " as " + kConfigPathValue + " in HKEY_LOCAL_MACHINE\\" + kProductKey +
             (previous.empty() ? "" : " in place of " + previous);
     if (!ownFile->empty()) done += ", for this user alone, in " + *ownFile;
   }

@@ -5,11 +5,11 @@
 #include <tools/lwconfig/members/items.h>
 #include <tools/lwconfig/members/kept_values.h>
 #include <tools/lwconfig/members/value.h>
-#include <tools/lwconfig/overlay/overlay.h>
 
 #include <lwconfig/automation/contracts.h>
 #include <lwconfig/automation/conversion.h>
 #include <lwconfig/automation/member_facts.h>
+#include <lwconfig/transaction/transaction.h>
 
 namespace lwconfig::tool {
 namespace {
@@ -125,7 +125,7 @@ bool KeptValues::HasEffect(const Value& value, const std::string& location, cons
   if (value.IsObject || now == value.BeforeText) return now != value.BeforeText;
   std::string other;
   {
-    const Overlay trial;
+    const Transaction trial;
     const MemberPath path = ParsePath(location);
     const Way way = mModel.FollowToObject(path, path.Steps.size() - 1, {mModel.Root()});
     mKeeper.Note(way);

@@ -7,18 +7,19 @@
 
 #include <lwconfig/platform/registry.h>
 
-namespace lwconfig::tool {
+namespace lwconfig {
 
-/// What is to become of one registry value; nothing stands for none.
+/// The change of one registry value; without an old or a new one where it is absent.
 struct ValueChange {
-  lwconfig::Hive Hive;
+  Hive Root;
   std::string Key;
   std::string Name;
   std::optional<RegistryValue> Old;
   std::optional<RegistryValue> New;
 };
 
-/// A registry over another one: values that are written are kept in memory, where reads see them.
+/// A registry over another one: values that are written are kept in memory, where reads see them. The old
+/// value of a change is the one that was first read.
 class OverlayRegistry final : public platform::Registry {
  public:
   explicit OverlayRegistry(platform::Registry& base) : mBase(base) {}
@@ -33,10 +34,10 @@ class OverlayRegistry final : public platform::Registry {
   void Apply(const std::vector<RegistryChange>& changes) override;
 
  private:
-  ValueChange* Find(Hive hive, std::string_view key, std::string_view name);
+  ValueChange& Obtain(Hive hive, std::string_view key, std::string_view name);
 
   platform::Registry& mBase;
-  std::vector<ValueChange> mValues;
+  std::vector<ValueChange> mValues;  // also those that were only read
 };
 
-}  // namespace lwconfig::tool
+}  // namespace lwconfig

@@ -1,12 +1,12 @@
 #include <algorithm>
+#include <functional>
 #include <system_error>
 #include <utility>
 
-#include <tools/lwconfig/overlay/overlay_files.h>
-
 #include <lwconfig/core/base/letter_case.h>
+#include <lwconfig/transaction/overlay_files.h>
 
-namespace lwconfig::tool {
+namespace lwconfig {
 namespace {
 
 using platform::EntryKind;
@@ -28,6 +28,11 @@ std::string_view NameOf(std::string_view path) {
 std::string_view FolderOf(std::string_view path) {
   const std::string_view folder = path.substr(0, path.find_last_of("\\/") + 1);
   return folder.empty() ? "." : WithoutSeparator(folder);
+}
+
+std::optional<std::size_t> HashOf(const std::optional<std::string>& content) {
+  if (!content) return std::nullopt;
+  return std::hash<std::string>()(*content);
 }
 
 class OverlayReplacement final : public platform::FileReplacement {
@@ -74,7 +79,10 @@ EntryKind OverlayFiles::Kind(std::string_view path) {
   const std::string hostPath = NativePath(path);
   const std::lock_guard lock(mMutex);
   if (const FileChange* change = Find(hostPath)) return change->New ? EntryKind::File : EntryKind::Missing;
-  return IsMadeFolder(path) ? EntryKind::Folder : mBase.Kind(path);
+  if (IsMadeFolder(path)) return EntryKind::Folder;
+  const EntryKind kind = mBase.Kind(path);
+  if (kind == EntryKind::Missing) Note(hostPath, std::nullopt);
+  return kind;
 }
 
 std::string OverlayFiles::Read(std::string_view path) {
@@ -86,7 +94,14 @@ std::string OverlayFiles::Read(std::string_view path) {
       return *change->New;
     }
   }
-  return mBase.Read(path);
+  std::string content = mBase.Read(path);
+  const std::lock_guard lock(mMutex);
+  Note(hostPath, content);
+  return content;
+}
+
+void OverlayFiles::Note(const std::string& hostPath, const std::optional<std::string>& content) {
+  mFirstRead.try_emplace(FoldCase(hostPath), HashOf(content));
 }
 
 std::vector<FolderEntry> OverlayFiles::List(std::string_view folder) {
@@ -144,7 +159,9 @@ void OverlayFiles::Store(std::string_view path, std::optional<std::string> conte
   }
   FileChange change{std::string(path), std::nullopt, std::move(content), std::move(model)};
   if (mBase.Kind(path) == EntryKind::File) change.Old = mBase.Read(path);
+  Note(hostPath, change.Old);
+  change.IsStale = mFirstRead[FoldCase(hostPath)] != HashOf(change.Old);
   mEntries.push_back({hostPath, std::move(change)});
 }
 
-}  // namespace lwconfig::tool
+}  // namespace lwconfig

@@ -4,21 +4,24 @@
 #include <system_error>
 #include <utility>
 
-#include <tools/lwconfig/overlay/difference.h>
-#include <tools/lwconfig/overlay/overlay.h>
-
 #include <lwconfig/core/base/error.h>
 #include <lwconfig/core/base/text.h>
 #include <lwconfig/core/files/file_error.h>
 #include <lwconfig/core/files/text_encoding.h>
+#include <lwconfig/core/loading/shared_slots.h>
 #include <lwconfig/core/registry_text/registry_text.h>
+#include <lwconfig/platform/service.h>
+#include <lwconfig/transaction/difference.h>
+#include <lwconfig/transaction/transaction.h>
 
-namespace lwconfig::tool {
+namespace lwconfig {
 namespace {
 
 using platform::FileReplacement;
 
-/// What was done, and how it is taken back: from the last step to the first.
+Transaction* gInnermost = nullptr;
+
+/// The steps that are done, and how each is taken back: from the last to the first.
 class Undoable {
  public:
   void Did(std::string what, std::function<void()> undo) {
@@ -56,8 +59,12 @@ void Put(platform::Files& files, const std::string& path, const std::optional<st
 /// The step after which the value is `wanted`, or gone.
 RegistryChange StepTo(const ValueChange& change, const std::optional<RegistryValue>& wanted) {
   using Kinds = RegistryChange::Kinds;
-  return {wanted ? Kinds::Value : Kinds::DeletedValue, change.Hive, change.Key, change.Name,
+  return {wanted ? Kinds::Value : Kinds::DeletedValue, change.Root, change.Key, change.Name,
           wanted.value_or(RegistryValue{})};
+}
+
+std::string NameOf(const ValueChange& change) {
+  return std::string(HiveName(change.Root)) + "\\" + change.Key + "\\" + change.Name;
 }
 
 /// The value as a registry file has it, with the mark in front of each line.
@@ -68,40 +75,47 @@ std::string MarkedLines(char mark, const ValueChange& change, const RegistryValu
   return lines;
 }
 
-/// Key and name as arguments of a shell, in a form that needs no quotation marks where there is one.
-std::string ArgumentsFor(const ValueChange& change) {
-  const auto quoted = [](const std::string& text) {
-    constexpr std::string_view kPlain = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789_-./";
-    if (!text.empty() && text.find_first_not_of(kPlain) == std::string::npos) return text;
-    std::string inQuotes = "'";
-    for (const char c : text) inQuotes += c == '\'' ? std::string("'\\''") : std::string(1, c);
-    return inQuotes + "'";
-  };
-  std::string key = std::string(HiveName(change.Hive)) + "\\" + change.Key;
-  if (key.find('/') == std::string::npos) std::ranges::replace(key, '\\', '/');
-  return quoted(key) + " " + quoted(change.Name);
-}
-
 }  // namespace
 
-Overlay::Overlay()
+struct Transaction::Scope {
+  explicit Scope(Transaction& transaction)
+      : Files(transaction.mFiles), Registry(transaction.mRegistry), Outer(gInnermost) {
+    gInnermost = &transaction;
+  }
+  ~Scope() { gInnermost = Outer; }
+
+  platform::ScopedHost<platform::Files> Files;
+  platform::ScopedHost<platform::Registry> Registry;
+  Transaction* Outer;
+};
+
+Transaction::Transaction()
     : mBaseFiles(platform::Host<platform::Files>()),
       mBaseRegistry(platform::Host<platform::Registry>()),
       mFiles(mBaseFiles),
       mRegistry(mBaseRegistry),
-      mFilesScope(mFiles),
-      mRegistryScope(mRegistry) {}
+      mScope(std::make_unique<Scope>(*this)) {}
 
-std::vector<std::string> Overlay::Names() const {
-  std::vector<std::string> names;
-  for (const FileChange& change : mFiles.Changes())
-    names.push_back((change.New ? "wrote " : "removed ") + mBaseFiles.NativePath(change.Path));
-  for (const ValueChange& change : mRegistry.Changes())
-    names.push_back((change.New ? "set " : "deleted ") + ArgumentsFor(change));
-  return names;
+Transaction::~Transaction() = default;
+
+void Transaction::CheckInnermost() const {
+  if (!IsOpen()) throw Error(kInvalidCall, "The transaction is closed");
+  if (gInnermost != this) throw Error(kInvalidCall, "A transaction inside this one is open");
 }
 
-std::string Overlay::Difference() const {
+void Transaction::Commit() {
+  CheckInnermost();
+  Write();
+  mScope.reset();
+}
+
+void Transaction::RollBack() {
+  CheckInnermost();
+  mScope.reset();
+  ResetSharedSlots();
+}
+
+std::string Transaction::Difference() const {
   const auto files = mFiles.Changes();
   std::string text;
   for (const FileChange& change : files) {
@@ -117,7 +131,7 @@ std::string Overlay::Difference() const {
             UnifiedDifference(DecodeText(change.Old.value_or("")), DecodeText(change.New.value_or("")));
   }
   for (const ValueChange& change : mRegistry.Changes()) {
-    const std::string key = "[" + std::string(HiveName(change.Hive)) + "\\" + change.Key + "]\n";
+    const std::string key = "[" + std::string(HiveName(change.Root)) + "\\" + change.Key + "]\n";
     text += "--- registry\n+++ registry\n " + key;
     if (change.Old) text += MarkedLines('-', change, *change.Old);
     if (change.New) text += MarkedLines('+', change, *change.New);
@@ -125,14 +139,15 @@ std::string Overlay::Difference() const {
   return text;
 }
 
-std::unique_ptr<FileReplacement> Overlay::Begin(const FileChange& change) {
+std::unique_ptr<FileReplacement> Transaction::Begin(const FileChange& change) {
   return change.Model.empty() ? mBaseFiles.Replace(change.Path)
                               : mBaseFiles.Supersede(change.Path, change.Model);
 }
 
-void Overlay::WriteOut() {
+void Transaction::Write() {
   const auto changes = mFiles.Changes();
   const auto folders = mFiles.Folders();
+  const auto values = mRegistry.Changes();
   std::vector<std::unique_ptr<FileReplacement>> replacements;
   Undoable undoable;
   std::string_view path;
@@ -141,10 +156,15 @@ void Overlay::WriteOut() {
     for (const FileChange& change : changes) {
       path = change.Path;
       auto& replacement = replacements.emplace_back(change.New ? Begin(change) : nullptr);
-      if (Content(mBaseFiles, path) != change.Old)
-        throw Error(kPathFileAccess, "The file has been changed by somebody else in the meantime");
+      if (change.IsStale || Content(mBaseFiles, path) != change.Old)
+        throw Error(kPermissionDenied, "The file has changed since it was read");
       if (!replacement) continue;
       replacement->Write(*change.New);
+    }
+    for (const ValueChange& change : values) {
+      if (mBaseRegistry.Read(change.Root, change.Key, change.Name) == change.Old) continue;
+      throw Error(kPermissionDenied,
+                  "The registry value " + NameOf(change) + " has changed since it was read");
     }
     for (std::size_t at = 0; at < changes.size(); ++at) {
       const FileChange& change = changes[at];
@@ -153,10 +173,9 @@ void Overlay::WriteOut() {
       undoable.Did(mBaseFiles.NativePath(path), [&] { Put(mBaseFiles, change.Path, change.Old); });
     }
     path = {};
-    for (const ValueChange& change : mRegistry.Changes()) {
+    for (const ValueChange& change : values) {
       mBaseRegistry.Apply({StepTo(change, change.New)});
-      undoable.Did(change.Key + "\\" + change.Name,
-                   [this, change] { mBaseRegistry.Apply({StepTo(change, change.Old)}); });
+      undoable.Did(NameOf(change), [this, change] { mBaseRegistry.Apply({StepTo(change, change.Old)}); });
     }
   } catch (const std::exception& problem) {
     const auto* system = dynamic_cast<const std::system_error*>(&problem);
@@ -166,12 +185,12 @@ void Overlay::WriteOut() {
                                               : Error(kPathFileAccess, problem.what());
     replacements.clear();
     const std::string lost = undoable.TakeBack();
-    Error told(failure.Number(), failure.Description() + (lost.empty() ? "; everything is as it was"
-                                                                       : "; not put back: " + lost));
-    told.SetPosition(failure.Position().File.empty() ? FilePosition{std::string(path), 0, 0}
-                                                     : failure.Position());
-    throw told;
+    Error thrown(failure.Number(), failure.Description() + (lost.empty() ? "; everything is as it was"
+                                                                         : "; not put back: " + lost));
+    thrown.SetPosition(failure.Position().File.empty() ? FilePosition{std::string(path), 0, 0}
+                                                       : failure.Position());
+    throw thrown;
   }
 }
 
-}  // namespace lwconfig::tool
+}  // namespace lwconfig

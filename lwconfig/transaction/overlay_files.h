@@ -1,21 +1,24 @@
 #pragma once
 
+#include <cstddef>
 #include <mutex>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <vector>
 
 #include <lwconfig/platform/files.h>
 
-namespace lwconfig::tool {
+namespace lwconfig {
 
-/// What is to become of one file. Nothing stands for a file that does not exist.
+/// The change of one file; without old or new content where the file does not exist.
 struct FileChange {
   std::string Path;  // in the product's notation
   std::optional<std::string> Old;
   std::optional<std::string> New;
-  std::string Model{};  // of a file that takes the place of whatever has its name: whose permissions it gets
+  std::string Model{};   // of a file that takes the place of whatever has its name: whose permissions it gets
+  bool IsStale = false;  // the old content is not the one that was first read
 };
 
 /// A file system over another one: what is written or removed is kept in memory, where reads see it.
@@ -49,12 +52,16 @@ class OverlayFiles final : public platform::Files {
   };
   /// Null for a file that was not touched. `mMutex` is held.
   FileChange* Find(const std::string& hostPath);
+  /// Remembers the content that was first read below, or that there is no file. `mMutex` is held.
+  void Note(const std::string& hostPath, const std::optional<std::string>& content);
   bool IsMadeFolder(std::string_view folder) const;
 
   platform::Files& mBase;
   std::mutex mMutex;  // files may be read on a second thread
   std::vector<Entry> mEntries;
+  /// By host path in one letter case, the hash of the content that was first read; none of a missing file.
+  std::unordered_map<std::string, std::optional<std::size_t>> mFirstRead;
   std::vector<std::string> mFolders;
 };
 
-}  // namespace lwconfig::tool
+}  // namespace lwconfig

@@ -2,11 +2,10 @@
 #include <system_error>
 #include <utility>
 
-#include <tools/lwconfig/overlay/overlay_registry.h>
-
 #include <lwconfig/core/base/letter_case.h>
+#include <lwconfig/transaction/overlay_registry.h>
 
-namespace lwconfig::tool {
+namespace lwconfig {
 
 std::vector<ValueChange> OverlayRegistry::Changes() const {
   std::vector<ValueChange> changes = mValues;
@@ -14,16 +13,17 @@ std::vector<ValueChange> OverlayRegistry::Changes() const {
   return changes;
 }
 
-ValueChange* OverlayRegistry::Find(Hive hive, std::string_view key, std::string_view name) {
+ValueChange& OverlayRegistry::Obtain(Hive hive, std::string_view key, std::string_view name) {
   const auto found = std::ranges::find_if(mValues, [&](const ValueChange& value) {
-    return value.Hive == hive && EqualIgnoringCase(value.Key, key) && EqualIgnoringCase(value.Name, name);
+    return value.Root == hive && EqualIgnoringCase(value.Key, key) && EqualIgnoringCase(value.Name, name);
   });
-  return found == mValues.end() ? nullptr : &*found;
+  if (found != mValues.end()) return *found;
+  const auto value = mBase.Read(hive, key, name);
+  return mValues.emplace_back(ValueChange{hive, std::string(key), std::string(name), value, value});
 }
 
 std::optional<RegistryValue> OverlayRegistry::Read(Hive hive, std::string_view key, std::string_view name) {
-  if (const ValueChange* written = Find(hive, key, name)) return written->New;
-  return mBase.Read(hive, key, name);
+  return Obtain(hive, key, name).New;
 }
 
 void OverlayRegistry::Apply(const std::vector<RegistryChange>& changes) {
@@ -32,15 +32,9 @@ void OverlayRegistry::Apply(const std::vector<RegistryChange>& changes) {
     if (change.Kind == Kinds::Key) continue;
     if (change.Kind == Kinds::DeletedKey)
       throw std::system_error(std::make_error_code(std::errc::operation_not_supported), change.Key);
-    std::optional<RegistryValue> wanted;
-    if (change.Kind == Kinds::Value) wanted = change.Value;
-    if (ValueChange* written = Find(change.Root, change.Key, change.Name)) {
-      written->New = std::move(wanted);
-    } else {
-      mValues.push_back({change.Root, change.Key, change.Name,
-                         mBase.Read(change.Root, change.Key, change.Name), std::move(wanted)});
-    }
+    Obtain(change.Root, change.Key, change.Name).New =
+        change.Kind == Kinds::Value ? std::optional(change.Value) : std::nullopt;
   }
 }
 
-}  // namespace lwconfig::tool
+}  // namespace lwconfig

@@ -3,9 +3,9 @@
 #include <utility>
 #include <vector>
 
-#include <tools/lwconfig/overlay/difference.h>
+#include <lwconfig/transaction/difference.h>
 
-namespace lwconfig::tool {
+namespace lwconfig {
 namespace {
 
 using Lines = std::vector<std::string_view>;
@@ -144,4 +144,4 @@ std::string UnifiedDifference(std::string_view before, std::string_view after) {
   }
 }
 
-}  // namespace lwconfig::tool
+}  // namespace lwconfig
