@@ -13,7 +13,6 @@
 #include <lwconfig/automation/dispatch.h>
 #include <lwconfig/automation/errors.h>
 #include <lwconfig/automation/member_facts.h>
-#include <lwconfig/automation/signature.h>
 
 namespace py = pybind11;
 
@@ -35,24 +34,20 @@ const ParameterInfo* FindParameter(const MemberInfo& slot, std::string_view name
   return nullptr;
 }
 
-Variant ToArgument(PyObject* value, const ParameterInfo& parameter) {
-  if (value == Py_None && parameter.IsOptional) return Missing{};
-  return automation::IsFileName(parameter.Name, parameter.Type) ? FromPythonPath(value) : FromPython(value);
-}
-
 /// The call's arguments in the order of the parameters, those left out as `Missing`.
 class PlacedArguments {
  public:
   PlacedArguments(PyObject* self, const MemberInfo& slot, PyObject* const* arguments, std::size_t count,
                   PyObject* names)
       : mCount(slot.ParameterCount) {
+    const automation::ClassInfo& info = *Unwrap(self).Class;
     if (count > mCount) {
       throw Error(automation::kWrongArgumentCount, FullName(self, slot.Name) + " takes at most " +
                                                        std::to_string(mCount) + " arguments, " +
                                                        std::to_string(count) + " were given");
     }
     for (std::size_t at = 0; at < mCount; ++at)
-      mValues[at] = at < count ? ToArgument(arguments[at], slot.ParameterList[at]) : Variant(Missing{});
+      mValues[at] = at < count ? ToArgument(info, slot, at, arguments[at]) : Variant(Missing{});
     const auto named = names != nullptr ? PyTuple_GET_SIZE(names) : 0;
     for (Py_ssize_t at = 0; at < named; ++at) {
       const std::string name = py::str(PyTuple_GET_ITEM(names, at));
@@ -64,7 +59,7 @@ class PlacedArguments {
                                                      ? " has no parameter \"" + name + "\""
                                                      : ": the argument \"" + name + "\" is given twice"));
       }
-      mValues[place] = ToArgument(arguments[count + static_cast<std::size_t>(at)], *parameter);
+      mValues[place] = ToArgument(info, slot, place, arguments[count + static_cast<std::size_t>(at)]);
     }
   }
   automation::Arguments Values() { return {std::span(mValues.data(), mCount)}; }
@@ -158,6 +153,19 @@ void DeleteMethod(PyObject* callable) {
 
 }  // namespace
 
+Variant ToArgument(const automation::ClassInfo& info, const MemberInfo& slot, std::size_t place,
+                   py::handle value) {
+  const ParameterInfo& parameter = slot.ParameterList[place];
+  if (value.is_none() && parameter.IsOptional) return Missing{};
+  const bool isChange = slot.Kind == automation::kPropertyLet || slot.Kind == automation::kPropertySet;
+  const bool isFile = automation::IsFileName(isChange ? slot.Name : parameter.Name, parameter.Type);
+  try {
+    return isFile && py::hasattr(value, "__fspath__") ? FromPythonPath(value) : FromPython(value);
+  } catch (const Error& problem) {
+    throw automation::NamedArgumentError(info, slot, {place + 1, problem});
+  }
+}
+
 PyObject* CallSlot(PyObject* self, const MemberInfo& slot, PyObject* const* arguments, std::size_t count,
                    PyObject* names) {
   return Guarded<PyObject*>(
@@ -184,9 +192,8 @@ int SetProperty(PyObject* self, const automation::ClassInfo::Member& member, PyO
     if (value == nullptr)
       throw Error(automation::kReadOnlyProperty, FullName(self, member.Name) + " cannot be deleted");
     const AnyObject object = Unwrap(self);
-    Variant converted = automation::IsFileName(member.Name, automation::TypeOf(member))
-                            ? FromPythonPath(value)
-                            : FromPython(value);
+    const MemberInfo* slot = member.Let != nullptr ? member.Let : member.Set;
+    Variant converted = slot != nullptr ? ToArgument(*object.Class, *slot, 0, value) : Variant();
     automation::Invoke(object, member.Id, automation::kPropertyLet, {std::span(&converted, 1)});
     return 0;
   });

@@ -3,11 +3,16 @@
 #include <pybind11/pybind11.h>
 
 #include <lwconfig/automation/class_info.h>
+#include <lwconfig/core/base/variant.h>
 
 namespace lwconfig::python {
 
 /// Calls of published members with Python's arguments. None for an argument that may be left out leaves it
 /// out. Failures are set as Python exceptions, and the result is then null or -1.
+
+/// The argument at that place, from 0; a path object where it names a file. Error 13 names the argument.
+Variant ToArgument(const automation::ClassInfo& info, const automation::MemberInfo& slot, std::size_t place,
+                   pybind11::handle value);
 
 /// The slot's result; where the slot has parameters that are returned, a tuple of the result and these.
 PyObject* CallSlot(PyObject* self, const automation::MemberInfo& slot, PyObject* const* arguments,

@@ -21,6 +21,11 @@ const automation::MemberInfo& DefaultSlot(const ClassInfo& info) {
   return *info.Find(automation::kDefaultMemberId)->Get;
 }
 
+/// The argument of the default member.
+Variant KeyOf(const AnyObject& collection, py::handle key) {
+  return ToArgument(*collection.Class, DefaultSlot(*collection.Class), 0, key);
+}
+
 py::object ItemOf(const AnyObject& collection, Variant key) {
   const auto& slot = DefaultSlot(*collection.Class);
   return ToPython(automation::Invoke(collection, slot, {std::span(&key, 1)}), slot.Result);
@@ -30,9 +35,9 @@ py::object ItemOf(const AnyObject& collection, Variant key) {
   throw Error(number, std::string(py::str("{} has no item [{!r}]").format(collection.Class->Name(), index)));
 }
 
-/// The position from 1 of a Python index from 0, or from -1 at the end; 0 where it names none.
+/// The position from 1 of a Python index from 0, or from -1 at the end; 0 where it names none, however large.
 std::int32_t PositionOf(const AnyObject& collection, py::handle index) {
-  const Py_ssize_t at = PyNumber_AsSsize_t(index.ptr(), PyExc_IndexError);
+  const Py_ssize_t at = PyNumber_AsSsize_t(index.ptr(), nullptr);
   if (at == -1 && PyErr_Occurred() != nullptr) throw py::error_already_set();
   const Py_ssize_t count = CountOf(collection);
   const Py_ssize_t place = at < 0 ? at + count : at;
@@ -59,7 +64,7 @@ bool HasKey(const AnyObject& collection, const Variant& key) {
 py::object Subscript(const AnyObject& collection, py::handle index) {
   if (PySlice_Check(index.ptr()) && collection.Class->IsCollection()) return SliceOf(collection, index);
   if (PyUnicode_Check(index.ptr())) {
-    const Variant key = FromPython(index);
+    const Variant key = KeyOf(collection, index);
     py::object item = HasKey(collection, key) ? ItemOf(collection, key) : py::none();
     if (!item.is_none()) return item;
     FailSubscript(collection, kInvalidCall, index);
@@ -86,7 +91,7 @@ int DeleteItem(PyObject* self, PyObject* index, PyObject* value) {
         if (value != nullptr || remove == nullptr)
           throw py::type_error(std::string("Items of ") + collection.Class->Name() +
                                " cannot be assigned; see Add and Remove");
-        Variant key = FromPython(index);
+        Variant key = ToArgument(*collection.Class, *remove->Method, 0, index);
         if (PyUnicode_Check(index) == 0) {
           const std::int32_t position = PositionOf(collection, index);
           if (position == 0) FailSubscript(collection, kSubscriptOutOfRange, index);
@@ -106,7 +111,7 @@ Py_ssize_t Length(PyObject* self) {
 int Contains(PyObject* self, PyObject* value) {
   return Guarded(-1, [&] {
     const AnyObject collection = Unwrap(self);
-    const Variant wanted = FromPython(value);
+    const Variant wanted = KeyOf(collection, value);
     if (std::holds_alternative<std::string>(wanted) && HasKey(collection, wanted) &&
         collection.Class->Collection().Contains != nullptr)
       return 1;

@@ -4,7 +4,9 @@
 #include <python/events.h>
 #include <python/failures.h>
 #include <python/objects.h>
+#include <python/values.h>
 
+#include <lwconfig/automation/conversion.h>
 #include <lwconfig/automation/dispatch.h>
 
 namespace py = pybind11;
@@ -19,6 +21,7 @@ struct Subscription {
   Subscription& operator=(const Subscription&) = delete;
   Connection Link;
   py::object Callback;
+  std::string Name;  // "PageLayouts.ContentsChange"
 
   void Close() {
     Link.Close();
@@ -43,14 +46,17 @@ void CallBack(const std::weak_ptr<Subscription>& connection) {
 
 PyObject* ConnectHandler(PyObject* self, PyObject* arguments) {
   return Guarded<PyObject*>(nullptr, [&] {
-    const char* event = nullptr;
+    PyObject* event = nullptr;
     PyObject* callback = nullptr;
-    if (PyArg_ParseTuple(arguments, "sO:on", &event, &callback) == 0) throw py::error_already_set();
+    if (PyArg_ParseTuple(arguments, "UO:on", &event, &callback) == 0) throw py::error_already_set();
     if (PyCallable_Check(callback) == 0) throw py::type_error("on() needs something to call");
+    const AnyObject object = Unwrap(self);
+    const std::string name = automation::ToText(FromPython(event));
     auto subscription = std::make_shared<Subscription>();
     subscription->Callback = py::reinterpret_borrow<py::object>(callback);
     const std::weak_ptr<Subscription> connection = subscription;
-    subscription->Link = automation::Connect(Unwrap(self), event, [connection] { CallBack(connection); });
+    subscription->Link = automation::Connect(object, name, [connection] { CallBack(connection); });
+    subscription->Name = std::string(object.Class->Name()) + "." + object.Class->FindEvent(name)->Name;
     return py::cast(std::move(subscription)).release().ptr();
   });
 }
@@ -62,6 +68,10 @@ void AddConnections(py::module_& module) {
       "block "
       "closes it at its end.")
       .def("close", &Subscription::Close, "Closes the connection; does nothing where it is closed.")
+      .def("__repr__",
+           [](const Subscription& self) {
+             return "<lwconfig.Connection " + self.Name + (self.Callback ? ">" : " closed>");
+           })
       .def("__enter__", [](py::object self) { return self; })
       .def("__exit__", [](Subscription& self, const py::args&) { self.Close(); });
 }

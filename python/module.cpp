@@ -1,11 +1,10 @@
-#include <filesystem>
 #include <memory>
 #include <string>
 
 #include <pybind11/pybind11.h>
-#include <pybind11/stl/filesystem.h>
 #include <python/collections.h>
 #include <python/events.h>
+#include <python/failures.h>
 #include <python/objects.h>
 #include <python/values.h>
 
@@ -83,6 +82,13 @@ py::list PublicNames(const py::module_& module) {
 PYBIND11_MODULE(_lwconfig, module) {
   using namespace lwconfig::python;
   PrepareReporter();
+  py::register_local_exception_translator([](std::exception_ptr failure) {
+    try {
+      std::rethrow_exception(std::move(failure));
+    } catch (const lwconfig::Error&) {
+      SetPythonFailure();
+    }
+  });
   AddIterators(module);
   AddConnections(module);
   AddTypes(module);
@@ -91,8 +97,7 @@ PYBIND11_MODULE(_lwconfig, module) {
       "set_message_box_handler", &SetMessageBoxHandler, py::arg("handler").none(true),
       "Calls handler(title, text, icon) for every message box of the library; None restores the default.");
   module.def(
-      "NativePath",
-      [](const std::filesystem::path& path) { return ToPythonText(lwconfig::NativePath(path.native())); },
+      "NativePath", [](py::handle path) { return ToPythonText(lwconfig::NativePath(FromPythonPath(path))); },
       py::arg("path"), "The system's own path for a path in the product's notation.");
   module.attr("__version__") = LWCONFIG_VERSION;
   module.attr("__all__") = PublicNames(module);

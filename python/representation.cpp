@@ -26,14 +26,14 @@ void AddValue(const AnyObject& object, const ClassInfo::Member& member, Values& 
   values.emplace_back(member.Name, ToPython(automation::Invoke(object, *member.Get), member.Get->Result));
 }
 
-/// An option whose stored text is no value of its type is left out.
+/// None stands for a stored text that is no value of its option's type.
 void AddChangedOptions(const AnyObject& object, const OptionSet& options, Values& values) {
   for (const AnyOption* option : options.Options()) {
     try {
       if (option->Text() != option->DefaultText())
         AddValue(object, *object.Class->Find(option->Name()), values);
     } catch (const Error&) {
-      continue;
+      values.emplace_back(option->Name(), py::none());
     }
     if (values.size() > kMostShown) return;
   }
@@ -82,6 +82,7 @@ py::str Representation(py::handle type, const AnyObject& object) {
                        : py::str(" {}={}").format(
                              name, isEnumeration ? value.attr("name") : shortener.attr("repr")(value)));
   }
+  if (values.empty() && object.Class->OptionsOf(object) != nullptr) text = text + py::str(" at its defaults");
   if (object.Class->IsCollection()) text = text + py::str(" of {}").format(CountOf(object));
   return text + py::str(">");
 }

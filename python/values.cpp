@@ -9,15 +9,17 @@ namespace py = pybind11;
 namespace lwconfig::python {
 namespace {
 
-std::string FromPythonText(py::handle text) {
+std::string Utf8(py::handle text) {
   Py_ssize_t size = 0;
   if (const char* utf8 = PyUnicode_AsUTF8AndSize(text.ptr(), &size))
     return {utf8, static_cast<std::size_t>(size)};
   PyErr_Clear();
   const auto bytes =
       py::reinterpret_steal<py::bytes>(PyUnicode_AsEncodedString(text.ptr(), "utf-8", "surrogateescape"));
-  if (!bytes) throw py::error_already_set();
-  return bytes;
+  if (bytes) return bytes;
+  if (PyErr_ExceptionMatches(PyExc_UnicodeEncodeError) == 0) throw py::error_already_set();
+  PyErr_Clear();
+  throw Error(kTypeMismatch, std::string(py::str("the text {!a} cannot be written as UTF-8").format(text)));
 }
 
 Variant FromPythonInteger(py::handle number) {
@@ -69,16 +71,15 @@ Variant FromPython(py::handle value) {
   if (object == Py_None) return AnyObject{};
   if (PyBool_Check(object)) return object == Py_True;
   if (PyLong_Check(object)) return FromPythonInteger(value);
-  if (PyUnicode_Check(object)) return FromPythonText(value);
+  if (PyUnicode_Check(object)) return Utf8(value);
   if (PyFloat_Check(object)) return PyFloat_AS_DOUBLE(object);
   return ObjectOf(value);
 }
 
-Variant FromPythonPath(py::handle value) {
-  if (!py::hasattr(value, "__fspath__")) return FromPython(value);
+std::string FromPythonPath(py::handle value) {
   PyObject* text = nullptr;
   if (PyUnicode_FSDecoder(value.ptr(), &text) == 0) throw py::error_already_set();
-  return FromPythonText(py::reinterpret_steal<py::object>(text));
+  return Utf8(py::reinterpret_steal<py::object>(text));
 }
 
 py::object ToPython(const Variant& value, const automation::TypeInfo& type) {

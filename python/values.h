@@ -1,5 +1,8 @@
 #pragma once
 
+#include <string>
+#include <string_view>
+
 #include <pybind11/pybind11.h>
 
 #include <lwconfig/automation/class_info.h>
@@ -8,13 +11,14 @@
 namespace lwconfig::python {
 
 /// Values on their way between Python and the published interface. Texts that are not valid UTF-8 keep their
-/// bytes through Python's surrogates. Failures are Python exceptions (`error_already_set`).
+/// bytes through Python's surrogates; error 13 for a text with any other lone surrogate. Other failures are
+/// Python exceptions (`error_already_set`).
 
 /// None is no object; integers beyond 32 bits are doubles; objects of no published class pass as they are.
 Variant FromPython(pybind11::handle value);
 
-/// The text for a file or folder; a path object, such as one of pathlib, is its text.
-Variant FromPythonPath(pybind11::handle value);
+/// The text that names a file or folder as `os.fspath` has it.
+std::string FromPythonPath(pybind11::handle value);
 
 /// No object, empty and Null are None; an integer of an enumeration is its member, where it has one.
 pybind11::object ToPython(const Variant& value, const automation::TypeInfo& type = {});

@@ -118,17 +118,8 @@ Operation Describe(const AnyObject& object, const MemberInfo& slot, const Varian
   return operation;
 }
 
-/// Names member and argument of an argument that does not convert; that call has not begun and is not
-/// reported as a failure.
-[[noreturn]] void FailArgument(const ClassInfo& info, const MemberInfo& slot, const ArgumentError& problem) {
-  throw Error(problem.Number(),
-              FullName(info, slot.Name) + ", argument " + std::to_string(problem.Position()) + " (" +
-                  std::string(slot.ParameterList[problem.Position() - 1].Name) +
-                  "): " + problem.Description(),
-              problem.Where());
-}
-
-/// Calls with a value for each parameter, which by-reference parameters may replace.
+/// Calls with a value for each parameter, which by-reference parameters may replace. A call with an argument
+/// that does not convert has not begun and is not reported as a failure.
 Variant CallPlaced(const AnyObject& object, const MemberInfo& slot, Variant* values) {
   const ClassInfo& info = *object.Class;
   RequireAll(info, slot, values);
@@ -142,7 +133,7 @@ Variant CallPlaced(const AnyObject& object, const MemberInfo& slot, Variant* val
                    misuse = problem;
                  }
                });
-  if (misuse) FailArgument(info, slot, *misuse);
+  if (misuse) throw NamedArgumentError(info, slot, *misuse);
   return result ? *std::move(result) : EmptyValue(slot.Result);
 }
 
@@ -198,6 +189,14 @@ Variant Invoke(const AnyObject& object, std::int32_t id, unsigned kinds, const A
 Variant Invoke(const AnyObject& object, const MemberInfo& slot, const Arguments& arguments) {
   CheckedClass(object);
   return Call(object, slot, arguments);
+}
+
+Error NamedArgumentError(const ClassInfo& info, const MemberInfo& slot, const ArgumentError& problem) {
+  const std::size_t position = problem.Position();
+  return {problem.Number(),
+          FullName(info, slot.Name) + ", argument " + std::to_string(position) + " (" +
+              std::string(slot.ParameterList[position - 1].Name) + "): " + problem.Description(),
+          problem.Where()};
 }
 
 Connection Connect(const AnyObject& object, std::string_view event, std::function<void()> handler) {

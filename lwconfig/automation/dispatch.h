@@ -7,6 +7,7 @@
 #include <string_view>
 
 #include <lwconfig/automation/class_info.h>
+#include <lwconfig/automation/errors.h>
 #include <lwconfig/core/base/event.h>
 #include <lwconfig/core/base/variant.h>
 
@@ -41,6 +42,9 @@ Variant Invoke(const AnyObject& object, std::int32_t id, unsigned kinds, const A
 
 /// As above for one slot of the object's class.
 Variant Invoke(const AnyObject& object, const MemberInfo& slot, const Arguments& arguments = {});
+
+/// The error of an argument that does not convert, with the names of member and parameter in front.
+Error NamedArgumentError(const ClassInfo& info, const MemberInfo& slot, const ArgumentError& problem);
 
 /// Connects a handler to the object's event of that name, letter case ignored, as long as the result lives.
 /// Error 459 where there is none.

@@ -25,12 +25,22 @@ from collections.abc import Callable, Iterator
 from enum import IntEnum
 from os import PathLike
 from types import TracebackType
-from typing import Any, Literal, overload
+from typing import Any, Generic, Literal, TypeVar, overload
 
 import lwconfig
 from lwconfig._failures import *
 
 __version__: str
+
+_T = TypeVar("_T")
+
+class _Owned(Generic[_T]):
+    # None takes the object away; until then there is one.
+    @overload
+    def __get__(self, instance: None, owner: type) -> _Owned[_T]: ...
+    @overload
+    def __get__(self, instance: object, owner: type) -> _T: ...
+    def __set__(self, instance: object, value: _T | None) -> None: ...
 
 class _FilePath:
     @overload
@@ -129,6 +139,13 @@ Text ValueText(const TypeInfo& type) {
   return OrNone(type, type.MayBeNull);
 }
 
+/// The annotation of a property that can be set.
+Text SettableText(const char* name, const TypeInfo& type) {
+  if (IsFileName(name, type)) return "_FilePath";
+  if (type.Kind == ValueKind::Object && !type.MayBeNull) return "_Owned[" + TypeText(type) + "]";
+  return ValueText(type);
+}
+
 Text ResultText(const MemberInfo& slot) {
   Text result = ValueText(slot.Result);
   for (const ParameterInfo& parameter : slot.Parameters()) {
@@ -154,9 +171,7 @@ Text MemberText(const ClassInfo& info, const ClassInfo::Member& member) {
   if (info.IsImplementable()) return "    " + name + ": Any\n" + DocText(contract, 4);
   if (member.Let == nullptr && member.Set == nullptr)
     return "    @property\n" + FunctionText(info, name, *member.Get, contract);
-  const TypeInfo type = TypeOf(member);
-  return "    " + name + ": " + (IsFileName(name, type) ? "_FilePath" : ValueText(type)) + "\n" +
-         DocText(contract, 4);
+  return "    " + name + ": " + SettableText(member.Name, TypeOf(member)) + "\n" + DocText(contract, 4);
 }
 
 /// What Python adds to a class with a default member, and to one that can be enumerated.

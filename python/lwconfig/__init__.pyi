@@ -9,12 +9,22 @@ from collections.abc import Callable, Iterator
 from enum import IntEnum
 from os import PathLike
 from types import TracebackType
-from typing import Any, Literal, overload
+from typing import Any, Generic, Literal, TypeVar, overload
 
 import lwconfig
 from lwconfig._failures import *
 
 __version__: str
+
+_T = TypeVar("_T")
+
+class _Owned(Generic[_T]):
+    # None takes the object away; until then there is one.
+    @overload
+    def __get__(self, instance: None, owner: type) -> _Owned[_T]: ...
+    @overload
+    def __get__(self, instance: object, owner: type) -> _T: ...
+    def __set__(self, instance: object, value: _T | None) -> None: ...
 
 class _FilePath:
     @overload
@@ -423,9 +433,9 @@ class PageTemplate(Object):
     """Whether captions in diagrams are bold. At first True."""
     UseDiagramShapes: bool
     """Whether diagrams use shapes."""
-    TOCDefinitions: lwconfig.TOCDefinitions
+    TOCDefinitions: _Owned[lwconfig.TOCDefinitions]
     """The tables of contents, filed under their names."""
-    VariableDefs: lwconfig.VariableDefs
+    VariableDefs: _Owned[lwconfig.VariableDefs]
     """The variables, filed under their names."""
     DefTOCVBProject: str
     """Default contents definition for a single project."""
@@ -437,9 +447,9 @@ class PageTemplate(Object):
     """Default contents definition for a single compiled component."""
     DefTOCComponentGroup: str
     """Default contents definition for several compiled components."""
-    EnabledPlugins: lwconfig.Collection
+    EnabledPlugins: _Owned[lwconfig.Collection]
     """The names of the plug-ins that the template enables, each filed under itself."""
-    NamespaceDefs: lwconfig.NamespaceDefs
+    NamespaceDefs: _Owned[lwconfig.NamespaceDefs]
     """The definitions of its namespace profiles."""
     NoStandardSupport: bool
     """Kept for other tools."""
@@ -453,9 +463,9 @@ class PageTemplate(Object):
     """Version of the file as read; a save writes the current one."""
     Languages: str
     """Free text."""
-    SupportedItemTypes: lwconfig.Collection
+    SupportedItemTypes: _Owned[lwconfig.Collection]
     """Item types that the template supports, such as "source", each filed under itself."""
-    PageLayouts: lwconfig.PageLayouts
+    PageLayouts: _Owned[lwconfig.PageLayouts]
     """The layouts, filed under their file names. When set: replaces the layouts; the template listens to the
     new collection only."""
     @property
@@ -600,7 +610,7 @@ class TOCDefinition(Object):
     """The key in `TOCDefinitions`."""
     Description: str
     """What it is for."""
-    NodeDefs: lwconfig.NodeDefs
+    NodeDefs: _Owned[lwconfig.NodeDefs]
     """Its nodes, filed under their keys."""
     PageTemplate: lwconfig.PageTemplate | None
     """The template that owns this definition, or null. When set: the template is not kept alive."""
@@ -1154,11 +1164,11 @@ class Language(Object):
     """Keyword of a property to read and write."""
     ReadOnlyFieldKeyword: str
     """Keyword of a field to read only."""
-    DataTypes: lwconfig.Collection
+    DataTypes: _Owned[lwconfig.Collection]
     """The language's text for each neutral type name, filed under it."""
-    ReverseDataTypes: lwconfig.Collection
+    ReverseDataTypes: _Owned[lwconfig.Collection]
     """The neutral name of each type, filed under the language's text."""
-    AccessTypes: lwconfig.Collection
+    AccessTypes: _Owned[lwconfig.Collection]
     """The language's word for each access level, filed under its neutral name."""
     MultiDimensionalArraySymbol: str
     """Symbol after an array type of more than one dimension."""
@@ -1213,7 +1223,7 @@ class NamespaceDefs(Object):
     """Whether its sources are files."""
     Supports: str
     """Item types, joined by ","."""
-    ElementDefs: lwconfig.ElementDefs
+    ElementDefs: _Owned[lwconfig.ElementDefs]
     """The elements that the profile offers."""
     def Item(self, Key: Any) -> lwconfig.NamespaceDef | None:
         """The item at that position or under that key, or null."""
@@ -1306,7 +1316,7 @@ class NamespaceDef(Object):
     """Withdrawn: error 13 with the source "Tag no longer supported"."""
     NamespaceDefs: lwconfig.NamespaceDefs | None
     """The profile that the definition belongs to, or null. When set: the profile is not kept alive."""
-    ChildNamespaceDefs: lwconfig.NamespaceDefs
+    ChildNamespaceDefs: _Owned[lwconfig.NamespaceDefs]
     """The nested definitions, filed under their names; created empty when there are none. Never null."""
     def Load(self, e: lwconfig.XMLElement | None) -> None:
         """Reads a definition element and every element nested in it. "Name", "Handler" and "Caption" are
@@ -1363,7 +1373,7 @@ class ElementDef(Object):
     """Code element names."""
     ScrapsOnly: bool
     """Whether it may stand in scraps only."""
-    ElementAttributeDefs: lwconfig.ElementAttributeDefs
+    ElementAttributeDefs: _Owned[lwconfig.ElementAttributeDefs]
     """The attributes that it takes, filed under their names."""
     NamespaceProfile: lwconfig.NamespaceDefs | None
     """The profile that the element belongs to, or null. When set: the profile is not kept alive."""
@@ -1634,9 +1644,9 @@ class ExternalDoc(Object):
     NamespaceName: str
     """Pattern of the names documented, with letter case: "?" is any one character, "*" any run of them, "#" a
     digit, "[a-z]" one of a list, "[!a-z]" one that is not. The key in `ExternalDocs`."""
-    ClassLink: lwconfig.ExternalLink
+    ClassLink: _Owned[lwconfig.ExternalLink]
     """Formats of links to classes and other objects."""
-    DefaultMemberLink: lwconfig.ExternalLink
+    DefaultMemberLink: _Owned[lwconfig.ExternalLink]
     """Formats of links to their members."""
     URLFormat: str
     """The formats of `ClassLink`. Error 91 while that is null."""

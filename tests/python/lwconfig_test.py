@@ -83,9 +83,6 @@ class Collections(ConfigurationTest):
         self.assertNotIn(lwconfig.PageLayout(), layouts)
         for absent in (0, 3, "no.html", None, 1.5e10):
             self.assertIsNone(layouts(absent))
-        for outside in (2, -3):
-            with self.assertRaises(IndexError):
-                layouts[outside]
         with self.assertRaises(TypeError):
             layouts[1.5]  # type: ignore[call-overload]
         del layouts["index.html"]
@@ -112,6 +109,11 @@ class Collections(ConfigurationTest):
             seen.append(text)
             texts.Remove(1)
         self.assertEqual(seen, ["0", "2", "4"])
+
+
+class FailingPath:
+    def __fspath__(self) -> str:
+        raise ZeroDivisionError
 
 
 class Objects(ConfigurationTest):
@@ -144,12 +146,16 @@ class Objects(ConfigurationTest):
             (layouts[0], "<lwconfig.PageLayout FileName='Method.html'>"),
             (self.root.NamespaceProfiles[0], "<lwconfig.NamespaceDefs Name='LW.Core' of 0>"),
             (options, "<lwconfig.VBOptions WrapCharacters=72 VBAShowFriend=False>"),
-            (lwconfig.SpellingOptions(), "<lwconfig.SpellingOptions>"),
+            (lwconfig.SpellingOptions(), "<lwconfig.SpellingOptions at its defaults>"),
             (comment, f"<lwconfig.ModelComment MemberName='{'x' * 37}...{'x' * 38}' InsertionPoint=ctPrefix>"),
             (document.RootElement.Attributes["B"], "<lwconfig.XMLAttribute Value='c'>"),
             (Provider(False), "<__main__.Provider Name='Mine'>"),
+            (layouts.on("ContentsChange", print), "<lwconfig.Connection PageLayouts.ContentsChange>"),
         ):
             self.assertEqual(repr(thing), text)
+        with layouts.on("ContentsChange", print) as connection:
+            pass
+        self.assertEqual(repr(connection), "<lwconfig.Connection PageLayouts.ContentsChange closed>")
 
     def test_path_objects_name_files(self) -> None:
         path = self.config / "tags.xml"
@@ -163,6 +169,10 @@ class Objects(ConfigurationTest):
         self.assertEqual(lwconfig.NativePath(path), str(path))
         with self.assertRaises(ValueError):
             again[0].Description = path  # type: ignore[assignment]
+        with self.assertRaises(ValueError):
+            lwconfig.NativePath("a\0b")
+        with self.assertRaises(ZeroDivisionError):
+            lwconfig.NativePath(FailingPath())
 
     def test_typos_are_told(self) -> None:
         layout = lwconfig.PageLayout()
@@ -189,6 +199,8 @@ class Objects(ConfigurationTest):
         twin = copy.deepcopy(template)
         self.assertIsNot(twin, template)
         self.assertEqual(len(twin.PageLayouts), 2)
+        twin.PageLayouts = None
+        self.assertIsNone(twin.PageLayouts)
         definition = lwconfig.TOCDefinition()
         definition.PageTemplate = template
         self.assertIs(copy.deepcopy(definition).PageTemplate, template)
@@ -318,8 +330,13 @@ class Failures(ConfigurationTest):
             (lambda: layouts.Remove("absent"), lwconfig.UnknownKeyError),
             (lambda: texts.Add("b", Before="absent"), lwconfig.UnknownKeyError),
             (lambda: layouts[0], lwconfig.UnknownPositionError),
+            (lambda: layouts[-1], lwconfig.UnknownPositionError),
+            (lambda: layouts[10**30], lwconfig.UnknownPositionError),
             (lambda: layouts.Remove(1), lwconfig.UnknownPositionError),
             (lambda: texts.Add("b", "K"), lwconfig.BadValueError),
+            (lambda: texts.Add("b", Key="\ud800"), lwconfig.BadValueError),
+            (lambda: texts["\ud800"], lwconfig.BadValueError),
+            (lambda: setattr(lwconfig.PageLayout(), "Name", "\ud800"), lwconfig.BadValueError),
             (lambda: self.root.ModelCommentProfiles, lwconfig.BadValueError),
             (lambda: lwconfig.ModelCommentProfiles().Load(), lwconfig.BadValueError),
             (lambda: lwconfig.PageLayout().Load(document.RootElement), lwconfig.BadValueError),
