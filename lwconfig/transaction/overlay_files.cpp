@@ -52,9 +52,14 @@ class OverlayReplacement final : public platform::FileReplacement {
 }  // namespace
 
 std::vector<FileChange> OverlayFiles::Changes() const {
+  const auto isChanged = [](const Entry& entry) { return entry.Change.Old != entry.Change.New; };
   std::vector<FileChange> changes;
   for (const Entry& entry : mEntries) {
-    if (entry.Change.Old != entry.Change.New) changes.push_back(entry.Change);
+    const std::string& model = entry.Change.Model;
+    const bool isIdle = !model.empty() && std::ranges::none_of(mEntries, [&](const Entry& other) {
+      return EqualIgnoringCase(other.Change.Path, model) && isChanged(other);
+    });
+    if (isChanged(entry) && !isIdle) changes.push_back(entry.Change);
   }
   return changes;
 }

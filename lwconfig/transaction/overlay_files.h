@@ -26,7 +26,8 @@ class OverlayFiles final : public platform::Files {
  public:
   explicit OverlayFiles(platform::Files& base) : mBase(base) {}
 
-  /// The files that are not what they were, in the order in which they were first written.
+  /// The files that are not what they were, in the order in which they were first written. A copy of a file
+  /// that stays what it was is none of them.
   std::vector<FileChange> Changes() const;
   /// The folders that were made, in order.
   std::vector<std::string> Folders() const { return mFolders; }

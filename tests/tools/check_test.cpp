@@ -214,6 +214,12 @@ TEST_F(CheckCommand, TellsOfTextsThatAreSurelyWrongAlone) {
       {sources, source("&#xFFFE;&#55296;&#1114112;\xEF\xBF\xBF&#10;&#x20;\xEF\xBF\xBC&amp;"), 4},
       {german, "<?xml version='1.0'?><x><x name='Title'><![CDATA[&#1;]]>&#1;</x><x name='index'/></x>", 1},
       {"Templates/.git/HEAD", "", 0},
+      {"languages.xml/x", "", 1},
+      {"taggedcomments_custom.xml",
+       "<TaggedCommentDefs DefaultDesignerProgID=''><TaggedComment Hidden='False' "
+       "Identifier='x' ElementType='3' Description='' Format='' General='False' "
+       "WrapType='0'/></TaggedCommentDefs>",
+       0},
   };
   for (const auto& [file, content, problems] : rows) {
     SCOPED_TRACE(content);

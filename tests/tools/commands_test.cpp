@@ -110,7 +110,7 @@ TEST_F(CommandTest, TellsOfOptionsThatCannotBeReadOrDoNotExist) {
   EXPECT_GT(nlohmann::json::parse(all.Out).size(), 50u);
 
   EXPECT_THAT(Run("options set VBOptions.VBCommentMode 0").Err,
-              HasSubstr("'0' is stored, but VBOptions.VBCommentMode reads as 'ModeVBCode'"));
+              HasSubstr("'ModeDocComments' is stored, but VBOptions.VBCommentMode reads as 'ModeVBCode'"));
 }
 
 TEST_F(CommandTest, LooksUpTexts) {
@@ -124,6 +124,7 @@ TEST_F(CommandTest, LooksUpTexts) {
       {"scrap small German", 1, "What there is:\n  English\n"},
       {"phrase smal German", 1, "did you mean 'Small/er one'?"},
       {"phrase small", 2, "LANGUAGE is required"},
+      {"phrase ..", 1, "there is no '..'"},
       {"phrase small German --compare", 2, "name the template only"},
   });
   // What stands before a fault can still be looked up.
@@ -167,11 +168,13 @@ TEST_F(CommandTest, PrintsLinks) {
 }
 
 TEST_F(CommandTest, ListsAndChoosesTemplates) {
+  Folder.Write("config/Namespaces/Other.xml", "<p Name='LW.Other'/>");
   EXPECT_EQ(RunIn("template").Out,
             "NAME          FOLDER  PROFILES  ITEM TYPES\nSmall/er one  Small   LW.Core   binary, source\n");
   EXPECT_EQ(Json("template list")[0]["NamespaceProfileNames"][0], "LW.Core");
   EXPECT_EQ(RunIn("template default lw.core --supports source").Out, "Small/er one\n");
   ExpectRefusals({{"template default LW.Core --supports wood", 1, "supports 'wood'"},
+                  {"template default LW.Other", 1, "no template has the profile 'LW.Other'"},
                   {"template default LW.Kore", 1, "did you mean 'LW.Core'?"}});
 }
 
@@ -194,7 +197,7 @@ TEST_F(CommandTest, ClonesTemplates) {
                   {"template clone small ../Third", 2, ""},
                   {"template clone small '' Three", 2, ""},
                   {"template clone small \x01 Three", 2, "' has U+0001"},
-                  {"template clone small Three \xff", 2, "the byte FF"},
+                  {"template clone small Three \xff", 2, "FOLDER: the text is not valid UTF-8"},
                   {"template clone nothing Third", 1, ""}});
   Folder.Write("config/Templates/Damaged/config.xml", "<PageTemplate");
   EXPECT_EQ(RunIn("template clone small Fourth").Status, 3);
@@ -260,6 +263,8 @@ TEST_F(CommandTest, AFailedBeginningLeavesNothing) {
   Set("LWCONFIG_REGISTRY", Below("used/file"));
   Folder.Write("used/file", "no folder");
   EXPECT_EQ(Run("init " + Below("new/conf")).Status, 4);
+  EXPECT_THAT(Run("options").Err,
+              HasSubstr("LWCONFIG_REGISTRY names a file, not a folder: <test>/used/file"));
   EXPECT_FALSE(std::filesystem::exists(Below("new")));
 }
 

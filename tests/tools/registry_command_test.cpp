@@ -25,6 +25,7 @@ TEST_F(RegistryCommandTest, StoresAndShowsEveryType) {
        "18446744073709551615\n"},
       {"00fF --type binary", "binary", "\"v\"=hex:00,ff", "00ff\n"},
       {"[a,b] --type multi", "multi", "\"v\"=hex(7):5b,00,61,00,2c,00,62,00,5d,00,00,00,00,00", "[a,b]\n"},
+      {"--type multi", "multi", "\"v\"=hex(7):00,00", "\n"},
       {"a ü --type multi", "multi", "\"v\"=hex(7):61,00,00,00,fc,00,00,00,00,00", "a\nü\n"},
   };
   for (const auto& [data, type, stored, read] : kRows) {
@@ -57,7 +58,11 @@ TEST_F(RegistryCommandTest, SaysWhatIsWrong) {
       {"set HKCU/x v 1x --type dword", 2, "'1x' is no value of the type dword"},
       {"set HKCU/x v 4294967296 --type dword", 2, "no value of the type dword"},
       {"set HKCU/x v abc --type binary", 2, "no value of the type binary"},
-      {"set HKCU/x v a b", 2, "several texts are no value of the type sz"},
+      {"set HKCU/x v a b", 2, "this list of texts is no value of the type sz"},
+      {"set HKCU/x v", 2, "DATA is required"},
+      {"set HKCU/x v a '' --type multi", 2, "it cannot hold an empty text"},
+      {"set HKCU/x v \xff", 2, "DATA: the text is not valid UTF-8"},
+      {"import ''", 2, "FILE: the name of the file or folder is empty"},
       {"set HKCU/x v 1 --type dwrd", 2, "did you mean 'dword'?"},
       {"import " + Below("bad.reg"), 3, "bad.reg:4:11: error: This is no registry file that can be used"},
       {"import " + Below("other.reg"), 3, "other.reg:4:1: error: This is no registry file that can be used"},

@@ -45,7 +45,7 @@ void AddParameter(CLI::App& app, const Parameter& parameter) {
     option.multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
     option.expected(parameter.Most, CLI::detail::expected_max_vector_size);
   }
-  if (parameter.Check != nullptr) option.check(parameter.Check);
+  option.check([&parameter](const std::string& given) { return parameter.FaultOf(given); });
 }
 
 void AddParameters(CLI::App& app, std::span<const Parameter> parameters) {

@@ -108,6 +108,7 @@ class Checker {
   void CheckParts(Root& root) {
     const std::string folder = ConfigPath();
     if (!Has(folder, "nothing is loaded")) return;
+    TellFoldersForFiles(folder);
     if (Has(folder + "\\Namespaces", "no namespace profiles are loaded")) {
       Check(Part::Namespaces, folder, [&] { root.NamespaceProfiles(); });
     } else {
@@ -131,6 +132,17 @@ class Checker {
     for (const auto& pageTemplate : *root.PageTemplates())
       Check(Part::Texts, pageTemplate->RootFolder, [&] { InspectLayouts(*pageTemplate); });
     if (mHasOptions) RunStep([&] { CheckOptions(mInspection, root); }, [] { return FilePosition(); });
+  }
+
+  /// Loading takes the files for missing.
+  void TellFoldersForFiles(const std::string& folder) {
+    for (const char* name : {"taggedcomments_standard.xml", "taggedcomments_custom.xml", "modelcomments.xml",
+                             "CommentFileLocations.xml", "languages.xml", "ExternalDocs.xml"}) {
+      const std::string path = folder + "\\" + name;
+      if (IsFolder(path))
+        mInspection.Report(Problem::MissingConfig, {path, 0, 0},
+                         "this is a folder, which is not read as a file");
+    }
   }
 
   void NoteNamespaces(Root& root) {

@@ -34,7 +34,7 @@ constexpr std::int32_t kOlderStandardNode = 3;
 const std::vector<Meanings>& AllMeanings() {
   static const std::vector<Meanings> meanings{
       {Part::Comments, nullptr, "ElementType", NumbersOf<ElementTypeEnum>()},
-      {Part::Comments, nullptr, "WrapType", NumbersOf<WrapTypeEnum>()},
+      {Part::Comments, nullptr, "WrapType", NumbersOf<WrapTypeEnum>({kNone})},
       {Part::ModelComments, "MC", "MemberType", NumbersOf<mcMemberTypeEnum>()},
       {Part::ModelComments, "MC", "InsertionPoint", NumbersOf<mcInsertionPointEnum>()},
       {Part::Templates, "PageLayout", "PageType", NumbersOf<PageTypeEnum>({kNoUsableValue})},

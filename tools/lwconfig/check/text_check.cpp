@@ -1,3 +1,5 @@
+#include <bit>
+
 #include <tools/lwconfig/check/generator_names.h>
 #include <tools/lwconfig/check/rules.h>
 #include <tools/lwconfig/check/text_check.h>
@@ -57,13 +59,13 @@ TextCheck::TextCheck(Inspection& inspection, const std::string& folder, const XM
       mScraps(inspection, folder, TemplateTexts::kScraps) {
   mPhrases.CompareLanguages(inspection);
   mScraps.CompareLanguages(inspection);
-  for (const char* name : kGeneratorNames) mFilled.Add(name);
+  for (const char* name : kGeneratorNames) AddFilled(name);
   for (const auto& names : {ExternalDocs::ObjectPlaceholders(), ExternalDocs::MemberPlaceholders()}) {
-    for (const std::string& name : names) mFilled.Add(name);
+    for (const std::string& name : names) AddFilled(name);
   }
   for (const XMLElement child : settings.Children()) {
     if (child.Name() != "VariableDef") continue;
-    if (const char* name = AttributeReader(child).Find("Name")) mFilled.Add(name);
+    if (const char* name = AttributeReader(child).Find("Name")) AddFilled(name);
   }
 }
 
@@ -121,14 +123,36 @@ void TextCheck::CheckReference(const TextReference& reference, Tell tell) {
        [&] { return Nearest(name, texts.Names().Names()); });
 }
 
+TextCheck::Spelling::Spelling(const std::string& name) : Folded(FoldCase(name)), Letters(0) {
+  constexpr unsigned kBits = 64;
+  for (const char c : Folded) Letters |= std::uint64_t{1} << static_cast<unsigned char>(c) % kBits;
+}
+
+void TextCheck::AddFilled(const std::string& name) {
+  if (mFilled.Add(name)) mSpellings.emplace_back(name);
+}
+
 const std::string& TextCheck::SlipOf(const std::string& name) {
   const auto [slip, isNew] = mSlips.try_emplace(name);
   if (!isNew) return slip->second;
   // One wrong letter, or two in a long name. More may make another name that the generator knows.
+  constexpr std::size_t kShortName = 3;
   constexpr std::size_t kLongName = 8;
-  const std::size_t most = name.size() < kLongName ? 1 : 2;
-  const std::string nearest = Nearest(name, mFilled.Names());
-  if (!nearest.empty() && EditDistance(FoldCase(name), FoldCase(nearest)) <= most) slip->second = nearest;
+  if (name.size() < kShortName) return slip->second;
+  std::size_t most = name.size() < kLongName ? 1 : 2;
+  const Spelling wanted(name);
+  for (std::size_t at = 0; at < mSpellings.size(); ++at) {
+    const auto& [folded, letters] = mSpellings[at];
+    // A wrong letter takes one of the letters away and adds one. Most names differ in more.
+    const bool isLike = static_cast<std::size_t>(std::popcount(letters ^ wanted.Letters)) <= 2 * most &&
+                        folded.size() + most >= wanted.Folded.size() &&
+                        wanted.Folded.size() + most >= folded.size();
+    const std::size_t distance = isLike ? EditDistance(wanted.Folded, folded) : most + 1;
+    if (distance > most) continue;
+    slip->second = mFilled.Names()[at];
+    most = distance - 1;  // only a nearer one is better
+    if (most == 0) break;
+  }
   return slip->second;
 }
 

@@ -1,8 +1,10 @@
 #pragma once
 
+#include <cstdint>
 #include <map>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include <tools/lwconfig/check/known_names.h>
 #include <tools/lwconfig/check/template_texts.h>
@@ -32,13 +34,22 @@ class TextCheck {
   template <class Tell>
   void CheckReference(const TextReference& reference, Tell tell);
   void CheckTemplate(const XMLElement& e, const char* attribute, bool isFileName);
-  /// The known placeholder that an unknown one is a slip of; empty where it is none.
+  /// The placeholder that an unknown one is a slip of; empty where it is none. A page can have as many of
+  /// these as it has words.
   const std::string& SlipOf(const std::string& name);
+  void AddFilled(const std::string& name);
 
   Inspection& mInspection;
   const TemplateTexts mPhrases;
   const TemplateTexts mScraps;
+  /// A name in one letter case, and a bit for each of its letters.
+  struct Spelling {
+    std::string Folded;
+    std::uint64_t Letters;
+    explicit Spelling(const std::string& name);
+  };
   NameSet mFilled;                            // the placeholders that are known to be filled
+  std::vector<Spelling> mSpellings;           // theirs, in the same order
   std::map<std::string, std::string> mSlips;  // the results of `SlipOf`
 };
 

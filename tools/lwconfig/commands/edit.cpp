@@ -231,8 +231,8 @@ void Apply(const Arguments& arguments, Reporter& reporter) {
   Finish(configuration, transaction, arguments.Has("--dry-run"), false, reporter);
 }
 
-constexpr std::array kApplyParameters{
-    Parameter{.Name = "FILE", .About = "the commands; - for standard input", .IsRequired = true}};
+constexpr std::array kApplyParameters{Parameter{
+    .Name = "FILE", .About = "the commands; - for standard input", .Form = Form::Path, .IsRequired = true}};
 
 }  // namespace
 

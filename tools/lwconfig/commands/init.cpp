@@ -90,12 +90,13 @@ void Run(const Arguments& arguments, Reporter& reporter) {
 
 /// The registry holds texts: a name that is none would be registered as another.
 std::string CheckNewFolder(const std::string& given) {
-  return IsValidUtf8(given) ? CheckFolder(given) : "DIR is not UTF-8";
+  return IsValidUtf8(given) ? "" : "the name is not valid UTF-8";
 }
 
 constexpr std::array kParameters{
     Parameter{.Name = "DIR",
               .About = "the folder for the new configuration",
+              .Form = Form::Path,
               .IsRequired = true,
               .Check = CheckNewFolder},
     Parameter{.Name = "--replace", .About = "register it in place of another configuration"},

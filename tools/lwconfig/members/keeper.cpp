@@ -68,7 +68,7 @@ void Keeper::Note(const Way& way) {
   const Kept how = Find(*owner)->How;
   if (how == Kept::AtOnce) return;
   if (how == Kept::Never) FailUnkept(*owner, " cannot be saved: the model only reads it");
-  if (mModel.Report().Status() != ExitStatus::Done) {
+  if (!mModel.Report().IsClean()) {
     throw Fault(ExitStatus::Invalid,
                 "the configuration could not be read as a whole; saving it could lose what was not read");
   }
@@ -114,7 +114,7 @@ void Keeper::Save() {
     const bool hasOwnFile = Find(object)->How == Kept::BySave;
     mModel.Follow(ParsePath(hasOwnFile ? object.Class->Name() : kCatalogue));
   }
-  if (mModel.Report().Status() != ExitStatus::Done)
+  if (!mModel.Report().IsClean())
     throw Fault(ExitStatus::Invalid, "with this change the configuration could not be read any more");
 }
 

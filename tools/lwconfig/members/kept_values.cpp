@@ -51,22 +51,24 @@ std::vector<Variant> KeptValues::OtherValues(const AnyObject& object, const Clas
                          other.Get->Result.Kind != automation::ValueKind::Object &&
                          other.Get->Result.Kind != automation::ValueKind::Enumerator;
     if (!isValue || &other == &member) continue;
-    try {
-      values.push_back(mModel.Invoke(object, other.Name, kPropertyGet));
-    } catch (const Error&) {
-      continue;
-    }
+    if (auto held = mModel.TryGet(object, other.Name)) values.push_back(*std::move(held));
   }
   return values;
 }
 
+/// Sets the property; whether that changes other properties of the object.
+bool KeptValues::SetsOthers(const AnyObject& object, const ClassInfo::Member& member, Variant wanted) {
+  const auto others = OtherValues(object, member);
+  const bool isObject = std::holds_alternative<AnyObject>(wanted);
+  std::array<Variant, 1> argument{std::move(wanted)};
+  mModel.Invoke(object, member.Name, isObject ? kPropertySet : kPropertyLet, argument);
+  return OtherValues(object, member) != others;
+}
+
 /// Nothing for a property that cannot be read.
 std::optional<std::string> KeptValues::Read(const Value& value) {
-  try {
-    return KeyText(mModel.Invoke(value.Way.back(), value.Member.c_str(), kPropertyGet));
-  } catch (const Error&) {
-    return std::nullopt;
-  }
+  const auto held = mModel.TryGet(value.Way.back(), value.Member.c_str());
+  return held ? std::optional(KeyText(*held)) : std::nullopt;
 }
 
 void KeptValues::Set(const MemberPath& path, const Way& way, const ClassInfo::Member& member, Variant wanted,
@@ -75,22 +77,25 @@ void KeptValues::Set(const MemberPath& path, const Way& way, const ClassInfo::Me
   Value value{path, way, member.Name, std::move(place), isObject, mKeeper.IsKeptAtOnce(way)};
   const bool isChecked = member.Get != nullptr && !mModel.IsNamed(way);
   if (isChecked) {
-    try {
-      value.Before = mModel.Invoke(way.back(), member.Name, kPropertyGet);
-    } catch (const Error&) {
-      value.Before = {};
-    }
+    value.Before = mModel.TryGet(way.back(), member.Name).value_or(Variant());
+    value.Wanted = wanted;
     value.BeforeText = KeyText(value.Before);
     value.WantedText = KeyText(wanted);
+    value.Shown = isObject ? value.WantedText : ValueText(wanted, member.Get->Result);
   }
-  const auto others = OtherValues(way.back(), member);
-  std::array<Variant, 1> argument{std::move(wanted)};
-  mModel.Invoke(way.back(), member.Name, isObject ? kPropertySet : kPropertyLet, argument);
-  value.ChangesOthers = OtherValues(way.back(), member) != others;
+  value.ChangesOthers = SetsOthers(way.back(), member, std::move(wanted));
   if (!isChecked || value.BeforeText == value.WantedText) return;
   const auto now = Read(value);
   if (!now) return;
   value.SetText = *now;
+  mValues.push_back(std::move(value));
+}
+
+void KeptValues::NoteText(const MemberPath& path, const Way& way, const std::string& text, SetPlace place) {
+  if (mModel.IsNamed(way) || path.Steps.back().IsItem()) return;
+  Value value{path, {way.begin(), way.end() - 1}, path.Steps.back().Name, std::move(place)};
+  value.AddedText = text;
+  value.SetText = KeyText(way.back());
   mValues.push_back(std::move(value));
 }
 
@@ -138,26 +143,42 @@ bool KeptValues::HasEffect(const Value& value, const std::string& location, cons
   return other != now;
 }
 
+void KeptValues::CheckText(const Value& value, const std::string& location, const AnyObject& collection) {
+  std::string texts;
+  for (const Item& item : ItemsOf(collection)) {
+    if (item.Value == Variant(*value.AddedText)) return;
+    texts += (texts.empty() ? "'" : ", '") + automation::ToText(item.Value) + "'";
+  }
+  throw Fault(ExitStatus::Usage, location + " cannot have the item '" + *value.AddedText +
+                                     "': saved and loaded again it has " + (texts.empty() ? "none" : texts))
+      .At(value.Place.Word, value.Place.Offset)
+      .OfEdit(value.Place.Edit);
+}
+
 void KeptValues::Check(const Value& value, const std::string& location) {
   const MemberPath path = ParsePath(location);
   std::optional<Place> found;
   try {
     found = mModel.Follow(path);
   } catch (const Fault&) {
-    throw Fault(ExitStatus::Usage, location + " cannot be set to '" + value.WantedText +
-                                       "': saved and loaded again it is not there")
+    throw Fault(ExitStatus::Usage,
+                location + " cannot be set to '" + value.Shown + "': saved and loaded again it is not there")
         .At(value.Place.Word, value.Place.Offset)
         .OfEdit(value.Place.Edit);
   }
+  if (value.AddedText) return CheckText(value, location, std::get<AnyObject>(found->Value));
   const std::string now = KeyText(found->Value);
   if (now == value.WantedText || value.ChangesOthers) return;
+  // The others may have had their values already.
+  const ClassInfo& info = *found->Way.back().Class;
+  if (info.IsCreatable() && SetsOthers(info.Create(), *info.Find(value.Member), value.Wanted)) return;
   const std::string reads = "'" + ValueText(found->Value, found->Type) + "'";
   if (value.IsStoredAtOnce || HasEffect(value, location, now)) {
-    mModel.Report().Note("'" + value.WantedText + "' is stored, but " + location + " reads as " + reads);
+    mModel.Report().Note("'" + value.Shown + "' is stored, but " + location + " reads as " + reads);
     return;
   }
-  const std::string owner = found->Way.back().Class->Name();
-  throw Fault(ExitStatus::Usage, owner + "." + value.Member + " cannot be set to '" + value.WantedText +
+  const std::string owner = info.Name();
+  throw Fault(ExitStatus::Usage, owner + "." + value.Member + " cannot be set to '" + value.Shown +
                                      "': saved and loaded again it is " + reads + ". " +
                                      std::string(automation::Contract(owner, value.Member)))
       .At(value.Place.Word, value.Place.Offset)

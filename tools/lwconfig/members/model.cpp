@@ -66,6 +66,14 @@ Variant Model::Invoke(const AnyObject& object, const char* member, unsigned kind
   }
 }
 
+std::optional<Variant> Model::TryGet(const AnyObject& object, const char* member) {
+  try {
+    return Invoke(object, member, kPropertyGet);
+  } catch (const Error&) {
+    return std::nullopt;
+  }
+}
+
 Variant Model::Get(const AnyObject& object, const ClassInfo::Member& member, std::span<Variant> arguments) {
   if (object != mRoot) return Invoke(object, member.Name, kPropertyGet, arguments);
   // These take their code elements from the namespace profiles. A failure in those must not end their load.
