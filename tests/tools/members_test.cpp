@@ -4,6 +4,8 @@
 #include <tools/lwconfig/members/path.h>
 #include <tools/lwconfig/members/words.h>
 
+#include <lwconfig/checking/model_path.h>
+
 namespace lwconfig::testing {
 namespace {
 
@@ -76,11 +78,11 @@ TEST(MemberPath, FaultsNameTheirPlace) {
 TEST(MemberPath, KeysAreWrittenAsTheyAreRead) {
   for (const char* key : {"plain", "two words", " x", "1", "-1", "a\"b", "a'b", "a]b", "", "LW:x"}) {
     for (const char quote : {'\0', '"', '\''}) {
-      const auto path = ParsePath("A[" + tool::WrittenKey(key, quote) + "]");
+      const auto path = ParsePath("A[" + WrittenKey(key, quote) + "]");
       EXPECT_EQ(path.Steps[1].Arguments[0].Value, tool::KeyOrPosition(std::string(key)));
     }
   }
-  EXPECT_EQ(tool::WrittenKey("two words"), "two words");
+  EXPECT_EQ(WrittenKey("two words"), "two words");
 }
 
 TEST(CommandWords, AreReadAsAShellDoes) {

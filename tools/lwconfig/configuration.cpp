@@ -25,13 +25,10 @@ std::filesystem::path FolderOfProgram() {
 }  // namespace
 
 Configuration::Configuration(const std::string& folder, Reporter& reporter, Unregistered unregistered) {
-  if (!folder.empty()) {
-    mScope.emplace(folder);
-  } else if (ConfigPath().empty()) {
-    mIsStarter = true;
-    if (unregistered == Unregistered::Refuse) RefuseStarter();
-    OpenStarter(reporter);
-  }
+  mIsStarter = folder.empty() && ConfigPath().empty();
+  if (unregistered == Unregistered::Refuse) RefuseStarter();
+  const std::string chosen = ChosenFolder(folder, reporter);
+  if (!chosen.empty()) mScope.emplace(chosen);
 }
 
 void Configuration::RefuseStarter() const {
@@ -41,23 +38,24 @@ void Configuration::RefuseStarter() const {
               "with 'lwconfig init'");
 }
 
-void Configuration::OpenStarter(Reporter& reporter) {
-  const std::string starter = StarterFolder();
-  if (starter.empty()) {
-    throw Error(kPathNotFound,
-                "no configuration is registered, and there is no starter configuration to show; name a "
-                "configuration folder with --config");
-  }
-  reporter.Note("no configuration is registered; this is the starter configuration in " + starter);
-  mScope.emplace(starter);
-}
-
 void Configuration::RequireFolder() const {
   const std::string folder = ConfigPath();
   if (platform::Host<platform::Files>().Kind(folder) == platform::EntryKind::Folder) return;
   Error error(kPathNotFound, "the registered configuration folder does not exist");
   error.SetPosition({folder, 0, 0});
   throw error;
+}
+
+std::string ChosenFolder(const std::string& folder, Reporter& reporter) {
+  if (!folder.empty() || !ConfigPath().empty()) return folder;
+  std::string starter = StarterFolder();
+  if (starter.empty()) {
+    throw Error(kPathNotFound,
+                "no configuration is registered, and there is no starter configuration to show; name a "
+                "configuration folder with --config");
+  }
+  reporter.Note("no configuration is registered; this is the starter configuration in " + starter);
+  return starter;
 }
 
 std::string StarterFolder() {

@@ -30,12 +30,15 @@ class Configuration {
   void RefuseStarter() const;
 
  private:
-  void OpenStarter(Reporter& reporter);
-
   bool mIsStarter = false;
   std::optional<ConfigurationScope> mScope;
   lwconfig::Root mRoot;
 };
+
+/// The folder of the configuration that a command works on, a path of the host: `folder` itself; where that
+/// is empty nothing for the registered configuration, and where none is registered that of the starter
+/// configuration, with a note. Error 76 where there is nothing to open.
+std::string ChosenFolder(const std::string& folder, Reporter& reporter);
 
 /// The folder of the starter configuration, a path of the host: the one that `LWCONFIG_STARTER` names, else
 /// the one installed beside this program, else the one that it was built with. Empty where there is none.

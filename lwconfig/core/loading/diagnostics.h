@@ -18,6 +18,8 @@ struct Diagnostic {
   std::string Message;
   lwconfig::Problem Problem = lwconfig::Problem::Other;
   std::string Suggestion{};  // the text that was most likely meant, if any
+  std::string ModelPath{};   // the object concerned, such as "PageTemplates[House]", where it is known
+  int Count = 1;             // the number of problems that it is about: more than one for a summary
 };
 
 using DiagnosticHandler = std::function<void(const Diagnostic&)>;

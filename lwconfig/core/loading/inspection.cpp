@@ -50,8 +50,12 @@ class Inspection::Watch final : public XMLObserver {
   std::string mDoubt;
 };
 
-Inspection::Inspection(DiagnosticHandler report, FileInspector inspect, TextInspector inspectText)
-    : LoadListener(std::move(report)), mInspect(std::move(inspect)), mInspectText(std::move(inspectText)) {
+Inspection::Inspection(DiagnosticHandler report, FileInspector inspect, TextInspector inspectText,
+                       PathFinder findPath)
+    : LoadListener(std::move(report)),
+      mInspect(std::move(inspect)),
+      mInspectText(std::move(inspectText)),
+      mFindPath(std::move(findPath)) {
   SetCurrent(this);
 }
 
@@ -75,17 +79,26 @@ bool Inspection::IsSound(const std::string& file) const {
          });
 }
 
-std::vector<Inspection::Rest> Inspection::Rests() const {
-  std::vector<Rest> rests;
+std::vector<Diagnostic> Inspection::Rests() const {
+  std::vector<Diagnostic> rests;
   for (const std::string& file : mFiles) {
     const auto counts = mCounts.find(file);
     if (counts == mCounts.end()) continue;
     for (const ProblemKind& kind : ProblemKinds()) {
-      const int count = counts->second[static_cast<std::size_t>(kind.Problem)];
-      if (count > kMostReported) rests.push_back({file, kind.Problem, count - kMostReported});
+      const int count = counts->second[static_cast<std::size_t>(kind.Problem)] - kMostReported;
+      if (count <= 0) continue;
+      Diagnostic& rest = rests.emplace_back();
+      rest.Position.File = file;
+      rest.Message = "and " + std::to_string(count) + " more of this kind";
+      rest.Problem = kind.Problem;
+      rest.Count = count;
     }
   }
   return rests;
+}
+
+std::string Inspection::ModelPathOf(const XMLElement& e) const {
+  return mFindPath ? mFindPath(e) : std::string();
 }
 
 std::string Inspection::NearestAbsent(NameKind kind, std::string_view parent, std::string_view name) const {
@@ -97,12 +110,13 @@ std::string Inspection::NearestAbsent(NameKind kind, std::string_view parent, st
 /// Walks the tree of a file that was loaded and reports what nothing has read.
 class Inspection::Walk {
  public:
-  Walk(Inspection& inspection, const XMLDocumentData& document, const Watch& watch)
-      : mInspection(inspection), mDocument(document), mWatch(watch) {}
+  Walk(Inspection& inspection, const XMLElement& root, const Watch& watch)
+      : mInspection(inspection), mRoot(root), mDocument(*root.mDocument), mWatch(watch) {}
 
   /// Without recursion, since elements nest to any depth.
-  void Run(xml_node root) {
-    TellAttributes(root);
+  void Run() {
+    const xml_node root(mRoot.Node());
+    ReportAttributes(root);
     xml_node node = root.first_child();
     while (node) {
       if (Visit(node) && node.first_child()) {
@@ -126,56 +140,52 @@ class Inspection::Walk {
   /// Whether to look at what is inside.
   bool Visit(xml_node node) {
     if (node.type() == pugi::node_pcdata || node.type() == pugi::node_cdata) {
-      if (!IsBlank(node.value()) && !IsLookedAt(node.value())) TellText(node);
+      if (!IsBlank(node.value()) && !IsLookedAt(node.value())) ReportText(node);
       return false;
     }
     if (node.type() != pugi::node_element) return false;
     if (!IsLookedAt(node.name())) {
-      TellElement(node);
+      ReportElement(node);
       return false;
     }
-    TellAttributes(node);
+    ReportAttributes(node);
     // Where markup is text, what is inside was read with the text.
     return !mDocument.KeepsText || node == mDocument.Tree.document_element();
   }
 
-  void TellAttributes(xml_node element) {
+  void ReportAttributes(xml_node element) {
     // Few names are read, however many there are.
     std::vector<const char*> read;
     for (const xml_attribute attribute : element.attributes()) {
       if (IsLookedAt(attribute.name())) read.push_back(attribute.name());
     }
     for (const xml_attribute attribute : element.attributes()) {
-      if (!IsLookedAt(attribute.name())) TellAttribute(element, attribute, read);
+      if (!IsLookedAt(attribute.name())) ReportAttribute(element, attribute, read);
     }
   }
 
-  void TellAttribute(xml_node element, xml_attribute attribute, const std::vector<const char*>& read) {
+  void ReportAttribute(xml_node element, xml_attribute attribute, const std::vector<const char*>& read) {
     const bool isRepeated = std::ranges::any_of(
         read, [&](const char* other) { return EqualIgnoringCase(other, attribute.name()); });
     if (isRepeated) {
-      return Tell(
-          Problem::RepeatedAttribute, attribute.name(),
-          [&] { return RepeatedAttributeMessage(attribute.name(), element.name()); },
-          [] { return std::string(); });
+      return mInspection.Report(Problem::RepeatedAttribute, ElementAt(element), attribute.name(),
+                                RepeatedAttributeMessage(attribute.name(), element.name()));
     }
-    Tell(
-        Problem::UnreadAttribute, attribute.name(),
-        [&] {
-          return "nothing reads the attribute \"" + std::string(attribute.name()) + "\" of " + Tag(element);
-        },
+    mInspection.Report(
+        Problem::UnreadAttribute, ElementAt(element), attribute.name(),
+        "nothing reads the attribute \"" + std::string(attribute.name()) + "\" of " + Tag(element),
         [&] { return mInspection.NearestAbsent(NameKind::Attribute, element.name(), attribute.name()); });
   }
 
-  void TellElement(xml_node element) {
+  void ReportElement(xml_node element) {
     const xml_node parent = element.parent();
-    Tell(
-        Problem::UnreadElement, element.name(),
-        [&] { return "nothing reads " + Tag(element) + " in " + Tag(parent); },
-        [&] { return mInspection.NearestAbsent(NameKind::Element, parent.name(), element.name()); });
+    mInspection.Report(Problem::UnreadElement, ElementAt(element), {},
+                       "nothing reads " + Tag(element) + " in " + Tag(parent), [&] {
+                         return mInspection.NearestAbsent(NameKind::Element, parent.name(), element.name());
+                       });
   }
 
-  void TellText(xml_node text) {
+  void ReportText(xml_node text) {
     if (!mInspection.Count(Problem::UnreadText, mDocument.SourcePath)) return;
     constexpr std::size_t kShown = 30;
     std::string_view shown = text.value();
@@ -185,18 +195,16 @@ class Inspection::Walk {
     const std::size_t start = mDocument.OffsetOf(text.value()).value_or(0);
     mInspection.Hand({mDocument.PositionOf(mDocument.Original.find_first_not_of(kBlanks, start)),
                       "nothing reads the text \"" + std::string(shown) + "\" in " + Tag(text.parent()),
-                      Problem::UnreadText});
+                      Problem::UnreadText,
+                      {},
+                      mInspection.ModelPathOf(ElementAt(text.parent()))});
   }
 
-  template <class Message, class Suggestion>
-  void Tell(Problem problem, const char* at, Message message, Suggestion suggestion) {
-    if (mInspection.Count(problem, mDocument.SourcePath))
-      mInspection.Hand({mDocument.Position(at), message(), problem, suggestion()});
-  }
-
+  XMLElement ElementAt(xml_node node) const { return {mRoot.mDocument, node.internal_object()}; }
   static std::string Tag(xml_node element) { return "<" + std::string(element.name()) + ">"; }
 
   Inspection& mInspection;
+  const XMLElement& mRoot;
   const XMLDocumentData& mDocument;
   const Watch& mWatch;
 };
@@ -207,7 +215,7 @@ void Inspection::EndFile(const XMLDocument& /*document*/, const XMLElement& root
   if (!watch.Doubt().empty()) Report(Problem::DoubtfulEncoding, {data.SourcePath, 1, 1}, watch.Doubt());
   if (data.Text.empty()) return;
   ReportForbiddenCharacters(data);
-  Walk(*this, data, watch).Run(pugi::xml_node(root.Node()));
+  Walk(*this, root, watch).Run();
   if (mInspect) mInspect(data.SourcePath, root);
   if (data.KeepsText) EndText(data.SourcePath, data.Original);
 }

@@ -17,25 +17,22 @@ namespace lwconfig {
 /// a time, on one thread.
 class Inspection final : public LoadListener {
  public:
-  /// How many more problems of one kind a file has than were reported.
-  struct Rest {
-    std::string File;
-    lwconfig::Problem Problem;
-    int Count;
-  };
+  using PathFinder = std::function<std::string(const XMLElement& e)>;
   using FileInspector = std::function<void(const std::string& file, const XMLElement& root)>;
   using TextInspector = std::function<void(const std::string& file, std::string_view text)>;
 
   /// Calls `report` for each problem, `inspect` for each configuration file after it was loaded, and
-  /// `inspectText` for each file of phrases or scraps. Both may report more.
-  Inspection(DiagnosticHandler report, FileInspector inspect, TextInspector inspectText = nullptr);
+  /// `inspectText` for each file of phrases or scraps. Both may report more. `findPath` finds the model path
+  /// of an element.
+  Inspection(DiagnosticHandler report, FileInspector inspect, TextInspector inspectText = nullptr,
+             PathFinder findPath = nullptr);
   ~Inspection() override;
 
   const std::vector<std::string>& Files() const { return mFiles; }
   /// Whether no error was reported in the file.
   bool IsSound(const std::string& file) const;
-  /// In the order of `Files`.
-  std::vector<Rest> Rests() const;
+  /// A summary of the problems of each kind in each file that were not reported, in the order of `Files`.
+  std::vector<Diagnostic> Rests() const;
 
   bool Wants(Problem /*problem*/) const override { return true; }
   bool ContinuesAfterFailure() const override { return true; }
@@ -43,6 +40,7 @@ class Inspection final : public LoadListener {
   void EndFile(const XMLDocument& document, const XMLElement& root) override;
   void EndText(const std::string& path, std::string_view text) override;
   std::shared_ptr<XMLObserver> Observe() override;
+  std::string ModelPathOf(const XMLElement& e) const override;
 
  private:
   using NameKind = XMLObserver::NameKind;
@@ -55,6 +53,7 @@ class Inspection final : public LoadListener {
 
   FileInspector mInspect;
   TextInspector mInspectText;
+  PathFinder mFindPath;
   std::vector<std::string> mFiles;
   std::map<std::string, std::vector<std::string>, std::less<>> mAbsent[2];
 };

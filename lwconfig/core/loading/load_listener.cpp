@@ -55,8 +55,13 @@ bool LoadListener::Count(Problem problem, const std::string& file) {
 
 void LoadListener::Report(Problem problem, const FilePosition& position, std::string_view message,
                           const Suggester& suggest) {
-  if (!Count(problem, position.File)) return;
-  mHandler({position, std::string(message), problem, suggest ? suggest() : std::string()});
+  Report({position, std::string(message), problem}, suggest);
+}
+
+void LoadListener::Report(Diagnostic diagnostic, const Suggester& suggest) {
+  if (!Count(diagnostic.Problem, diagnostic.Position.File)) return;
+  if (suggest) diagnostic.Suggestion = suggest();
+  mHandler(diagnostic);
 }
 
 void LoadListener::Report(const Error& failure) {
@@ -67,7 +72,8 @@ void LoadListener::Report(Problem problem, const XMLElement& e, std::string_view
                           std::string_view message, const Suggester& suggest) {
   // The place of an attribute costs a look at the file.
   if (!Count(problem, e.SourcePath())) return;
-  mHandler({e.Position(attribute), std::string(message), problem, suggest ? suggest() : std::string()});
+  mHandler({e.Position(attribute), std::string(message), problem, suggest ? suggest() : std::string(),
+            ModelPathOf(e)});
 }
 
 }  // namespace lwconfig

@@ -40,6 +40,7 @@ class LoadListener {
   void Report(Problem problem, const XMLElement& e, std::string_view attribute, std::string_view message,
               const Suggester& suggest = nullptr);
   void Report(const Error& failure);
+  void Report(Diagnostic diagnostic, const Suggester& suggest);
   virtual bool ContinuesAfterFailure() const { return false; }
 
   /// Before a configuration file is read.
@@ -50,6 +51,8 @@ class LoadListener {
   virtual void EndText(const std::string& /*path*/, std::string_view /*text*/) {}
   /// The observer of the next document to be read, or null. Called on any thread.
   virtual std::shared_ptr<XMLObserver> Observe() { return nullptr; }
+  /// The path of the object that the element describes; empty where it is not known.
+  virtual std::string ModelPathOf(const XMLElement& /*e*/) const { return {}; }
 
  protected:
   using Counts = std::array<int, kProblemKinds>;

@@ -64,6 +64,10 @@ static_assert(IsInOrder(), "one row for each problem, in their order");
 
 }  // namespace
 
+const char* SeverityName(Severity severity) {
+  return severity == Severity::Error ? "error" : "warning";
+}
+
 std::span<const ProblemKind> ProblemKinds() {
   return kKinds;
 }

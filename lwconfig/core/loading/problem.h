@@ -65,6 +65,9 @@ struct ProblemKind {
   bool ConcernsLoaders = false;  // reported by any load, not only to an inspection
 };
 
+/// "warning" or "error".
+const char* SeverityName(Severity severity);
+
 /// Every kind of problem, in the order of `Problem`.
 std::span<const ProblemKind> ProblemKinds();
 const ProblemKind& KindOf(Problem problem);

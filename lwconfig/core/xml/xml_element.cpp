@@ -128,6 +128,12 @@ void XMLElement::PutAttribute(std::string_view name, std::string_view value) {
   xml_node(Node()).append_attribute(std::string(name).c_str()).set_value(value.data(), value.size());
 }
 
+std::optional<XMLElement> XMLElement::Parent() const {
+  const xml_node parent = xml_node(Node()).parent();
+  if (parent.type() != pugi::node_element) return std::nullopt;
+  return XMLElement(mDocument, parent.internal_object());
+}
+
 XMLElement XMLElement::AddElement(std::string_view name, std::string_view text) {
   CheckName(name, "element");
   CheckStorable(text);

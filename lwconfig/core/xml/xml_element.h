@@ -67,6 +67,8 @@ class XMLElement {
   XMLAttributes Attributes() const;
   /// The child elements, in the order of the file.
   XMLElements Children() const;
+  /// The element that this one is in; nothing for the document element.
+  std::optional<XMLElement> Parent() const;
 
   /// Appends an attribute. The value comes back exactly as it was set: control characters other than tab and
   /// line breaks are written as references too, which XML 1.0 does not provide for and this library reads.

@@ -5,6 +5,7 @@
 
 #include <lwconfig/automation/conversion.h>
 #include <lwconfig/automation/published.h>
+#include <lwconfig/checking/model_path.h>
 #include <lwconfig/core/base/letter_case.h>
 
 namespace lwconfig::tool {

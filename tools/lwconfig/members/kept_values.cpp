@@ -9,6 +9,7 @@
 #include <lwconfig/automation/contracts.h>
 #include <lwconfig/automation/conversion.h>
 #include <lwconfig/automation/member_facts.h>
+#include <lwconfig/checking/model_path.h>
 #include <lwconfig/transaction/transaction.h>
 
 namespace lwconfig::tool {

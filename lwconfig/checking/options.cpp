@@ -1,12 +1,11 @@
 #include <string>
 
-#include <tools/lwconfig/check/known_names.h>
-#include <tools/lwconfig/check/options.h>
-
+#include <lwconfig/checking/known_names.h>
+#include <lwconfig/checking/options.h>
 #include <lwconfig/core/base/nearest.h>
 #include <lwconfig/core/files/application_values.h>
 
-namespace lwconfig::tool {
+namespace lwconfig {
 
 void CheckOptions(Inspection& inspection, Root& root) {
   NameSet templates;
@@ -24,11 +23,13 @@ void CheckOptions(Inspection& inspection, Root& root) {
   for (const auto& [set, option] : options) {
     const std::string stored = GetAppValue(option.ValueName(), "", option.Section());
     if (stored.empty() || templates.Has(stored)) continue;
-    inspection.Report(Problem::UnknownTemplate, {},
-                      std::string("the option ") + set + "." + option.Name() + " names the template \"" +
-                          stored + "\"; there is none",
-                      [&] { return Nearest(stored, templates.Names()); });
+    const std::string path = std::string(set) + "." + option.Name();
+    Diagnostic problem;
+    problem.Message = "the option " + path + " names the template \"" + stored + "\"; there is none";
+    problem.Problem = Problem::UnknownTemplate;
+    problem.ModelPath = path;
+    inspection.Report(std::move(problem), [&] { return Nearest(stored, templates.Names()); });
   }
 }
 
-}  // namespace lwconfig::tool
+}  // namespace lwconfig

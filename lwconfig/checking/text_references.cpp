@@ -1,11 +1,10 @@
 #include <algorithm>
 #include <optional>
 
-#include <tools/lwconfig/check/text_references.h>
-
+#include <lwconfig/checking/text_references.h>
 #include <lwconfig/core/base/letter_case.h>
 
-namespace lwconfig::tool {
+namespace lwconfig {
 namespace {
 
 using Kinds = TextReference::Kinds;
@@ -87,4 +86,4 @@ std::vector<TextReference> FindTextReferences(std::string_view text) {
   return found;
 }
 
-}  // namespace lwconfig::tool
+}  // namespace lwconfig

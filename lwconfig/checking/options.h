@@ -3,10 +3,10 @@
 #include <lwconfig/core/loading/inspection.h>
 #include <lwconfig/root.h>
 
-namespace lwconfig::tool {
+namespace lwconfig {
 
 /// Tells of options that the user has set to the name of a template that the catalogue lacks. Defaults name
 /// templates of a whole installation and are left alone.
 void CheckOptions(Inspection& inspection, Root& root);
 
-}  // namespace lwconfig::tool
+}  // namespace lwconfig

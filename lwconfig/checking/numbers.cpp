@@ -3,18 +3,17 @@
 #include <string>
 #include <vector>
 
-#include <tools/lwconfig/check/rules.h>
-
 #include <lwconfig/automation/published.h>
+#include <lwconfig/checking/rules.h>
 #include <lwconfig/core/base/conversions.h>
 #include <lwconfig/core/loading/attribute_reader.h>
 
-namespace lwconfig::tool {
+namespace lwconfig {
 namespace {
 
 /// The numbers that stand for something in an attribute.
 struct Meanings {
-  tool::Part Part;
+  lwconfig::Part Part;
   const char* Element;  // null for every one
   const char* Attribute;
   std::set<std::int32_t> Numbers;
@@ -74,4 +73,4 @@ void CheckNumbers(const RuleInput& input) {
   });
 }
 
-}  // namespace lwconfig::tool
+}  // namespace lwconfig

@@ -7,7 +7,7 @@
 #include <lwconfig/core/base/keyed_collection.h>
 #include <lwconfig/root.h>
 
-namespace lwconfig::tool {
+namespace lwconfig {
 
 /// Names of one sort, found without regard to letter case.
 class NameSet {
@@ -36,4 +36,4 @@ struct KnownNames {
   NameSet Comments;
 };
 
-}  // namespace lwconfig::tool
+}  // namespace lwconfig

@@ -5,14 +5,13 @@
 #include <unordered_set>
 #include <vector>
 
-#include <tools/lwconfig/check/rules.h>
-
+#include <lwconfig/checking/rules.h>
 #include <lwconfig/core/base/nearest.h>
 #include <lwconfig/core/base/text.h>
 #include <lwconfig/core/loading/attribute_reader.h>
 #include <lwconfig/externaldocs/wildcard.h>
 
-namespace lwconfig::tool {
+namespace lwconfig {
 namespace {
 
 constexpr std::string_view kDelimiter = "%%";
@@ -137,4 +136,4 @@ void CheckPlaceholders(const RuleInput& input) {
   if (input.Part == Part::CommentFiles) CheckCommentFiles(input);
 }
 
-}  // namespace lwconfig::tool
+}  // namespace lwconfig

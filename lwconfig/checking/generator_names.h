@@ -1,6 +1,6 @@
 #pragma once
 
-namespace lwconfig::tool {
+namespace lwconfig {
 
 /// The placeholders that the generator fills by itself, besides the variables of a template. It may know
 /// more: these are the ones in the templates that page layouts get by default and in those of the starter
@@ -15,4 +15,4 @@ inline constexpr const char* kGeneratorNames[] = {
     "productname",    "projectgroupname",  "projectname",
 };
 
-}  // namespace lwconfig::tool
+}  // namespace lwconfig

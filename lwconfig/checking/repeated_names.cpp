@@ -1,12 +1,11 @@
 #include <string>
 
-#include <tools/lwconfig/check/rules.h>
-
+#include <lwconfig/checking/rules.h>
 #include <lwconfig/core/base/letter_case.h>
 #include <lwconfig/core/files/disk_file.h>
 #include <lwconfig/core/loading/attribute_reader.h>
 
-namespace lwconfig::tool {
+namespace lwconfig {
 namespace {
 
 /// Tells of an attribute whose value, in this part of the configuration, was met before.
@@ -56,4 +55,4 @@ void CheckRepeatedNames(const RuleInput& input) {
   }
 }
 
-}  // namespace lwconfig::tool
+}  // namespace lwconfig

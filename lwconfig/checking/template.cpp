@@ -2,14 +2,13 @@
 #include <string>
 #include <vector>
 
-#include <tools/lwconfig/check/rules.h>
-
+#include <lwconfig/checking/rules.h>
 #include <lwconfig/core/base/nearest.h>
 #include <lwconfig/core/base/text.h>
 #include <lwconfig/core/files/disk_file.h>
 #include <lwconfig/core/loading/attribute_reader.h>
 
-namespace lwconfig::tool {
+namespace lwconfig {
 namespace {
 
 struct NodePlace {
@@ -125,4 +124,4 @@ void CheckTemplate(const RuleInput& input) {
   if (input.Part == Part::Templates) TemplateCheck(input).Run();
 }
 
-}  // namespace lwconfig::tool
+}  // namespace lwconfig

@@ -1,16 +1,15 @@
 #include <bit>
 
-#include <tools/lwconfig/check/generator_names.h>
-#include <tools/lwconfig/check/rules.h>
-#include <tools/lwconfig/check/text_check.h>
-
+#include <lwconfig/checking/generator_names.h>
+#include <lwconfig/checking/rules.h>
+#include <lwconfig/checking/text_check.h>
 #include <lwconfig/core/base/nearest.h>
 #include <lwconfig/core/base/text.h>
 #include <lwconfig/core/base/unicode.h>
 #include <lwconfig/core/loading/attribute_reader.h>
 #include <lwconfig/externaldocs/external_docs.h>
 
-namespace lwconfig::tool {
+namespace lwconfig {
 namespace {
 
 using Kinds = TextReference::Kinds;
@@ -156,4 +155,4 @@ const std::string& TextCheck::SlipOf(const std::string& name) {
   return slip->second;
 }
 
-}  // namespace lwconfig::tool
+}  // namespace lwconfig

@@ -3,11 +3,10 @@
 #include <string>
 #include <vector>
 
-#include <tools/lwconfig/check/known_names.h>
-
+#include <lwconfig/checking/known_names.h>
 #include <lwconfig/core/loading/inspection.h>
 
-namespace lwconfig::tool {
+namespace lwconfig {
 
 /// The phrases, or the scraps, of a template in all its languages.
 class TemplateTexts {
@@ -40,4 +39,4 @@ class TemplateTexts {
   NameSet mNames;
 };
 
-}  // namespace lwconfig::tool
+}  // namespace lwconfig

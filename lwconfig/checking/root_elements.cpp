@@ -1,15 +1,14 @@
 #include <string>
 
-#include <tools/lwconfig/check/rules.h>
-
+#include <lwconfig/checking/rules.h>
 #include <lwconfig/core/base/letter_case.h>
 
-namespace lwconfig::tool {
+namespace lwconfig {
 namespace {
 
 /// The formats that have one name for their root element; the others take any.
 struct RootElement {
-  tool::Part Part;
+  lwconfig::Part Part;
   const char* Name;
 };
 
@@ -32,4 +31,4 @@ void CheckRootElement(const RuleInput& input) {
   }
 }
 
-}  // namespace lwconfig::tool
+}  // namespace lwconfig

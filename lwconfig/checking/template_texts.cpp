@@ -1,12 +1,11 @@
 #include <algorithm>
 #include <utility>
 
-#include <tools/lwconfig/check/template_texts.h>
-
+#include <lwconfig/checking/template_texts.h>
 #include <lwconfig/core/files/disk_file.h>
 #include <lwconfig/templates/phrases.h>
 
-namespace lwconfig::tool {
+namespace lwconfig {
 
 TemplateTexts::TemplateTexts(const Inspection& inspection, const std::string& rootFolder, const Sort& kind)
     : mKind(kind) {
@@ -37,4 +36,4 @@ void TemplateTexts::CompareLanguages(Inspection& inspection) const {
   }
 }
 
-}  // namespace lwconfig::tool
+}  // namespace lwconfig

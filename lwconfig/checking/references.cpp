@@ -3,13 +3,12 @@
 #include <string>
 #include <string_view>
 
-#include <tools/lwconfig/check/rules.h>
-
+#include <lwconfig/checking/rules.h>
 #include <lwconfig/core/base/nearest.h>
 #include <lwconfig/core/base/text.h>
 #include <lwconfig/core/loading/attribute_reader.h>
 
-namespace lwconfig::tool {
+namespace lwconfig {
 namespace {
 
 /// What the names in an attribute are names of.
@@ -28,11 +27,11 @@ constexpr Sort kFreeWords{nullptr, Problem::BlankInList, ""};
 enum class Form { One, List };
 
 struct Reference {
-  tool::Part Part;
+  lwconfig::Part Part;
   const char* Element;  // null for every one
   const char* Attribute;
   const Sort& Names;
-  tool::Form Form;
+  lwconfig::Form Form;
 };
 
 constexpr Reference kReferences[] = {
@@ -116,4 +115,4 @@ void CheckReferences(const RuleInput& input) {
   ReferenceCheck(input).Run();
 }
 
-}  // namespace lwconfig::tool
+}  // namespace lwconfig

@@ -4,7 +4,7 @@
 #include <string_view>
 #include <vector>
 
-namespace lwconfig::tool {
+namespace lwconfig {
 
 /// A name in a text of a template for which the generator puts in something else.
 struct TextReference {
@@ -19,4 +19,4 @@ struct TextReference {
 /// two delimiters may just as well be two percent signs each.
 std::vector<TextReference> FindTextReferences(std::string_view text);
 
-}  // namespace lwconfig::tool
+}  // namespace lwconfig

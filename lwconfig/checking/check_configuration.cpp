@@ -1,21 +1,25 @@
+#include <algorithm>
 #include <map>
 #include <string>
 #include <string_view>
 #include <system_error>
+#include <tuple>
+#include <unordered_map>
 #include <utility>
 #include <vector>
 
-#include <tools/lwconfig/check/check.h>
-#include <tools/lwconfig/check/options.h>
-#include <tools/lwconfig/check/rules.h>
-#include <tools/lwconfig/check/text_check.h>
-#include <tools/lwconfig/configuration.h>
-
+#include <lwconfig/checking/check_configuration.h>
+#include <lwconfig/checking/model_path.h>
+#include <lwconfig/checking/options.h>
+#include <lwconfig/checking/rules.h>
+#include <lwconfig/checking/text_check.h>
+#include <lwconfig/configuration_scope.h>
 #include <lwconfig/core/files/application_values.h>
 #include <lwconfig/core/files/disk_file.h>
 #include <lwconfig/platform/registry.h>
+#include <lwconfig/root.h>
 
-namespace lwconfig::tool {
+namespace lwconfig {
 namespace {
 
 constexpr void (*kRules[])(const RuleInput&) = {CheckRootElement, CheckReferences,    CheckNumbers,
@@ -28,29 +32,38 @@ bool IsFolder(const std::string& path) {
   return folder.IsFolder();
 }
 
+/// Drops the shared objects at both ends.
+struct FreshObjects {
+  FreshObjects() { ResetSharedSlots(); }
+  ~FreshObjects() { ResetSharedSlots(); }
+  FreshObjects(const FreshObjects&) = delete;
+  FreshObjects& operator=(const FreshObjects&) = delete;
+};
+
 class Checker {
  public:
-  explicit Checker(Report& report)
-      : mReport(report),
-        mInspection(
-            [&report](const Diagnostic& problem) { report.Add(problem); },
+  Checker()
+      : mInspection(
+            [this](const Diagnostic& problem) { mResult.Problems.push_back(problem); },
             [this](const std::string& file, const XMLElement& root) { Inspect(file, root); },
-            [this](const std::string& file, std::string_view text) { mTexts.emplace_back(file, text); }) {}
+            [this](const std::string& file, std::string_view text) { mTexts.emplace_back(file, text); },
+            ModelPathOf) {}
 
-  void Run(const std::string& folder, Reporter& reporter) {
+  CheckResult Run(const std::string& folder) {
     mHasOptions = CanRead(Hive::CurrentUser);
-    // The machine's hive names the configuration folder.
-    const bool isRegistered = CanRead(Hive::LocalMachine);
-    try {
-      if (isRegistered || !folder.empty()) CheckParts(Configuration(folder, reporter).Root());
-    } catch (const Error& failure) {
-      if (failure.Number() == kPathNotFound) {
-        mInspection.Report(Problem::MissingFolder, failure.Position(), failure.Description());
-      } else {
-        mInspection.Report(failure);
-      }
+    const bool isRegistered = CanRead(Hive::LocalMachine);  // its hive names the configuration folder
+    if (!folder.empty()) {
+      const ConfigurationScope scope(folder);
+      CheckParts();
+    } else if (isRegistered) {
+      if (ConfigPath().empty()) throw Error(kPathNotFound, "No configuration is registered");
+      const FreshObjects fresh;
+      CheckParts();
     }
-    mReport.Close(mInspection);
+    mResult.Files = mInspection.Files().size();
+    for (Diagnostic& rest : mInspection.Rests()) mResult.Problems.push_back(std::move(rest));
+    SortProblems();
+    return std::move(mResult);
   }
 
  private:
@@ -97,6 +110,17 @@ class Checker {
     return false;
   }
 
+  void SortProblems() {
+    std::unordered_map<std::string, std::size_t> order;
+    for (const std::string& file : mInspection.Files()) order.emplace(file, order.size() + 1);
+    const auto key = [&](const Diagnostic& problem) {
+      const auto file = order.find(problem.Position.File);
+      return std::tuple(file != order.end() ? file->second : 0, problem.Count > 1, problem.Position.Line,
+                        problem.Position.Column);
+    };
+    std::ranges::stable_sort(mResult.Problems, {}, key);
+  }
+
   /// Loads one part. What does not come with a place in a file is told with that of `folder`.
   template <class Load>
   void Check(Part part, const std::string& folder, Load load) {
@@ -105,7 +129,8 @@ class Checker {
   }
 
   /// What others refer to comes first.
-  void CheckParts(Root& root) {
+  void CheckParts() {
+    Root root;
     const std::string folder = ConfigPath();
     if (!Has(folder, "nothing is loaded")) return;
     TellFoldersForFiles(folder);
@@ -141,7 +166,7 @@ class Checker {
       const std::string path = folder + "\\" + name;
       if (IsFolder(path))
         mInspection.Report(Problem::MissingConfig, {path, 0, 0},
-                         "this is a folder, which is not read as a file");
+                           "this is a folder, which is not read as a file");
     }
   }
 
@@ -183,7 +208,7 @@ class Checker {
            EqualIgnoringCase(extension, "htm");
   }
 
-  Report& mReport;
+  CheckResult mResult;
   CheckContext mContext;
   Part mPart = Part::Namespaces;
   bool mHasOptions = false;
@@ -195,10 +220,14 @@ class Checker {
 
 }  // namespace
 
-Report CheckConfiguration(const std::string& folder, Reporter& reporter) {
-  Report report;
-  Checker(report).Run(folder, reporter);
-  return report;
+bool CheckResult::HasErrors() const {
+  return std::ranges::any_of(Problems, [](const Diagnostic& problem) {
+    return KindOf(problem.Problem).Severity == Severity::Error;
+  });
 }
 
-}  // namespace lwconfig::tool
+CheckResult CheckConfiguration(const std::string& folder) {
+  return Checker().Run(folder);
+}
+
+}  // namespace lwconfig

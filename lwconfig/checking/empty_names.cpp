@@ -1,10 +1,9 @@
 #include <string_view>
 
-#include <tools/lwconfig/check/rules.h>
-
+#include <lwconfig/checking/rules.h>
 #include <lwconfig/core/loading/attribute_reader.h>
 
-namespace lwconfig::tool {
+namespace lwconfig {
 namespace {
 
 void CheckValue(const RuleInput& input, const XMLElement& e, const char* attribute,
@@ -26,4 +25,4 @@ void CheckEmptyNames(const RuleInput& input) {
   }
 }
 
-}  // namespace lwconfig::tool
+}  // namespace lwconfig

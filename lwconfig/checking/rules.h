@@ -5,12 +5,11 @@
 #include <map>
 #include <string>
 
-#include <tools/lwconfig/check/known_names.h>
-
+#include <lwconfig/checking/known_names.h>
 #include <lwconfig/core/loading/inspection.h>
 #include <lwconfig/core/xml/xml_element.h>
 
-namespace lwconfig::tool {
+namespace lwconfig {
 
 /// What the rules know besides the file that they look at.
 struct CheckContext {
@@ -36,7 +35,7 @@ enum class Part {
 struct RuleInput {
   lwconfig::Inspection& Inspection;
   CheckContext& Context;
-  tool::Part Part;
+  lwconfig::Part Part;
   const std::string& File;
   const XMLElement& Root;
 };
@@ -82,4 +81,4 @@ void ForEachElement(const XMLElement& root, Visit visit) {
   }
 }
 
-}  // namespace lwconfig::tool
+}  // namespace lwconfig

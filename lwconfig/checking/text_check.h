@@ -6,14 +6,13 @@
 #include <string_view>
 #include <vector>
 
-#include <tools/lwconfig/check/known_names.h>
-#include <tools/lwconfig/check/template_texts.h>
-#include <tools/lwconfig/check/text_references.h>
-
+#include <lwconfig/checking/known_names.h>
+#include <lwconfig/checking/template_texts.h>
+#include <lwconfig/checking/text_references.h>
 #include <lwconfig/core/loading/inspection.h>
 #include <lwconfig/core/xml/xml_element.h>
 
-namespace lwconfig::tool {
+namespace lwconfig {
 
 /// Tells of references to nothing in the texts of a template: phrases and scraps that no language has, and
 /// placeholders that are a slip of one that is filled. Of other placeholders nobody but the generator knows
@@ -53,4 +52,4 @@ class TextCheck {
   std::map<std::string, std::string> mSlips;  // the results of `SlipOf`
 };
 
-}  // namespace lwconfig::tool
+}  // namespace lwconfig
