@@ -3,6 +3,7 @@
 
 #include <pybind11/pybind11.h>
 #include <python/collections.h>
+#include <python/configurations.h>
 #include <python/events.h>
 #include <python/failures.h>
 #include <python/objects.h>
@@ -93,6 +94,7 @@ PYBIND11_MODULE(_lwconfig, module) {
   AddConnections(module);
   AddTypes(module);
   AddEnumerations(module);
+  AddConfigurations(module);
   module.def(
       "set_message_box_handler", &SetMessageBoxHandler, py::arg("handler").none(true),
       "Calls handler(title, text, icon) for every message box of the library; None restores the default.");

@@ -53,6 +53,65 @@ def set_message_box_handler(handler: Callable[[str, str, int], object] | None) -
 def NativePath(path: str | PathLike[str]) -> str:
     """The path of this system for a path in the product's notation."""
 
+class Problem:
+    """One thing that is wrong with a configuration, or a summary of `count` more of its kind in the file."""
+
+    @property
+    def code(self) -> str:
+        """The kind of problem, such as "unknown-layout"."""
+    @property
+    def severity(self) -> Literal["error", "warning"]: ...
+    @property
+    def file(self) -> str | None: ...
+    @property
+    def line(self) -> int | None:
+        """From 1, as the column."""
+    @property
+    def column(self) -> int | None: ...
+    @property
+    def path(self) -> str | None:
+        """The object concerned, such as "PageTemplates[House]", where it is known."""
+    @property
+    def message(self) -> str: ...
+    @property
+    def suggestion(self) -> str | None:
+        """The text that was most likely meant."""
+    @property
+    def count(self) -> int: ...
+
+def check(folder: str | PathLike[str] | None = None) -> list[Problem]:
+    """Loads the whole configuration in a folder, or the registered one, and finds what is wrong with it.
+    `FileNotFoundError` for a folder that does not exist, and where none is registered."""
+
+class _Configuration:
+    def __enter__(self) -> Root: ...
+    def __exit__(
+        self, kind: type[BaseException] | None, value: BaseException | None, trace: TracebackType | None
+    ) -> None: ...
+
+def configuration(folder: str | PathLike[str]) -> _Configuration:
+    """A `with` block in which this process works on the configuration in a folder, whatever is registered. It
+    gives a new `Root`. `FileNotFoundError` for a folder that does not exist. Blocks nest."""
+
+class Transaction:
+    """Everything that is saved in the block, files and registry values, is written together at its end. After an
+    exception nothing is; then, and after `roll_back`, objects are loaded anew on their next use."""
+
+    def __enter__(self) -> Transaction: ...
+    def __exit__(
+        self, kind: type[BaseException] | None, value: BaseException | None, trace: TracebackType | None
+    ) -> None: ...
+    def difference(self) -> str:
+        """The changes so far as a unified diff."""
+    def commit(self) -> None:
+        """Writes the changes now. Error 70, a `PermissionError`, for a file or value that was changed elsewhere
+        since it was first read here; nothing is written then. Later saves are written at once."""
+    def roll_back(self) -> None:
+        """Drops the changes. Later saves are written at once."""
+
+def transaction() -> Transaction:
+    """A transaction for a `with` block. Blocks nest."""
+
 class PageTypeEnum(IntEnum):
     """Kinds of page: a standard page not tied to a kind of code element, or one produced per code element."""
 

@@ -8,6 +8,7 @@ import enum
 import gc
 import os
 import pathlib
+import shutil
 import pickle
 import pydoc
 import subprocess
@@ -428,6 +429,78 @@ class Providers(ConfigurationTest):
         gc.collect()
         self.assertEqual(id(comment.Tag), identity)
         self.assertEqual(published.VerifyMoniker(comment.Tag, "m", ""), (False, " refused"))
+
+
+class Configurations(ConfigurationTest):
+    def other(self) -> pathlib.Path:
+        other = self.config.parent / "other"
+        shutil.copytree(self.config, other)
+        (other / "Templates/Manual/config.xml").write_text(TEMPLATE.replace("Manual", "Other"))
+        return other
+
+    def test_a_folder_is_checked_by_itself(self) -> None:
+        other = self.other()
+        (other / "Templates/Manual/config.xml").write_text('<PageTemplate Name="T" Description="" Suports=""/>')
+        [problem] = [problem for problem in lwconfig.check(other) if problem.code == "unread-attribute"]
+        self.assertEqual(
+            (problem.severity, problem.file, problem.line, problem.column, problem.path, problem.suggestion),
+            ("warning", str(other / "Templates/Manual/config.xml"), 1, 39, "PageTemplates[T]", "Supports"))
+        self.assertRegex(repr(problem), r"^<lwconfig.Problem .*config.xml:1:39: nothing reads .*\[unread-attribute\]>$")
+        self.assertFalse([problem for problem in lwconfig.check() if problem.code == "unread-attribute"])
+        for folder in (other / "missing", ""):
+            with self.assertRaises(FileNotFoundError):
+                lwconfig.check(folder)
+            with self.assertRaises(FileNotFoundError), lwconfig.configuration(folder):
+                self.fail("it was opened")
+
+    def test_a_folder_is_opened_by_itself(self) -> None:
+        other = self.other()
+        outer = lwconfig.configuration(other)
+        with outer as root:
+            self.assertEqual(root.PageTemplates[0].Name, "Other")
+            with lwconfig.configuration(self.config) as inner:
+                self.assertEqual(inner.PageTemplates[0].Name, "Manual")
+                with self.assertRaises(lwconfig.Error):
+                    outer.__exit__(None, None, None)
+        self.assertEqual(self.root.PageTemplates[0].Name, "Manual")
+
+    def test_a_transaction_writes_all_or_nothing(self) -> None:
+        file = self.config / "Templates/Manual/config.xml"
+        before = file.read_text()
+
+        def change(description: str) -> None:
+            template = self.root.PageTemplates["Manual"]
+            assert template is not None
+            template.Description = description
+            self.root.PageTemplates.SaveTemplate(template)
+            self.root.VBOptions.WrapCharacters = 33
+
+        def stored() -> tuple[bool, int, str]:
+            template = self.root.PageTemplates["Manual"]
+            assert template is not None
+            return file.read_text() == before, self.root.VBOptions.WrapCharacters, template.Description
+
+        untouched = stored()
+        with self.assertRaises(ZeroDivisionError), lwconfig.transaction():
+            change("failed")
+            1 / 0
+        self.assertEqual(stored(), untouched)
+        with lwconfig.transaction() as transaction:
+            change("dropped")
+            self.assertIn('+', transaction.difference())
+            transaction.roll_back()
+        self.assertEqual(stored(), untouched)
+        with self.assertRaises(PermissionError) as raised, lwconfig.transaction():
+            change("late")
+            file.write_text(before.replace("Manual", "Foreign"))
+        self.assertIn("config.xml", str(raised.exception))
+        self.assertIn("Foreign", file.read_text())
+        file.write_text(before)
+        self.root.ResetLWConfig()
+        with lwconfig.transaction():
+            change("kept")
+            self.assertEqual(file.read_text(), before)
+        self.assertEqual(stored(), (False, 33, "kept"))
 
 
 class Shutdown(unittest.TestCase):

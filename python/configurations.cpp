@@ -1,0 +1,191 @@
+#include <memory>
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include <python/configurations.h>
+#include <python/failures.h>
+#include <python/values.h>
+
+#include <lwconfig/checking/check_configuration.h>
+#include <lwconfig/configuration_scope.h>
+#include <lwconfig/core/files/disk_file.h>
+#include <lwconfig/transaction/transaction.h>
+
+namespace py = pybind11;
+
+namespace lwconfig::python {
+namespace {
+
+py::object TextOrNone(const std::string& text) {
+  return text.empty() ? py::object(py::none()) : py::object(ToPythonText(text));
+}
+
+py::object NumberOrNone(std::int32_t number) {
+  return number > 0 ? py::object(py::int_(number)) : py::none();
+}
+
+py::object FileOf(const Diagnostic& problem) {
+  const std::string& file = problem.Position.File;
+  return TextOrNone(file.empty() ? file : NativePath(file));
+}
+
+py::str Representation(const Diagnostic& problem) {
+  std::string place = problem.Position.File.empty() ? "" : NativePath(problem.Position.File) + ":";
+  if (problem.Position.Line > 0)
+    place += std::to_string(problem.Position.Line) + ":" + std::to_string(problem.Position.Column) + ":";
+  return ToPythonText("<lwconfig.Problem " + place + (place.empty() ? "" : " ") + problem.Message + " [" +
+                      KindOf(problem.Problem).Code + "]>");
+}
+
+void AddProblems(py::module_& module) {
+  const auto kind = [](const Diagnostic& problem) -> const ProblemKind& { return KindOf(problem.Problem); };
+  py::class_<Diagnostic>(module, "Problem")
+      .def_property_readonly("code", [kind](const Diagnostic& problem) { return kind(problem).Code; })
+      .def_property_readonly(
+          "severity", [kind](const Diagnostic& problem) { return SeverityName(kind(problem).Severity); })
+      .def_property_readonly("file", &FileOf)
+      .def_property_readonly("line",
+                             [](const Diagnostic& problem) { return NumberOrNone(problem.Position.Line); })
+      .def_property_readonly("column",
+                             [](const Diagnostic& problem) { return NumberOrNone(problem.Position.Column); })
+      .def_property_readonly("path", [](const Diagnostic& problem) { return TextOrNone(problem.ModelPath); })
+      .def_property_readonly("message",
+                             [](const Diagnostic& problem) { return ToPythonText(problem.Message); })
+      .def_property_readonly("suggestion",
+                             [](const Diagnostic& problem) { return TextOrNone(problem.Suggestion); })
+      .def_readonly("count", &Diagnostic::Count)
+      .def("__repr__", &Representation);
+}
+
+std::string FolderFrom(py::handle folder) {
+  std::string path = FromPythonPath(folder);
+  if (path.empty()) throw Error(kPathNotFound, "The name of the folder is empty");
+  return path;
+}
+
+py::list Check(const py::object& folder) {
+  py::list problems;
+  for (Diagnostic& problem :
+       CheckConfiguration(folder.is_none() ? std::string() : FolderFrom(folder)).Problems)
+    problems.append(std::move(problem));
+  return problems;
+}
+
+/// A `with` block over a scope of the library. Scopes replace services of the process, so that they close in
+/// the reverse order of their opening.
+template <class Scope>
+class Block {
+ public:
+  ~Block() {
+    // An interpreter that ends does not leave its blocks in order.
+    if (mScope && !IsInnermost()) (void)mScope.release();
+    if (mScope) Leave();
+  }
+
+  template <class... Arguments>
+  Scope& Enter(Arguments&&... arguments) {
+    if (mScope) throw Error(kInvalidCall, "The block is entered already");
+    mScope = std::make_unique<Scope>(std::forward<Arguments>(arguments)...);
+    OpenScopes().push_back(mScope.get());
+    return *mScope;
+  }
+  void Leave() {
+    CheckInnermost();
+    OpenScopes().pop_back();
+    mScope.reset();
+  }
+  Scope& Open() const {
+    if (!mScope) throw Error(kInvalidCall, "The block is not entered, or left");
+    return *mScope;
+  }
+  void CheckInnermost() const {
+    if (Open(); !IsInnermost()) throw Error(kInvalidCall, "A block inside this one is open");
+  }
+
+ private:
+  static std::vector<void*>& OpenScopes();
+  bool IsInnermost() const { return OpenScopes().back() == mScope.get(); }
+
+  std::unique_ptr<Scope> mScope;
+};
+
+std::vector<void*>& AllOpenScopes() {
+  static std::vector<void*> scopes;
+  return scopes;
+}
+
+template <class Scope>
+std::vector<void*>& Block<Scope>::OpenScopes() {
+  return AllOpenScopes();
+}
+
+class ConfigurationBlock : public Block<ConfigurationScope> {
+ public:
+  explicit ConfigurationBlock(std::string folder) : mFolder(std::move(folder)) {}
+  py::object EnterRoot() {
+    Enter(mFolder);
+    return py::module_::import("lwconfig").attr("Root")();
+  }
+
+ private:
+  std::string mFolder;
+};
+
+class TransactionBlock : public Block<Transaction> {
+ public:
+  void Commit() {
+    CheckInnermost();
+    Open().Commit();
+  }
+  void RollBack() {
+    CheckInnermost();
+    Open().RollBack();
+  }
+  /// Commits, or after an exception rolls back. A commit that fails leaves everything as it was.
+  void Exit(bool isFailing) {
+    CheckInnermost();
+    try {
+      if (Open().IsOpen()) isFailing ? Open().RollBack() : Open().Commit();
+    } catch (const Error&) {
+      Open().RollBack();
+      Leave();
+      throw;
+    }
+    Leave();
+  }
+};
+
+}  // namespace
+
+void AddConfigurations(py::module_& module) {
+  AddProblems(module);
+  module.def("check", &Check, py::arg("folder") = py::none(),
+             "The problems of the configuration in a folder, or of the registered one, as a list.");
+  py::class_<ConfigurationBlock>(module, "_Configuration")
+      .def("__enter__", &ConfigurationBlock::EnterRoot)
+      .def("__exit__", [](ConfigurationBlock& self, const py::args&) { self.Leave(); });
+  module.def(
+      "configuration",
+      [](py::handle folder) { return std::make_unique<ConfigurationBlock>(FolderFrom(folder)); },
+      py::arg("folder"), "A with block in which this process works on the configuration in a folder.");
+  py::class_<TransactionBlock>(module, "Transaction")
+      .def("__enter__",
+           [](const py::object& self) {
+             self.cast<TransactionBlock&>().Enter();
+             return self;
+           })
+      .def("__exit__", [](TransactionBlock& self, const py::object& kind, const py::object&,
+                          const py::object&) { self.Exit(!kind.is_none()); })
+      .def(
+          "difference", [](const TransactionBlock& self) { return ToPythonText(self.Open().Difference()); },
+          "The changes as a unified diff.")
+      .def("commit", &TransactionBlock::Commit, "Writes the changes now; what follows is saved at once.")
+      .def("roll_back", &TransactionBlock::RollBack, "Drops the changes; what follows is saved at once.");
+  module.def(
+      "transaction", [] { return std::make_unique<TransactionBlock>(); },
+      "A with block in which everything that is saved is written together at its end, or not at all.");
+}
+
+}  // namespace lwconfig::python
