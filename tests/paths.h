@@ -6,6 +6,8 @@ namespace lwconfig::testing {
 extern const char* const kCommandPath;
 /// The folder of the conformance script and its transcript.
 extern const char* const kConformanceFolder;
+/// The folder of the sessions with the command.
+extern const char* const kSessionsFolder;
 /// The record of the published interface.
 extern const char* const kPublishedInterface;
 /// The folder of the guides.

@@ -447,7 +447,7 @@ class Configurations(ConfigurationTest):
             ("warning", str(other / "Templates/Manual/config.xml"), 1, 39, "PageTemplates[T]", "Supports"))
         self.assertRegex(repr(problem), r"^<lwconfig.Problem .*config.xml:1:39: nothing reads .*\[unread-attribute\]>$")
         self.assertFalse([problem for problem in lwconfig.check() if problem.code == "unread-attribute"])
-        for folder in (other / "missing", ""):
+        for folder in (str(other / "missing"), ""):
             with self.assertRaises(FileNotFoundError):
                 lwconfig.check(folder)
             with self.assertRaises(FileNotFoundError), lwconfig.configuration(folder):
@@ -483,7 +483,7 @@ class Configurations(ConfigurationTest):
         untouched = stored()
         with self.assertRaises(ZeroDivisionError), lwconfig.transaction():
             change("failed")
-            1 / 0
+            raise ZeroDivisionError
         self.assertEqual(stored(), untouched)
         with lwconfig.transaction() as transaction:
             change("dropped")

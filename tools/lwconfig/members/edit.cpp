@@ -76,13 +76,13 @@ void Editor::SetMember(const MemberPath& path, const Way& way, const MemberPath&
         .Numbered(member.Method != nullptr ? automation::kNoSuchMember : automation::kReadOnlyProperty)
         .At(path.Text, last.Offset);
   }
-  mKeeper.Note(way);
+  mKeeper.RequireKept(way);
   RefuseKey(way, member, value);
   mKeeper.RefuseUnwritable(way, value);
   const automation::TypeInfo& type = slot->ParameterList[0].Type;
   Variant typed = Typed(value, type);
   if (!HasMeaning(typed, type) && !IsAccepted(way, member, typed)) throw NoValue(value, type).At(value, 0);
-  mValues.Set(whole, way, member, std::move(typed), std::move(place));
+  if (mValues.Set(whole, way, member, std::move(typed), std::move(place))) mKeeper.Note(way);
 }
 
 /// Whether a value without a meaning can be set all the same: that which is there, and that which a new

@@ -61,7 +61,7 @@ bool Keeper::IsKeptAtOnce(const Way& way) const {
   return !mModel.IsNamed(way) && owner != way.rend() && Find(*owner)->How == Kept::AtOnce;
 }
 
-void Keeper::Note(const Way& way) {
+void Keeper::RequireKept(const Way& way) const {
   if (mModel.IsNamed(way)) return;
   const auto owner = FindOwner(way);
   if (owner == way.rend()) FailUnkept(way.back(), " is not kept in any file");
@@ -72,7 +72,13 @@ void Keeper::Note(const Way& way) {
     throw Fault(ExitStatus::Invalid,
                 "the configuration could not be read as a whole; saving it could lose what was not read");
   }
-  if (std::ranges::find(mChanged, *owner) == mChanged.end()) mChanged.push_back(*owner);
+}
+
+void Keeper::Note(const Way& way) {
+  RequireKept(way);
+  if (mModel.IsNamed(way) || IsKeptAtOnce(way)) return;
+  const AnyObject& owner = *FindOwner(way);
+  if (std::ranges::find(mChanged, owner) == mChanged.end()) mChanged.push_back(owner);
 }
 
 void Keeper::RefuseUnwritable(const Way& way, const std::string& text) const {

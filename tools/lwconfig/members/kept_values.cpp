@@ -72,7 +72,7 @@ std::optional<std::string> KeptValues::Read(const Value& value) {
   return held ? std::optional(KeyText(*held)) : std::nullopt;
 }
 
-void KeptValues::Set(const MemberPath& path, const Way& way, const ClassInfo::Member& member, Variant wanted,
+bool KeptValues::Set(const MemberPath& path, const Way& way, const ClassInfo::Member& member, Variant wanted,
                      SetPlace place) {
   const bool isObject = std::holds_alternative<AnyObject>(wanted);
   Value value{path, way, member.Name, std::move(place), isObject, mKeeper.IsKeptAtOnce(way)};
@@ -85,11 +85,12 @@ void KeptValues::Set(const MemberPath& path, const Way& way, const ClassInfo::Me
     value.Shown = isObject ? value.WantedText : ValueText(wanted, member.Get->Result);
   }
   value.ChangesOthers = SetsOthers(way.back(), member, std::move(wanted));
-  if (!isChecked || value.BeforeText == value.WantedText) return;
-  const auto now = Read(value);
-  if (!now) return;
-  value.SetText = *now;
-  mValues.push_back(std::move(value));
+  const bool isAnother = value.BeforeText != value.WantedText;
+  if (const auto now = Read(value); isChecked && isAnother && now) {
+    value.SetText = *now;
+    mValues.push_back(value);
+  }
+  return !isChecked || isAnother || value.ChangesOthers;
 }
 
 void KeptValues::NoteText(const MemberPath& path, const Way& way, const std::string& text, SetPlace place) {

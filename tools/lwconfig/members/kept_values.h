@@ -22,8 +22,8 @@ class KeptValues {
  public:
   KeptValues(Model& model, Keeper& keeper) : mModel(model), mKeeper(keeper) {}
 
-  /// Sets the property. `path` leads to it, through the objects of `way`.
-  void Set(const MemberPath& path, const Way& way, const automation::ClassInfo::Member& member,
+  /// Sets the property; whether that changes anything. `path` leads to it, through the objects of `way`.
+  bool Set(const MemberPath& path, const Way& way, const automation::ClassInfo::Member& member,
            Variant wanted, SetPlace place);
   /// Notes a text that was added to the collection, the last object of `way`, to which `path` leads.
   void NoteText(const MemberPath& path, const Way& way, const std::string& text, SetPlace place);
