@@ -224,9 +224,13 @@ TEST_F(DispatchTest, ByReferenceArgumentsComeBack) {
     }
   };
   std::vector<Variant> moniker{std::string("x.dll"), std::string("Sorry: ")};
+  Variant named = moniker[1];
+  const NamedArgument message{"MESSAGE", &named};
   const AnyObject provider = ToAnyObject<INamespaceProvider>(std::make_shared<Provider>());
   EXPECT_EQ(Invoke(provider, "VerifyMoniker", kCall, {moniker}), Variant(false));
   EXPECT_EQ(moniker[1], Variant(std::string("Sorry: x.dll is no file")));
+  Invoke(provider, "VerifyMoniker", kCall, {std::span(moniker).first(1), std::span(&message, 1)});
+  EXPECT_EQ(named, moniker[1]);
 }
 
 TEST_F(DispatchTest, PropertiesHaveTheirNewValueWhenTheOldOneEnds) {

@@ -1,4 +1,3 @@
-#include <array>
 #include <filesystem>
 #include <regex>
 #include <stdexcept>
@@ -12,7 +11,7 @@ constexpr IID kNoId{};
 constexpr const wchar_t* kErrorClass = L"{5D1C2A34-8A0E-4F51-9B6E-210C7D33F401}";
 
 const std::wstring kErrorComponent = L"Software\\Classes\\CorvaError.Error";
-constexpr const wchar_t* kProduct = L"Software\\Corvantis\\Lexiwend4";
+constexpr const wchar_t* kProduct = L"Software\\WOW6432Node\\Corvantis\\Lexiwend4";
 
 /// Elsewhere the registry holds somebody's own settings.
 void RequireWine() {
@@ -20,13 +19,9 @@ void RequireWine() {
     throw std::runtime_error("The clients' tests replace what is registered: they run under wine only");
 }
 
-void SetText(const std::wstring& key, REGSAM view, const wchar_t* name, const std::wstring& text) {
-  HKEY opened = nullptr;
-  ::RegCreateKeyExW(HKEY_LOCAL_MACHINE, key.c_str(), 0, nullptr, 0, KEY_WRITE | view, nullptr, &opened,
-                    nullptr);
-  ::RegSetValueExW(opened, name, 0, REG_SZ, reinterpret_cast<const BYTE*>(text.c_str()),
-                   static_cast<DWORD>((text.size() + 1) * sizeof(wchar_t)));
-  ::RegCloseKey(opened);
+void SetText(const std::wstring& key, const wchar_t* name, const std::wstring& text) {
+  ::RegSetKeyValueW(HKEY_LOCAL_MACHINE, key.c_str(), name, REG_SZ, text.c_str(),
+                    static_cast<DWORD>((text.size() + 1) * sizeof(wchar_t)));
 }
 
 }  // namespace
@@ -38,24 +33,6 @@ std::wstring Wide(std::string_view utf8) {
 std::string Utf8(std::wstring_view text) {
   const std::u8string utf8 = std::filesystem::path(text).u8string();
   return {utf8.begin(), utf8.end()};
-}
-
-Value Value::Zero(VARTYPE type) {
-  Value value;
-  value.vt = type;
-  return value;
-}
-
-Value Value::Missing() {
-  Value value = Zero(VT_ERROR);
-  value.scode = DISP_E_PARAMNOTFOUND;
-  return value;
-}
-
-Value Value::Reference(Value& to) {
-  Value value = Zero(VT_VARIANT | VT_BYREF);
-  value.pvarVal = &to;
-  return value;
 }
 
 std::string Value::Describe() const {
@@ -72,7 +49,7 @@ std::string Value::Describe() const {
     case VT_R8:
       return "number " + std::to_string(dblVal);
     case VT_BSTR:
-      return "text \"" + Utf8(Text()) + "\"";
+      return bstrVal == nullptr ? "null" : "text \"" + Utf8(Text()) + "\"";
     case VT_DISPATCH:
       return pdispVal == nullptr ? "null" : "object (" + ClassOf(pdispVal) + ")";
     case VT_UNKNOWN:
@@ -89,22 +66,10 @@ std::string Outcome::Describe() const {
 }
 
 std::int32_t NumberOf(HRESULT code) {
-  static constexpr std::array<std::pair<HRESULT, std::int32_t>, 9> kNumbers{
-      {{DISP_E_UNKNOWNNAME, 438},
-       {DISP_E_MEMBERNOTFOUND, 438},
-       {DISP_E_TYPEMISMATCH, 13},
-       {DISP_E_OVERFLOW, 6},
-       {DISP_E_BADPARAMCOUNT, 450},
-       {DISP_E_PARAMNOTOPTIONAL, 449},
-       {DISP_E_PARAMNOTFOUND, 448},
-       {DISP_E_NONAMEDARGS, 446},
-       {CLASS_E_CLASSNOTAVAILABLE, 429}}};
   if (SUCCEEDED(code)) return 0;
   if (HRESULT_FACILITY(code) == FACILITY_CONTROL) return HRESULT_CODE(code);
-  for (const auto& [known, number] : kNumbers) {
-    if (known == code) return number;
-  }
-  return code;
+  if (code == DISP_E_UNKNOWNNAME || code == DISP_E_MEMBERNOTFOUND) return 438;
+  return code == CLASS_E_CLASSNOTAVAILABLE ? 429 : code;
 }
 
 Outcome Ended(HRESULT code) {
@@ -236,7 +201,7 @@ HRESULT Server::Create(REFCLSID id, Object& object) const {
 }
 
 HRESULT ForeignObject::QueryInterface(REFIID id, void** object) {
-  const bool isKnown = id == __uuidof(IUnknown) || id == __uuidof(IDispatch) || id == mEvents;
+  const bool isKnown = id == __uuidof(IUnknown) || id == __uuidof(IDispatch);
   *object = isKnown ? this : nullptr;
   if (isKnown) AddRef();
   return isKnown ? S_OK : E_NOINTERFACE;
@@ -257,10 +222,6 @@ HRESULT ForeignObject::Invoke(DISPID id, REFIID /*interfaceId*/, LCID /*locale*/
   return S_OK;
 }
 
-Object NewForeign(ForeignObject::Handler handler, const IID& events) {
-  return new ForeignObject(std::move(handler), events);
-}
-
 Connected::Connected(IDispatch* object, ForeignObject::Handler handler) {
   ComPtr<IProvideClassInfo2> described;
   ComPtr<IConnectionPointContainer> container;
@@ -268,12 +229,12 @@ Connected::Connected(IDispatch* object, ForeignObject::Handler handler) {
       SUCCEEDED(object->QueryInterface(IID_PPV_ARGS(&container))) &&
       SUCCEEDED(described->GetGUID(GUIDKIND_DEFAULT_SOURCE_DISP_IID, &mSource)) &&
       SUCCEEDED(container->FindConnectionPoint(mSource, &mPoint)))
-    mPoint->Advise(NewForeign(std::move(handler), mSource).Get(), &mCookie);
+    mPoint->Advise(Object(new ForeignObject(std::move(handler))).Get(), &mCookie);
 }
 
 ErrorComponent::ErrorComponent() {
   RequireWine();
-  SetText(kErrorComponent + L"\\CLSID", 0, nullptr, kErrorClass);
+  SetText(kErrorComponent + L"\\CLSID", nullptr, kErrorClass);
   CLSID id{};
   ::CLSIDFromString(kErrorClass, &id);
   ::CoRegisterClassObject(id, this, CLSCTX_INPROC_SERVER, REGCLS_MULTIPLEUSE, &mRegistration);
@@ -291,19 +252,18 @@ HRESULT ErrorComponent::QueryInterface(REFIID id, void** object) {
 }
 
 HRESULT ErrorComponent::CreateInstance(IUnknown* /*outer*/, REFIID id, void** object) {
-  return NewForeign([this](DISPID, const DISPPARAMS& arguments) {
-           for (UINT at = 0; at < arguments.cArgs; ++at) {
-             if (arguments.rgvarg[at].vt == VT_BSTR) mReports.emplace_back(arguments.rgvarg[at].bstrVal);
-           }
-         })
-      ->QueryInterface(id, object);
+  const Object component = new ForeignObject([this](DISPID, const DISPPARAMS& arguments) {
+    for (UINT at = 0; at < arguments.cArgs; ++at) {
+      if (arguments.rgvarg[at].vt == VT_BSTR) Reports.emplace_back(arguments.rgvarg[at].bstrVal);
+    }
+  });
+  return component->QueryInterface(id, object);
 }
 
 std::wstring ErrorComponent::Last(const std::wstring& element) const {
   std::wsmatch found;
-  const bool isTold = !mReports.empty() &&
-                      std::regex_search(mReports.back(), found, std::wregex(L"<" + element + L">([^<]*)<"));
-  return isTold ? found[1].str() : L"";
+  const std::wregex wanted(L"<" + element + L">([^<]*)<");
+  return !Reports.empty() && std::regex_search(Reports.back(), found, wanted) ? found[1].str() : L"";
 }
 
 StarterConfiguration::StarterConfiguration()
@@ -313,15 +273,13 @@ StarterConfiguration::StarterConfiguration()
                   .wstring()) {
   RequireWine();
   std::filesystem::copy(LWCONFIG_STARTER, mFolder, std::filesystem::copy_options::recursive);
-  SetText(kProduct, KEY_WOW64_32KEY, L"ConfigPath", mFolder + L"\\");
-  SetText(kProduct, KEY_WOW64_32KEY, L"InstallPath4", mFolder + L"\\");
+  for (const wchar_t* name : {L"ConfigPath", L"InstallPath4"}) SetText(kProduct, name, mFolder + L"\\");
   ::SetCurrentDirectoryW(mFolder.c_str());
 }
 
 StarterConfiguration::~StarterConfiguration() {
   ::SetCurrentDirectoryW(L"C:\\");
-  SetText(kProduct, KEY_WOW64_32KEY, L"ConfigPath", L"");
-  SetText(kProduct, KEY_WOW64_32KEY, L"InstallPath4", L"");
+  ::RegDeleteTreeW(HKEY_LOCAL_MACHINE, kProduct);
   ::RegDeleteTreeW(HKEY_CURRENT_USER, L"Software\\Corvantis");
   std::error_code ignored;
   std::filesystem::remove_all(mFolder, ignored);
