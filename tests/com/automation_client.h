@@ -4,6 +4,7 @@
 #include <concepts>
 #include <cstdint>
 #include <functional>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <type_traits>
@@ -13,6 +14,7 @@
 #include <ocidl.h>
 #include <oleauto.h>
 #include <olectl.h>
+#include <tests/temporary_folder.h>
 #include <windows.h>
 #include <wrl/client.h>
 
@@ -89,10 +91,9 @@ Outcome Invoke(IDispatch* object, const wchar_t* member, WORD kinds, std::vector
 Outcome Get(const Object& object, const wchar_t* member, std::vector<Value> arguments = {});
 Outcome Put(const Object& object, const wchar_t* member, Value value);
 Outcome Call(const Object& object, const wchar_t* member, std::vector<Value> arguments = {});
-/// The items that `NewEnum` gives.
+/// What `NewEnum` gives, null where the object has no items.
+ComPtr<IEnumVARIANT> Enumerate(const Object& collection);
 std::vector<Value> ItemsOf(const Object& collection);
-/// Whether both are the same object, or none.
-bool AreSame(IUnknown* a, IUnknown* b);
 /// The name that type information has, or that it gives a member.
 std::string NameOf(ITypeInfo& info, MEMBERID member = MEMBERID_NIL);
 /// The class of an object as its type information has it, without the underscore.
@@ -101,32 +102,25 @@ std::string ClassOf(IDispatch* object);
 /// The DLL under test, loaded for as long as this lives.
 class Server {
  public:
-  explicit Server(const wchar_t* path = Path());
-  ~Server();
-  Server(const Server&) = delete;
-  Server& operator=(const Server&) = delete;
+  explicit Server(const wchar_t* path = Path()) : mModule(::LoadLibraryW(path), ::FreeLibrary) {}
 
   static const wchar_t* Path();
   bool IsLoaded() const { return mModule != nullptr; }
-  HRESULT GetClassObject(REFCLSID id, REFIID interfaceId, void** object) const;
-  HRESULT CanUnloadNow() const;
-  HRESULT Install(BOOL install, const wchar_t* commandLine) const;
+  HRESULT GetClassObject(REFCLSID id, REFIID interfaceId, void** object) const {
+    return CallExported<REFCLSID, REFIID, void**>("DllGetClassObject", id, interfaceId, object);
+  }
+  HRESULT CanUnloadNow() const { return CallExported("DllCanUnloadNow"); }
   /// A new object of the class.
   HRESULT Create(REFCLSID id, Object& object) const;
 
-  const ComPtr<ITypeLib>& Types() const { return mTypes; }
-
- private:
   template <class... P>
   HRESULT CallExported(const char* name, P... arguments) const {
-    using Function = HRESULT(STDAPICALLTYPE*)(P...);
-    const auto function =
-        reinterpret_cast<Function>(reinterpret_cast<void*>(::GetProcAddress(mModule, name)));
-    return function == nullptr ? E_FAIL : function(arguments...);
+    const auto function = reinterpret_cast<void*>(::GetProcAddress(mModule.get(), name));
+    return reinterpret_cast<HRESULT(STDAPICALLTYPE*)(P...)>(function)(arguments...);
   }
 
-  HMODULE mModule;
-  ComPtr<ITypeLib> mTypes;
+ private:
+  std::unique_ptr<std::remove_pointer_t<HMODULE>, BOOL(WINAPI*)(HMODULE)> mModule;
 };
 
 /// An object of the client. It passes the calls of any member to the handler.
@@ -160,7 +154,6 @@ class ForeignObject final : public IDispatch {
 class Connected {
  public:
   Connected(IDispatch* object, ForeignObject::Handler handler);
-  bool IsOpen() const { return mCookie != 0; }
   HRESULT Close() { return mPoint->Unadvise(std::exchange(mCookie, 0)); }
   const ComPtr<IConnectionPoint>& Point() const { return mPoint; }
   const IID& Source() const { return mSource; }
@@ -200,11 +193,9 @@ class StarterConfiguration {
  public:
   StarterConfiguration();
   ~StarterConfiguration();
-  StarterConfiguration(const StarterConfiguration&) = delete;
-  StarterConfiguration& operator=(const StarterConfiguration&) = delete;
 
  private:
-  std::wstring mFolder;
+  TemporaryFolder mFolder;
 };
 
 }  // namespace lwconfig::testing

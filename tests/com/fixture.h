@@ -27,14 +27,12 @@ class ServerTest : public ::testing::Test {
     EXPECT_EQ(ForeignObject::Live(), 0);
   }
 
-  Object Create(std::string_view className) const {
+  Object Create(const std::string& className) const {
     Object object;
-    EXPECT_EQ(mServer->Create(Published().Class(className).Id, object), S_OK) << className;
+    EXPECT_EQ(mServer->Create(Published().at(className).Id, object), S_OK) << className;
     return object;
   }
-  Server& TheServer() const { return *mServer; }
 
- private:
   std::unique_ptr<Server> mServer;
 };
 
@@ -43,9 +41,11 @@ class ObjectPool : public std::map<std::string, Object> {
  public:
   explicit ObjectPool(const Server& server) {
     ObjectPool& all = *this;
-    for (const PublishedClass& info : Published().Classes) {
-      if (info.IsCreatable) server.Create(info.Id, all[info.Name]);
+    for (const auto& [name, info] : Published()) {
+      if (info.IsCreatable) server.Create(info.Id, all[name]);
     }
+    // Keys of these are numbers unless they are set.
+    for (const char* numbered : {"NodeDef", "PlugIn"}) Put(all[numbered], L"Key", L"key");
     // The others belong to a document.
     const Object root = Get(all["XMLDocument"], L"RootElement").ToObject();
     Put(root, L"Name", L"Sample");

@@ -5,21 +5,13 @@
 namespace lwconfig::testing {
 namespace {
 
-class ServerObjectsTest : public ServerTest {
- protected:
-  static ComPtr<IEnumVARIANT> Enumerate(const Object& collection) {
-    const Outcome all = Invoke(collection.Get(), DISPID_NEWENUM, DISPATCH_PROPERTYGET);
-    ComPtr<IEnumVARIANT> items;
-    EXPECT_EQ(all.Result.punkVal->QueryInterface(IID_PPV_ARGS(&items)), S_OK);
-    return items;
-  }
-};
+using ServerObjectsTest = ServerTest;
 
 TEST_F(ServerObjectsTest, EveryInterfaceOfAnObjectLeadsToEveryOther) {
-  for (const PublishedClass& info : Published().Classes) {
+  for (const auto& [name, info] : Published()) {
     if (!info.IsCreatable) continue;
-    SCOPED_TRACE(info.Name);
-    const Object object = Create(info.Name);
+    SCOPED_TRACE(name);
+    const Object object = Create(name);
     ComPtr<ISupportErrorInfo> errors;
     ASSERT_EQ(object.As(&errors), S_OK);
     EXPECT_EQ(errors->InterfaceSupportsErrorInfo(info.Interface), S_OK);
@@ -29,7 +21,7 @@ TEST_F(ServerObjectsTest, EveryInterfaceOfAnObjectLeadsToEveryOther) {
     GUID id{};
     ASSERT_EQ(object.As(&described), S_OK);
     ASSERT_EQ(described->GetClassInfo(&type), S_OK);
-    EXPECT_EQ(NameOf(*type.Get()), info.Name);
+    EXPECT_EQ(NameOf(*type.Get()), name);
     EXPECT_EQ(described->GetClassInfo(nullptr), E_POINTER);
     EXPECT_EQ(described->GetGUID(GUIDKIND_DEFAULT_SOURCE_DISP_IID, nullptr), E_POINTER);
     EXPECT_EQ(described->GetGUID(99, &id), E_INVALIDARG);
@@ -41,10 +33,12 @@ TEST_F(ServerObjectsTest, EveryInterfaceOfAnObjectLeadsToEveryOther) {
     for (const IID& from : ids) {
       ComPtr<IUnknown> first;
       ComPtr<IUnknown> second;
+      ComPtr<IUnknown> identity;
       ASSERT_EQ(object->QueryInterface(from, &first), S_OK);
       for (const IID& to : ids) {
         ASSERT_EQ(first->QueryInterface(to, &second), S_OK);
-        EXPECT_TRUE(AreSame(second.Get(), object.Get()));
+        ASSERT_EQ(second.As(&identity), S_OK);
+        EXPECT_EQ(identity.Get(), object.Get());
       }
       EXPECT_EQ(first->QueryInterface(IID_IStream, &second), E_NOINTERFACE);
       EXPECT_EQ(first->QueryInterface(IID_IDispatch, nullptr), E_POINTER);
@@ -84,7 +78,7 @@ TEST_F(ServerObjectsTest, ValuesOfOtherOriginComeBackAsTheyAre) {
   const Object comment = Create("ModelComment");
   const Object foreign = new ForeignObject;
   EXPECT_TRUE(Put(comment, L"Tag", foreign).Succeeded());
-  EXPECT_TRUE(AreSame(Get(comment, L"Tag").ToObject().Get(), foreign.Get()));
+  EXPECT_EQ(Get(comment, L"Tag").ToObject().Get(), foreign.Get());
   const auto text = [](std::wstring_view characters) {
     BSTR const made = ::SysAllocStringLen(characters.data(), static_cast<UINT>(characters.size()));
     return Value(VT_BSTR, &VARIANT::bstrVal, made);
@@ -122,7 +116,7 @@ TEST_F(ServerObjectsTest, AnUnchangedArgumentStaysAsTheClientHasIt) {
   const Value reference(VT_UNKNOWN | VT_BYREF, &VARIANT::ppunkVal, &object);
   EXPECT_TRUE(Call(provider, L"Initialise", {reference}).Succeeded());
   EXPECT_EQ(object, before);
-  const auto& slots = Published().Class("INamespaceProvider").Slots;
+  const auto& slots = Published().at("INamespaceProvider").Slots;
   EXPECT_EQ(std::ranges::find(slots, "Initialise", &Slot::Member)->Call(provider.Get(), passed), S_OK);
   EXPECT_EQ(object, before);
   Value empty;
@@ -136,11 +130,11 @@ TEST_F(ServerObjectsTest, ObjectsOfAnotherCopyOfTheServerAreForeign) {
   {
     const Server other(copy.c_str());
     Object layout;
-    ASSERT_EQ(other.Create(Published().Class("PageLayout").Id, layout), S_OK);
+    ASSERT_EQ(other.Create(Published().at("PageLayout").Id, layout), S_OK);
     EXPECT_EQ(Call(Create("PageLayouts"), L"Add", {layout}).Number, 13);
     const Object comment = Create("ModelComment");
     EXPECT_TRUE(Put(comment, L"Tag", layout).Succeeded());
-    EXPECT_TRUE(AreSame(Get(comment, L"Tag").ToObject().Get(), layout.Get()));
+    EXPECT_EQ(Get(comment, L"Tag").ToObject().Get(), layout.Get());
     ::SetErrorInfo(0, nullptr);
   }
   EXPECT_NE(::DeleteFileW(copy.c_str()), 0);
@@ -156,12 +150,12 @@ TEST_F(ServerObjectsTest, TheLibraryStaysWhileAClientHoldsAnythingOfIt) {
        [&] { return Held(Get(Create("PageTemplate"), L"PageLayouts").ToObject()); }},
   };
   for (const auto& [what, hold] : rows) {
-    EXPECT_EQ(TheServer().CanUnloadNow(), S_OK) << what;
+    EXPECT_EQ(mServer->CanUnloadNow(), S_OK) << what;
     const Held held = hold();
-    EXPECT_EQ(TheServer().CanUnloadNow(), S_FALSE) << what;
+    EXPECT_EQ(mServer->CanUnloadNow(), S_FALSE) << what;
   }
   ComPtr<IClassFactory> factory;
-  ASSERT_EQ(TheServer().GetClassObject(Published().Class("Root").Id, IID_PPV_ARGS(&factory)), S_OK);
+  ASSERT_EQ(mServer->GetClassObject(Published().at("Root").Id, IID_PPV_ARGS(&factory)), S_OK);
   EXPECT_EQ(factory->LockServer(TRUE), S_OK);
   void* none = &none;
   EXPECT_EQ(factory->CreateInstance(factory.Get(), IID_IUnknown, &none), CLASS_E_NOAGGREGATION);
@@ -169,29 +163,41 @@ TEST_F(ServerObjectsTest, TheLibraryStaysWhileAClientHoldsAnythingOfIt) {
   EXPECT_EQ(factory->CreateInstance(nullptr, IID_IClassFactory, &none), E_NOINTERFACE);
   EXPECT_EQ(factory->CreateInstance(nullptr, IID_IUnknown, nullptr), E_POINTER);
   factory.Reset();
-  EXPECT_EQ(TheServer().CanUnloadNow(), S_FALSE) << "a lock";
-  ASSERT_EQ(TheServer().GetClassObject(Published().Class("Root").Id, IID_PPV_ARGS(&factory)), S_OK);
+  EXPECT_EQ(mServer->CanUnloadNow(), S_FALSE) << "a lock";
+  ASSERT_EQ(mServer->GetClassObject(Published().at("Root").Id, IID_PPV_ARGS(&factory)), S_OK);
   EXPECT_EQ(factory->LockServer(FALSE), S_OK);
-  EXPECT_EQ(TheServer().GetClassObject(IID_IUnknown, IID_IClassFactory, &none), CLASS_E_CLASSNOTAVAILABLE);
-  EXPECT_EQ(TheServer().Install(FALSE, L"nobody"), E_INVALIDARG);
+  EXPECT_EQ(mServer->GetClassObject(IID_IUnknown, IID_IClassFactory, &none), CLASS_E_CLASSNOTAVAILABLE);
+  EXPECT_EQ(mServer->CallExported("DllInstall", FALSE, L"nobody"), E_INVALIDARG);
 }
 
-/// Finds the server as other programs do.
-TEST(RegisteredServerTest, TheSystemUnloadsTheServerOnceItIsNotUsed) {
-  ::CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED);
-  for (int time = 0; time < 2; ++time) {
-    CLSID id{};
-    ASSERT_EQ(::CLSIDFromProgID(L"LWConfigObjects.Root", &id), S_OK);
-    Object root;
-    ASSERT_EQ(::CoCreateInstance(id, nullptr, CLSCTX_INPROC_SERVER, IID_PPV_ARGS(&root)), S_OK);
-    EXPECT_EQ(ClassOf(root.Get()), "Root");
-    ::CoFreeUnusedLibrariesEx(0, 0);
-    EXPECT_NE(::GetModuleHandleW(L"LWConfigObjects.dll"), nullptr);
-    root.Reset();
-    for (int call = 0; call < 2; ++call) ::CoFreeUnusedLibrariesEx(0, 0);
-    EXPECT_EQ(::GetModuleHandleW(L"LWConfigObjects.dll"), nullptr);
+TEST_F(ServerObjectsTest, WrongCallsFailAndLeaveNoTextOfAnEarlierFailure) {
+  const Object layouts = Create("PageLayouts");
+  wchar_t absent[] = L"Absent";
+  wchar_t* names[]{absent};
+  DISPID id = 0;
+  DISPPARAMS none{};
+  DISPPARAMS lost{nullptr, nullptr, 1, 0};
+  ComPtr<ITypeInfo> type;
+  const auto invoke = [&](REFIID reserved, DISPPARAMS* parameters) {
+    return layouts->Invoke(DISPID_VALUE, reserved, 0, DISPATCH_METHOD, parameters, nullptr, nullptr, nullptr);
+  };
+  const std::function<HRESULT()> calls[]{
+      [&] { return invoke(IID_NULL, nullptr); },
+      [&] { return invoke(IID_NULL, &lost); },
+      [&] { return invoke(IID_IDispatch, &none); },
+      [&] { return layouts->GetIDsOfNames(IID_IDispatch, names, 1, 0, &id); },
+      [&] { return layouts->GetIDsOfNames(IID_NULL, names, 1, 0, nullptr); },
+      [&] { return layouts->GetTypeInfo(1, 0, &type); },
+      [&] { return layouts->GetTypeInfo(0, 0, nullptr); },
+      [&] { return layouts->GetTypeInfoCount(nullptr); },
+  };
+  for (const auto& call : calls) {
+    const auto at = &call - calls;
+    EXPECT_EQ(layouts->GetIDsOfNames(IID_NULL, names, 1, 0, &id), DISP_E_UNKNOWNNAME);
+    EXPECT_TRUE(FAILED(call())) << at;
+    ComPtr<IErrorInfo> left;
+    EXPECT_EQ(::GetErrorInfo(0, &left), S_FALSE) << at;
   }
-  ::CoUninitialize();
 }
 
 }  // namespace

@@ -1,6 +1,5 @@
 #include <algorithm>
 #include <span>
-#include <stdexcept>
 
 #include <tests/com/published.h>
 
@@ -21,6 +20,7 @@ ComPtr<ITypeInfo> Referred(ITypeInfo& info, HREFTYPE reference) {
   return referred;
 }
 
+/// The interface of the class at that place; of an interface for late binding, that for early binding at -1.
 ComPtr<ITypeInfo> Implemented(ITypeInfo& info, int at) {
   HREFTYPE reference = 0;
   info.GetRefTypeOfImplType(static_cast<UINT>(at), &reference);
@@ -77,8 +77,13 @@ PublishedInterface Read(ITypeLib& library) {
     if (attributes.typekind != TKIND_COCLASS) continue;
     const auto early = Implemented(*Implemented(*info.Get(), 0).Get(), -1);
     const std::string name = NameOf(*info.Get());
-    published.Classes.push_back({name, (attributes.wTypeFlags & TYPEFLAG_FCANCREATE) != 0, attributes.guid,
-                                 AttributesOf(*early.Get()).guid, ReadSlots(name, *early.Get())});
+    const bool isCreatable = (attributes.wTypeFlags & TYPEFLAG_FCANCREATE) != 0;
+    PublishedClass& made = published[name];
+    made = {isCreatable, attributes.guid, AttributesOf(*early.Get()).guid, ReadSlots(name, *early.Get())};
+    if (attributes.cImplTypes == 1) continue;
+    const auto events = Implemented(*info.Get(), 1);
+    made.Events = AttributesOf(*events.Get()).guid;
+    made.Event = NameOf(*events.Get(), 1);
   }
   return published;
 }
@@ -114,22 +119,16 @@ HRESULT Slot::Call(IUnknown* object, std::vector<Value>& values, unsigned nulls)
   return FAILED(code) ? code : ended.scode;
 }
 
-const PublishedClass& PublishedInterface::Class(std::string_view name) const {
-  const auto found = std::ranges::find(Classes, name, &PublishedClass::Name);
-  if (found == Classes.end()) throw std::invalid_argument("There is no class " + std::string(name));
-  return *found;
-}
-
-const Slot* PublishedInterface::Find(std::string_view className, DISPID id, WORD kind) const {
-  const auto& slots = Class(className).Slots;
-  const auto found =
-      std::ranges::find_if(slots, [&](const Slot& slot) { return slot.Id == id && slot.Kind == kind; });
-  return found == slots.end() ? nullptr : &*found;
+const Slot* PublishedClass::Find(DISPID id, WORD kind) const {
+  const auto isIt = [&](const Slot& slot) { return slot.Id == id && slot.Kind == kind; };
+  const auto found = std::ranges::find_if(Slots, isIt);
+  return found == Slots.end() ? nullptr : &*found;
 }
 
 const PublishedInterface& Published() {
+  // The system keeps a library that is in use, so that objects find their own type information fast.
+  static ComPtr<ITypeLib> library;
   static const PublishedInterface published = [] {
-    ComPtr<ITypeLib> library;
     ::LoadTypeLibEx(Server::Path(), REGKIND_NONE, &library);
     return Read(*library.Get());
   }();

@@ -1,7 +1,7 @@
 #pragma once
 
+#include <map>
 #include <string>
-#include <string_view>
 #include <vector>
 
 #include <tests/com/automation_client.h>
@@ -39,11 +39,15 @@ struct Slot {
 };
 
 struct PublishedClass {
-  std::string Name;
   bool IsCreatable;
   CLSID Id;
   IID Interface;
   std::vector<Slot> Slots;
+  IID Events{};         // null where it has none
+  std::string Event{};  // its only one
+
+  /// Null where the class has no such slot.
+  const Slot* Find(DISPID id, WORD kind) const;
 };
 
 struct Constant {
@@ -52,13 +56,9 @@ struct Constant {
   LONG Value;
 };
 
-struct PublishedInterface {
-  std::vector<PublishedClass> Classes;
+/// The classes, by their names.
+struct PublishedInterface : std::map<std::string, PublishedClass> {
   std::vector<Constant> Constants;
-
-  const PublishedClass& Class(std::string_view name) const;
-  /// Null where the class has no such slot.
-  const Slot* Find(std::string_view className, DISPID id, WORD kind) const;
 };
 const PublishedInterface& Published();
 
