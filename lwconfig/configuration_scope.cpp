@@ -34,7 +34,7 @@ class FolderRegistry final : public platform::Registry {
 std::unique_ptr<platform::Registry> RegistryOf(const std::string& hostFolder) {
   auto& files = platform::Host<platform::Files>();
   std::string folder = files.ProductPath(hostFolder);
-  if (files.Kind(folder) != platform::EntryKind::Folder) {
+  if (hostFolder.empty() || files.Kind(folder) != platform::EntryKind::Folder) {
     Error error(kPathNotFound, "there is no such folder");
     error.SetPosition({folder, 0, 0});
     throw error;

@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <memory>
 #include <optional>
 #include <string>
@@ -73,28 +74,51 @@ py::list Check(const py::object& folder) {
   return problems;
 }
 
-/// A `with` block over a scope of the library. Scopes replace services of the process, so that they close in
-/// the reverse order of their opening.
+/// The scopes that are open, the innermost last. Scopes replace services of the process, so that they close
+/// in the reverse order of their opening. One whose block is destroyed before an inner one waits for that.
+struct OpenScope {
+  std::shared_ptr<void> Scope;
+  bool IsAbandoned = false;
+};
+
+std::vector<OpenScope>& OpenScopes() {
+  static std::vector<OpenScope> scopes;
+  return scopes;
+}
+
+void CloseInnermost() {
+  auto& scopes = OpenScopes();
+  do scopes.pop_back();
+  while (!scopes.empty() && scopes.back().IsAbandoned);
+}
+
+/// A `with` block over a scope of the library.
 template <class Scope>
 class Block {
  public:
+  Block() = default;
   ~Block() {
-    // An interpreter that ends does not leave its blocks in order.
-    if (mScope && !IsInnermost()) (void)mScope.release();
-    if (mScope) Leave();
+    if (!mScope) return;
+    if (IsInnermost()) {
+      Leave();
+    } else {
+      for (OpenScope& open : OpenScopes()) open.IsAbandoned |= open.Scope == mScope;
+    }
   }
+  Block(const Block&) = delete;
+  Block& operator=(const Block&) = delete;
 
   template <class... Arguments>
   Scope& Enter(Arguments&&... arguments) {
     if (mScope) throw Error(kInvalidCall, "The block is entered already");
-    mScope = std::make_unique<Scope>(std::forward<Arguments>(arguments)...);
-    OpenScopes().push_back(mScope.get());
+    mScope = std::make_shared<Scope>(std::forward<Arguments>(arguments)...);
+    OpenScopes().push_back({mScope});
     return *mScope;
   }
   void Leave() {
     CheckInnermost();
-    OpenScopes().pop_back();
     mScope.reset();
+    CloseInnermost();
   }
   Scope& Open() const {
     if (!mScope) throw Error(kInvalidCall, "The block is not entered, or left");
@@ -103,23 +127,17 @@ class Block {
   void CheckInnermost() const {
     if (Open(); !IsInnermost()) throw Error(kInvalidCall, "A block inside this one is open");
   }
+  /// Error 5 where a block around this one is gone: nobody would write what this one commits.
+  void CheckOuter() const {
+    if (std::ranges::any_of(OpenScopes(), &OpenScope::IsAbandoned))
+      throw Error(kInvalidCall, "A block around this one was left before it; nothing is written");
+  }
 
  private:
-  static std::vector<void*>& OpenScopes();
-  bool IsInnermost() const { return OpenScopes().back() == mScope.get(); }
+  bool IsInnermost() const { return OpenScopes().back().Scope == mScope; }
 
-  std::unique_ptr<Scope> mScope;
+  std::shared_ptr<Scope> mScope;
 };
-
-std::vector<void*>& AllOpenScopes() {
-  static std::vector<void*> scopes;
-  return scopes;
-}
-
-template <class Scope>
-std::vector<void*>& Block<Scope>::OpenScopes() {
-  return AllOpenScopes();
-}
 
 class ConfigurationBlock : public Block<ConfigurationScope> {
  public:
@@ -137,6 +155,7 @@ class TransactionBlock : public Block<Transaction> {
  public:
   void Commit() {
     CheckInnermost();
+    CheckOuter();
     Open().Commit();
   }
   void RollBack() {
@@ -147,7 +166,7 @@ class TransactionBlock : public Block<Transaction> {
   void Exit(bool isFailing) {
     CheckInnermost();
     try {
-      if (Open().IsOpen()) isFailing ? Open().RollBack() : Open().Commit();
+      if (Open().IsOpen()) isFailing ? Open().RollBack() : Commit();
     } catch (const Error&) {
       Open().RollBack();
       Leave();

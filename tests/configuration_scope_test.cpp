@@ -37,6 +37,7 @@ TEST_F(ConfigurationScopeTest, OpensAFolderByItself) {
   EXPECT_EQ(ConfigPath(), registered);
   EXPECT_EQ(FirstComment(), "none");
 
+  EXPECT_EQ(ErrorOf([] { const ConfigurationScope scope(""); }).Number(), kPathNotFound);
   const Error missing = ErrorOf([&] { const ConfigurationScope scope((Folder.Path() / "No").string()); });
   EXPECT_EQ(missing.Number(), kPathNotFound);
   EXPECT_THAT(missing.Position().File, ::testing::EndsWith("No"));

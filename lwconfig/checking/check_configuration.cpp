@@ -133,7 +133,7 @@ class Checker {
     Root root;
     const std::string folder = ConfigPath();
     if (!Has(folder, "nothing is loaded")) return;
-    TellFoldersForFiles(folder);
+    Check(Part::Comments, folder, [&] { TellFoldersForFiles(folder); });
     if (Has(folder + "\\Namespaces", "no namespace profiles are loaded")) {
       Check(Part::Namespaces, folder, [&] { root.NamespaceProfiles(); });
     } else {

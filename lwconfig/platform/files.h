@@ -11,6 +11,13 @@ namespace lwconfig::platform {
 
 enum class EntryKind { Missing, File, Folder };
 
+/// Whether names that differ in letter case only are two entries of a folder.
+#ifdef _WIN32
+inline constexpr bool kNamesAreExact = false;
+#else
+inline constexpr bool kNamesAreExact = true;
+#endif
+
 /// One entry of a folder: its name without path, in the letter case it has on disk.
 struct FolderEntry {
   std::string Name;

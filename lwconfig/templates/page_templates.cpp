@@ -56,7 +56,7 @@ void PageTemplates::Load() {
   TemplateFolder = ConfigPath() + "\\Templates";
   DiskFile templates;
   templates.SetFolder(TemplateFolder);
-  if (!templates.IsFolder()) {
+  if (ConfigPath().empty() || !templates.IsFolder()) {
     ShowMessageBox({"Folder not found",
                     "Lexiwend templates folder '" + TemplateFolder +
                         "' could not be found.  No templates have been loaded.",

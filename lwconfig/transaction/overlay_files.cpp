@@ -35,6 +35,12 @@ std::optional<std::size_t> HashOf(const std::optional<std::string>& content) {
   return std::hash<std::string>()(*content);
 }
 
+/// Whether two host names are one. The name of an entry on the disk is the one that it has there; any other
+/// is found in every letter case.
+bool IsSame(std::string_view a, std::string_view b, bool isOnDisk) {
+  return isOnDisk && platform::kNamesAreExact ? a == b : EqualIgnoringCase(a, b);
+}
+
 class OverlayReplacement final : public platform::FileReplacement {
  public:
   OverlayReplacement(OverlayFiles& files, std::string_view path, std::string_view model)
@@ -66,7 +72,7 @@ std::vector<FileChange> OverlayFiles::Changes() const {
 
 FileChange* OverlayFiles::Find(const std::string& hostPath) {
   const auto found = std::ranges::find_if(
-      mEntries, [&](const Entry& entry) { return EqualIgnoringCase(entry.HostPath, hostPath); });
+      mEntries, [&](const Entry& entry) { return IsSame(entry.HostPath, hostPath, entry.IsOnDisk()); });
   return found == mEntries.end() ? nullptr : &found->Change;
 }
 
@@ -106,7 +112,7 @@ std::string OverlayFiles::Read(std::string_view path) {
 }
 
 void OverlayFiles::Note(const std::string& hostPath, const std::optional<std::string>& content) {
-  mFirstRead.try_emplace(FoldCase(hostPath), HashOf(content));
+  mFirstRead.try_emplace(hostPath, HashOf(content));
 }
 
 std::vector<FolderEntry> OverlayFiles::List(std::string_view folder) {
@@ -114,18 +120,20 @@ std::vector<FolderEntry> OverlayFiles::List(std::string_view folder) {
   std::vector<FolderEntry> entries;
   if (mBase.Kind(folder) != EntryKind::Missing || !IsMadeFolder(folder)) entries = mBase.List(folder);
   const std::string hostFolder = NativePath(WithoutSeparator(folder));
-  const auto put = [&](std::string_view path, EntryKind kind) {
-    if (!EqualIgnoringCase(NativePath(FolderOf(path)), hostFolder)) return;
-    const auto isSame = [&](const FolderEntry& entry) { return EqualIgnoringCase(entry.Name, NameOf(path)); };
+  const auto put = [&](std::string_view hostPath, EntryKind kind, bool isOnDisk) {
+    if (!IsSame(FolderOf(hostPath), hostFolder, isOnDisk)) return;
+    const auto isSame = [&](const FolderEntry& entry) {
+      return IsSame(entry.Name, NameOf(hostPath), isOnDisk);
+    };
     if (kind == EntryKind::Missing) {
       std::erase_if(entries, isSame);
     } else if (std::ranges::none_of(entries, isSame)) {
-      entries.push_back({std::string(NameOf(path)), kind});
+      entries.push_back({std::string(NameOf(hostPath)), kind});
     }
   };
-  for (const std::string& made : mFolders) put(WithoutSeparator(made), EntryKind::Folder);
+  for (const std::string& made : mFolders) put(NativePath(WithoutSeparator(made)), EntryKind::Folder, false);
   for (const Entry& entry : mEntries)
-    put(entry.Change.Path, entry.Change.New ? EntryKind::File : EntryKind::Missing);
+    put(entry.HostPath, entry.Change.New ? EntryKind::File : EntryKind::Missing, entry.IsOnDisk());
   std::ranges::stable_sort(entries, [](const FolderEntry& a, const FolderEntry& b) {
     return CompareInCapitals(a.Name, b.Name) < 0;
   });
@@ -165,7 +173,7 @@ void OverlayFiles::Store(std::string_view path, std::optional<std::string> conte
   FileChange change{std::string(path), std::nullopt, std::move(content), std::move(model)};
   if (mBase.Kind(path) == EntryKind::File) change.Old = mBase.Read(path);
   Note(hostPath, change.Old);
-  change.IsStale = mFirstRead[FoldCase(hostPath)] != HashOf(change.Old);
+  change.IsStale = mFirstRead[hostPath] != HashOf(change.Old);
   mEntries.push_back({hostPath, std::move(change)});
 }
 

@@ -50,6 +50,7 @@ class OverlayFiles final : public platform::Files {
   struct Entry {
     std::string HostPath;
     FileChange Change;
+    bool IsOnDisk() const { return Change.Old.has_value(); }
   };
   /// Null for a file that was not touched. `mMutex` is held.
   FileChange* Find(const std::string& hostPath);
@@ -60,7 +61,7 @@ class OverlayFiles final : public platform::Files {
   platform::Files& mBase;
   std::mutex mMutex;  // files may be read on a second thread
   std::vector<Entry> mEntries;
-  /// By host path in one letter case, the hash of the content that was first read; none of a missing file.
+  /// By host path, the hash of the content that was first read; none of a missing file.
   std::unordered_map<std::string, std::optional<std::size_t>> mFirstRead;
   std::vector<std::string> mFolders;
 };

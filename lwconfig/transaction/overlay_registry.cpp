@@ -29,7 +29,10 @@ std::optional<RegistryValue> OverlayRegistry::Read(Hive hive, std::string_view k
 void OverlayRegistry::Apply(const std::vector<RegistryChange>& changes) {
   using Kinds = RegistryChange::Kinds;
   for (const RegistryChange& change : changes) {
-    if (change.Kind == Kinds::Key) continue;
+    if (change.Kind == Kinds::Key) {
+      if (!mBase.List(change.Root, change.Key)) mKeys.push_back({change.Root, change.Key});
+      continue;
+    }
     if (change.Kind == Kinds::DeletedKey)
       throw std::system_error(std::make_error_code(std::errc::operation_not_supported), change.Key);
     Obtain(change.Root, change.Key, change.Name).New =

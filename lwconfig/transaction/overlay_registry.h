@@ -5,6 +5,7 @@
 #include <string_view>
 #include <vector>
 
+#include <lwconfig/core/registry_text/registry_text.h>
 #include <lwconfig/platform/registry.h>
 
 namespace lwconfig {
@@ -24,6 +25,8 @@ class OverlayRegistry final : public platform::Registry {
  public:
   explicit OverlayRegistry(platform::Registry& base) : mBase(base) {}
 
+  /// The keys that were created as such, in order.
+  const std::vector<RegistryPath>& CreatedKeys() const { return mKeys; }
   /// The values that are not what they were, in the order in which they were first written.
   std::vector<ValueChange> Changes() const;
 
@@ -37,6 +40,7 @@ class OverlayRegistry final : public platform::Registry {
   ValueChange& Obtain(Hive hive, std::string_view key, std::string_view name);
 
   platform::Registry& mBase;
+  std::vector<RegistryPath> mKeys;
   std::vector<ValueChange> mValues;  // also those that were only read
 };
 

@@ -96,7 +96,11 @@ Transaction::Transaction()
       mRegistry(mBaseRegistry),
       mScope(std::make_unique<Scope>(*this)) {}
 
-Transaction::~Transaction() = default;
+Transaction::~Transaction() {
+  const bool isDropped = IsOpen() && !IsEmpty();
+  mScope.reset();
+  if (isDropped) ResetSharedSlots();
+}
 
 void Transaction::CheckInnermost() const {
   if (!IsOpen()) throw Error(kInvalidCall, "The transaction is closed");
@@ -130,6 +134,8 @@ std::string Transaction::Difference() const {
     text += "--- " + (change.Old ? path : "/dev/null") + "\n+++ " + (change.New ? path : "/dev/null") + "\n" +
             UnifiedDifference(DecodeText(change.Old.value_or("")), DecodeText(change.New.value_or("")));
   }
+  for (const auto& [root, key] : mRegistry.CreatedKeys())
+    text += "--- registry\n+++ registry\n+[" + std::string(HiveName(root)) + "\\" + key + "]\n";
   for (const ValueChange& change : mRegistry.Changes()) {
     const std::string key = "[" + std::string(HiveName(change.Root)) + "\\" + change.Key + "]\n";
     text += "--- registry\n+++ registry\n " + key;
@@ -173,9 +179,19 @@ void Transaction::Write() {
       undoable.Did(mBaseFiles.NativePath(path), [&] { Put(mBaseFiles, change.Path, change.Old); });
     }
     path = {};
-    for (const ValueChange& change : values) {
-      mBaseRegistry.Apply({StepTo(change, change.New)});
-      undoable.Did(NameOf(change), [this, change] { mBaseRegistry.Apply({StepTo(change, change.Old)}); });
+    for (const Hive hive : {Hive::LocalMachine, Hive::CurrentUser}) {
+      std::vector<RegistryChange> steps;
+      std::vector<RegistryChange> back;
+      for (const auto& [root, key] : mRegistry.CreatedKeys())
+        if (root == hive) steps.push_back({RegistryChange::Kinds::Key, root, key, {}, {}});
+      for (const ValueChange& change : values) {
+        if (change.Root != hive) continue;
+        steps.push_back(StepTo(change, change.New));
+        back.push_back(StepTo(change, change.Old));
+      }
+      if (steps.empty()) continue;
+      mBaseRegistry.Apply(steps);
+      undoable.Did(std::string(HiveName(hive)), [this, back] { mBaseRegistry.Apply(back); });
     }
   } catch (const std::exception& problem) {
     const auto* system = dynamic_cast<const std::system_error*>(&problem);

@@ -20,12 +20,14 @@ namespace lwconfig {
 class Transaction {
  public:
   Transaction();
-  /// Drops what is not committed.
+  /// Drops what is not committed, as `RollBack`.
   ~Transaction();
   Transaction(const Transaction&) = delete;
   Transaction& operator=(const Transaction&) = delete;
 
-  bool IsEmpty() const { return FileChanges().empty() && ValueChanges().empty(); }
+  bool IsEmpty() const {
+    return FileChanges().empty() && ValueChanges().empty() && mRegistry.CreatedKeys().empty();
+  }
   /// The files that differ from what they were, in the order in which they were first written.
   std::vector<FileChange> FileChanges() const { return mFiles.Changes(); }
   /// The registry values that differ, in the same order.
@@ -36,7 +38,8 @@ class Transaction {
   /// Writes the changes and closes the transaction: every file durably, in order, then the registry values.
   /// The new content of all files is on the disk before the first one is replaced. When a step fails, what
   /// was replaced before is put back, and the failure is thrown with its file; where that fails too its text
-  /// says so. Error 70 for a file or value that was changed elsewhere since the transaction first read it.
+  /// says so. Error 70 for a file or value that was changed elsewhere since the transaction first read it;
+  /// objects that were loaded before the transaction began are not compared.
   /// Folders that were made are kept. A transaction whose commit fails stays open.
   void Commit();
   /// Drops the changes and closes the transaction. The shared objects are dropped as well, so that they are

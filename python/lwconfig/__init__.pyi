@@ -81,7 +81,8 @@ class Problem:
 
 def check(folder: str | PathLike[str] | None = None) -> list[Problem]:
     """Loads the whole configuration in a folder, or the registered one, and finds what is wrong with it.
-    `FileNotFoundError` for a folder that does not exist, and where none is registered."""
+    `FileNotFoundError` for a folder that does not exist, and where none is registered. Shared objects are loaded
+    anew on their next use; changes that are not saved are lost."""
 
 class _Configuration:
     def __enter__(self) -> Root: ...
@@ -91,7 +92,8 @@ class _Configuration:
 
 def configuration(folder: str | PathLike[str]) -> _Configuration:
     """A `with` block in which this process works on the configuration in a folder, whatever is registered. It
-    gives a new `Root`. `FileNotFoundError` for a folder that does not exist. Blocks nest."""
+    gives a new `Root`. `FileNotFoundError` for a folder that does not exist. Blocks nest. Shared objects are
+    loaded anew at both ends; do not save objects of the block after it."""
 
 class Transaction:
     """Everything that is saved in the block, files and registry values, is written together at its end. After an

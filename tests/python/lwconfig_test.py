@@ -384,6 +384,23 @@ class Configurations(ConfigurationTest):
                     outer.__exit__(None, None, None)
         self.assertEqual(self.root.PageTemplates[0].Name, "Manual")
 
+    def test_blocks_that_overlap_write_nothing_and_keep_nothing_back(self) -> None:
+        def edit(width: int) -> Iterator[None]:
+            with lwconfig.transaction():
+                self.root.VBOptions.WrapCharacters = width
+                yield
+
+        before = self.root.VBOptions.WrapCharacters
+        first, second = edit(40), edit(41)
+        next(first)
+        next(second)
+        for late in (first, second):
+            with self.assertRaises(lwconfig.Error):
+                next(late, None)
+        self.assertEqual(self.root.VBOptions.WrapCharacters, before)
+        self.root.VBOptions.WrapCharacters = 42
+        self.assertIn("0000002a", (self.config.parent / "registry/user.reg").read_text())
+
     def test_a_transaction_writes_all_or_nothing(self) -> None:
         file = self.config / "Templates/Manual/config.xml"
         before = file.read_text()

@@ -139,6 +139,17 @@ TEST_F(TransactionTest, RefusesAStateThatItDidNotRead) {
   const auto set = [&](const char* text) {
     access.SetValue(kCurrentUser, "K", "v", std::string(text), RegistryAccess::kTextType);
   };
+  {
+    Write("Small.txt", "small");
+    Write("SMALL.txt", "capitals");
+    Transaction transaction;
+    Store(File("Small.txt"), "new small");
+    Store(File("SMALL.txt"), "new capitals");
+    access.CreateKey(kCurrentUser, "Created");
+    EXPECT_THAT(transaction.Difference(), ::testing::HasSubstr("+[HKEY_CURRENT_USER\\Created]"));
+    transaction.Commit();
+    EXPECT_EQ(Read("Small.txt") + Read("SMALL.txt"), "new smallnew capitals");
+  }
   Transaction outer;
   Transaction inner;
   set("new");

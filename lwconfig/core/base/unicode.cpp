@@ -80,6 +80,20 @@ bool IsValidUtf8(std::string_view bytes) {
   return true;
 }
 
+std::string_view WithoutCutCharacter(std::string_view bytes) {
+  constexpr std::size_t kMostCut = 3;
+  for (std::size_t cut = 1; cut <= std::min(kMostCut, bytes.size()); ++cut) {
+    const auto lead = static_cast<unsigned char>(bytes[bytes.size() - cut]);
+    if (lead < 0x80) break;
+    if (lead < 0xC0) continue;
+    if (lead < 0xC2 || lead > 0xF4) break;
+    const std::size_t length = lead >= 0xF0 ? 4 : lead >= 0xE0 ? 3 : 2;
+    const std::string_view whole = bytes.substr(0, bytes.size() - cut);
+    return length > cut && IsValidUtf8(whole) ? whole : bytes;
+  }
+  return bytes;
+}
+
 std::size_t CountCharacters(std::string_view text) {
   return static_cast<std::size_t>(std::count_if(
       text.begin(), text.end(), [](char c) { return (static_cast<unsigned char>(c) & 0xC0) != 0x80; }));

@@ -21,6 +21,8 @@ void AppendCharacter(std::string& text, char32_t character);
 
 /// Whether the bytes are valid UTF-8.
 bool IsValidUtf8(std::string_view bytes);
+/// The bytes without a character that is cut off at their end, where they are valid UTF-8 so far.
+std::string_view WithoutCutCharacter(std::string_view bytes);
 /// The number of characters (code points) of a UTF-8 text.
 std::size_t CountCharacters(std::string_view text);
 

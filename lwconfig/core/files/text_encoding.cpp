@@ -54,12 +54,24 @@ std::optional<std::string> DecodeByMark(std::string_view bytes) {
     if (!bytes.starts_with(mark.Bytes)) continue;
     bytes.remove_prefix(mark.Bytes.size());
     if (mark.UnitSize > 1) return Utf8FromUnits(bytes, mark.UnitSize, mark.IsLittleEndian);
-    return Utf8From8Bit(std::string(bytes));
+    return Utf8From8Bit(std::string(WithoutCutCharacter(bytes)));
   }
   for (const auto& start : kDeclarationStarts) {
     if (bytes.starts_with(start.Bytes)) return Utf8FromUnits(bytes, start.UnitSize, start.IsLittleEndian);
   }
   return std::nullopt;
+}
+
+bool IsAscii(std::string_view bytes) {
+  return std::ranges::all_of(bytes, [](char c) { return static_cast<signed char>(c) >= 0; });
+}
+
+/// Whether the bytes are UTF-8 but for a character that is cut off at their end. Where nothing else says so,
+/// the last byte of an ASCII text is a character of Windows-1252.
+bool IsCutUtf8(std::string_view bytes) {
+  const std::string_view whole = WithoutCutCharacter(bytes);
+  return whole.size() < bytes.size() &&
+         (!IsAscii(whole) || EqualIgnoringCase(DeclaredEncoding(bytes), "utf-8"));
 }
 
 /// A declaration that can be read byte by byte is in none of these, whatever it says.
@@ -82,23 +94,27 @@ std::optional<std::string> DecodeByDeclaration(std::string_view bytes) {
 std::string DecodeText(std::string bytes) {
   if (auto text = DecodeByMark(bytes)) return *std::move(text);
   if (auto text = DecodeByDeclaration(bytes)) return *std::move(text);
+  if (IsCutUtf8(bytes)) bytes.resize(WithoutCutCharacter(bytes).size());
   return Utf8From8Bit(std::move(bytes));
 }
 
 std::string EncodingDoubt(std::string_view bytes) {
+  constexpr const char* kCut = "the last character of the file is cut off";
   const bool isUtf8 = IsValidUtf8(bytes);
   const std::string readAs = isUtf8 ? "; it is read as UTF-8" : "; it is read as Windows-1252";
   for (const auto& mark : kByteOrderMarks) {
     if (!bytes.starts_with(mark.Bytes)) continue;
+    if (mark.UnitSize == 1 && WithoutCutCharacter(bytes).size() < bytes.size()) return kCut;
     if (mark.UnitSize == 1)
       return isUtf8 ? "" : "the file begins with the mark of UTF-8 and is not UTF-8" + readAs;
-    return bytes.size() % mark.UnitSize == 0 ? "" : "the last character of the file is cut off";
+    return bytes.size() % mark.UnitSize == 0 ? "" : kCut;
   }
   for (const auto& start : kDeclarationStarts) {
     if (bytes.starts_with(start.Bytes)) return {};
   }
   const std::string declared = DeclaredEncoding(bytes);
   if (declared.empty() || EqualIgnoringCase(declared, "utf-8")) {
+    if (IsCutUtf8(bytes)) return kCut;
     if (!isUtf8) return "the file is not UTF-8 and names no other encoding" + readAs;
     return bytes.find("\xEF\xBF\xBD") == std::string_view::npos
                ? ""
@@ -106,7 +122,7 @@ std::string EncodingDoubt(std::string_view bytes) {
   }
   const std::string named = "the file names the encoding \"" + declared + "\"";
   if (NamesWideUnits(declared)) return named + " and is in another" + readAs;
-  const bool isAscii = std::ranges::all_of(bytes, [](char c) { return static_cast<signed char>(c) >= 0; });
+  const bool isAscii = IsAscii(bytes);
   if (NamesWindows1252(declared))
     return isUtf8 && !isAscii ? named + " and looks like UTF-8; it is read as Windows-1252" : "";
   return platform::DecodeAs(bytes, declared) ? "" : named + ", in which it cannot be read" + readAs;

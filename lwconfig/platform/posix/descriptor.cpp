@@ -2,6 +2,7 @@
 
 #include <system_error>
 
+#include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -13,6 +14,14 @@ void ThrowErrno(const std::string& path, int code) {
 
 void Descriptor::Close() {
   if (mNumber >= 0) ::close(std::exchange(mNumber, -1));
+}
+
+Descriptor OpenPlain(const std::string& path) {
+  Descriptor file(Uninterrupted([&] { return ::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC); }));
+  struct stat status {};
+  if (!file.IsOpen() || (::fstat(file.Number(), &status) == 0 && S_ISREG(status.st_mode))) return file;
+  errno = S_ISDIR(status.st_mode) ? EISDIR : ENODEV;
+  return Descriptor(-1);
 }
 
 std::string ReadAll(const Descriptor& file, const std::string& path) {

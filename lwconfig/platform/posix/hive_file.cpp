@@ -50,7 +50,7 @@ HiveFile::Snapshot HiveFile::TakeSnapshot(const std::string& path) const {
   constexpr double kClockTick =
       0.02;  // the file system's clock is as coarse as the scheduler's, and then some
   Snapshot snapshot;
-  snapshot.File = Descriptor(Uninterrupted([&] { return ::open(path.c_str(), O_RDONLY | O_CLOEXEC); }));
+  snapshot.File = OpenPlain(path);
   if (!snapshot.File.IsOpen()) ThrowErrno(path);
   timespec now{};
   ::clock_gettime(CLOCK_REALTIME, &now);
@@ -85,7 +85,7 @@ void HiveFile::Change(const std::vector<RegistryChange>& changes) {
   if (path.empty()) ThrowErrno("the registry of this user", ENOENT);
   MakeHostFolders(FolderOf(path));
   const auto replacement = BeginReplacement(path, WhenBusy::Wait);
-  const Descriptor old(Uninterrupted([&] { return ::open(path.c_str(), O_RDONLY | O_CLOEXEC); }));
+  const Descriptor old = OpenPlain(path);
   if (!old.IsOpen() && errno != ENOENT) ThrowErrno(path);
   const RegistryFile file(old.IsOpen() ? ReadAll(old, path) : RegistryFile::EmptyText(), mHive, path);
   const std::string text = file.With(changes);
