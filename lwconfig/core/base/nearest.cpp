@@ -35,10 +35,10 @@ std::string Nearest(std::string_view name, const std::vector<std::string>& candi
   for (const std::string& candidate : candidates) {
     if (candidate.size() > kLongestName) continue;
     const std::string folded = FoldCase(candidate);
-    // The beginning of a name, or a part of a long one, is as good as one slip of the finger.
+    // Rate the beginning of a name, or a part of a long one, like a single typing error.
     const bool isPart = wanted.size() >= 3 && folded.find(wanted) != std::string::npos;
     const std::size_t distance = isPart ? 1 : EditDistance(wanted, folded);
-    // A name with more than a third of its letters wrong is another name.
+    // Reject a name with more than a third of its letters wrong: it is a different name.
     if (distance < least && 3 * distance <= std::max(wanted.size(), folded.size())) {
       least = distance;
       nearest = candidate;

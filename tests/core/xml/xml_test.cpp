@@ -243,7 +243,7 @@ TEST_F(XML, AnAttributeThatIsGivenTwiceIsTold) {
                          });
   EXPECT_THAT(names, ElementsAre("1", "3"));
   ASSERT_EQ(Diagnostics.size(), 2U);
-  EXPECT_EQ(Diagnostics[0].Message, "the attribute \"Name\" stands in <b> before; only the first counts");
+  EXPECT_EQ(Diagnostics[0].Message, "the attribute \"Name\" is repeated in <b>; only the first counts");
   EXPECT_EQ(Diagnostics[0].Position.Line, 2);
   EXPECT_EQ(Diagnostics[0].Position.Column, 22);
   EXPECT_EQ(Diagnostics[1].Position.Column, 44);
