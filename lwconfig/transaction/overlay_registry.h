@@ -9,7 +9,7 @@
 
 namespace lwconfig {
 
-/// The change of one registry value; without an old or a new one where it is absent.
+/// The change of one registry value; the old or new value is absent where there is none.
 struct ValueChange {
   Hive Root;
   std::string Key;
@@ -18,26 +18,26 @@ struct ValueChange {
   std::optional<RegistryValue> New;
 };
 
-/// A registry over another one: values that are written are kept in memory, where reads see them. The old
-/// value of a change is the one that was first read.
+/// A registry over another one: written values are kept in memory, where reads see them. The old value of a
+/// change is the one first read.
 class OverlayRegistry final : public platform::Registry {
  public:
   explicit OverlayRegistry(platform::Registry& base) : mBase(base) {}
 
-  /// The values that are not what they were, in the order in which they were first written.
+  /// The values that differ from their old ones, in the order of their first write.
   std::vector<ValueChange> Changes() const;
 
   std::optional<RegistryValue> Read(Hive hive, std::string_view key, std::string_view name) override;
-  /// As it is below: nothing that the library does looks at keys as a whole.
+  /// As in the registry below: nothing in the library examines whole keys.
   std::optional<RegistryKey> List(Hive hive, std::string_view key) override { return mBase.List(hive, key); }
-  /// A key comes into being with its first value. Deleting whole keys is not supported.
+  /// A key is created with its first value. Deleting whole keys is not supported.
   void Apply(const std::vector<RegistryChange>& changes) override;
 
  private:
   ValueChange& Obtain(Hive hive, std::string_view key, std::string_view name);
 
   platform::Registry& mBase;
-  std::vector<ValueChange> mValues;  // also those that were only read
+  std::vector<ValueChange> mValues;  // includes values that were only read
 };
 
 }  // namespace lwconfig

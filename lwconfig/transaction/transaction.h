@@ -10,8 +10,8 @@
 namespace lwconfig {
 
 /// All or nothing: while a transaction is open, everything that this process saves, files and registry
-/// values, is kept in memory, where reads see it. A commit writes it together or not at all. Transactions
-/// nest; an inner one commits into the outer one.
+/// values, is kept in memory, where reads see it. A commit writes all of it or nothing. Transactions nest; an
+/// inner one commits into the outer one.
 ///
 ///     Transaction transaction;
 ///     root.PageTemplates()->SaveTemplate(pageTemplate);
@@ -20,13 +20,13 @@ namespace lwconfig {
 class Transaction {
  public:
   Transaction();
-  /// Drops what is not committed.
+  /// Drops uncommitted changes.
   ~Transaction();
   Transaction(const Transaction&) = delete;
   Transaction& operator=(const Transaction&) = delete;
 
   bool IsEmpty() const { return FileChanges().empty() && ValueChanges().empty(); }
-  /// The files that differ from what they were, in the order in which they were first written.
+  /// The files that differ from their old content, in the order of their first write.
   std::vector<FileChange> FileChanges() const { return mFiles.Changes(); }
   /// The registry values that differ, in the same order.
   std::vector<ValueChange> ValueChanges() const { return mRegistry.Changes(); }
@@ -34,10 +34,10 @@ class Transaction {
   std::string Difference() const;
 
   /// Writes the changes and closes the transaction: every file durably, in order, then the registry values.
-  /// The new content of all files is on the disk before the first one is replaced. When a step fails, what
-  /// was replaced before is put back, and the failure is thrown with its file; where that fails too its text
-  /// says so. Error 70 for a file or value that was changed elsewhere since the transaction first read it.
-  /// Folders that were made are kept. A transaction whose commit fails stays open.
+  /// The new content of all files is on disk before the first one is replaced. When a step fails, the files
+  /// already replaced are restored, and the failure is thrown with its file; its text names everything that
+  /// could not be restored. Error 70 for a file or value that was changed elsewhere since the transaction
+  /// first read it. Created folders are kept. A transaction whose commit fails stays open.
   void Commit();
   /// Drops the changes and closes the transaction. The shared objects are dropped as well, so that they are
   /// loaded anew on their next use.
