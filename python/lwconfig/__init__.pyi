@@ -151,7 +151,7 @@ pgExample = PageTypeEnum.pgExample
 class NodeTypeEnum(IntEnum):
     """Kinds of node."""
 
-    ntStandard = 0  # is itself a node of the contents
+    ntStandard = 0  # a single node of the contents
     ntSmart = 1  # repeats for every code element of one kind
     ntPlugIn = 2  # is produced by a plug-in
 
@@ -279,7 +279,7 @@ ToolbarStyleOffice2003 = LWToolBarStyleEnum.ToolbarStyleOffice2003
 ToolbarStyleOffice2003NoThemes = LWToolBarStyleEnum.ToolbarStyleOffice2003NoThemes
 
 class CommentEditorViewEnum(IntEnum):
-    """The number of comments that an editor shows at once."""
+    """The comments that a comment editor shows at once."""
 
     CommentEditViewFull = 0  # every comment
     CommentEditViewCombo = 1  # one comment, chosen from a list
@@ -415,7 +415,7 @@ class PageTemplates(Object):
     TemplateFolder: _FilePath
     """The folder under which templates are found and saved; `Load` sets it from the configuration path."""
     def Item(self, Key: Any) -> lwconfig.PageTemplate | None:
-        """As of every collection. A text that is no key finds the first template of that name, letter case
+        """As of every collection; a text that is no key finds the first template of that name, letter case
         ignored.
 
         Every collection: the item at that position or under that key, or null."""
@@ -459,7 +459,7 @@ class PageTemplate(Object):
     RootFolder: _FilePath
     """The template's folder, with trailing backslash."""
     Name: str
-    """The display name, and the key in look-ups."""
+    """The display name, by which the catalogue finds the template."""
     Description: str
     """Description of the template."""
     objFillColor: int
@@ -614,7 +614,7 @@ class PageLayout(Object):
     DependantOnNamespace_Filter: str
     """Filter for these items, kept as it is."""
     DependantCount: int
-    """The number of these that the page depends on. At first `-1`."""
+    """The number of items that the page depends on. At first `-1`."""
     @property
     def IsHTMLHelpProjectFile(self) -> bool:
         """Whether `FileName` has the extension of a help project, contents, index or similar file."""
@@ -1268,7 +1268,7 @@ class NamespaceDefs(Object):
     Caption: str
     """The display name of the profile."""
     CommenterCaption: str
-    """The same in the comment editors."""
+    """The display name in the comment editors."""
     IsFile: bool
     """Whether its sources are files."""
     Supports: str
@@ -1325,11 +1325,11 @@ class NamespaceDef(Object):
     Handler: str
     """Kept for the plug-in that offers the elements."""
     Caption: str
-    """The display name of such an element."""
+    """The display name of an element of this kind."""
     CommenterCaption: str
-    """The same in the comment editors."""
+    """The display name in the comment editors."""
     CaptionPlural: str
-    """The display name of several."""
+    """The display name of several elements of this kind."""
     ProvideIncludeFlag: bool
     """Whether users may include or leave out such elements."""
     DefaultIncludeFlag: bool
@@ -1468,7 +1468,7 @@ class ElementAttributeDef(Object):
     Description: str
     """Description of the attribute."""
     HelpTopic: str
-    """Page that describes it."""
+    """Page that describes the attribute."""
     EditType: str
     """How its value is edited."""
     ListSource: str
@@ -1601,8 +1601,8 @@ class PlugIns(Object):
     def __getitem__(self, key: slice) -> list[lwconfig.PlugIn]: ...
 
 class PlugIn(Object):
-    """A plug-in. For wizard, content and table of contents: whether it takes part, and the component that
-    serves it."""
+    """A plug-in of the generator: for wizard, content and tables of contents, whether it takes part and which
+    component serves it."""
 
     def __init__(self) -> None: ...
     Name: str
@@ -1991,7 +1991,8 @@ class XMLAttributes(Object):
     def __getitem__(self, key: str) -> lwconfig.XMLAttribute: ...
 
 class XMLAttribute(Object):
-    """An attribute. The handle stays valid as long as it is held; copies refer to the same attribute."""
+    """An attribute of an element. The handle stays valid as long as it is held; copies refer to the same
+    attribute."""
 
     @property
     def Value(self) -> str:

@@ -22,7 +22,8 @@ class XMLElements;
 struct XMLDocumentData;
 struct XMLDraftElement;
 
-/// An attribute of an element. The handle stays valid as long as it is held; copies refer to the same attribute.
+/// An attribute of an element. The handle stays valid as long as it is held; copies refer to
+/// the same attribute.
 class XMLAttribute {
  public:
   /// The name as written in the file.
