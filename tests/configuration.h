@@ -21,9 +21,19 @@
 #include <lwconfig/core/loading/shared_slots.h>
 #include <lwconfig/core/xml/xml_document.h>
 #include <lwconfig/platform/files.h>
+#include <lwconfig/platform/folders.h>
+#include <lwconfig/platform/host.h>
 #include <lwconfig/platform/message_box.h>
 
+/// Expects the failure of that number from a call.
+#define EXPECT_ERROR(number, ...) EXPECT_EQ(ErrorOf([&] { __VA_ARGS__; }).Number(), number)
+
 namespace lwconfig::testing {
+
+using ::testing::ElementsAre;
+using ::testing::HasSubstr;
+using ::testing::IsEmpty;
+using ::testing::StartsWith;
 
 enum class FileOperation { Kind, Read, List, Replace, Write, Commit, Remove, MakeFolders };
 
@@ -39,51 +49,39 @@ class FaultyFiles final : public platform::Files {
   void Hide(std::string name) { mHidden.push_back(std::move(name)); }
 
   platform::EntryKind Kind(std::string_view path) override {
-    Check(FileOperation::Kind, path);
-    return mHost.Kind(path);
+    return Host(FileOperation::Kind, path).Kind(path);
   }
-  std::string Read(std::string_view path) override {
-    Check(FileOperation::Read, path);
-    return mHost.Read(path);
-  }
+  std::string Read(std::string_view path) override { return Host(FileOperation::Read, path).Read(path); }
   std::vector<platform::FolderEntry> List(std::string_view folder) override {
-    Check(FileOperation::List, folder);
-    auto entries = mHost.List(folder);
-    for (auto& entry : entries)
-      entry.IsHidden = entry.IsHidden || std::ranges::count(mHidden, entry.Name) > 0;
+    auto entries = Host(FileOperation::List, folder).List(folder);
+    for (auto& entry : entries) entry.IsHidden |= std::ranges::count(mHidden, entry.Name) > 0;
     return entries;
   }
   std::unique_ptr<platform::FileReplacement> Replace(std::string_view path) override {
-    Check(FileOperation::Replace, path);
-    return std::make_unique<Replacement>(*this, std::string(path), mHost.Replace(path));
+    return std::make_unique<Replacement>(*this, path, Host(FileOperation::Replace, path).Replace(path));
   }
   std::unique_ptr<platform::FileReplacement> Supersede(std::string_view path,
                                                        std::string_view model) override {
-    Check(FileOperation::Replace, path);
-    return std::make_unique<Replacement>(*this, std::string(path), mHost.Supersede(path, model));
+    return std::make_unique<Replacement>(*this, path,
+                                         Host(FileOperation::Replace, path).Supersede(path, model));
   }
-  void Remove(std::string_view path) override {
-    Check(FileOperation::Remove, path);
-    mHost.Remove(path);
-  }
+  void Remove(std::string_view path) override { Host(FileOperation::Remove, path).Remove(path); }
   void MakeFolders(std::string_view folder) override {
-    Check(FileOperation::MakeFolders, folder);
-    mHost.MakeFolders(folder);
+    Host(FileOperation::MakeFolders, folder).MakeFolders(folder);
   }
-  std::string NativePath(std::string_view path) override { return mHost.NativePath(path); }
-  std::string ProductPath(std::string_view hostPath) override { return mHost.ProductPath(hostPath); }
+  std::string NativePath(std::string_view path) override { return Native().NativePath(path); }
+  std::string ProductPath(std::string_view hostPath) override { return Native().ProductPath(hostPath); }
 
  private:
   struct Replacement final : platform::FileReplacement {
-    Replacement(FaultyFiles& files, std::string path, std::unique_ptr<platform::FileReplacement> inner)
-        : Files(files), Path(std::move(path)), Inner(std::move(inner)) {}
+    Replacement(FaultyFiles& files, std::string_view path, std::unique_ptr<platform::FileReplacement> inner)
+        : Files(files), Path(path), Inner(std::move(inner)) {}
     void Write(std::string_view bytes) override {
-      Inner->Write(bytes.substr(0, bytes.size() / 2));
-      Files.Check(FileOperation::Write, Path);
-      Inner->Write(bytes.substr(bytes.size() / 2));
+      Files.Host(FileOperation::Write, Path);
+      Inner->Write(bytes);
     }
     void Commit() override {
-      Files.Check(FileOperation::Commit, Path);
+      Files.Host(FileOperation::Commit, Path);
       Inner->Commit();
     }
     FaultyFiles& Files;
@@ -91,19 +89,33 @@ class FaultyFiles final : public platform::Files {
     std::unique_ptr<platform::FileReplacement> Inner;
   };
 
-  void Check(FileOperation operation, std::string_view path) const {
+  /// The host's files for an operation that does not fail.
+  platform::Files& Host(FileOperation operation, std::string_view path) const {
     for (const auto& [failing, ending, code] : mFaults) {
       if (failing == operation && (ending.empty() ? path.empty() : path.ends_with(ending)))
         throw std::system_error(code, std::generic_category(), std::string(path));
     }
+    return Native();
   }
 
-  platform::Files& mHost = platform::Files::Native();
   std::vector<std::tuple<FileOperation, std::string, int>> mFaults;
   std::vector<std::string> mHidden;
 };
 
-/// A test with a configuration folder, registry and message boxes of its own.
+/// The surroundings of the process as a test wants them.
+struct FixedSurroundings final : platform::Environment, platform::Folders {
+  int DisplayWidth() override { return Width; }
+  std::vector<std::string> ProcessArguments() override { return Arguments; }
+  std::string ShellFolder(std::int32_t csidl) override { return csidl == 5 ? Documents : "wrong"; }
+  std::string WindowsFolder() override { return Windows; }
+
+  int Width = 1920;
+  std::vector<std::string> Arguments;
+  std::string Documents = "C:\\Docs";
+  std::string Windows = "C:\\Windows";
+};
+
+/// A test with a configuration folder, registry, surroundings and message boxes of its own.
 class ConfigurationTest : public ::testing::Test {
  protected:
   static constexpr const char* kProductKey = "Software\\Corvantis\\Lexiwend4";
@@ -111,7 +123,7 @@ class ConfigurationTest : public ::testing::Test {
   ConfigurationTest() {
     Folder.Write("Config/Namespaces/.keep", "");
     Folder.Write("Config/Templates/.keep", "");
-    Register("ConfigPath", ConfigFolder() + "\\");
+    Register("ConfigPath", Path(""));
     mMessageBoxes =
         platform::SetMessageBoxHandler([this](const platform::Message& shown) { Messages.push_back(shown); });
     mDiagnostics =
@@ -126,11 +138,13 @@ class ConfigurationTest : public ::testing::Test {
   void Register(std::string_view name, std::string value) {
     Registry.Write(Hive::LocalMachine, kProductKey, name, {1, std::move(value)});
   }
-  /// The configuration folder in the product's notation, without trailing backslash.
-  std::string ConfigFolder() const { return Product(Folder.Path() / "Config"); }
-  std::string Product(const std::filesystem::path& path) const {
+  static std::string Product(const std::filesystem::path& path) {
     return platform::Files::Native().ProductPath(path.string());
   }
+  /// The configuration folder in the product's notation, without trailing backslash.
+  std::string ConfigFolder() const { return Product(Folder.Path() / "Config"); }
+  /// A path below it.
+  std::string Path(const std::string& relative) const { return ConfigFolder() + "\\" + relative; }
   void Write(std::string_view relative, std::string_view content) const {
     Folder.Write("Config/" + std::string(relative), content);
   }
@@ -138,16 +152,30 @@ class ConfigurationTest : public ::testing::Test {
   bool Exists(std::string_view relative) const {
     return std::filesystem::exists(Folder.Path() / "Config" / relative);
   }
+  void Remove(std::string_view relative) const {
+    std::filesystem::remove_all(Folder.Path() / "Config" / relative);
+  }
+
+  /// The messages since the last call, as "icon title: text".
+  std::string Shown() {
+    std::string all;
+    for (const auto& [title, text, icon] : std::exchange(Messages, {}))
+      all += std::to_string(static_cast<int>(icon)) + " " + title + ": " + text;
+    return all;
+  }
 
   TemporaryFolder Folder;
   MemoryRegistry Registry;
   FaultyFiles Files;
+  FixedSurroundings Surroundings;
   std::vector<platform::Message> Messages;
   std::vector<Diagnostic> Diagnostics;
 
  private:
   platform::ScopedHost<platform::Registry> mRegistryScope{Registry};
   platform::ScopedHost<platform::Files> mFilesScope{Files};
+  platform::ScopedHost<platform::Environment> mEnvironmentScope{Surroundings};
+  platform::ScopedHost<platform::Folders> mFoldersScope{Surroundings};
   platform::MessageBoxHandler mMessageBoxes;
   DiagnosticHandler mDiagnostics;
 };
@@ -190,6 +218,16 @@ void ExpectSavedAttributes(std::string_view table, Load load) {
   }
 }
 
+/// Expects `derive` to give the texts between the bars for "0", "1" and so on.
+template <class Derive>
+void ExpectDerived(std::string_view texts, Derive derive) {
+  int number = 0;
+  for (const auto text : Split(texts, "|")) {
+    const std::string from = std::to_string(number++);
+    EXPECT_EQ(derive(from), text) << from;
+  }
+}
+
 /// The failure that `work` ends with.
 template <class Work>
 Error ErrorOf(Work work) {
@@ -200,6 +238,12 @@ Error ErrorOf(Work work) {
   }
   ADD_FAILURE() << "nothing failed";
   return Error(0, "nothing failed");
+}
+
+/// Matches the failure of that number whose text begins so, in most cases with its place in a file.
+inline auto IsError(std::int32_t number, const std::string& start) {
+  return ::testing::AllOf(::testing::Property(&Error::Number, number),
+                          ::testing::Property(&Error::what, StartsWith(start)));
 }
 
 /// `member` of every item, in order.

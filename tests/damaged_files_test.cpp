@@ -15,78 +15,58 @@
 #include <lwconfig/namespaces/plug_in.h>
 #include <lwconfig/templates/page_templates.h>
 
-namespace lwconfig {
+namespace lwconfig::testing {
 namespace {
 
-using testing::Each;
-using testing::ErrorOf;
-using testing::kLanguageWords;
-using testing::Texts;
 using Names = std::vector<std::string>;
 
 /// What reads a file, the names of the items that it then holds, and what writes the file again, if anything.
 struct Reader {
   std::function<void()> Load;
   std::function<Names()> Loaded;
-  std::function<void()> Save = [] {};
+  std::function<void()> Save{};
 };
 
-template <class Set, class Load, class Save, class Name>
-Reader ReaderOf(Load load, Save save, Name name) {
+template <class Set, auto Load, auto Loaded, auto Save = nullptr>
+Reader Open() {
   const auto set = std::make_shared<Set>();
-  return {[=] { ((*set).*load)(); }, [=] { return Each(*set, name); }, [=] { ((*set).*save)(); }};
+  Reader reader{[=] { std::invoke(Load, *set); }, [=] { return Loaded(*set); }};
+  if constexpr (Save != nullptr) reader.Save = [=] { std::invoke(Save, *set); };
+  return reader;
 }
-
-Reader OpenTaggedComments() {
-  return ReaderOf<TaggedCommentDefs>(&TaggedCommentDefs::Load, &TaggedCommentDefs::Save,
-                                     &TaggedCommentDef::TagIdentifier);
-}
-Reader OpenModelComments() {
-  return ReaderOf<ModelComments>(&ModelComments::LoadGlobal, &ModelComments::SaveToGlobal,
-                                 &ModelComment::MemberName);
-}
-/// The names are those of the items in the sets that could be loaded.
-template <class Sets, class ItemsOf, class Name>
-Reader OpenSets(ItemsOf itemsOf, Name name) {
-  const auto sets = std::make_shared<Sets>();
-  const auto names = [=] {
-    Names all;
-    for (const auto& set : *sets) {
-      for (const auto& item : itemsOf(*set)) all.push_back((*item).*name);
-    }
-    return all;
-  };
-  const auto save = [=] {
-    if constexpr (requires { sets->Save(); }) sets->Save();
-  };
-  return {[=] { sets->Load(); }, names, save};
-}
+template <auto Name>
+constexpr auto kNames = [](const auto& set) { return Each(set, Name); };
+/// The names of the items in the sets that could be loaded.
+template <auto ItemsOf, auto Name>
+constexpr auto kNamesInSets = [](const auto& sets) {
+  Names all;
+  for (const auto& set : sets) std::ranges::copy(Each(ItemsOf(*set), Name), std::back_inserter(all));
+  return all;
+};
 constexpr auto kItself = [](const auto& set) -> const auto& {
   return set;
 };
 constexpr auto kVariables = [](const PageTemplate& set) -> const auto& {
   return *set.VariableDefs;
 };
-Reader OpenProfiles() {
-  return OpenSets<ModelCommentProfiles>(kItself, &ModelComment::MemberName);
-}
-Reader OpenNamespaces() {
-  return OpenSets<NamespaceProfiles>(kItself, &NamespaceDef::Name);
-}
-Reader OpenPages() {
-  return OpenSets<PageTemplates>(kVariables, &VariableDef::Name);
-}
-Reader OpenPlugIns() {
-  const auto plugIns = std::make_shared<PlugIns>();
-  return {[=] { plugIns->Load(); }, [=] { return Each(*plugIns, &PlugIn::Name); }};
-}
-Reader OpenCommentFiles() {
-  return ReaderOf<CommentFileLocations>(&CommentFileLocations::Load, &CommentFileLocations::Save,
-                                        &CommentFileLocation::AssemblyFileName);
-}
-Reader OpenDocs() {
-  return ReaderOf<ExternalDocs>(&ExternalDocs::Load, &ExternalDocs::Save, &ExternalDoc::NamespaceName);
-}
+
+constexpr auto OpenTags = Open<TaggedCommentDefs, &TaggedCommentDefs::Load,
+                               kNames<&TaggedCommentDef::TagIdentifier>, &TaggedCommentDefs::Save>;
+constexpr auto OpenComments = Open<ModelComments, &ModelComments::LoadGlobal,
+                                   kNames<&ModelComment::MemberName>, &ModelComments::SaveToGlobal>;
+constexpr auto OpenProfiles =
+    Open<ModelCommentProfiles, &ModelCommentProfiles::Load, kNamesInSets<kItself, &ModelComment::MemberName>,
+         &ModelCommentProfiles::Save>;
+constexpr auto OpenCommentFiles =
+    Open<CommentFileLocations, &CommentFileLocations::Load, kNames<&CommentFileLocation::AssemblyFileName>,
+         &CommentFileLocations::Save>;
+constexpr auto OpenDocs =
+    Open<ExternalDocs, &ExternalDocs::Load, kNames<&ExternalDoc::NamespaceName>, &ExternalDocs::Save>;
+constexpr auto OpenPlugIns = Open<PlugIns, &PlugIns::Load, kNames<&PlugIn::Name>>;
+constexpr auto OpenNamespaces =
+    Open<NamespaceProfiles, &NamespaceProfiles::Load, kNamesInSets<kItself, &NamespaceDef::Name>>;
+constexpr auto OpenPages = Open<PageTemplates, &PageTemplates::Load,
+                                kNamesInSets<kVariables, &VariableDef::Name>, &PageTemplates::Save>;
 Reader OpenLanguages() {
   return {[] { Languages::Shared(); }, [] { return Each(*Languages::Shared(), &Language::Name); }};
 }
@@ -97,8 +77,7 @@ Reader OpenTexts() {
   const auto names = [=] {
     const auto& texts = *((*pageTemplate).*Entries)();
     Names keys;
-    for (std::int32_t position = 1; position <= texts.Count(); ++position)
-      keys.push_back(texts.KeyAt(position));
+    for (std::int32_t at = 1; at <= texts.Count(); ++at) keys.push_back(texts.KeyAt(at));
     return keys;
   };
   return {[=] { pageTemplate->LoadPhrasesAndScraps("L"); }, names};
@@ -145,10 +124,10 @@ constexpr const char* kPlugIn =
     "TableOfContentsProgID";
 
 const Format kFormats[] = {
-    {"taggedcomments_standard.xml", OpenTaggedComments, "x", "t", "Identifier", kTag, {"B", "a"}},
-    {"taggedcomments_custom.xml", OpenTaggedComments, "x", "t", "Identifier", kTag, {"B", "a"}},
-    {"taggedcomments.xml", OpenTaggedComments, "x", "t", "Identifier", kTag, {"B", "a"}},
-    {"modelcomments.xml", OpenModelComments, kSet, "MC", "MemberName", kModel, {"A", "B", "a"}, 0, true},
+    {"taggedcomments_standard.xml", OpenTags, "x", "t", "Identifier", kTag, {"B", "a"}},
+    {"taggedcomments_custom.xml", OpenTags, "x", "t", "Identifier", kTag, {"B", "a"}},
+    {"taggedcomments.xml", OpenTags, "x", "t", "Identifier", kTag, {"B", "a"}},
+    {"modelcomments.xml", OpenComments, kSet, "MC", "MemberName", kModel, {"A", "B", "a"}, 0, true},
     {"modelcomments/P.xml", OpenProfiles, kSet, "MC", "MemberName", kModel, {"A", "B", "a"}, 0, true, true},
     {"CommentFileLocations.xml", OpenCommentFiles, "x", "f", "AssemblyFileName", kLocation, {"A", "B", "a"}},
     {"languages.xml", OpenLanguages, "x", "Language", "Name", kLanguageWords, {"A", "B"}, kDuplicateKey},
@@ -241,7 +220,7 @@ std::vector<Row> RowsOf(const Format& format) {
   return rows;
 }
 
-class DamagedFiles : public testing::ConfigurationTest {
+class DamagedFiles : public ConfigurationTest {
  protected:
   /// How many files of the configuration have this content.
   auto CopiesOf(const std::string& content) const {
@@ -267,7 +246,7 @@ class DamagedFiles : public testing::ConfigurationTest {
     if (row.Number != 0) {
       const auto failure = ErrorOf(reader.Load);
       EXPECT_EQ(failure.Number(), row.Number) << failure.what();
-      EXPECT_THAT(failure.Description(), ::testing::HasSubstr(row.Message));
+      EXPECT_THAT(failure.Description(), HasSubstr(row.Message));
       place = failure.Position();
     } else {
       reader.Load();
@@ -278,7 +257,7 @@ class DamagedFiles : public testing::ConfigurationTest {
     EXPECT_TRUE(row.Column == 0 || place.Column == row.Column) << place.Column;
     EXPECT_EQ(place.File, row.Line > 0 ? Product(Folder.Path() / "Config" / format.File) : "");
     EXPECT_EQ(reader.Loaded(), row.Loaded);
-    if (!row.Saves) return;
+    if (!row.Saves || !reader.Save) return;
     reader.Save();
     EXPECT_TRUE(row.Line == 0 || CopiesOf(row.Content) == 1) << "what was not read is lost, or kept twice";
 
@@ -310,22 +289,37 @@ TEST_F(DamagedFiles, LoadAsFarAsTheyGoAndAreNotLost) {
   }
 }
 
+TEST_F(DamagedFiles, AreNotMadeByAFailingSave) {
+  for (const Format& format : kFormats) {
+    const std::string content = format.Document(format.Item("A"));
+    Begin(format);
+    Write(format.File, content);
+    const Reader reader = format.Open();
+    reader.Load();
+    Files.Fail(FileOperation::Commit, ".xml", ENOSPC);
+    if (reader.Save) {
+      EXPECT_ERROR(kPathFileAccess, reader.Save()) << format.File;
+    }
+    EXPECT_EQ(Read(format.File), content) << format.File;
+    Files.Heal();
+  }
+}
+
 TEST_F(DamagedFiles, ThatAFailureLeavesUnreadAreNotLostEither) {
   const Format& format = kFormats[0];
   const std::string standard = format.Document(format.Item("S"));
   Write("taggedcomments_standard.xml", standard);
   Write("taggedcomments_custom.xml", "<x><t/></x>");
   TaggedCommentDefs definitions;
-  EXPECT_EQ(ErrorOf([&] { definitions.Load(); }).Number(), kInvalidCall);
+  EXPECT_ERROR(kInvalidCall, definitions.Load());
   definitions.Save();
   EXPECT_EQ(CopiesOf(standard), 1);
 
   Write("ExternalDocs.xml", "<x><ExternalDoc Namespace='A'/></x>");
-  Files.Fail(testing::FileOperation::Read, "ExternalDocs.xml", EIO);
+  Files.Fail(FileOperation::Read, "ExternalDocs.xml", EIO);
   ExternalDocs docs;
-  EXPECT_EQ(ErrorOf([&] { docs.Load(); }).Number(), kPathFileAccess);
-  EXPECT_EQ(ErrorOf([&] { docs.Save(); }).Number(), kPathFileAccess)
-      << "there is no copy, so nothing is written";
+  EXPECT_ERROR(kPathFileAccess, docs.Load());
+  EXPECT_ERROR(kPathFileAccess, docs.Save()) << "there is no copy, so nothing is written";
   EXPECT_EQ(Read("ExternalDocs.xml"), "<x><ExternalDoc Namespace='A'/></x>");
 }
 
@@ -345,4 +339,4 @@ TEST_F(DamagedFiles, AreCopiedOnceEachUnderANameOfTheirOwn) {
 }
 
 }  // namespace
-}  // namespace lwconfig
+}  // namespace lwconfig::testing

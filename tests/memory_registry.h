@@ -16,7 +16,6 @@ namespace lwconfig::testing {
 /// A registry in memory. `Fault`, where set, is thrown by every operation.
 class MemoryRegistry final : public platform::Registry {
  public:
-
   std::optional<RegistryValue> Read(Hive hive, std::string_view key, std::string_view name) override {
     if (Fault) Fault();
     const auto found = mValues.find({hive, FoldCase(key), FoldCase(name)});

@@ -4,8 +4,6 @@ namespace lwconfig::testing {
 
 /// The command as it is built. Null where it is not.
 extern const char* const kCommandPath;
-/// The folder of the conformance script and its transcript.
-extern const char* const kConformanceFolder;
 /// The folder of the sessions with the command.
 extern const char* const kSessionsFolder;
 /// The record of the published interface.

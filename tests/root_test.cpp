@@ -5,16 +5,10 @@
 #include <lwconfig/core/base/instance_count.h>
 #include <lwconfig/root.h>
 
-namespace lwconfig {
+namespace lwconfig::testing {
 namespace {
 
-using testing::Each;
-using ::testing::ElementsAre;
-using testing::ErrorOf;
-using testing::FileOperation;
-using ::testing::IsEmpty;
-
-class RootTest : public testing::ConfigurationTest {
+class RootTest : public ConfigurationTest {
  protected:
   RootTest() { Write("Namespaces/core.xml", "<p Name='LW.Core'/>"); }
   void AddTemplate(const std::string& name, const std::string& attributes,
@@ -28,14 +22,12 @@ class RootTest : public testing::ConfigurationTest {
 
 TEST_F(RootTest, EveryRootHandsOutTheSameObjectsUntilTheLastIsGone) {
   AddTemplate("A", "", "LW.Core");
-  const auto withoutRoot = std::make_shared<PageTemplates>();
-  withoutRoot->Load();
-  EXPECT_EQ(withoutRoot->Count(), 1);
+  PageTemplates withoutRoot;
+  withoutRoot.Load();
   EXPECT_EQ(SharedSlot<NamespaceProfiles>::Get(), nullptr);
   std::optional<Root> first{std::in_place};
   const auto templates = first->PageTemplates();
   const std::weak_ptr<PlugIns> plugIns = first->PlugIns();
-  EXPECT_EQ(LiveRoot::Count(), 1);
   {
     Root second;
     EXPECT_EQ(LiveRoot::Count(), 2);
@@ -52,8 +44,7 @@ TEST_F(RootTest, EveryRootHandsOutTheSameObjectsUntilTheLastIsGone) {
   Root fresh;
   EXPECT_EQ(fresh.PageTemplates()->Count(), 2);
   const auto profiles = fresh.NamespaceProfiles();
-  fresh.ResetLWConfig();
-  fresh.ResetLWConfig();
+  for (int i = 0; i < 2; ++i) fresh.ResetLWConfig();
   EXPECT_EQ(fresh.PageTemplates()->Count(), 2);
   EXPECT_NE(fresh.NamespaceProfiles(), profiles);
   EXPECT_THAT(Messages, IsEmpty());
@@ -64,46 +55,40 @@ TEST_F(RootTest, KeepsWhatAFailingLoadLeft) {
   Write("Templates/B/config.xml", "<PageTemplate/>");
   AddTemplate("C", "", "LW.Core");
   Root root;
-  EXPECT_EQ(ErrorOf([&] { root.PageTemplates(); }).Number(), kInvalidCall);
+  EXPECT_ERROR(kInvalidCall, root.PageTemplates());
   EXPECT_THAT(Each(*root.PageTemplates(), &PageTemplate::Name), ElementsAre("A"));
   Write("Namespaces/d.xml", "<p Name='lw.core'/>");
   root.ResetLWConfig();
-  EXPECT_EQ(ErrorOf([&] { root.PageTemplates(); }).Number(), kDuplicateKey);
+  EXPECT_ERROR(kDuplicateKey, root.PageTemplates());
   EXPECT_EQ(root.PageTemplates()->Count(), 0);
   EXPECT_EQ(root.NamespaceProfiles()->Count(), 1);
   Write("PlugIns/a.xml", "<p><PlugIn/></p>");
-  EXPECT_EQ(ErrorOf([&] { root.PlugIns(); }).Number(), kInvalidCall);
+  EXPECT_ERROR(kInvalidCall, root.PlugIns());
   EXPECT_EQ(root.PlugIns()->Count(), 0);
 }
 
 TEST_F(RootTest, ShowsAMissingFolderOnce) {
-  std::filesystem::remove_all(Folder.Path() / "Config/Namespaces");
+  Remove("Namespaces");
   Root root;
   const auto profiles = root.NamespaceProfiles();
   EXPECT_EQ(root.PageTemplates()->Count(), 0);
   EXPECT_EQ(root.NamespaceProfiles(), profiles);
-  ASSERT_EQ(Messages.size(), 1U);
-  EXPECT_EQ(Messages[0].Title, "Folder not found");
-  EXPECT_EQ(Messages[0].Icon, platform::MessageIcon::Exclamation);
-  EXPECT_EQ(Messages[0].Text, "Lexiwend namespaces folder '" + ConfigFolder() +
-                                  "\\Namespaces' could not be found.  No namespaces have been loaded.");
+  EXPECT_EQ(Shown(), "48 Folder not found: Lexiwend namespaces folder '" + Path("Namespaces") +
+                         "' could not be found.  No namespaces have been loaded.");
   root.ResetLWConfig();
   root.PageTemplates();
-  EXPECT_EQ(Messages.size(), 2U);
+  EXPECT_NE(Shown(), "");
 }
 
 TEST_F(RootTest, SettingsAreSharedAndSurviveAReset) {
   Root first;
-  Root second;
-  EXPECT_EQ(second.DefaultToolbarStyle(), ToolbarStyleOfficeXP);
-  EXPECT_FALSE(second.ReloadFlag());
-  first.SetDefaultToolbarStyle(ToolbarStyleOffice2003NoThemes);
-  first.SetReloadFlag(true);
-  first.ResetLWConfig();
-  EXPECT_EQ(second.DefaultToolbarStyle(), ToolbarStyleOffice2003NoThemes);
-  EXPECT_TRUE(second.ReloadFlag());
-  first.SetDefaultToolbarStyle(ToolbarStyleOfficeXP);
-  first.SetReloadFlag(false);
+  for (const auto& [style, reload] :
+       {std::pair(ToolbarStyleOffice2003NoThemes, true), {ToolbarStyleOfficeXP, false}}) {
+    first.SetDefaultToolbarStyle(style);
+    first.SetReloadFlag(reload);
+    first.ResetLWConfig();
+    EXPECT_EQ(std::tuple(Root().DefaultToolbarStyle(), Root().ReloadFlag()), std::tuple(style, reload));
+  }
 }
 
 TEST_F(RootTest, ChoosesTheFirstTemplateThatFits) {
@@ -133,26 +118,24 @@ TEST_F(RootTest, ReplacedObjectsAreSharedUntilTheReset) {
   root.ReplaceTaggedCommentDefs(definitions);
   root.ReplaceModelCommentProfiles(profiles);
   root.ReplaceCommentFileLocations(locations);
-  EXPECT_EQ(ErrorOf([&] { root.ReplaceExternalDocs(nullptr); }).Number(), kObjectNotSet);
+  EXPECT_ERROR(kObjectNotSet, root.ReplaceExternalDocs(nullptr));
   EXPECT_EQ(std::tuple(other.ExternalDocs(), other.TaggedCommentDefs(), other.ModelCommentProfiles(),
-                       other.CommentFileLocations()),
-            std::tuple(docs, definitions, profiles, locations));
-  EXPECT_EQ(root.VSNETOptions(), other.VSNETOptions());
-  EXPECT_EQ(root.Languages(), other.Languages());
+                       other.CommentFileLocations(), other.VSNETOptions(), other.Languages()),
+            std::tuple(docs, definitions, profiles, locations, root.VSNETOptions(), root.Languages()));
   root.ResetLWConfig();
-  EXPECT_NE(root.ExternalDocs(), docs);
-  EXPECT_NE(root.ExternalDocs(), loaded);
+  EXPECT_TRUE(root.ExternalDocs() != docs && root.ExternalDocs() != loaded);
 }
 
 TEST_F(RootTest, SavesWithoutAConfigurationFolderOnlyWhereTheCallerChose) {
   Register("ConfigPath", "");
   Files.Fail(FileOperation::Replace, ".xml", EROFS);
-  for (const auto& save : std::vector<std::function<void()>>{
-           [] { CommentFileLocations().Save(); }, [] { ExternalDocs().Save(); },
-           [] { ModelCommentProfiles().Save(); }, [] { ModelComments().SaveToGlobal(); },
-           [] { TaggedCommentDefs().Save(); }, [] { TaggedCommentDefs().SaveEx(false, true); }})
-    EXPECT_EQ(ErrorOf(save).Number(), kPathNotFound);
-  EXPECT_EQ(ErrorOf([] { TaggedCommentDefs().SaveTo("/x.xml"); }).Number(), kPermissionDenied);
+  EXPECT_ERROR(kPathNotFound, CommentFileLocations().Save());
+  EXPECT_ERROR(kPathNotFound, ExternalDocs().Save());
+  EXPECT_ERROR(kPathNotFound, ModelCommentProfiles().Save());
+  EXPECT_ERROR(kPathNotFound, ModelComments().SaveToGlobal());
+  EXPECT_ERROR(kPathNotFound, TaggedCommentDefs().Save());
+  EXPECT_ERROR(kPathNotFound, TaggedCommentDefs().SaveEx(false, true));
+  EXPECT_ERROR(kPermissionDenied, TaggedCommentDefs().SaveTo("/x.xml"));
 }
 
 TEST_F(RootTest, LeavesNoObjectBehind) {
@@ -167,9 +150,8 @@ TEST_F(RootTest, LeavesNoObjectBehind) {
   Write("Templates/B/index.html", "");
   const auto live = [] {
     std::map<std::string, std::int32_t> counts;
-    for (const auto& count : InstanceCounts()) {
+    for (const auto& count : InstanceCounts())
       if (count.Live != 0) counts[count.ClassName] = count.Live;
-    }
     return counts;
   };
   const auto before = live();
@@ -178,12 +160,11 @@ TEST_F(RootTest, LeavesNoObjectBehind) {
     const auto copy = root.PageTemplates()->Item("B")->Clone();
     copy->PlugIns();
     root.NamespaceProfiles()->Item(1)->AllNamespaceDefs();
-    const auto during = live();
     for (const char* name : {"Root", "PageTemplate", "NodeDef", "PageLayout", "NamespaceDef", "ElementDef"})
-      EXPECT_GT(during.contains(name) ? during.at(name) : 0, 0) << name;
+      EXPECT_GT(live()[name], 0) << name;
   }
   EXPECT_EQ(live(), before);
 }
 
 }  // namespace
-}  // namespace lwconfig
+}  // namespace lwconfig::testing

@@ -39,11 +39,11 @@ constexpr Step kSteps[] = {
 
 const Step* StepOf(const XMLElement& e) {
   const auto parent = e.Parent();
-  const auto found = std::ranges::find_if(kSteps, [&](const Step& step) {
+  const auto* const found = std::ranges::find_if(kSteps, [&](const Step& step) {
     return e.IsNamedIgnoringCase(step.Element) &&
            (step.Parent == nullptr || (parent && parent->IsNamedIgnoringCase(step.Parent)));
   });
-  return found == std::end(kSteps) ? nullptr : &*found;
+  return found == std::end(kSteps) ? nullptr : found;
 }
 
 /// From 1, among the elements of its name.

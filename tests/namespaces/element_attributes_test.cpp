@@ -2,9 +2,8 @@
 
 #include <lwconfig/namespaces/element_attributes.h>
 #include <lwconfig/namespaces/namespace_provider.h>
-#include <lwconfig/platform/host.h>
 
-namespace lwconfig {
+namespace lwconfig::testing {
 namespace {
 
 using Pairs = std::vector<std::pair<std::string, std::string>>;
@@ -56,21 +55,15 @@ TEST(ElementAttributes, AreFoundByPositionOrName) {
   EXPECT_EQ(attributes.AttributeName("TITLE"), "Title");
 }
 
-struct Arguments final : platform::Environment {
-  int DisplayWidth() override { return 0; }
-  std::vector<std::string> ProcessArguments() override { return List; }
-  std::vector<std::string> List;
-};
+class ProcessAttributes : public ConfigurationTest {};
 
-TEST(ElementAttributes, ComeFromTheProcessWhereThereIsNoText) {
-  Arguments arguments;
-  const platform::ScopedHost<platform::Environment> scope(arguments);
+TEST_F(ProcessAttributes, AreUsedWhereThereIsNoText) {
   ElementAttributes attributes;
   EXPECT_EQ(attributes.Parse(), 0);
   attributes.Parse("/a");
   EXPECT_EQ(attributes.Parse(""), 1);
   EXPECT_EQ(All(attributes), (Pairs{{"a", "/a"}}));
-  arguments.List = {"/x=1 2", "", "y"};
+  Surroundings.Arguments = {"/x=1 2", "", "y"};
   EXPECT_EQ(attributes.Parse(), 5);
   EXPECT_EQ(All(attributes), (Pairs{{"x", "1"}, {"2", "2"}, {"", ""}, {"y", "y"}, {"", ""}}));
 }
@@ -79,11 +72,10 @@ TEST(ElementAttributes, AreNoMoreThanTheirCountCanTell) {
   ElementAttributes attributes;
   EXPECT_EQ(attributes.Parse("a=" + std::string(32'765, ' ') + "b"), 32'767);
   EXPECT_EQ(attributes.AttributeData(32'766), "b");
-  const auto failure = testing::ErrorOf([&] { attributes.Parse("a=" + std::string(32'766, ' ') + "b"); });
-  EXPECT_EQ(failure.Number(), kOverflow);
+  EXPECT_ERROR(kOverflow, attributes.Parse("a=" + std::string(32'766, ' ') + "b"));
   EXPECT_EQ(attributes.AttributeName("B"), "b");
   EXPECT_EQ(attributes.Parse("c"), 1);
 }
 
 }  // namespace
-}  // namespace lwconfig
+}  // namespace lwconfig::testing

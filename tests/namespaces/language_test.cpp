@@ -3,16 +3,8 @@
 
 #include <lwconfig/namespaces/language.h>
 
-namespace lwconfig {
+namespace lwconfig::testing {
 namespace {
-
-using testing::Each;
-using ::testing::ElementsAre;
-using testing::ErrorOf;
-using testing::kLanguageWords;
-using testing::LanguageElement;
-using testing::Parse;
-using testing::Texts;
 
 /// Every word of a language, in the order in which they are read.
 std::string WordsOf(const Language& l) {
@@ -27,14 +19,12 @@ TEST(Language, ReadsEveryWord) {
   Language language;
   language.Load(Parse(LanguageElement("Name ")));
   EXPECT_EQ(WordsOf(language), std::string(kLanguageWords) + " ");
-  EXPECT_EQ(language.ParameterDelimiter, ",");
-  EXPECT_FALSE(language.IncludeByDefault);
+  EXPECT_EQ(std::tuple(language.ParameterDelimiter, language.IncludeByDefault), std::tuple(",", false));
   language.Load(Parse(LanguageElement("N", "",
                                       "parameterdelimiter=';' IncludeByDefault='True' IncludeFlag='True' "
                                       "MultiDimensionalArraySymbol='(,)'")));
   EXPECT_EQ(language.ParameterDelimiter + language.MultiDimensionalArraySymbol, ";(,)");
-  EXPECT_TRUE(language.IncludeByDefault);
-  EXPECT_FALSE(language.IncludeFlag);
+  EXPECT_EQ(std::tuple(language.IncludeByDefault, language.IncludeFlag), std::tuple(true, false));
 }
 
 TEST(Language, TranslatesTypesAndAccessLevels) {
@@ -50,8 +40,8 @@ TEST(Language, TranslatesTypesAndAccessLevels) {
   EXPECT_THAT(Texts(*language.AccessTypes), ElementsAre("pub", "priv", "no"));
   EXPECT_THAT(Texts(*language.ReverseDataTypes), ElementsAre("Int32", "None"));
   language.AccessTypes = nullptr;
-  const std::string later = "<accesstype type='x' Value='y'/><datatype type='late' Value='l'/>";
-  language.Load(Parse(LanguageElement("L", later)));
+  language.Load(
+      Parse(LanguageElement("L", "<accesstype type='x' Value='y'/><datatype type='late' Value='l'/>")));
   EXPECT_TRUE(language.DataTypes->Contains("late"));
 
   for (const auto& [third, number, types] : {std::tuple("<datatype type='B' Value='X'/>", kDuplicateKey, 3),
@@ -63,19 +53,18 @@ TEST(Language, TranslatesTypesAndAccessLevels) {
     const std::string inside = std::string("<datatype type='A' Value='x'/><datatype type='N' Value=''/>\n") +
                                third + "<datatype type='C' Value='z'/>";
     const auto failure = ErrorOf([&] { failing.Load(Parse(LanguageElement("L", inside))); });
-    EXPECT_EQ(failure.Number(), number) << third;
-    EXPECT_EQ(failure.Position().Line, 2) << third;
+    EXPECT_EQ(std::tuple(failure.Number(), failure.Position().Line), std::tuple(number, 2)) << third;
     EXPECT_EQ(failing.DataTypes->Count(), types) << third;
     EXPECT_THAT(Texts(*failing.ReverseDataTypes), ElementsAre("A", "N")) << third;
   }
 }
 
-class LanguageFile : public testing::ConfigurationTest {};
+class LanguageFile : public ConfigurationTest {};
 
 TEST_F(LanguageFile, IsSharedOnceLoaded) {
   const auto none = Languages::Shared();
-  EXPECT_EQ(ErrorOf([&] { none->Item("VB"); }).Number(), kInvalidCall);
-  EXPECT_EQ(ErrorOf([&] { none->Item(1); }).Number(), kSubscriptOutOfRange);
+  EXPECT_ERROR(kInvalidCall, none->Item("VB"));
+  EXPECT_ERROR(kSubscriptOutOfRange, none->Item(1));
   Write("languages.xml", "<x>\n" + LanguageElement("VB") + "<LANGUAGE/>" + LanguageElement("C#") + "</x>");
   EXPECT_EQ(Languages::Shared(), none);
   EXPECT_EQ(none->Count(), 0);
@@ -90,4 +79,4 @@ TEST_F(LanguageFile, IsSharedOnceLoaded) {
 }
 
 }  // namespace
-}  // namespace lwconfig
+}  // namespace lwconfig::testing

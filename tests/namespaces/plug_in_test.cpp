@@ -2,39 +2,32 @@
 
 #include <lwconfig/namespaces/plug_in.h>
 
-namespace lwconfig {
+namespace lwconfig::testing {
 namespace {
 
-using testing::Each;
-using ::testing::ElementsAre;
-
-std::string Element(const std::string& name, const char* tag = "PlugIn") {
-  return "<" + std::string(tag) + " Name='" + name +
+std::string Element(const std::string& name, const std::string& tag = "PlugIn") {
+  return "<" + tag + " Name='" + name +
          "' Description='d' ExtendsWizard='true' WizardProgID='w' ExtendsContent='True' ContentProgID='c' "
          "ExtendsTableOfContents='False' TableOfContentsProgID='t'/>";
 }
 
-class PlugInFolder : public testing::ConfigurationTest {};
+class PlugInFolder : public ConfigurationTest {};
 
 TEST_F(PlugInFolder, HoldsSeveralPlugInsPerFile) {
   PlugIns plugIns;
-  plugIns.Load();
-  EXPECT_EQ(plugIns.Count(), 0);
   Write("PlugIns/a.xml",
         "<any>" + Element("A") + Element("x", "Plug-In") + Element("B", "PLUGIN") + "</any>");
   Write("PlugIns/b.xml", "<any>" + Element("a") + "</any>");
   plugIns.Load();
   EXPECT_THAT(Each(plugIns, &PlugIn::Name), ElementsAre("A", "B", "a"));
-  EXPECT_EQ(plugIns.Item("A"), nullptr);
   const auto first = plugIns.Item(1);
   const std::string key = first->Key;
-  const auto number = std::stoll(key.substr(1));
-  EXPECT_EQ(plugIns.Item("p" + std::to_string(number)), first);
-  EXPECT_GT(std::stoll(plugIns.Item(3)->Key.substr(1)), number);
-  EXPECT_EQ(testing::Saved(*first, "PlugIn"),
-            testing::Normal("<PlugIn Name='A' Description='d' ExtendsWizard='False' WizardProgID='w' "
-                            "ExtendsContent='True' ContentProgID='c' ExtendsTableOfContents='False' "
-                            "TableOfContentsProgID='t'/>"));
+  EXPECT_EQ(plugIns.Item("p" + key.substr(1)), first);
+  EXPECT_GT(std::stoll(plugIns.Item(3)->Key.substr(1)), std::stoll(key.substr(1)));
+  EXPECT_EQ(Saved(*first, "PlugIn"),
+            Normal("<PlugIn Name='A' Description='d' ExtendsWizard='False' WizardProgID='w' "
+                   "ExtendsContent='True' ContentProgID='c' ExtendsTableOfContents='False' "
+                   "TableOfContentsProgID='t'/>"));
   const auto copies = plugIns.Clone();
   EXPECT_THAT(Each(*copies, &PlugIn::Name), ElementsAre("A", "B", "a"));
   for (const auto& copy : *copies) EXPECT_EQ(plugIns.Item(copy->Key), nullptr);
@@ -42,15 +35,14 @@ TEST_F(PlugInFolder, HoldsSeveralPlugInsPerFile) {
   PlugIn second(*plugIns.Item(2));
   const std::string keptKey = second.Key;
   second = *first;
-  EXPECT_EQ(second.Name, "A");
-  EXPECT_EQ(second.Key, keptKey);
+  EXPECT_EQ(std::tuple(second.Name, second.Key), std::tuple("A", keptKey));
   EXPECT_EQ(plugIns.Item(keptKey), nullptr);
   plugIns.Load();
   EXPECT_EQ(plugIns.Count(), 3);
   EXPECT_EQ(plugIns.Item(key), nullptr);
-  plugIns.LoadFrom(ConfigFolder() + "\\none");
+  plugIns.LoadFrom(Path("none"));
   EXPECT_EQ(plugIns.Count(), 0);
 }
 
 }  // namespace
-}  // namespace lwconfig
+}  // namespace lwconfig::testing

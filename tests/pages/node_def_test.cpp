@@ -3,16 +3,8 @@
 #include <lwconfig/core/base/text.h>
 #include <lwconfig/templates/page_template.h>
 
-namespace lwconfig {
+namespace lwconfig::testing {
 namespace {
-
-using testing::Each;
-using ::testing::ElementsAre;
-using testing::ErrorOf;
-using ::testing::HasSubstr;
-using testing::Normal;
-using testing::Parse;
-using testing::Saved;
 
 class Nodes : public ::testing::Test {
  protected:
@@ -47,43 +39,41 @@ TEST_F(Nodes, TakeKeysAboveEveryLoadedOne) {
   EXPECT_EQ(NumberOf(NodeDef()), first + 44);
   Loaded("Key='ß" + std::to_string(first + 50) + ".4'");
   EXPECT_EQ(NumberOf(NodeDef()), first + 51);
-  using Row = std::pair<const char*, std::int32_t>;
-  for (const auto& [key, error] : {Row{"", kTypeMismatch}, Row{"N", kTypeMismatch},
-                                   Row{"Node1", kTypeMismatch}, Row{"N99999999999", kOverflow}}) {
+  for (const auto& [key, error] : {std::pair("", kTypeMismatch),
+                                   {"N", kTypeMismatch},
+                                   {"Node1", kTypeMismatch},
+                                   {"N99999999999", kOverflow}}) {
     NodeDef node;
     const auto e = Parse("<NodeDef Key='" + std::string(key) + "' DependantOn='3'/>");
-    EXPECT_EQ(ErrorOf([&] { node.Load(e, Toc); }).Number(), error) << key;
-    EXPECT_EQ(node.Key, key);
-    EXPECT_EQ(node.DependantOn, 0);
-    EXPECT_EQ(node.TOCDefinition(), Toc);
+    EXPECT_ERROR(error, node.Load(e, Toc)) << key;
+    EXPECT_EQ(std::tuple(node.Key, node.DependantOn, node.TOCDefinition()), std::tuple(key, 0, Toc));
   }
-  EXPECT_EQ(ErrorOf([&] { Loaded("DependantOn='3'"); }).Number(), kInvalidCall);
+  EXPECT_ERROR(kInvalidCall, Loaded("DependantOn='3'"));
 }
 
 TEST_F(Nodes, DeriveNamespaces) {
-  const auto ofPageType = Split(
+  ExpectDerived(
       "|LW:Module|LW:Module|LW:Method|LW:Property|LW:Event|LW:Enumeration|LW:Structure|LW:Library|"
-      "LW:DeclareStatement|LW:Project|LW:Module|LW:ImplementedInterface|||LW:Example|||",
-      "|");
-  const auto ofDependency = Split(
-      "|LW:Method|LW:Property|LW:Event|LW:Enumeration|LW:Structure|LW:Library|"
-      "LW:ImplementedInterface|LW:Project",
-      "|");
-  for (std::size_t value = 0; value < ofPageType.size(); ++value) {
-    const std::string text = value < 17 ? std::to_string(value) : value == 17 ? "-1" : "x";
-    const auto node = Loaded("Key='N1' PageType='" + text + "' DependantOn='" + text + "'");
-    EXPECT_EQ(node->PageTypeNamespace, ofPageType[value]) << text;
-    EXPECT_EQ(node->DependantOnNamespace, value < ofDependency.size() ? ofDependency[value] : "") << text;
-  }
+      "LW:DeclareStatement|LW:Project|LW:Module|LW:ImplementedInterface|||LW:Example|",
+      [&](const std::string& type) { return Loaded("Key='N1' PageType='" + type + "'")->PageTypeNamespace; });
+  ExpectDerived(
+      "|LW:Method|LW:Property|LW:Event|LW:Enumeration|LW:Structure|LW:Library|LW:ImplementedInterface|"
+      "LW:Project|",
+      [&](const std::string& on) {
+        return Loaded("Key='N1' DependantOn='" + on + "'")->DependantOnNamespace;
+      });
   const auto given =
       Loaded("Key='N1' PageType='3' PageTypeNamespace='a' DependantOn='3' dependantonNAMESPACE='b'");
   EXPECT_EQ(given->PageTypeNamespace + given->DependantOnNamespace, "ab");
-  EXPECT_EQ(Loaded("Key='N1'")->PageType, -1);
-  EXPECT_EQ(Loaded("Key='N1'")->DependantOn, -1);
+  for (const char* none : {"-1", "x"}) {
+    const auto node = Loaded("Key='N1' PageType='" + std::string(none) + "' DependantOn='" + none + "'");
+    EXPECT_EQ(node->PageTypeNamespace + node->DependantOnNamespace, "");
+    EXPECT_EQ(std::tuple(node->PageType, node->DependantOn), std::tuple(-1, -1));
+  }
 }
 
 TEST_F(Nodes, ReadEachAttributeInItsOwnWay) {
-  testing::ExpectSavedAttributes(
+  ExpectSavedAttributes(
       R"(LinkToPage='false' -> LinkToPage='False' | LinkToPage='0' -> LinkToPage='False'
 LinkToPage='no' -> LinkToPage='True' | x='' -> LinkToPage='True'
 MarkAsNew='TRUE' -> MarkAsNew='True' | MarkAsNew='-1' -> MarkAsNew='True'
@@ -137,8 +127,7 @@ TEST_F(Nodes, AreLinkedToTheirParents) {
     const auto node = Loaded(attributes);
     all->Add(node, node->Key);
   }
-  EXPECT_EQ(nodes.Item("N2")->ParentNodeDef(), nullptr);
-  EXPECT_EQ(ErrorOf([&] { nodes.Item("N2")->CementReferences(nullptr); }).Number(), kObjectNotSet);
+  EXPECT_ERROR(kObjectNotSet, nodes.Item("N2")->CementReferences(nullptr));
   nodes.Item("N1")->CementReferences(nullptr);
   for (const auto& node : nodes) node->CementReferences(all);
   EXPECT_THAT(Each(nodes, &NodeDef::ParentKey), ElementsAre("", "N1", "", "N5", "N4", "N6"));
@@ -160,14 +149,14 @@ TEST_F(Nodes, NeedATemplateForTheirLayout) {
   EXPECT_EQ(node->PageLayout(), nullptr);
   EXPECT_EQ(node->PageLayoutFileName(), "a.html");
   Template->SetPageLayouts(nullptr);
-  EXPECT_EQ(ErrorOf([&] { node->PageLayout(); }).Number(), kObjectNotSet);
+  EXPECT_ERROR(kObjectNotSet, node->PageLayout());
   node->Load(Parse("<NodeDef Key='N1' PageLayout='b.html' PlugInName='p'/>"), Toc);
   EXPECT_EQ(node->PageLayoutFileName() + node->PlugInName, "a.htmlp");
   Template = nullptr;
-  EXPECT_EQ(ErrorOf([&] { node->PageLayout(); }).Number(), kObjectNotSet);
-  EXPECT_EQ(ErrorOf([&] { node->Clone(); }).Number(), kObjectNotSet);
+  EXPECT_ERROR(kObjectNotSet, node->PageLayout());
+  EXPECT_ERROR(kObjectNotSet, node->Clone());
   EXPECT_EQ(Loaded("Key='N2' PageLayout='a.html'")->PageLayoutFileName(), "");
-  EXPECT_EQ(ErrorOf([&] { NodeDef().PageLayout(); }).Number(), kObjectNotSet);
+  EXPECT_ERROR(kObjectNotSet, NodeDef().PageLayout());
 }
 
 TEST_F(Nodes, AreClonedWithTheirDefinition) {
@@ -184,10 +173,8 @@ TEST_F(Nodes, AreClonedWithTheirDefinition) {
   EXPECT_EQ(copy->PageTemplate(), other);
   const auto child = copy->NodeDefs->Item("N2");
   const auto parent = copy->NodeDefs->Item("N1");
-  EXPECT_EQ(child->TOCDefinition(), copy);
-  EXPECT_EQ(child->ParentNodeDef(), parent);
-  EXPECT_EQ(child->PageLayout(), nullptr);
-  EXPECT_EQ(child->PageLayoutFileName(), "");
+  EXPECT_EQ(std::tuple(child->TOCDefinition(), child->ParentNodeDef(), child->PageLayoutFileName()),
+            std::tuple(copy, parent, ""));
   EXPECT_EQ(parent->PageLayout(), other->PageLayouts()->Item(1));
   parent->NodeCaptionTemplate = "changed";
   EXPECT_EQ(Toc->NodeDefs->Item("N1")->NodeCaptionTemplate, "c");
@@ -198,19 +185,13 @@ TEST_F(Nodes, ThatFailEndTheLoadOfTheirDefinition) {
   const auto e = Parse(
       "<TOCDefinition Name='T' Description=''><NodeDef Key='N1'/>\n ü <NodeDef Key='n1'/>"
       "<NodeDef Key='N3'/></TOCDefinition>");
-  const auto failure = ErrorOf([&] { Toc->Load(e, Template); });
-  EXPECT_EQ(failure.Number(), kDuplicateKey);
-  EXPECT_EQ(failure.Position().Line, 2);
-  EXPECT_EQ(failure.Position().Column, 5);
+  EXPECT_THAT(ErrorOf([&] { Toc->Load(e, Template); }), IsError(kDuplicateKey, "2:5: "));
   EXPECT_THAT(Each(*Toc->NodeDefs, &NodeDef::Key), ElementsAre("N1"));
   TOCDefinition empty;
-  EXPECT_EQ(ErrorOf([&] { empty.Load(Parse("<TOCDefinition Name='T'/>"), Template); }).Number(),
-            kInvalidCall);
-  EXPECT_EQ(
-      ErrorOf([&] { empty.Load(Parse("<TOCDefinition Name='T' Description=''/>"), Template); }).Number(),
-      kObjectNotSet);
+  EXPECT_ERROR(kInvalidCall, empty.Load(Parse("<TOCDefinition Name='T'/>"), Template));
+  EXPECT_ERROR(kObjectNotSet, empty.Load(Parse("<TOCDefinition Name='T' Description=''/>"), Template));
   EXPECT_EQ(Saved(empty, "TOCDefinition"), Normal("<TOCDefinition Name='T' Description=''/>"));
 }
 
 }  // namespace
-}  // namespace lwconfig
+}  // namespace lwconfig::testing

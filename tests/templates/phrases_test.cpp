@@ -2,18 +2,14 @@
 
 #include <lwconfig/templates/page_template.h>
 
-namespace lwconfig {
+namespace lwconfig::testing {
 namespace {
 
-using ::testing::ElementsAre;
 using ::testing::EndsWith;
-using testing::ErrorOf;
-using ::testing::IsEmpty;
-using testing::Texts;
 
-class Phrases : public testing::ConfigurationTest {
+class Phrases : public ConfigurationTest {
  protected:
-  Phrases() { Template->RootFolder = ConfigFolder() + "\\Templates\\T\\"; }
+  Phrases() { Template->RootFolder = Path("Templates\\T\\"); }
   void WritePhrases(const std::string& language, std::string_view text) const {
     Write("Templates/T/Phrases/" + language + ".txt", text);
   }
@@ -51,7 +47,6 @@ TEST_F(Phrases, AreReadOncePerLanguage) {
   EXPECT_EQ(Template->Phrases(), nullptr);
   EXPECT_EQ(Template->Phrase("Foo"), "!MISSING PHRASE 'Foo'!");
   EXPECT_EQ(Template->Scrap("Foo"), "!MISSING Scrap 'Foo'!");
-  EXPECT_THAT(Texts(*Template->PhraseNames()), IsEmpty());
   WritePhrases("", "None~x");
   EXPECT_THAT(Texts(*Template->PhraseNames()), ElementsAre("None"));
   WritePhrases("English", "A~a");
@@ -81,9 +76,7 @@ TEST_F(Phrases, OfAFailedLoadAreNotTakenForALanguage) {
   WritePhrases("English", "A~a");
   WritePhrases("German", "<?xml version='1.0'?>\n<r><p name='B'>b</p>\n  <p>c</p><p name='D'>d</p></r>");
   Template->LoadPhrasesAndScraps("English");
-  const auto failure = ErrorOf([&] { Template->LoadPhrasesAndScraps("German"); });
-  EXPECT_EQ(failure.Number(), kInvalidCall);
-  EXPECT_THAT(failure.what(), ::testing::HasSubstr("\\Phrases\\German.txt:3:4: "));
+  EXPECT_ERROR(kInvalidCall, Template->LoadPhrasesAndScraps("German"));
   EXPECT_THAT(Texts(*Template->Phrases()), ElementsAre("b"));
   EXPECT_EQ(Template->LoadedPhraseLanguage(), "English");
   Template->LoadPhrasesAndScraps("English");
@@ -91,8 +84,7 @@ TEST_F(Phrases, OfAFailedLoadAreNotTakenForALanguage) {
 
   Write("secret.txt", "S~secret");
   for (const char* language : {"..\\..\\..\\secret", "../../../secret", "sub\\..\\../x"}) {
-    const auto refused = [&] { Template->LoadPhrasesAndScraps(language); };
-    EXPECT_EQ(ErrorOf(refused).Number(), kBadFileName) << language;
+    EXPECT_ERROR(kBadFileName, Template->LoadPhrasesAndScraps(language)) << language;
     EXPECT_EQ(Template->Phrase("A"), "a") << language;
   }
   for (const char* language : {"Who...", "sub/English"}) {
@@ -107,4 +99,4 @@ TEST_F(Phrases, OfAFailedLoadAreNotTakenForALanguage) {
 }
 
 }  // namespace
-}  // namespace lwconfig
+}  // namespace lwconfig::testing

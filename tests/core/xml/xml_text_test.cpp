@@ -2,7 +2,7 @@
 
 #include <lwconfig/core/xml/xml_document.h>
 
-namespace lwconfig {
+namespace lwconfig::testing {
 namespace {
 
 std::string TextIn(const std::string& text, bool keeps, bool isWellFormed = true) {
@@ -39,4 +39,4 @@ TEST(XMLText, IsKeptAsWritten) {
 }
 
 }  // namespace
-}  // namespace lwconfig
+}  // namespace lwconfig::testing

@@ -9,10 +9,12 @@
 #include <lwconfig/platform/host.h>
 #include <lwconfig/platform/message_box.h>
 
-namespace lwconfig::platform {
+namespace lwconfig::testing {
 namespace {
 
-class HostServices : public lwconfig::testing::PrivateHost {
+using namespace platform;
+
+class HostServices : public PrivateHost {
  protected:
   std::string ShellFolder(std::int32_t id) { return Folders::Native().ShellFolder(id); }
   std::string Product(const std::string& relative) const {
@@ -61,18 +63,12 @@ TEST_F(HostServices, MessagesGoToTheHandlerOrStandardError) {
 }
 
 TEST_F(HostServices, ComponentsAreFoundInAnyLetterCase) {
-  struct Recorder : Component {
-    explicit Recorder(std::string& text) : Received(text) {}
-    void Receive(std::string_view text) override { Received = text; }
-    std::string& Received;
+  struct Ignorer : Component {
+    void Receive(std::string_view) override {}
   };
-  std::string received;
   EXPECT_EQ(CreateComponent("Test.Component"), nullptr);
-  EXPECT_FALSE(RegisterComponent("Test.Component", [&] { return std::make_unique<Recorder>(received); }));
-  const auto component = CreateComponent("TEST.component");
-  ASSERT_NE(component, nullptr);
-  component->Receive("report");
-  EXPECT_EQ(received, "report");
+  EXPECT_FALSE(RegisterComponent("Test.Component", [] { return std::make_unique<Ignorer>(); }));
+  EXPECT_NE(CreateComponent("TEST.component"), nullptr);
   EXPECT_TRUE(RegisterComponent("test.COMPONENT", []() -> std::unique_ptr<Component> { throw 1; }));
   EXPECT_EQ(CreateComponent("Test.Component"), nullptr);
   EXPECT_TRUE(RegisterComponent("Test.Component", {}));
@@ -104,4 +100,4 @@ TEST_F(HostServices, DecodesStrictly) {
 }
 
 }  // namespace
-}  // namespace lwconfig::platform
+}  // namespace lwconfig::testing

@@ -3,13 +3,13 @@
 #include <exception>
 #include <optional>
 #include <string>
-#include <system_error>
 #include <utility>
 #include <vector>
 
 #include <gtest/gtest.h>
 #include <stdlib.h>
 #include <sys/wait.h>
+#include <tests/platform/failure_of.h>
 #include <tests/temporary_folder.h>
 #include <unistd.h>
 
@@ -69,18 +69,8 @@ inline int ExitStatus(pid_t process) {
   return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
 }
 
-/// The errno code that `work` fails with, 0 when it does not fail.
-template <class Work>
-int FailureOf(Work work) {
-  try {
-    work();
-    return 0;
-  } catch (const std::system_error& failure) {
-    return failure.code().value();
-  }
-}
-
-/// The same in another process, which is one of a user without any rights where this one has all.
+/// The errno code that `work` fails with in another process, which is one of a user without any rights where
+/// this one has all.
 template <class Work>
 int FailureAsNobody(Work work) {
   return ExitStatus(StartProcess([&] {

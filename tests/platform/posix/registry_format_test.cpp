@@ -3,15 +3,16 @@
 
 #include <lwconfig/platform/registry.h>
 
-namespace lwconfig::platform {
+namespace lwconfig::testing {
 namespace {
 
+using namespace platform;
 using Bytes = std::vector<std::uint8_t>;
 
 const std::string kHeader = "Windows Registry Editor Version 5.00\n";
 const std::string kBegin = kHeader + "\n[HKEY_CURRENT_USER\\Soft]\n";
 
-class RegistryFormat : public lwconfig::testing::PrivateHost {
+class RegistryFormat : public PrivateHost {
  protected:
   void SetText(std::string_view text) { Folder.Write("registry/user.reg", text); }
   std::optional<RegistryValue> Read(std::string_view name, std::string_view key = "Soft") {
@@ -129,4 +130,4 @@ TEST_F(RegistryFormat, TellsWhereAFileIsDamaged) {
 }
 
 }  // namespace
-}  // namespace lwconfig::platform
+}  // namespace lwconfig::testing

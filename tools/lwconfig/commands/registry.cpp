@@ -28,7 +28,8 @@ machine's. A key is listed, exported and deleted with all keys below it. VALUE i
 key's default value has the name "".
 
 Types are sz (a text, unless the value has a type already), expand (a text with environment variables), dword
-and qword (a number, decimal or 0x...), binary (pairs of hexadecimal digits) and multi (any number of texts, none of them empty).
+and qword (a number, decimal or 0x...), binary (pairs of hexadecimal digits) and multi (any number of texts,
+none of them empty).
 
 The machine's values are in /etc/lwconfig/machine.reg and in the user's own ~/.config/lwconfig/machine.reg,
 which outweighs the other. A user who may not write the system's file writes the own one, and a note says so;

@@ -29,6 +29,12 @@ std::string StepText(const MemberPath& path, std::size_t at) {
   return (at > 0 && !step.IsItem() ? "." : "") + text;
 }
 
+/// Whether the collection has the text as an item.
+bool Has(const AnyObject& collection, const std::string& text) {
+  const auto items = ItemsOf(collection);
+  return std::ranges::find(items, Variant(text), &Item::Value) != items.end();
+}
+
 }  // namespace
 
 /// The text of a value by which it can be compared with that of another load. An object is known by its key.
@@ -93,6 +99,16 @@ bool KeptValues::Set(const MemberPath& path, const Way& way, const ClassInfo::Me
   return !isChecked || isAnother || value.ChangesOthers;
 }
 
+/// Whether setting the property changes others of a new object: those of the one in question may have had
+/// their values already.
+bool KeptValues::SetsOthersOfNew(const ClassInfo& info, const Value& value) {
+  try {
+    return info.IsCreatable() && SetsOthers(info.Create(), *info.Find(value.Member), value.Wanted);
+  } catch (const Error&) {
+    return false;
+  }
+}
+
 void KeptValues::NoteText(const MemberPath& path, const Way& way, const std::string& text, SetPlace place) {
   if (mModel.IsNamed(way) || path.Steps.back().IsItem()) return;
   Value value{path, {way.begin(), way.end() - 1}, path.Steps.back().Name, std::move(place)};
@@ -105,6 +121,8 @@ void KeptValues::NoteText(const MemberPath& path, const Way& way, const std::str
 /// where the property does not have the value any more, or its object is not there.
 std::optional<std::string> KeptValues::Locate(const Value& value) {
   if (Read(value) != value.SetText) return std::nullopt;
+  const auto held = mModel.TryGet(value.Way.back(), value.Member.c_str());
+  if (value.AddedText && !Has(std::get<AnyObject>(*held), *value.AddedText)) return std::nullopt;
   std::string text;
   for (std::size_t at = 0; at < value.Path.Steps.size(); ++at) {
     const PathStep& step = value.Path.Steps[at];
@@ -146,9 +164,9 @@ bool KeptValues::HasEffect(const Value& value, const std::string& location, cons
 }
 
 void KeptValues::CheckText(const Value& value, const std::string& location, const AnyObject& collection) {
+  if (Has(collection, *value.AddedText)) return;
   std::string texts;
   for (const Item& item : ItemsOf(collection)) {
-    if (item.Value == Variant(*value.AddedText)) return;
     texts += (texts.empty() ? "'" : ", '") + automation::ToText(item.Value) + "'";
   }
   throw Fault(ExitStatus::Usage, location + " cannot have the item '" + *value.AddedText +
@@ -171,9 +189,8 @@ void KeptValues::Check(const Value& value, const std::string& location) {
   if (value.AddedText) return CheckText(value, location, std::get<AnyObject>(found->Value));
   const std::string now = KeyText(found->Value);
   if (now == value.WantedText || value.ChangesOthers) return;
-  // The others may have had their values already.
   const ClassInfo& info = *found->Way.back().Class;
-  if (info.IsCreatable() && SetsOthers(info.Create(), *info.Find(value.Member), value.Wanted)) return;
+  if (SetsOthersOfNew(info, value)) return;
   const std::string reads = "'" + ValueText(found->Value, found->Type) + "'";
   if (value.IsStoredAtOnce || HasEffect(value, location, now)) {
     mModel.Report().Note("'" + value.Shown + "' is stored, but " + location + " reads as " + reads);

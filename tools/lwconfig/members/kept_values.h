@@ -55,6 +55,7 @@ class KeptValues {
   bool SetsOthers(const AnyObject& object, const automation::ClassInfo::Member& member, Variant wanted);
   std::optional<std::string> Locate(const Value& value);
   void Check(const Value& value, const std::string& location);
+  bool SetsOthersOfNew(const automation::ClassInfo& info, const Value& value);
   void CheckText(const Value& value, const std::string& location, const AnyObject& collection);
   bool HasEffect(const Value& value, const std::string& location, const std::string& now);
 
