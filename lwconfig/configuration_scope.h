@@ -8,9 +8,9 @@
 
 namespace lwconfig {
 
-/// Opens the configuration in a folder by itself: while the scope lives, this process works on that folder,
-/// whatever the registry names. Everything else in the registry is as it was, the user's options too. Scopes
-/// nest. The shared objects are dropped at both ends, so that they are loaded anew on their next use.
+/// Opens the configuration in one folder: during its lifetime this process uses that folder, whatever the
+/// registry names. All other registry values are unaffected, including the user's options. Scopes nest. The
+/// shared objects are dropped at the start and at the end, so that they are loaded anew on their next use.
 class ConfigurationScope {
  public:
   /// `folder` is a path of the host. Error 76 where there is no such folder.

@@ -162,7 +162,7 @@ class TransactionBlock : public Block<Transaction> {
     CheckInnermost();
     Open().RollBack();
   }
-  /// Commits, or after an exception rolls back. A commit that fails leaves everything as it was.
+  /// Commits, or rolls back after an exception. A failing commit changes nothing.
   void Exit(bool isFailing) {
     CheckInnermost();
     try {
@@ -188,7 +188,7 @@ void AddConfigurations(py::module_& module) {
   module.def(
       "configuration",
       [](py::handle folder) { return std::make_unique<ConfigurationBlock>(FolderFrom(folder)); },
-      py::arg("folder"), "A with block in which this process works on the configuration in a folder.");
+      py::arg("folder"), "A with block in which this process uses the configuration in a folder.");
   py::class_<TransactionBlock>(module, "Transaction")
       .def("__enter__",
            [](const py::object& self) {
@@ -200,11 +200,11 @@ void AddConfigurations(py::module_& module) {
       .def(
           "difference", [](const TransactionBlock& self) { return ToPythonText(self.Open().Difference()); },
           "The changes as a unified diff.")
-      .def("commit", &TransactionBlock::Commit, "Writes the changes now; what follows is saved at once.")
-      .def("roll_back", &TransactionBlock::RollBack, "Drops the changes; what follows is saved at once.");
+      .def("commit", &TransactionBlock::Commit, "Writes the changes now; later saves are written at once.")
+      .def("roll_back", &TransactionBlock::RollBack, "Drops the changes; later saves are written at once.");
   module.def(
       "transaction", [] { return std::make_unique<TransactionBlock>(); },
-      "A with block in which everything that is saved is written together at its end, or not at all.");
+      "A with block whose saves are written together when it is left, or not at all.");
 }
 
 }  // namespace lwconfig::python

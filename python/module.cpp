@@ -20,7 +20,8 @@ namespace py = pybind11;
 namespace lwconfig::python {
 namespace {
 
-/// With an error component registered failures come back as errors, which become Python's exceptions.
+/// An error component that ignores reports. While one is registered, failures are thrown, and
+/// become Python's exceptions.
 struct SilentReporter final : platform::Component {
   void Receive(std::string_view) override {}
 };
@@ -68,7 +69,7 @@ void AddEnumerations(py::module_& module) {
   }
 }
 
-/// Every public name that was added.
+/// Every public name in the module.
 py::list PublicNames(const py::module_& module) {
   py::list names;
   for (const auto& [name, value] : py::reinterpret_borrow<py::dict>(module.attr("__dict__"))) {

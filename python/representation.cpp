@@ -26,7 +26,7 @@ void AddValue(const AnyObject& object, const ClassInfo::Member& member, Values& 
   values.emplace_back(member.Name, ToPython(automation::Invoke(object, *member.Get), member.Get->Result));
 }
 
-/// None stands for a stored text that is no value of its option's type.
+/// Show None for a stored text that does not convert to its option's type.
 void AddChangedOptions(const AnyObject& object, const OptionSet& options, Values& values) {
   for (const AnyOption* option : options.Options()) {
     try {
@@ -39,7 +39,7 @@ void AddChangedOptions(const AnyObject& object, const OptionSet& options, Values
   }
 }
 
-/// A property that cannot be read is left out.
+/// Leave out a property that cannot be read.
 void AddProperties(const AnyObject& object, Values& values) {
   for (const auto& member : object.Class->Members()) {
     const auto* get = member.Get;

@@ -8,8 +8,8 @@
 namespace lwconfig::automation {
 namespace {
 
-/// Names of members are plain words: the bit that tells capitals from small letters is left out. Reads the
-/// first and the last eight bytes, which may overlap.
+/// Names of members are plain words, so the bit that distinguishes capitals from small letters is masked.
+/// Reads the first and the last eight bytes, which may overlap.
 std::uint32_t Hash(std::string_view name) {
   constexpr std::uint64_t kCaseBits = 0x2020202020202020U;
   constexpr std::uint64_t kMultiplier = 0x9e3779b97f4a7c15U;
@@ -24,7 +24,7 @@ std::uint32_t Hash(std::string_view name) {
   return static_cast<std::uint32_t>(mixed >> 32U);
 }
 
-/// What the values that hold enumerators have as their class.
+/// The class of the values that hold enumerators.
 const ClassInfo& EnumeratorClass() {
   static const ClassInfo info("Enumerator", {});
   return info;
@@ -77,7 +77,7 @@ const OptionSet* ClassInfo::OptionsOf(const AnyObject& object) const {
 
 const ClassInfo::Member* ClassInfo::Find(std::string_view name) const {
   const auto isNamed = [&](std::uint32_t at) {
-    // Most callers write a name as it is published.
+    // Most callers spell a name as published.
     const std::string_view own = mMembers[at].Name;
     return own == name || EqualIgnoringCase(own, name);
   };

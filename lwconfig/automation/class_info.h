@@ -21,7 +21,7 @@ class OptionSet;
 
 namespace lwconfig::automation {
 
-/// The description of every published class: what each face of the library is derived from.
+/// The description of every published class, from which each face of the library is derived.
 
 enum class ValueKind : std::uint8_t {
   None,  // the result of a method that returns nothing
@@ -31,7 +31,7 @@ enum class ValueKind : std::uint8_t {
   Enumeration,  // a 32-bit integer
   Text,
   Object,     // of one published class, or null
-  AnyObject,  // of any class, somebody else's too, or null
+  AnyObject,  // of any class, a foreign one too, or null
   Variant,
   Enumerator,  // the result of `NewEnum`
 };
@@ -46,15 +46,15 @@ struct EnumInfo {
   std::span<const EnumMember> Members;
 };
 
-/// A type as callers see it. Class and enumeration are asked for through functions, because classes refer to
-/// each other.
+/// A type as callers see it. Class and enumeration are returned by functions, because classes refer
+/// to each other.
 struct TypeInfo {
   ValueKind Kind = ValueKind::None;
   const ClassInfo& (*Class)() = nullptr;       // of `Object` only
   const EnumInfo& (*Enumeration)() = nullptr;  // of `Enumeration` only: whose names the values have
   const EnumInfo& (*Declared)() = nullptr;     // the one that the interface declares, where it is another
-  bool MayBeNull = false;                      // a result: there may be no such object or text
-  bool IsItemKey = false;                      // a key or position of an item that has to be there
+  bool MayBeNull = false;                      // a result: the object or text may be absent
+  bool IsItemKey = false;                      // a key or position of an item that must exist
   bool IsColour = false;                       // an integer that people write as `ColourText` has it
 };
 
@@ -90,11 +90,11 @@ struct MemberInfo {
   InvokeKind Kind = kMethod;
   bool IsStored = false;  // whether it reads a data member, which has no effect
   TypeInfo Result{};
-  /// Those of a let or set end with the new value.
+  /// The parameters of a let or set include the new value, as the last one.
   std::array<ParameterInfo, kMostParameters> ParameterList{};
   std::uint8_t ParameterCount = 0;
-  /// Calls the member with `ParameterCount` arguments, `Missing` for those left out. What it stores in
-  /// by-reference arguments stands in `arguments` afterwards. Conversion failures are `ArgumentError`.
+  /// Calls the member with `ParameterCount` arguments, `Missing` for omitted ones. `arguments` receives the
+  /// new values of by-reference arguments. Conversion failures are `ArgumentError`.
   Variant (*Call)(const std::shared_ptr<void>& self, Variant* arguments) = nullptr;
 
   constexpr std::span<const ParameterInfo> Parameters() const {
@@ -103,13 +103,13 @@ struct MemberInfo {
   constexpr std::size_t ReturnedCount() const {
     return static_cast<std::size_t>(std::ranges::count_if(Parameters(), &ParameterInfo::IsReturned));
   }
-  /// Whether an argument names an item, so that error 5 is about a key that names nothing.
+  /// Whether an argument names an item, so that error 5 concerns an unknown key.
   constexpr bool TakesItemKey() const {
     return std::ranges::any_of(Parameters(), [](const ParameterInfo& p) { return p.Type.IsItemKey; });
   }
 };
 
-/// What faces want to know of a collection beyond its published members.
+/// Access to a collection beyond its published members.
 struct CollectionInfo {
   /// Whether the key names an item, where `Item` may answer with another.
   bool (*Contains)(const std::shared_ptr<void>& self, const ItemKey& key) = nullptr;
@@ -117,9 +117,8 @@ struct CollectionInfo {
   std::string (*KeyAt)(const std::shared_ptr<void>& self, std::int32_t position) = nullptr;
 };
 
-/// The members that somebody else's object has in place of those of a class that others may implement.
-/// Returns false for a member that it does not have; that of the class is then used. By-reference arguments
-/// may be replaced.
+/// The members of a foreign object that replace those of a class that others may implement. Returns false for
+/// a member that it does not have; that of the class is then used. By-reference arguments may be replaced.
 using Implementation =
     std::function<bool(std::string_view member, std::span<Variant> arguments, Variant& result)>;
 
@@ -128,7 +127,7 @@ struct EventInfo {
   Connection (*Connect)(const std::shared_ptr<void>& self, std::function<void()> handler);
 };
 
-/// What a class may have beyond its slots.
+/// Optional parts of a class beyond its slots.
 struct ClassExtras {
   std::shared_ptr<void> (*Create)() = nullptr;  // null where the objects come from other objects only
   std::span<const EventInfo> Events{};          // they live as long as the process
@@ -159,7 +158,8 @@ class ClassInfo {
   bool IsCreatable() const { return mExtras.Create != nullptr; }
   /// A new object; error 429 where clients cannot create one.
   AnyObject Create() const;
-  /// An object of the class with somebody else's members; error 429 where the class is not one to implement.
+  /// An object of the class with the members of a foreign object; error 429 where the class
+  /// cannot be implemented.
   AnyObject Implement(Implementation implementation) const;
   bool IsImplementable() const { return mExtras.Implement != nullptr; }
   /// In interface order.
@@ -199,7 +199,7 @@ class Enumerator {
   /// Stores the next item and returns true, or returns false at the end.
   virtual bool Next(Variant& item) = 0;
   virtual void Reset() = 0;
-  /// Another one that stands at the same item.
+  /// Another one at the same item.
   virtual std::unique_ptr<Enumerator> Clone() const = 0;
 };
 

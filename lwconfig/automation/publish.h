@@ -91,8 +91,8 @@ class Interface {
     return all;
   }
 
-  /// Describes the class; `slots` and `events` must be static. `implement` makes objects with somebody else's
-  /// members.
+  /// Describes the class; `slots` and `events` must be static. `implement` makes objects with the members of
+  /// a foreign object.
   template <std::size_t N, std::size_t M = 0>
   static ClassInfo Class(const char* name, const SlotList<N>& slots,
                          const std::array<EventInfo, M>& events = std::array<EventInfo, 0>{},
@@ -122,7 +122,7 @@ class Interface {
   static constexpr auto Colour(const char* name) {
     return Declared(Property<Member>(name), {.Kind = ValueKind::Integer32, .IsColour = true});
   }
-  /// As `Property`, where the accessors of the interface stand in the other order.
+  /// As `Property`, with the accessors of the interface in the other order.
   template <auto Getter, auto Setter = Getter>
   static constexpr auto SetGetProperty(const char* name) {
     return SlotList<2>{Change<Setter>(name)[0], Get<Getter>(name)[0]};
@@ -199,7 +199,7 @@ class Interface {
     return Declared(row, {ValueKind::Variant});
   }
 
-  /// The row of a result that may be null; a text or object that is always there needs no such mark.
+  /// The row of a result that may be null; a text or object that always exists needs no such mark.
   template <std::size_t N>
   static constexpr auto MayBeNull(SlotList<N> row) {
     for (MemberInfo& slot : row) slot.Result.MayBeNull = slot.Result.Kind != ValueKind::None;
@@ -230,7 +230,7 @@ class Interface {
   /// The type of the values of a data member; an option's is that of its values.
   template <auto Member>
   using StoredType = typename Stored<MemberType<Member>>::Type;
-  /// Whether the value lies in the data member itself.
+  /// Whether the value is stored in the data member itself.
   template <auto Member>
   static constexpr bool kIsStored = std::is_same_v<StoredType<Member>, MemberType<Member>>;
 
@@ -279,7 +279,7 @@ class Interface {
     Value value = MakeArgument<Value>(arguments[0], 0).Pass();
     auto& member = std::invoke(Member, Self(self));
     if constexpr (std::is_same_v<Value, MemberType<Member>>) {
-      std::swap(member, value);  // the old value goes last: the end of an object may run code that comes here
+      std::swap(member, value);  // destroyed last: its destructor may call this setter again
     } else {
       member = std::move(value);
     }
@@ -307,7 +307,7 @@ class Interface {
   }
   template <auto Function, class Result, class... P, std::size_t... I>
   static Variant CallIndexed(T& self, [[maybe_unused]] Variant* arguments, std::index_sequence<I...>) {
-    // Braces: arguments are converted from the first to the last.
+    // Use braces: arguments are converted from the first to the last.
     [[maybe_unused]] std::tuple<Argument<P>...> held{MakeArgument<P>(arguments[I], I)...};
     Variant result;
     if constexpr (std::is_void_v<Result>) {

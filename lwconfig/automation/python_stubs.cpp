@@ -13,7 +13,7 @@ using Text = std::string;
 
 constexpr std::size_t kColumns = 110;
 
-// Names of the module stand with the module's, because members often have the names of classes.
+// Qualify names of the module: members often have the names of classes.
 constexpr const char* kBeginning = R"("""The configuration object model of Lexiwend.
 
 Written by `lwconfig describe --stubs`; not to be edited. Positions count from 1 in the published members, such as
@@ -53,24 +53,23 @@ class Object:
     """What all published classes are derived from."""
 
 class Connection:
-    """The connection of a callback to an event, as long as this object lives or until it is closed. A with block
-    closes it at its end."""
+    """The connection of a callback to an event. It lasts until it is closed, by a `with` block too, or destroyed."""
 
     def close(self) -> None:
-        """Closes the connection; does nothing where it is closed."""
+        """Closes the connection; does nothing if it is closed."""
     def __enter__(self) -> Connection: ...
     def __exit__(
         self, kind: type[BaseException] | None, value: BaseException | None, trace: TracebackType | None
     ) -> None: ...
 
 def set_message_box_handler(handler: Callable[[str, str, int], object] | None) -> None:
-    """Message boxes of the library go to `handler(title, text, icon)`, or to standard error for None."""
+    """Shows message boxes of the library by `handler(title, text, icon)`; None writes them to standard error."""
 
 def NativePath(path: str | PathLike[str]) -> str:
     """The path of this system for a path in the product's notation."""
 
 class Problem:
-    """One thing that is wrong with a configuration, or a summary of `count` more of its kind in the file."""
+    """One finding about a configuration, or a summary of `count` others of its kind in the file."""
 
     @property
     def code(self) -> str:
@@ -91,7 +90,7 @@ class Problem:
     def message(self) -> str: ...
     @property
     def suggestion(self) -> str | None:
-        """The text that was most likely meant."""
+        """The text most likely meant."""
     @property
     def count(self) -> int: ...
 
@@ -112,8 +111,8 @@ def configuration(folder: str | PathLike[str]) -> _Configuration:
     loaded anew at both ends; do not save objects of the block after it."""
 
 class Transaction:
-    """Everything that is saved in the block, files and registry values, is written together at its end. After an
-    exception nothing is; then, and after `roll_back`, objects are loaded anew on their next use."""
+    """Files and registry values saved in the block are written together when it is left, or not at all after an
+    exception. After that, and after `roll_back`, objects are loaded anew on their next use."""
 
     def __enter__(self) -> Transaction: ...
     def __exit__(
@@ -132,7 +131,7 @@ def transaction() -> Transaction:
 
 )";
 
-/// The contract as a documentation string, with so many blanks in front.
+/// The contract as a documentation string, indented by `indent` blanks.
 Text DocText(std::string_view contract, std::size_t indent) {
   if (contract.empty()) return {};
   const Text margin(indent, ' ');
@@ -187,7 +186,7 @@ Text OrNone(const TypeInfo& type, bool mayBeNone) {
   return mayBeNone && text != "Any" ? text + " | None" : text;
 }
 
-/// Callers may pass more than a class of Python that implements the member has to take.
+/// Callers may pass more types than a Python class that implements the member must accept.
 Text ParameterText(const ClassInfo& info, const ParameterInfo& parameter) {
   const bool isLenient = !info.IsImplementable();
   Text type =
@@ -228,14 +227,14 @@ Text MemberText(const ClassInfo& info, const ClassInfo::Member& member) {
   const Text name = member.Name;
   if (member.Method != nullptr) return FunctionText(info, name, *member.Method, contract);
   if (!ParametersOf(member).empty()) return FunctionText(info, name, *member.Get, contract);
-  // A class of Python may implement it by an attribute, a property or a method.
+  // A Python class may implement it by an attribute, a property or a method.
   if (info.IsImplementable()) return "    " + name + ": Any\n" + DocText(contract, 4);
   if (member.Let == nullptr && member.Set == nullptr)
     return "    @property\n" + FunctionText(info, name, *member.Get, contract);
   return "    " + name + ": " + SettableText(member.Name, TypeOf(member)) + "\n" + DocText(contract, 4);
 }
 
-/// What Python adds to a class with a default member, and to one that can be enumerated.
+/// The members that Python adds to a class with a default member, and to one that can be enumerated.
 Text ContainerText(const ClassInfo& info) {
   const ClassInfo::Member* item = info.Find(kDefaultMemberId);
   if (item == nullptr) return {};

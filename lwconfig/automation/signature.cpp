@@ -4,7 +4,7 @@
 namespace lwconfig::automation {
 namespace {
 
-/// The slot that tells the most about the member.
+/// The slot that describes the member best.
 const MemberInfo& MainSlot(const ClassInfo::Member& member) {
   for (const MemberInfo* slot : {member.Method, member.Get, member.Let}) {
     if (slot != nullptr) return *slot;

@@ -6,9 +6,10 @@
 
 namespace lwconfig::automation {
 
-/// Published members as people read them.
+/// Published members in readable form.
 
-/// The type that a member gives, or takes where it is only set; `None` for a method without a result.
+/// The type of the member's result, or of its new value where it is only set; `None` for a method
+/// without a result.
 TypeInfo TypeOf(const ClassInfo::Member& member);
 /// The parameters of the member, without the new value of a property.
 std::span<const ParameterInfo> ParametersOf(const ClassInfo::Member& member);

@@ -32,7 +32,7 @@ bool IsFolder(const std::string& path) {
   return folder.IsFolder();
 }
 
-/// Drops the shared objects at both ends.
+/// Drops the shared objects at the start and at the end.
 struct FreshObjects {
   FreshObjects() { ResetSharedSlots(); }
   ~FreshObjects() { ResetSharedSlots(); }
@@ -68,7 +68,7 @@ class Checker {
 
  private:
   void Inspect(const std::string& file, const XMLElement& root) {
-    // Tagged comments refer to each other, also to those in the file that is read later.
+    // Tagged comments refer to each other, across both files.
     if (mPart == Part::Comments) {
       mComments.emplace_back(file, root);
     } else {
@@ -86,7 +86,7 @@ class Checker {
     for (const auto rule : kRules) rule(input);
   }
 
-  /// Whether a hive of the registry can be read, needed or not; tells if not.
+  /// Whether a hive of the registry can be read, needed or not; reports it if not.
   bool CanRead(Hive hive) {
     try {
       platform::Host<platform::Registry>().Read(hive, kProductKey, kConfigPathValue);
@@ -102,7 +102,7 @@ class Checker {
     return false;
   }
 
-  /// Whether a folder of the configuration is there; tells if not.
+  /// Whether a folder of the configuration exists; reports it if not.
   bool Has(const std::string& folder, const char* consequence) {
     if (IsFolder(folder)) return true;
     mInspection.Report(Problem::MissingFolder, {folder, 0, 0},
@@ -121,14 +121,14 @@ class Checker {
     std::ranges::stable_sort(mResult.Problems, {}, key);
   }
 
-  /// Loads one part. What does not come with a place in a file is told with that of `folder`.
+  /// Loads one part. A failure without a place in a file is reported with the place `folder`.
   template <class Load>
   void Check(Part part, const std::string& folder, Load load) {
     mPart = part;
     RunStep(load, [&] { return FilePosition{folder, 0, 0}; });
   }
 
-  /// What others refer to comes first.
+  /// Load what others refer to first.
   void CheckParts() {
     Root root;
     const std::string folder = ConfigPath();
@@ -159,7 +159,7 @@ class Checker {
     if (mHasOptions) RunStep([&] { CheckOptions(mInspection, root); }, [] { return FilePosition(); });
   }
 
-  /// Loading takes the files for missing.
+  /// Loading takes these files for missing.
   void TellFoldersForFiles(const std::string& folder) {
     for (const char* name : {"taggedcomments_standard.xml", "taggedcomments_custom.xml", "modelcomments.xml",
                              "CommentFileLocations.xml", "languages.xml", "ExternalDocs.xml"}) {
@@ -178,7 +178,7 @@ class Checker {
     }
   }
 
-  /// The phrases and scraps of a template, and what these and its settings refer to.
+  /// The phrases and scraps of a template, and the references in them and in its settings.
   void InspectTexts(const std::string& folder, const XMLElement& settings) {
     mTexts.clear();
     TextCheck& check = mTextChecks.try_emplace(folder, mInspection, folder, settings).first->second;
@@ -186,7 +186,7 @@ class Checker {
     for (const auto& [file, text] : mTexts) check.CheckText(file, text);
   }
 
-  /// What the pages of a template refer to.
+  /// The references in the pages of a template.
   void InspectLayouts(const PageTemplate& pageTemplate) {
     const auto check = mTextChecks.find(pageTemplate.RootFolder);
     if (check == mTextChecks.end()) return;
@@ -201,7 +201,7 @@ class Checker {
     }
   }
 
-  /// Every file in the folder of a template is a layout, also a picture.
+  /// Every file in the folder of a template is a layout, even a picture.
   static bool IsText(const PageLayout& layout) {
     const std::string extension = DiskFile(layout.FileName).Extension();
     return layout.IsHTMLHelpProjectFile() || EqualIgnoringCase(extension, "html") ||

@@ -2,9 +2,8 @@
 
 namespace lwconfig {
 
-/// The placeholders that the generator fills by itself, besides the variables of a template. It may know
-/// more: these are the ones in the templates that page layouts get by default and in those of the starter
-/// configuration.
+/// The placeholders that the generator fills itself, besides the variables of a template. The list may be
+/// incomplete: it has those in the default templates of page layouts and in the starter configuration.
 inline constexpr const char* kGeneratorNames[] = {
     "assemblyname",   "contentsfile",      "defaulttopic",
     "fileentry",      "filename",          "helpid",

@@ -12,7 +12,7 @@ namespace lwconfig {
 /// Names of one sort, found without regard to letter case.
 class NameSet {
  public:
-  /// False for a name that is there.
+  /// False for a name that is present.
   bool Add(const std::string& name) {
     if (name.empty() || Has(name)) return false;
     mIndex.Add(name, name);
@@ -28,7 +28,7 @@ class NameSet {
   std::vector<std::string> mNames;
 };
 
-/// What a configuration can refer to, as far as it is loaded.
+/// The names that a configuration can refer to, as far as it is loaded.
 struct KnownNames {
   NameSet Profiles;
   NameSet CodeElements;

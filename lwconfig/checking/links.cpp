@@ -16,7 +16,7 @@ namespace {
 
 constexpr std::string_view kDelimiter = "%%";
 
-/// The patterns that are a beginning followed by any run of characters, without that "*".
+/// The patterns of a prefix followed by any run of characters, without that "*".
 class Beginnings {
  public:
   void Add(std::string_view pattern) {
@@ -25,7 +25,7 @@ class Beginnings {
     pattern.remove_suffix(1);
     if (pattern.size() <= kLongest) mKnown.emplace(pattern);
   }
-  /// The pattern that matches every name that this one does, if there is one.
+  /// A pattern that matches every name that this one does, if there is one.
   std::optional<std::string> Covering(std::string_view pattern) const {
     for (std::size_t length = 0; length <= std::min(pattern.size(), kLongest); ++length) {
       const std::string beginning(pattern.substr(0, length));
@@ -49,12 +49,12 @@ void CheckSourcePatterns(const RuleInput& input) {
       input.Inspection.Report(Problem::ImpossiblePattern, source, "Namespace",
                               "no name can match \"" + std::string(pattern) + "\"");
     }
-    // The same pattern twice is a key used twice, which was told.
+    // A repeated pattern is a repeated key, which was reported.
     const auto covering = earlier.Covering(pattern);
     if (covering && !EqualIgnoringCase(*covering, pattern)) {
       input.Inspection.Report(
           Problem::HiddenPattern, source, "Namespace",
-          "the source is never used: \"" + *covering + "\" stands before and matches as much");
+          "the source is never used: \"" + *covering + "\" comes first and matches as much");
     }
     earlier.Add(pattern);
   }
@@ -90,7 +90,8 @@ void CheckFormat(const RuleInput& input, const XMLElement& e, const char* attrib
                             isClosed ? "nothing fills the placeholder \"%%" + name + "%%\""
                                      : "a placeholder begins here and does not end: \"%%" + name + "\"",
                             [&] { return isClosed ? Nearest(name, known) : std::string(); });
-    // The operations take the second delimiter of a name that nothing fills for the first of the next.
+    // Match as the operations do: they take the second delimiter of an unknown name for the first
+    // of the next.
     if (isKnown(at + 1)) --at;
   }
 }
@@ -108,7 +109,7 @@ void CheckSourceFormats(const RuleInput& input) {
   }
 }
 
-/// A name between two single percent signs that is not the one that is replaced.
+/// A name between two single percent signs other than the one that is replaced.
 void CheckCommentFiles(const RuleInput& input) {
   constexpr std::string_view kNetPath = "NetPath";
   for (const XMLElement file : input.Root.Children()) {

@@ -5,8 +5,8 @@
 
 namespace lwconfig {
 
-/// Tells of options that the user has set to the name of a template that the catalogue lacks. Defaults name
-/// templates of a whole installation and are left alone.
+/// Reports options that the user has set to the name of a template that the catalogue lacks. Defaults name
+/// templates of a whole installation and are not checked.
 void CheckOptions(Inspection& inspection, Root& root);
 
 }  // namespace lwconfig

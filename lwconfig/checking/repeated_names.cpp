@@ -8,7 +8,7 @@
 namespace lwconfig {
 namespace {
 
-/// Tells of an attribute whose value, in this part of the configuration, was met before.
+/// Reports an attribute whose value appeared before in this part of the configuration.
 void CheckAcrossFiles(const RuleInput& input, const XMLElement& e, const char* attribute, const char* prefix,
                       std::string_view consequence) {
   const char* name = AttributeReader(e).Find(attribute);
@@ -18,10 +18,10 @@ void CheckAcrossFiles(const RuleInput& input, const XMLElement& e, const char* a
   const std::string where = known->second == input.File ? "in this file" : "in " + NativePath(known->second);
   input.Inspection.Report(
       Problem::DuplicateName, e, attribute,
-      "the name \"" + std::string(name) + "\" stands " + where + " before; " + std::string(consequence));
+      "the name \"" + std::string(name) + "\" appears earlier " + where + "; " + std::string(consequence));
 }
 
-/// Nested definitions: of two of a name the loader keeps the first.
+/// Nested definitions: of two with one name the loader keeps the first.
 void CheckSiblings(const RuleInput& input, const XMLElement& parent) {
   NameSet names;
   for (const XMLElement child : parent.Children()) {
@@ -29,7 +29,7 @@ void CheckSiblings(const RuleInput& input, const XMLElement& parent) {
     if (name == nullptr || *name == '\0' || names.Add(name)) continue;
     input.Inspection.Report(
         Problem::DuplicateName, child, "Name",
-        "a definition \"" + std::string(name) + "\" stands beside this one before; this one is left out");
+        "an earlier sibling has the name \"" + std::string(name) + "\"; this one is left out");
   }
 }
 

@@ -6,7 +6,7 @@
 namespace lwconfig {
 namespace {
 
-/// The formats that have one name for their root element; the others take any.
+/// The formats with a fixed name of their root element; the others take any.
 struct RootElement {
   lwconfig::Part Part;
   const char* Name;

@@ -11,13 +11,13 @@
 
 namespace lwconfig {
 
-/// What the rules know besides the file that they look at.
+/// The state shared by the rules, besides the file under examination.
 struct CheckContext {
   KnownNames Names{};
-  std::map<std::string, std::string> FilesOfNames{};  // where a name, in folded letter case, was met first
+  std::map<std::string, std::string> FilesOfNames{};  // first place of each name, by its folded letter case
 };
 
-/// The parts of a configuration, in the order in which they are checked: what is referred to first.
+/// The parts of a configuration, in the order of checking: referenced parts first.
 enum class Part {
   Namespaces,
   PlugIns,
@@ -30,8 +30,8 @@ enum class Part {
   Texts
 };
 
-/// Rules look at one configuration file that was loaded, and tell `inspection` what a person would want to
-/// know of it. Loaders tell the rest themselves.
+/// Rules examine one loaded configuration file and report problems to `inspection`. Loaders report
+/// the rest themselves.
 struct RuleInput {
   lwconfig::Inspection& Inspection;
   CheckContext& Context;
@@ -42,15 +42,15 @@ struct RuleInput {
 
 /// A root element with another name than its format has.
 void CheckRootElement(const RuleInput& input);
-/// Names that have to be there and are empty.
+/// Required names that are empty.
 void CheckEmptyNames(const RuleInput& input);
-/// Names of other objects that name none, and lists of names with blanks.
+/// References to objects that do not exist, and lists of names with blanks.
 void CheckReferences(const RuleInput& input);
-/// Numbers that stand for nothing.
+/// Numbers without a meaning.
 void CheckNumbers(const RuleInput& input);
 /// Names that occur twice where loaders accept it.
 void CheckRepeatedNames(const RuleInput& input);
-/// What a template says of its folder, its contents and the parents of its nodes.
+/// References of a template to its folder, its contents and the parents of its nodes.
 void CheckTemplate(const RuleInput& input);
 /// Patterns that never match.
 void CheckPatterns(const RuleInput& input);

@@ -38,7 +38,7 @@ class NodeTree {
     for (const NodePlace& node : mNodes) {
       if (node.ParentKey.empty() || mPlaces.Find(node.ParentKey) != nullptr) continue;
       inspection.Report(Problem::UnknownParent, node.Element, "ParentKey",
-                        "there is no node \"" + node.ParentKey + "\" here; the node stands at the top");
+                        "there is no node \"" + node.ParentKey + "\" here; the node becomes a root node");
     }
   }
 

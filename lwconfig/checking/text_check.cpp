@@ -14,7 +14,7 @@ namespace {
 
 using Kinds = TextReference::Kinds;
 
-/// The attributes of a template's settings in which the generator puts in texts.
+/// The attributes of a template's settings in which the generator inserts texts.
 struct TextAttribute {
   const char* Element;
   const char* Attribute;
@@ -27,7 +27,7 @@ constexpr TextAttribute kTextAttributes[] = {
     {"VariableDef", "DefaultValue", false},
 };
 
-/// Counts the lines and columns of places in a text that are asked for in order.
+/// Counts lines and columns of places in a text that are requested in order.
 class TextPlaces {
  public:
   TextPlaces(const std::string& file, std::string_view text) : mText(text), mPlace{file, 1, 1} {}
@@ -134,7 +134,8 @@ void TextCheck::AddFilled(const std::string& name) {
 const std::string& TextCheck::SlipOf(const std::string& name) {
   const auto [slip, isNew] = mSlips.try_emplace(name);
   if (!isNew) return slip->second;
-  // One wrong letter, or two in a long name. More may make another name that the generator knows.
+  // Accept one wrong letter, or two in a long name. With more, it may be another name that
+  // the generator knows.
   constexpr std::size_t kShortName = 3;
   constexpr std::size_t kLongName = 8;
   if (name.size() < kShortName) return slip->second;
@@ -142,7 +143,8 @@ const std::string& TextCheck::SlipOf(const std::string& name) {
   const Spelling wanted(name);
   for (std::size_t at = 0; at < mSpellings.size(); ++at) {
     const auto& [folded, letters] = mSpellings[at];
-    // A wrong letter takes one of the letters away and adds one. Most names differ in more.
+    // Compare the sets of letters first: a wrong letter removes one and adds one, and most names
+    // differ in more.
     const bool isLike = static_cast<std::size_t>(std::popcount(letters ^ wanted.Letters)) <= 2 * most &&
                         folded.size() + most >= wanted.Folded.size() &&
                         wanted.Folded.size() + most >= folded.size();

@@ -14,13 +14,13 @@
 
 namespace lwconfig {
 
-/// Tells of references to nothing in the texts of a template: phrases and scraps that no language has, and
-/// placeholders that are a slip of one that is filled. Of other placeholders nobody but the generator knows
-/// whether it fills them.
+/// Reports references to nothing in the texts of a template: phrases and scraps that no language
+/// has, and placeholders that are a misspelling of a known one. Only the generator knows whether it
+/// fills other placeholders.
 class TextCheck {
  public:
   /// Loads the phrases and scraps below the template's folder and compares their languages. `settings` is the
-  /// root element of its `config.xml`. The inspection outlives the object.
+  /// root element of its `config.xml`. The inspection must outlive the object.
   TextCheck(Inspection& inspection, const std::string& folder, const XMLElement& settings);
 
   void CheckSettings(const XMLElement& settings);
@@ -33,8 +33,8 @@ class TextCheck {
   template <class Tell>
   void CheckReference(const TextReference& reference, Tell tell);
   void CheckTemplate(const XMLElement& e, const char* attribute, bool isFileName);
-  /// The placeholder that an unknown one is a slip of; empty where it is none. A page can have as many of
-  /// these as it has words.
+  /// The placeholder of which an unknown one is a misspelling; empty where there is none. A page can have as
+  /// many of these as it has words.
   const std::string& SlipOf(const std::string& name);
   void AddFilled(const std::string& name);
 
@@ -48,7 +48,7 @@ class TextCheck {
     explicit Spelling(const std::string& name);
   };
   NameSet mFilled;                            // the placeholders that are known to be filled
-  std::vector<Spelling> mSpellings;           // theirs, in the same order
+  std::vector<Spelling> mSpellings;           // their signatures, in the same order
   std::map<std::string, std::string> mSlips;  // the results of `SlipOf`
 };
 

@@ -37,7 +37,7 @@ std::optional<TextReference> PlaceholderAt(std::string_view text) {
   return TextReference{Kinds::Placeholder, name, 0};
 }
 
-/// The comment for the generator at the start of `text`, where it puts in a phrase or a scrap.
+/// The comment for the generator at the start of `text`, replaced by a phrase or a scrap.
 std::optional<TextReference> CommentAt(std::string_view text) {
   constexpr std::size_t kLongest = 1000;
   constexpr std::string_view kName = " name=\"";
@@ -50,7 +50,7 @@ std::optional<TextReference> CommentAt(std::string_view text) {
     if (name == kNone) return std::nullopt;
     const std::string_view value = attributes.substr(name + kName.size());
     const auto length = value.find('"');
-    // A name that is put together from placeholders cannot be known.
+    // A name composed of placeholders cannot be known.
     if (length == kNone || length == 0 || value.substr(0, length).find(kDelimiter) != kNone)
       return std::nullopt;
     return TextReference{kind, value.substr(0, length), 0};
@@ -72,7 +72,7 @@ std::vector<TextReference> FindTextReferences(std::string_view text) {
     if (reference) {
       reference->Offset = at;
       found.push_back(*reference);
-      // The last delimiter of a placeholder begins no other.
+      // Skip the last delimiter of a placeholder: it begins no other.
       if (isDelimiter)
         next = static_cast<std::size_t>(reference->Name.data() - text.data()) + reference->Name.size() +
                kDelimiter.size();

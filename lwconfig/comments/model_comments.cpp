@@ -25,6 +25,13 @@ std::shared_ptr<NamespaceDefs> ModelComments::NamespaceDefs() const {
   return profiles->Item(NamespaceProfile);
 }
 
+// A file of the folder "modelcomments", or modelcomments.xml.
+//
+//   <ModelCommentProfile Version="4.0" Namespace="LW.Core" Name= Description=>
+//     <MC MemberType_Namespace="LW:Method" MemberName="Add*" TaggedCommentPrefix="##REMARKS"
+//         TaggedCommentText= OnlyIfBlank="True" InsertionPoint="2"/>
+//     <MC MemberType="5" .../>                              older files: the number of the kind
+//   </ModelCommentProfile>
 void ModelComments::Load(const XMLElement& e) {
   mCol.Clear();
   AttributeReader in(e);

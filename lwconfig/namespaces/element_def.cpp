@@ -40,7 +40,7 @@ void ElementDef::Load(const XMLElement& e, const std::shared_ptr<NamespaceDefs>&
   });
   if (!CommonAttributes || !ElementAttributeDefs) return;
   for (const auto& common : *CommonAttributes) {
-    // The element's own attribute of that name takes precedence.
+    // Skip a common attribute where the element has its own of that name.
     if (ElementAttributeDefs->Item(common->Name)) continue;
     ElementAttributeDefs->Add(common->Clone(SelfOf(*this)), common->Name);
   }

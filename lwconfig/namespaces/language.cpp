@@ -17,7 +17,7 @@ struct Translation {
   std::string Value;
 };
 
-/// Files a text in a table, in which an empty key may come once too. Error 457 for a key that is present.
+/// Adds a text to a table. Empty keys count as keys too. Error 457 for a key that is present.
 void AddText(Collection& table, const std::string& text, const std::string& key) {
   for (std::int32_t position = 1; key.empty() && position <= table.Count(); ++position) {
     if (table.KeyAt(position).empty()) throw Error(kDuplicateKey, "The table has a text with an empty key");
@@ -27,6 +27,14 @@ void AddText(Collection& table, const std::string& text, const std::string& key)
 
 }  // namespace
 
+// languages.xml. The root element has any name. Of the element names, only that of Language is exact.
+//
+//   <Languages>
+//     <Language Name="Visual Basic" Caption= Overloads= ... IncludeByDefault="True">
+//       <DataType type="System.Int32" Value="Integer"/>
+//       <AccessType type="Public" Value="Public"/>
+//     </Language>
+//   </Languages>
 void Language::Load(const XMLElement& e) {
   AttributeReader in(e);
   in.Require("Name", Name);
@@ -73,7 +81,7 @@ void Language::Load(const XMLElement& e) {
     try {
       AddText(*AccessTypes, value, type);
     } catch (const Error&) {
-      // The first word of an access level stays.
+      // Keep the first word of an access level.
       Report(Problem::DuplicateName, child, "type", "the word is left out: its access level has one already");
     }
   };

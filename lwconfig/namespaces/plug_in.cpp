@@ -45,6 +45,12 @@ void PlugIns::Load() {
   LoadFrom(ConfigPath() + "\\PlugIns\\");
 }
 
+// A file of the folder "PlugIns". The root element has any name; the letter case of names is ignored.
+//
+//   <PlugIns>
+//     <PlugIn Name="LW.Core" Description= ExtendsWizard="True" WizardProgID= ExtendsContent="True"
+//             ContentProgID= ExtendsTableOfContents="False" TableOfContentsProgID=/>
+//   </PlugIns>
 void PlugIns::LoadFrom(std::string_view Folder) {
   mCol.Clear();
   ReadConfigurationFolder(Folder, [&](const XMLElement& root) {

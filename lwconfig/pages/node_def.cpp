@@ -172,7 +172,7 @@ void NodeDef::Save(XMLElement& e) const {
 
 std::shared_ptr<NodeDef> NodeDef::Clone() const {
   auto layout = PageLayout();
-  // Creating a node takes a number, also for one that then gets the key of its source.
+  // Take a number for every node that is created, even if it then gets the key of its source.
   auto copy = std::make_shared<NodeDef>();
   *copy = *this;
   copy->SetPageLayout(layout);
@@ -196,7 +196,7 @@ std::shared_ptr<NodeDefs> NodeDefs::Clone(
 
 std::vector<std::vector<std::shared_ptr<NodeDef>>> NodeDefs::ParentLoops() const {
   std::vector<std::vector<std::shared_ptr<NodeDef>>> loops;
-  std::unordered_map<const NodeDef*, const NodeDef*> startOf;  // the node whose walk came to a node first
+  std::unordered_map<const NodeDef*, const NodeDef*> startOf;  // the node whose walk reached the node first
   for (const auto& start : *this) {
     std::shared_ptr<NodeDef> node = start;
     while (node && startOf.try_emplace(node.get(), start.get()).second) node = node->ParentNodeDef();

@@ -21,7 +21,7 @@ constexpr std::string_view kDefaultCategory = "VB source code, COM Components an
 constexpr std::string_view kCoreProfile = "LW.Core";
 constexpr std::string_view kDefaultTOC = "Default";
 
-/// Whether a file of the template folder serves another purpose than that of a layout.
+/// Whether a file of the template folder is not a layout.
 bool IsNoLayout(std::string_view fileName) {
   constexpr std::string_view kConfig = "config";
   const DiskFile file(fileName);
@@ -31,7 +31,7 @@ bool IsNoLayout(std::string_view fileName) {
          EqualIgnoringCase(baseName, "vssver");
 }
 
-/// The entries of a template folder, listed once: asking the file system for each layout would cost more than
+/// The entries of a template folder, listed once: examining each layout file separately would cost more than
 /// reading its configuration.
 class TemplateFolder {
  public:
@@ -43,7 +43,7 @@ class TemplateFolder {
   }
 
   const std::vector<platform::FolderEntry>& Entries() const { return mEntries; }
-  /// Whether the file exists, also below a sub-folder.
+  /// Whether the file exists, in a sub-folder too.
   bool HasFile(const std::string& fileName) const {
     return mFiles.contains(FoldCase(fileName)) || DiskFile(mRootFolder + fileName).Exists();
   }
@@ -54,8 +54,8 @@ class TemplateFolder {
   std::unordered_set<std::string> mFiles;  // their names in one letter case
 };
 
-/// Whether the parent of a node that was just linked is still to be linked itself. In a loop that holds for
-/// the first node at least.
+/// Whether the parent of a node that was just linked is not linked yet. In a loop this holds at least for
+/// the first node.
 bool IsAheadOf(const NodeDef* parent, const NodeDef* node) {
   return parent == node || (parent != nullptr && !parent->ParentKey().empty() && !parent->ParentNodeDef());
 }
@@ -67,7 +67,20 @@ bool HasValue(const XMLElement& e, const char* attribute, const std::string& val
 
 }  // namespace
 
-/// One load of a template: the steps, and what they share.
+// config.xml of a template. The letter case of element names counts.
+//
+//   <PageTemplate Name= Description= SupportedItemTypes="binary,source" ...>
+//     <NamespaceDef Name="LW.Core"/>                        the default where there is none
+//     <EnabledPlugins> <Plugin>LW.Core</Plugin> ... </EnabledPlugins>
+//     <VariableDef Name= Description= Type="0" .../>
+//     <PageLayout Name= FileName= TitleTemplate= .../>      skipped where the folder has no such file
+//     <TOCDefinition Name= Description=>
+//       <NodeDef Key="N2" ParentKey="N1" .../>              the tree, flat
+//     </TOCDefinition>
+//     <NodeDef .../>                                        older files: the contents "Default"
+//   </PageTemplate>
+
+/// One load of a template: the steps and their shared state.
 class PageTemplate::Loader {
  public:
   Loader(PageTemplate& target, const XMLElement& e)
@@ -90,7 +103,7 @@ class PageTemplate::Loader {
   }
 
  private:
-  /// Listed when it is needed first: a template that fails before has no need of its folder.
+  /// List on first use: a template that fails earlier does not need its folder.
   const TemplateFolder& Folder() {
     if (!mFolder) mFolder.emplace(mTarget.RootFolder);
     return *mFolder;
@@ -139,11 +152,11 @@ class PageTemplate::Loader {
     const std::string& fileName = layout->FileName;
     const std::string leftOut = "the page layout is left out: ";
     if (IsNoLayout(fileName)) {
-      if (fileName.empty()) return;  // that the name is missing was reported
+      if (fileName.empty()) return;  // the missing name was reported
       Report(Problem::ReservedFileName, e, "FileName", leftOut + "a file \"" + fileName + "\" is never one");
     } else if (StringTools::ObjectKeyExists(*mTarget.PageLayouts(), fileName)) {
       Report(Problem::DuplicateName, e, "FileName",
-             leftOut + "one with the file \"" + fileName + "\" stands before");
+             leftOut + "an earlier one has the file \"" + fileName + "\"");
     } else if (Folder().HasFile(fileName)) {
       mTarget.PageLayouts()->Add(layout, fileName);
     } else if (!fileName.empty()) {

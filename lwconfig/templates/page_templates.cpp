@@ -20,8 +20,8 @@ void ShowDuplicate(const PageTemplate& added) {
                   platform::MessageIcon::Exclamation});
 }
 
-/// Whether a folder may hold a template. A file that cannot even be examined is told of when it is its turn
-/// to be read, so that the templates before it are loaded.
+/// Whether a folder may hold a template. A file that cannot be examined fails later, when it is read, so that
+/// the templates before it are loaded.
 bool MayExist(const DiskFile& config) {
   try {
     return config.Exists();

@@ -16,6 +16,16 @@ namespace {
 constexpr std::string_view kExtension = "txt";
 constexpr std::string_view kNameless = "the text is left out: it has no name";
 
+// A file of phrases or scraps, in one of two forms. Both hold the text "Contents" under the name "Title".
+//
+//   Title~Contents\r\n             the text is between the first and the second "~" of the line
+//   Index~Index of terms\r\n
+//
+//   <?xml version="1.0"?>
+//   <Phrases>                     elements of any name; the text may contain markup
+//     <Phrase name="Title">Contents</Phrase>
+//   </Phrases>
+
 /// Takes the entries of one file, the first of each name.
 class EntryReader {
  public:
@@ -55,7 +65,7 @@ class EntryReader {
     LoadListener::Current().EndFile(document, root);
   }
 
-  /// One entry a line, "name~text". A further "~" ends the text.
+  /// Reads one entry a line, "name~text". A further "~" terminates the text.
   void ReadLines(std::string_view text) {
     std::int32_t number = 0;
     for (auto line : Split(text, "\r\n")) {
@@ -69,7 +79,7 @@ class EntryReader {
     }
   }
 
-  /// False where there is an entry of the name.
+  /// False where an entry of the name is present.
   bool Add(std::string_view name, std::string_view entry) {
     if (name.empty()) return true;
     if (StringTools::KeyExists(mEntries, name)) return false;
@@ -96,7 +106,7 @@ class EntryReader {
   }
 
   static std::string Repeated(std::string_view name) {
-    return "the name \"" + std::string(name) + "\" stands before; only the first text counts";
+    return "the name \"" + std::string(name) + "\" appears earlier; only the first text counts";
   }
 
   const DiskFile& mFile;

@@ -29,8 +29,8 @@ struct Edit {
 
 constexpr std::ptrdiff_t kMostEdits = 2000;
 
-/// The way from the one text to the other in the fewest edits. `furthest[d]` has, for each diagonal, how far
-/// `d` edits lead; empty where more than `kMostEdits` are needed.
+/// The shortest edit path between the texts. `furthest[d]` holds, for each diagonal, the furthest position
+/// that `d` edits reach; empty where more than `kMostEdits` are needed.
 std::vector<std::vector<std::ptrdiff_t>> FurthestReached(const Lines& before, const Lines& after) {
   const auto oldCount = static_cast<std::ptrdiff_t>(before.size());
   const auto newCount = static_cast<std::ptrdiff_t>(after.size());
@@ -101,7 +101,7 @@ std::vector<Edit> Edits(const Lines& before, const Lines& after) {
 }
 
 std::string Range(std::size_t first, std::size_t count) {
-  // An empty range is told by the line before it.
+  // Name an empty range by the line before it.
   return std::to_string(count == 0 ? first : first + 1) + (count == 1 ? "" : "," + std::to_string(count));
 }
 
@@ -122,7 +122,7 @@ std::string UnifiedDifference(std::string_view before, std::string_view after) {
     const std::size_t start = next - std::min(next - at, kAround);
     oldLine += start - at;
     newLine += start - at;
-    // The hunk goes on as long as the next change is near.
+    // Extend the hunk as long as the next change is near.
     std::size_t end = next;
     for (std::size_t same = 0; end < edits.size() && same <= 2 * kAround; ++end)
       same = isChange(edits[end]) ? 0 : same + 1;

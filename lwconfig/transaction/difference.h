@@ -5,8 +5,8 @@
 
 namespace lwconfig {
 
-/// The hunks of a unified diff, with three lines around each change; empty for equal texts. Of texts that
-/// differ in thousands of lines the part that differs is shown as a whole.
+/// The hunks of a unified diff, with three lines around each change; empty for equal texts. Where thousands
+/// of lines differ, the whole differing part is one hunk.
 std::string UnifiedDifference(std::string_view before, std::string_view after);
 
 }  // namespace lwconfig

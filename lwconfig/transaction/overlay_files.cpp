@@ -16,7 +16,7 @@ using platform::FolderEntry;
   throw std::system_error(std::make_error_code(std::errc::no_such_file_or_directory), std::string(path));
 }
 
-/// That of the root stays.
+/// Keep the separator of the root.
 std::string_view WithoutSeparator(std::string_view path) {
   while (path.size() > 1 && (path.ends_with('\\') || path.ends_with('/'))) path.remove_suffix(1);
   return path;

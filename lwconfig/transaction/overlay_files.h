@@ -12,24 +12,24 @@
 
 namespace lwconfig {
 
-/// The change of one file; without old or new content where the file does not exist.
+/// The change of one file; old or new content is absent where the file does not exist.
 struct FileChange {
   std::string Path;  // in the product's notation
   std::optional<std::string> Old;
   std::optional<std::string> New;
-  std::string Model{};   // of a file that takes the place of whatever has its name: whose permissions it gets
-  bool IsStale = false;  // the old content is not the one that was first read
+  std::string Model{};   // the source of the permissions, for a file that replaces any entry of its name
+  bool IsStale = false;  // the old content differs from the first read
 };
 
-/// A file system over another one: what is written or removed is kept in memory, where reads see it.
+/// A file system over another one: changes are kept in memory, where reads see them.
 class OverlayFiles final : public platform::Files {
  public:
   explicit OverlayFiles(platform::Files& base) : mBase(base) {}
 
-  /// The files that are not what they were, in the order in which they were first written. A copy of a file
-  /// that stays what it was is none of them.
+  /// The files that differ from their old content, in the order of their first write. An unchanged file is
+  /// not listed, nor is a copy of one.
   std::vector<FileChange> Changes() const;
-  /// The folders that were made, in order.
+  /// The folders that were created, in order.
   std::vector<std::string> Folders() const { return mFolders; }
 
   platform::EntryKind Kind(std::string_view path) override;
@@ -43,7 +43,7 @@ class OverlayFiles final : public platform::Files {
   std::string NativePath(std::string_view path) override { return mBase.NativePath(path); }
   std::string ProductPath(std::string_view hostPath) override { return mBase.ProductPath(hostPath); }
 
-  /// Puts the content, or nothing, in the place of the file.
+  /// Sets the content of the file, or removes the file where there is no content.
   void Store(std::string_view path, std::optional<std::string> content, std::string model = {});
 
  private:
@@ -52,9 +52,9 @@ class OverlayFiles final : public platform::Files {
     FileChange Change;
     bool IsOnDisk() const { return Change.Old.has_value(); }
   };
-  /// Null for a file that was not touched. `mMutex` is held.
+  /// Null for an untouched file. `mMutex` is held.
   FileChange* Find(const std::string& hostPath);
-  /// Remembers the content that was first read below, or that there is no file. `mMutex` is held.
+  /// Remembers the content first read below, or its absence. `mMutex` is held.
   void Note(const std::string& hostPath, const std::optional<std::string>& content);
   bool IsMadeFolder(std::string_view folder) const;
 

@@ -10,7 +10,7 @@
 
 namespace lwconfig {
 
-/// The change of one registry value; without an old or a new one where it is absent.
+/// The change of one registry value; the old or new value is absent where there is none.
 struct ValueChange {
   Hive Root;
   std::string Key;
@@ -19,8 +19,8 @@ struct ValueChange {
   std::optional<RegistryValue> New;
 };
 
-/// A registry over another one: values that are written are kept in memory, where reads see them. The old
-/// value of a change is the one that was first read.
+/// A registry over another one: written values are kept in memory, where reads see them. The old value of a
+/// change is the one first read.
 class OverlayRegistry final : public platform::Registry {
  public:
   explicit OverlayRegistry(platform::Registry& base) : mBase(base) {}
@@ -31,9 +31,9 @@ class OverlayRegistry final : public platform::Registry {
   std::vector<ValueChange> Changes() const;
 
   std::optional<RegistryValue> Read(Hive hive, std::string_view key, std::string_view name) override;
-  /// As it is below: nothing that the library does looks at keys as a whole.
+  /// As in the registry below: nothing in the library examines whole keys.
   std::optional<RegistryKey> List(Hive hive, std::string_view key) override { return mBase.List(hive, key); }
-  /// A key comes into being with its first value. Deleting whole keys is not supported.
+  /// A key is created with its first value. Deleting whole keys is not supported.
   void Apply(const std::vector<RegistryChange>& changes) override;
 
  private:

@@ -21,13 +21,13 @@ using platform::FileReplacement;
 
 Transaction* gInnermost = nullptr;
 
-/// The steps that are done, and how each is taken back: from the last to the first.
+/// The completed steps with their reversals, which run from last to first.
 class Undoable {
  public:
   void Did(std::string what, std::function<void()> undo) {
     mDone.emplace_back(std::move(what), std::move(undo));
   }
-  /// The names of what could not be taken back.
+  /// The names of the steps that could not be reversed.
   std::string TakeBack() {
     std::string failed;
     for (auto step = mDone.rbegin(); step != mDone.rend(); ++step) {
@@ -56,7 +56,7 @@ void Put(platform::Files& files, const std::string& path, const std::optional<st
   replacement->Commit();
 }
 
-/// The step after which the value is `wanted`, or gone.
+/// The step that sets the value to `wanted`, or deletes it.
 RegistryChange StepTo(const ValueChange& change, const std::optional<RegistryValue>& wanted) {
   using Kinds = RegistryChange::Kinds;
   return {wanted ? Kinds::Value : Kinds::DeletedValue, change.Root, change.Key, change.Name,
@@ -67,7 +67,7 @@ std::string NameOf(const ValueChange& change) {
   return std::string(HiveName(change.Root)) + "\\" + change.Key + "\\" + change.Name;
 }
 
-/// The value as a registry file has it, with the mark in front of each line.
+/// The value in the notation of a registry file, with the mark in front of each line.
 std::string MarkedLines(char mark, const ValueChange& change, const RegistryValue& value) {
   const std::string statement = RegistryValueLine(change.Name, value);
   std::string lines;

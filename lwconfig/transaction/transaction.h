@@ -10,8 +10,8 @@
 namespace lwconfig {
 
 /// All or nothing: while a transaction is open, everything that this process saves, files and registry
-/// values, is kept in memory, where reads see it. A commit writes it together or not at all. Transactions
-/// nest; an inner one commits into the outer one.
+/// values, is kept in memory, where reads see it. A commit writes all of it or nothing. Transactions nest; an
+/// inner one commits into the outer one.
 ///
 ///     Transaction transaction;
 ///     root.PageTemplates()->SaveTemplate(pageTemplate);

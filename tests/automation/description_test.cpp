@@ -19,7 +19,7 @@ namespace {
 TEST(Contracts, ComeFromTheHeaders) {
   const std::tuple<const char*, const char*, const char*, const char*> kRows[] = {
       {"above several members", "Root", "VBOptions",
-       "The user's options. They hold no values: each read and write goes to the registry."},
+       "The user's options. They cache no values: each read and write accesses the registry."},
       {"of getter and setter", "NodeDef", "ParentKey",
        "The key of the parent node; empty for a root node. When set: does not change the parent until "
        "`CementReferences` runs."},

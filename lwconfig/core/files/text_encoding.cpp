@@ -11,23 +11,23 @@ namespace {
 
 using namespace std::string_view_literals;
 
-/// How a text begins in an encoding.
+/// The first bytes of a text in an encoding.
 struct Beginning {
   std::string_view Bytes;
   std::size_t UnitSize;
   bool IsLittleEndian;
 };
 
-// Longer marks first: the mark of UTF-32 begins with that of UTF-16.
+// List longer marks first: the mark of UTF-32 begins with that of UTF-16.
 constexpr Beginning kByteOrderMarks[] = {
     {"\xFF\xFE\0\0"sv, 4, true}, {"\0\0\xFE\xFF"sv, 4, false}, {"\xEF\xBB\xBF"sv, 1, true},
     {"\xFF\xFE"sv, 2, true},     {"\xFE\xFF"sv, 2, false},
 };
 
-/// Without a mark, UTF-16 shows in the two-byte form of the declaration's first characters.
+/// Recognise UTF-16 without a mark by the two-byte form of the declaration's first characters.
 constexpr Beginning kDeclarationStarts[] = {{"<\0?\0"sv, 2, true}, {"\0<\0?"sv, 2, false}};
 
-/// The value of the encoding in an XML declaration at the start of the text; empty where there is none.
+/// The encoding named by the XML declaration at the start of the text; empty where there is none.
 std::string DeclaredEncoding(std::string_view text) {
   if (!text.starts_with("<?xml")) return {};
   const auto declaration = text.substr(0, text.find("?>"));
@@ -41,7 +41,8 @@ std::string DeclaredEncoding(std::string_view text) {
 }
 
 bool NamesWindows1252(std::string_view encoding) {
-  // Files that claim plain Latin 1 or ASCII and hold other bytes were written on a Windows-1252 system.
+  // Read files that claim Latin 1 or ASCII as Windows-1252: other bytes in them come from
+  // a Windows-1252 system.
   for (const auto name :
        {"windows-1252"sv, "cp1252"sv, "iso-8859-1"sv, "latin1"sv, "us-ascii"sv, "ascii"sv}) {
     if (EqualIgnoringCase(encoding, name)) return true;
@@ -118,7 +119,7 @@ std::string EncodingDoubt(std::string_view bytes) {
     if (!isUtf8) return "the file is not UTF-8 and names no other encoding" + readAs;
     return bytes.find("\xEF\xBF\xBD") == std::string_view::npos
                ? ""
-               : "the file has the character U+FFFD, which stands for one that was lost";
+               : "the file has the character U+FFFD, which replaces a lost one";
   }
   const std::string named = "the file names the encoding \"" + declared + "\"";
   if (NamesWideUnits(declared)) return named + " and is in another" + readAs;

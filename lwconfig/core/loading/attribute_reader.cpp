@@ -8,10 +8,11 @@
 namespace lwconfig {
 namespace {
 
-/// How far apart two attributes of one name are noticed: thousands must not cost their square either.
+/// The distance within which two attributes of one name are noticed, so that thousands of attributes do not
+/// take quadratic time.
 constexpr std::ptrdiff_t kMostCompared = 100;
 
-/// Attribute names that are looked up are ASCII, so folding letters of either side byte by byte is exact.
+/// Fold letter case byte by byte: the names that are looked up are ASCII.
 bool NameEquals(const char* name, const char* wanted) {
   for (; *wanted != '\0'; ++name, ++wanted) {
     if (*name != *wanted && AsciiLower(*name) != AsciiLower(*wanted)) return false;
@@ -22,8 +23,8 @@ bool NameEquals(const char* name, const char* wanted) {
 }  // namespace
 
 std::string RepeatedAttributeMessage(std::string_view name, std::string_view element) {
-  return std::string("the attribute \"").append(name).append("\" stands in <").append(element) +
-         "> before; only the first counts";
+  return std::string("the attribute \"").append(name).append("\" is repeated in <").append(element) +
+         ">; only the first counts";
 }
 
 AttributeReader::AttributeReader(const XMLElement& e) : mElement(e) {
@@ -44,7 +45,7 @@ AttributeReader::AttributeReader(const XMLElement& e) : mElement(e) {
   mNext = mFirst;
   if (e.mDocument->Observer) {
     e.mDocument->NoteLook(pugi::xml_node(e.Node()).name());
-    mNext = mEnd;  // every look-up then comes to `Search`, which reports it
+    mNext = mEnd;  // sends every look-up to `Search`, which reports it
   }
 }
 
@@ -73,8 +74,8 @@ const char* AttributeReader::Search(const char* name) {
 }
 
 AttributeReader::~AttributeReader() {
-  // Each name is looked up once, so that what is there twice is left over.
-  // Whoever observes the document sees that itself.
+  // Each name is looked up once, so a repeated one is left over. An observer of the document
+  // reports it itself.
   if (mFound < mEnd - mFirst && !mElement.mDocument->Observer && std::uncaught_exceptions() == 0)
     ReportRepeated();
 }
@@ -121,12 +122,12 @@ void AttributeReader::Fail(std::int32_t number, const char* name, std::string_vi
   if (!element.empty()) description.append(": ").append(found);
   if (!mElement.ParseFailure().empty()) description += " (" + mElement.ParseFailure() + ")";
   if (ContinuesAfterFailure()) {
-    // Where there is no element at all, that was reported.
+    // An element that is absent altogether was reported before.
     if (element.empty()) return;
     const bool isMissing = number == kInvalidCall;
     return Report(isMissing ? Problem::MissingAttribute : Problem::InvalidValue, mElement, name, description);
   }
-  description += "; what stands before is kept";
+  description += "; everything before it is kept";
   Error error(number, std::move(description));
   error.SetPosition(mElement.Position());
   throw error;

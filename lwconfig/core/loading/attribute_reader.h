@@ -13,17 +13,17 @@
 
 namespace lwconfig {
 
-/// The text that reports the second attribute of one name.
+/// The message for the second attribute of one name.
 std::string RepeatedAttributeMessage(std::string_view name, std::string_view element);
 
 /// Reads the attributes of one element into members, names matched without regard to letter case. A look-up
-/// starts where the last one ended, so that attributes in file order are found at once; for any other, of
-/// several attributes of one name it finds the first. A failure is thrown unless the listener passes over it.
+/// starts after the previous one, so that attributes in file order are found at once; any other look-up finds
+/// the first of several attributes of one name. A failure is thrown unless the listener passes over it.
 class AttributeReader {
  public:
   /// The element must outlive the reader.
   explicit AttributeReader(const XMLElement& e);
-  /// Reports an attribute that the element has twice, unless the load is failing.
+  /// Reports repeated attributes of the element, unless the load is failing.
   ~AttributeReader();
   AttributeReader(const AttributeReader&) = delete;
   AttributeReader& operator=(const AttributeReader&) = delete;
@@ -50,7 +50,7 @@ class AttributeReader {
     if (text != nullptr) Assign(text, member);
     return text != nullptr;
   }
-  /// As above, converted; also where the conversion fails the member keeps its value.
+  /// As above, converted; the member also keeps its value where the conversion fails.
   template <class T, class Convert>
   bool Try(const char* name, T& member, Convert convert) {
     const char* text = Find(name);
@@ -78,16 +78,16 @@ class AttributeReader {
 
  private:
   static void Assign(const char* text, std::string& member) {
-    // Most attributes are empty, and so is the member.
+    // Skip the assignment where both are empty, the most common case.
     if (*text != '\0' || !member.empty()) member = text;
   }
   /// Null where the listener passes over its absence.
   const char* Required(const char* name);
   const char* Search(const char* name);
   void ReportRepeated() const;
-  /// Reports an optional value that does not convert.
+  /// Reports an optional value that fails to convert.
   void ReportIgnored(const char* name, const char* text, const char* problem) const;
-  /// Reports a value that is taken, though it may be meant otherwise.
+  /// Reports a value that is used, though it may mean something else.
   void ReportDoubt(const char* name, const char* text, std::string_view taken, const char* doubt) const;
   /// Throws the error; returns where the listener passes over it.
   void Fail(std::int32_t number, const char* name, std::string_view found) const;
@@ -99,13 +99,13 @@ class AttributeReader {
   static constexpr std::size_t kUsualCount = 32;
 
   const XMLElement& mElement;
-  // The attributes, read off the element once: look-ups that miss cost little.
+  // The attributes, copied from the element once, so that failed look-ups are cheap.
   Attribute mUsual[kUsualCount];
   std::vector<Attribute> mMany;  // instead, where there are more
   const Attribute* mFirst;
   const Attribute* mEnd;
   const Attribute* mNext;
-  std::ptrdiff_t mFound = 0;  // how many look-ups found an attribute
+  std::ptrdiff_t mFound = 0;  // the number of look-ups that found an attribute
 };
 
 }  // namespace lwconfig

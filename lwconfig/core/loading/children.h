@@ -8,8 +8,8 @@
 
 namespace lwconfig {
 
-/// Calls `visit(child)` for each child element in document order. A failure that has no place in a file yet
-/// gets that of the child.
+/// Calls `visit(child)` for each child element in document order. A failure without a place in a file gets
+/// the place of the child.
 template <class Visit>
 void ForEachChild(const XMLElement& e, Visit visit) {
   for (const XMLElement child : e.Children()) {
@@ -17,7 +17,7 @@ void ForEachChild(const XMLElement& e, Visit visit) {
   }
 }
 
-/// The name of child elements that a reader takes.
+/// A name of child elements that a reader takes.
 struct ChildName {
   ChildName(const char* name, bool ignoresCase = false) : Text(name), IgnoresCase(ignoresCase) {}
   bool IsOf(const XMLElement& e) const { return IgnoresCase ? e.IsNamedIgnoringCase(Text) : e.IsNamed(Text); }
@@ -30,7 +30,7 @@ inline ChildName AnyCase(const char* name) {
   return {name, true};
 }
 
-/// As `ForEachChild` for the children of the name; those of any other name are passed over.
+/// As `ForEachChild` for the children of that name; others are passed over.
 template <class Visit>
 void ReadChildren(const XMLElement& e, const ChildName& name, Visit visit) {
   ForEachChild(e, [&](const XMLElement& child) {

@@ -7,14 +7,14 @@ namespace lwconfig {
 void ReportParseFailure(const XMLDocument& document) {
   if (document.ParseFailure().empty()) return;
   Report(Problem::NotWellFormed, document.ParseFailurePosition(),
-         document.ParseFailure() + "; what stands before is read");
+         document.ParseFailure() + "; only the part before it is read");
 }
 
 void ReportLeftOut(const std::vector<DiskFile>& files, std::size_t read) {
   const std::size_t left = files.size() - read;
   if (left == 0) return;
   Report(Problem::Other, {files[read - 1].FullPath(), 0, 0},
-         "this file ends the load; files after it that are not read: " + std::to_string(left));
+         "this file stops the load; files after it that are not read: " + std::to_string(left));
 }
 
 }  // namespace lwconfig

@@ -13,7 +13,7 @@
 
 namespace lwconfig {
 
-/// Reports the place where the file of the document is not well-formed, if so.
+/// Reports the fault of a document that is not well-formed.
 void ReportParseFailure(const XMLDocument& document);
 
 /// Calls `use(file, root)` for a file that was read.
@@ -27,20 +27,20 @@ void UseDocument(const DiskFile& file, XMLDocument document, Use& use) {
   NoteDamage(file, isDamaged);
 }
 
-/// Reports, where reading the list of files ended early, how many were not read.
+/// Reports the number of files left unread after an early end of a list.
 void ReportLeftOut(const std::vector<DiskFile>& files, std::size_t read);
 
 /// Calls `use(file, root)` for each configuration file of the list, with its root element. The first failure
-/// ends the walk, unless the listener passes over it; where it has no place in a file yet it gets the file's,
-/// and the number of files that are left out is reported. The files are only read.
+/// stops the walk, unless the listener passes over it: a failure without a place gets the file, and the
+/// number of files left out is reported. The files are only read.
 template <class Use>
 void ReadConfigurationFiles(const std::vector<DiskFile>& files, Use use) {
   ReadAhead documents(files);
   std::size_t read = 0;
   try {
     for (const DiskFile& file : files) {
-      TellProgress({file, read++, files.size()});
-      NoteDamage(file, true);  // until it has been used to its end
+      ReportProgress({file, read++, files.size()});
+      NoteDamage(file, true);  // until it has been used completely
       LoadListener::Current().BeginFile(file.FullPath());
       RunStep([&] { UseDocument(file, documents.Next(), use); },
               [&] {
@@ -53,8 +53,8 @@ void ReadConfigurationFiles(const std::vector<DiskFile>& files, Use use) {
   }
 }
 
-/// As above for every "*.xml" file of the folder, in the order of the listing; for none where there is no
-/// such folder.
+/// As above for every "*.xml" file of the folder, in the order of the listing; for none where the folder
+/// does not exist.
 template <class Use>
 void ReadConfigurationFolder(std::string_view folder, Use use) {
   DiskFile listing;
@@ -65,7 +65,7 @@ void ReadConfigurationFolder(std::string_view folder, Use use) {
 }
 
 /// Writes one configuration file: `fill(root)` names and fills the root element. The old file stays whole
-/// when anything fails; of one that could be read only in part a copy is kept.
+/// when anything fails. A file that could be read only in part is copied before.
 template <class Fill>
 void WriteConfigurationFile(DiskFile& file, Fill fill) {
   XMLDocument document;

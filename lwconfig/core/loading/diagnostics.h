@@ -11,44 +11,43 @@ namespace lwconfig {
 
 class XMLElement;
 
-/// Something that a loader passes over as it should, but that a person would want to know, such as a file
-/// that is not well-formed and of which only the first part was read.
+/// One finding about a configuration, such as a file that is not well-formed and was read in part.
 struct Diagnostic {
   FilePosition Position;
   std::string Message;
   lwconfig::Problem Problem = lwconfig::Problem::Other;
-  std::string Suggestion{};  // the text that was most likely meant, if any
+  std::string Suggestion{};  // the text most likely meant, if any
   std::string ModelPath{};   // the object concerned, such as "PageTemplates[House]", where it is known
-  int Count = 1;             // the number of problems that it is about: more than one for a summary
+  int Count = 1;             // the number of problems covered: more than one for a summary
 };
 
 using DiagnosticHandler = std::function<void(const Diagnostic&)>;
-/// Finds the text that was most likely meant; may be slow.
+/// Finds the text most likely meant; may be slow.
 using Suggester = std::function<std::string()>;
 
-/// Sets the handler of the diagnostics that concern whoever loads, an empty one for none; returns the one set
-/// before. An inspection receives all diagnostics instead.
+/// Sets the handler of the diagnostics that any load reports; an empty one for none. Returns the previous
+/// handler. During an inspection all diagnostics are sent to the inspection instead.
 DiagnosticHandler SetDiagnosticHandler(DiagnosticHandler handler);
 
-/// Reports a problem to the listener of loads, once. It builds the diagnostic, with the suggestion, only for
-/// a problem that it wants.
+/// Reports a problem to the load listener, once. The listener builds the diagnostic, with its suggestion,
+/// only for a problem that it wants.
 void Report(Problem problem, const FilePosition& position, std::string_view message,
             const Suggester& suggest = nullptr);
-/// As above with the place of an attribute of the element; that of the element where it has none of that
-/// name, or none is named.
+/// As above with the place of an attribute of the element; the place of the element where the attribute is
+/// absent or unnamed.
 void Report(Problem problem, const XMLElement& e, std::string_view attribute, std::string_view message,
             const Suggester& suggest = nullptr);
-/// Whether the listener wants problems of the kind; for messages that cost much to build.
+/// Whether the listener wants problems of that kind; guards messages that are expensive to build.
 bool IsWanted(Problem problem);
 
 /// Whether the listener lets a load continue after a failure, which is then reported.
 bool ContinuesAfterFailure();
-/// Reports the failure of one step of a load where the load continues with the next one; false where it does
-/// not.
+/// Reports the failure of one step of a load if the load continues with the next step; false where
+/// it does not.
 bool PassOver(const Error& failure);
 
-/// Runs one step of a load. A failure that has no place in a file yet gets `place()`. The listener may pass
-/// over it.
+/// Runs one step of a load. A failure without a place in a file gets `place()`. The listener may
+/// pass over it.
 template <class Step, class Place>
 void RunStep(Step step, Place place) {
   try {

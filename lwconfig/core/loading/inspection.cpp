@@ -24,7 +24,8 @@ bool IsBlank(const char* text) {
 
 }  // namespace
 
-/// Notes what is read of one document, and for the inspection which names readers asked for.
+/// Records for one document which nodes are read, and for the inspection which absent names
+/// readers asked for.
 class Inspection::Watch final : public XMLObserver {
  public:
   explicit Watch(Inspection& inspection) : mInspection(inspection) {}
@@ -107,13 +108,13 @@ std::string Inspection::NearestAbsent(NameKind kind, std::string_view parent, st
   return known == names.end() ? std::string() : Nearest(name, known->second);
 }
 
-/// Walks the tree of a file that was loaded and reports what nothing has read.
+/// Walks the tree of a loaded file and reports everything that no loader read.
 class Inspection::Walk {
  public:
   Walk(Inspection& inspection, const XMLElement& root, const Watch& watch)
       : mInspection(inspection), mRoot(root), mDocument(*root.mDocument), mWatch(watch) {}
 
-  /// Without recursion, since elements nest to any depth.
+  /// Walk without recursion: elements nest to any depth.
   void Run() {
     const xml_node root(mRoot.Node());
     ReportAttributes(root);
@@ -137,7 +138,7 @@ class Inspection::Walk {
     return !offset || mWatch.IsLookedAt(*offset);
   }
 
-  /// Whether to look at what is inside.
+  /// Whether to visit the children.
   bool Visit(xml_node node) {
     if (node.type() == pugi::node_pcdata || node.type() == pugi::node_cdata) {
       if (!IsBlank(node.value()) && !IsLookedAt(node.value())) ReportText(node);
@@ -149,12 +150,12 @@ class Inspection::Walk {
       return false;
     }
     ReportAttributes(node);
-    // Where markup is text, what is inside was read with the text.
+    // Skip the children where markup is text: they were read with the text.
     return !mDocument.KeepsText || node == mDocument.Tree.document_element();
   }
 
   void ReportAttributes(xml_node element) {
-    // Few names are read, however many there are.
+    // Collect the names that were read: they are few, however many attributes there are.
     std::vector<const char*> read;
     for (const xml_attribute attribute : element.attributes()) {
       if (IsLookedAt(attribute.name())) read.push_back(attribute.name());
@@ -191,7 +192,7 @@ class Inspection::Walk {
     std::string_view shown = text.value();
     shown.remove_prefix(shown.find_first_not_of(kBlanks));
     shown = shown.substr(0, std::min(shown.find_first_of("\r\n"), kShown));
-    // The parser has shortened line ends, so the blanks before are counted in the text as it was.
+    // Count the blanks in the original text: the parser has shortened line ends.
     const std::size_t start = mDocument.OffsetOf(text.value()).value_or(0);
     mInspection.Hand({mDocument.PositionOf(mDocument.Original.find_first_not_of(kBlanks, start)),
                       "nothing reads the text \"" + std::string(shown) + "\" in " + Tag(text.parent()),

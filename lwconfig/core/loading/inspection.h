@@ -11,9 +11,9 @@
 
 namespace lwconfig {
 
-/// Looks closely at every load while it lives. Loading then reports a failure and continues, and what loaders
-/// accept in silence is reported as well: values that do not mean what they say, and what nothing in a file
-/// reads. The loaders themselves know what they read, so there is no second description of the files. One at
+/// Inspects every load during its lifetime. Loading then reports a failure and continues. Accepted faults are
+/// reported as well: values that do not mean what they say, and parts of a file that no loader reads. The
+/// loaders themselves report what they read, so there is no second description of the formats. At most one at
 /// a time, on one thread.
 class Inspection final : public LoadListener {
  public:
@@ -22,8 +22,8 @@ class Inspection final : public LoadListener {
   using TextInspector = std::function<void(const std::string& file, std::string_view text)>;
 
   /// Calls `report` for each problem, `inspect` for each configuration file after it was loaded, and
-  /// `inspectText` for each file of phrases or scraps. Both may report more. `findPath` finds the model path
-  /// of an element.
+  /// `inspectText` for each file of phrases or scraps. Both may report further problems. `findPath` finds the
+  /// model path of an element.
   Inspection(DiagnosticHandler report, FileInspector inspect, TextInspector inspectText = nullptr,
              PathFinder findPath = nullptr);
   ~Inspection() override;
@@ -31,7 +31,7 @@ class Inspection final : public LoadListener {
   const std::vector<std::string>& Files() const { return mFiles; }
   /// Whether no error was reported in the file.
   bool IsSound(const std::string& file) const;
-  /// A summary of the problems of each kind in each file that were not reported, in the order of `Files`.
+  /// A summary of the unreported problems of each kind in each file, in the order of `Files`.
   std::vector<Diagnostic> Rests() const;
 
   bool Wants(Problem /*problem*/) const override { return true; }
@@ -47,7 +47,7 @@ class Inspection final : public LoadListener {
   class Watch;
   class Walk;
 
-  /// The absent name that `name` was most likely meant to be.
+  /// The absent name most likely meant by `name`.
   std::string NearestAbsent(NameKind kind, std::string_view parent, std::string_view name) const;
   void ReportForbiddenCharacters(const XMLDocumentData& document);
 

@@ -70,7 +70,7 @@ void LoadListener::Report(const Error& failure) {
 
 void LoadListener::Report(Problem problem, const XMLElement& e, std::string_view attribute,
                           std::string_view message, const Suggester& suggest) {
-  // The place of an attribute costs a look at the file.
+  // Count first: the place of an attribute is expensive, since the file may be read again.
   if (!Count(problem, e.SourcePath())) return;
   mHandler({e.Position(attribute), std::string(message), problem, suggest ? suggest() : std::string(),
             ModelPathOf(e)});

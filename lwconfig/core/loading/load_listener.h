@@ -15,8 +15,8 @@ namespace lwconfig {
 class XMLDocument;
 struct XMLDocumentData;
 
-/// Listens to every load of the process, on the thread that loads. Of one kind of problem in one file it
-/// reports a limited number: a file of nothing but faults stays bearable.
+/// Listens to every load of the process, on the thread that loads. Reports at most a fixed number of problems
+/// of one kind in one file, so that a file full of faults stays readable.
 class LoadListener {
  public:
   static constexpr int kMostReported = 20;
@@ -26,9 +26,9 @@ class LoadListener {
   LoadListener(const LoadListener&) = delete;
   LoadListener& operator=(const LoadListener&) = delete;
 
-  /// The listener of the process; the default one unless an inspection is under way.
+  /// The load listener of the process: the default one unless an inspection is under way.
   static LoadListener& Current();
-  /// Reports what concerns whoever loads to the diagnostics handler.
+  /// Sends the diagnostics that any load reports to the diagnostics handler.
   static LoadListener& Default();
 
   DiagnosticHandler SetHandler(DiagnosticHandler handler);
@@ -51,19 +51,19 @@ class LoadListener {
   virtual void EndText(const std::string& /*path*/, std::string_view /*text*/) {}
   /// The observer of the next document to be read, or null. Called on any thread.
   virtual std::shared_ptr<XMLObserver> Observe() { return nullptr; }
-  /// The path of the object that the element describes; empty where it is not known.
+  /// The path of the object that the element describes; empty where it is unknown.
   virtual std::string ModelPathOf(const XMLElement& /*e*/) const { return {}; }
 
  protected:
   using Counts = std::array<int, kProblemKinds>;
 
-  /// Makes the listener that of the process; null for the default one.
+  /// Sets the load listener of the process; null for the default one.
   static void SetCurrent(LoadListener* listener);
-  /// Counts one more problem of the kind in the file. Whether it is to be reported.
+  /// Counts one more problem of the kind in the file; true where it is to be reported.
   bool Count(Problem problem, const std::string& file);
   void Hand(const Diagnostic& diagnostic) const { mHandler(diagnostic); }
 
-  std::map<std::string, Counts> mCounts;  // by file, how many problems of each kind
+  std::map<std::string, Counts> mCounts;  // by file, the number of problems of each kind
 
  private:
   DiagnosticHandler mHandler;

@@ -11,7 +11,7 @@ ReadAhead::ReadAhead(std::vector<DiskFile> files) : mFiles(std::move(files)) {
   try {
     mReader = std::thread([this] { ReadAll(); });
   } catch (const std::system_error&) {
-    // Without another thread the files are read when they are asked for.
+    // Without another thread, read each file on request.
   }
 }
 

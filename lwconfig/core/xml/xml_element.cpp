@@ -16,7 +16,7 @@ xml_node ElementFrom(xml_node node) {
   return node;
 }
 
-/// Which bytes a name may have: letters, digits, a few signs, and any byte beyond ASCII.
+/// The bytes allowed in a name: letters, digits, a few signs, and any byte beyond ASCII.
 constexpr auto kNameBytes = [] {
   std::array<bool, 256> bytes{};
   for (std::size_t byte = 0; byte < bytes.size(); ++byte) {

@@ -6,19 +6,19 @@
 
 namespace lwconfig {
 
-/// Watches how a document is read. A document that has an observer keeps its text as it was.
+/// Watches the reading of a document. A document with an observer keeps its original text.
 class XMLObserver {
  public:
   enum class NameKind { Attribute, Element };
 
   virtual ~XMLObserver() = default;
-  /// Something was read: the name of an element or of an attribute, or text, that begins at this offset of
+  /// A reader took the name of an element or of an attribute, or a text. It begins at this offset of
   /// the document's text.
   virtual void LookedAt(std::size_t offset) = 0;
   /// A reader asked for a name that the element `parent` does not have.
   virtual void Absent(NameKind kind, std::string_view parent, std::string_view name) = 0;
-  /// The text may be in another encoding than it was taken for. Called before the document is parsed, on the
-  /// thread that does.
+  /// The text may be in another encoding than assumed. Called before the document is parsed, on
+  /// the parsing thread.
   virtual void Doubtful(std::string doubt) = 0;
 };
 

@@ -28,8 +28,8 @@ std::string ReadAll(const Descriptor& file, const std::string& path) {
   struct stat status {};
   if (::fstat(file.Number(), &status) != 0) ThrowErrno(path);
   if (S_ISDIR(status.st_mode)) ThrowErrno(path, EISDIR);
-  // One byte more than the size tells the end of the file from a file that has grown. The files of /proc and
-  // /sys have a size of 0 and content all the same.
+  // Read one byte more than the size, to tell the end of the file from a file that has grown. The files of
+  // /proc and /sys have a size of 0 and content all the same.
   constexpr std::size_t kLeast = 4096;
   const auto size = static_cast<std::size_t>(status.st_size);
   std::string content(size > 0 ? size + 1 : kLeast, '\0');
