@@ -19,10 +19,12 @@ template <>
 const ClassInfo& ClassOf<ElementDef>() {
   using I = Interface<ElementDef>;
   static constexpr auto kSlots = I::Slots(
-      I::Property<&ElementDef::Name>("Name"), I::Property<&ElementDef::Description>("Description"),
+      I::Property<&ElementDef::Name>("Name"),
+      I::Property<&ElementDef::Description>("Description"),
       I::Property<&ElementDef::Category>("Category"),
       I::Property<&ElementDef::DesignerProgID>("DesignerProgID"),
-      I::Property<&ElementDef::Namespaces>("Namespaces"), I::Property<&ElementDef::ScrapsOnly>("ScrapsOnly"),
+      I::Property<&ElementDef::Namespaces>("Namespaces"),
+      I::Property<&ElementDef::ScrapsOnly>("ScrapsOnly"),
       I::Property<&ElementDef::ElementAttributeDefs>("ElementAttributeDefs"),
       I::MayBeNull(I::SetGetProperty<&ElementDef::NamespaceProfile, &ElementDef::SetNamespaceProfile>(
           "NamespaceProfile")),
@@ -71,11 +73,11 @@ const ClassInfo& ClassOf<ElementAttributeDefs>() {
 template <>
 const ClassInfo& ClassOf<ElementAttributes>() {
   using I = Interface<ElementAttributes>;
-  static constexpr auto kSlots =
-      I::Slots(I::Method<&ElementAttributes::Parse>("Parse", "[CommandLine]"),
-               I::Get<ByText<&ElementAttributes::AttributeName>>("AttributeName", "Index"),
-               I::Get<ByText<&ElementAttributes::AttributeData>>("AttributeData", "Index"),
-               I::Get<&ElementAttributes::Count>("Count"));
+  static constexpr auto kSlots = I::Slots(
+      I::Method<&ElementAttributes::Parse>("Parse", "[CommandLine]"),
+      I::Get<ByText<&ElementAttributes::AttributeName>>("AttributeName", "Index"),
+      I::Get<ByText<&ElementAttributes::AttributeData>>("AttributeData", "Index"),
+      I::Get<&ElementAttributes::Count>("Count"));
   static const ClassInfo info = I::Class("ElementAttributes", kSlots);
   return info;
 }

@@ -6,10 +6,12 @@ namespace lwconfig::automation {
 template <>
 const ClassInfo& ClassOf<PageTemplates>() {
   using I = Interface<PageTemplates>;
-  static constexpr auto kSlots =
-      I::Slots(I::Property<&PageTemplates::TemplateFolder>("TemplateFolder"), I::CollectionMembers("obj"),
-               I::Method<&PageTemplates::Load>("Load"), I::Method<&PageTemplates::Save>("Save"),
-               I::Method<&PageTemplates::SaveTemplate>("SaveTemplate", "pt"));
+  static constexpr auto kSlots = I::Slots(
+      I::Property<&PageTemplates::TemplateFolder>("TemplateFolder"),
+      I::CollectionMembers("obj"),
+      I::Method<&PageTemplates::Load>("Load"),
+      I::Method<&PageTemplates::Save>("Save"),
+      I::Method<&PageTemplates::SaveTemplate>("SaveTemplate", "pt"));
   static const ClassInfo info = I::Class("PageTemplates", kSlots);
   return info;
 }
@@ -18,7 +20,8 @@ template <>
 const ClassInfo& ClassOf<PageTemplate>() {
   using I = Interface<PageTemplate>;
   static constexpr auto kSlots = I::Slots(
-      I::Property<&PageTemplate::RootFolder>("RootFolder"), I::Property<&PageTemplate::Name>("Name"),
+      I::Property<&PageTemplate::RootFolder>("RootFolder"),
+      I::Property<&PageTemplate::Name>("Name"),
       I::Property<&PageTemplate::Description>("Description"),
       I::Colour<&PageTemplate::objFillColor>("objFillColor"),
       I::Colour<&PageTemplate::objTextColor>("objTextColor"),
@@ -42,21 +45,25 @@ const ClassInfo& ClassOf<PageTemplate>() {
       I::Property<&PageTemplate::NamespaceDefs>("NamespaceDefs"),
       I::Property<&PageTemplate::NoStandardSupport>("NoStandardSupport"),
       I::Property<&PageTemplate::TemplateCategory>("TemplateCategory"),
-      I::Property<&PageTemplate::Supports>("Supports"), I::Property<&PageTemplate::StyleSheet>("StyleSheet"),
-      I::Property<&PageTemplate::Version>("Version"), I::Property<&PageTemplate::Languages>("Languages"),
+      I::Property<&PageTemplate::Supports>("Supports"),
+      I::Property<&PageTemplate::StyleSheet>("StyleSheet"),
+      I::Property<&PageTemplate::Version>("Version"),
+      I::Property<&PageTemplate::Languages>("Languages"),
       I::Property<&PageTemplate::SupportedItemTypes>("SupportedItemTypes"),
       I::Property<&PageTemplate::PageLayouts, &PageTemplate::SetPageLayouts>("PageLayouts"),
       I::Get<&PageTemplate::PlugIns>("PlugIns"),
       I::Get<&PageTemplate::NamespaceProfileNames>("NamespaceProfileNames"),
       I::Get<&PageTemplate::SupportsItemType>("SupportsItemType", "Name"),
-      I::Method<&PageTemplate::Clone>("Clone"), I::Method<&PageTemplate::Load>("Load", "e"),
+      I::Method<&PageTemplate::Clone>("Clone"),
+      I::Method<&PageTemplate::Load>("Load", "e"),
       I::Method<&PageTemplate::Save>("Save", "e"),
       I::MayBeNull(I::SetGetProperty<&PageTemplate::Scraps, &PageTemplate::SetScraps>("Scraps")),
       I::MayBeNull(I::SetGetProperty<&PageTemplate::Phrases, &PageTemplate::SetPhrases>("Phrases")),
       I::Method<&PageTemplate::ScrapNames>("ScrapNames"),
       I::Method<&PageTemplate::PhraseNames>("PhraseNames"),
       I::Method<&PageTemplate::LoadPhrasesAndScraps>("LoadPhrasesAndScraps", "Language"),
-      I::Get<&PageTemplate::Phrase>("Phrase", "Name"), I::Get<&PageTemplate::Scrap>("Scrap", "Name"));
+      I::Get<&PageTemplate::Phrase>("Phrase", "Name"),
+      I::Get<&PageTemplate::Scrap>("Scrap", "Name"));
   static constexpr std::array kEvents{I::Event<&PageTemplate::PageLayoutsChange>("PageLayoutsChange")};
   static const ClassInfo info = I::Class("PageTemplate", kSlots, kEvents);
   return info;
