@@ -128,6 +128,15 @@ struct EventInfo {
   Connection (*Connect)(const std::shared_ptr<void>& self, std::function<void()> handler);
 };
 
+/// How changes of an object, and of what belongs to it, are saved.
+enum class Saving : std::uint8_t {
+  WithOwner,    // as the object that it belongs to
+  ByItself,     // by its method `Save`
+  ByCatalogue,  // by the method `SaveTemplate` of the catalogue
+  AtOnce,       // each change by itself, in the registry
+  Never,        // the model only reads it
+};
+
 /// What a class may have beyond its slots.
 struct ClassExtras {
   std::shared_ptr<void> (*Create)() = nullptr;  // null where the objects come from other objects only
@@ -135,6 +144,8 @@ struct ClassExtras {
   CollectionInfo Collection{};
   std::shared_ptr<void> (*Implement)(Implementation) = nullptr;  // of a contract that others implement
   const OptionSet& (*Options)(const void* self) = nullptr;       // of a class of options
+  lwconfig::automation::Saving Saving{};
+  const char* ItemStorage = nullptr;  // what each item of a collection has to itself, which no save removes
 };
 
 /// A published class. Its interface has the name of the class after an underscore.
@@ -175,6 +186,9 @@ class ClassInfo {
   const OptionSet* OptionsOf(const AnyObject& object) const;
   bool IsCollection() const { return mNewEnum != nullptr; }
   const CollectionInfo& Collection() const { return mExtras.Collection; }
+  automation::Saving Saving() const { return mExtras.Saving; }
+  /// "folder" or "file"; null where a save of the collection also removes items.
+  const char* ItemStorage() const { return mExtras.ItemStorage; }
 
  private:
   const char* mName;

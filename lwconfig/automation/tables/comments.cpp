@@ -48,7 +48,7 @@ const ClassInfo& ClassOf<TaggedCommentDefs>() {
       I::Method<&TaggedCommentDefs::SaveToEx>("SaveToEx", "FileName", "IncludeStandard", "IncludeCustom"),
       I::Method<&TaggedCommentDefs::Clone>("Clone"),
       I::MayBeNull(I::Method<&TaggedCommentDefs::ItemFromXMLTagName>("ItemFromXMLTagName", "XMLTagName")));
-  static const ClassInfo info = I::Class("TaggedCommentDefs", kSlots);
+  static const ClassInfo info = I::Class("TaggedCommentDefs", kSlots, {.Saving = Saving::ByItself});
   return info;
 }
 
@@ -93,7 +93,7 @@ const ClassInfo& ClassOf<ModelComments>() {
       I::Method<&ModelComments::LoadFromFile>("LoadFromFile", "FileName"),
       I::Method<&ModelComments::SaveToFile>("SaveToFile", "FileName"));
   static constexpr std::array kEvents{I::Event<&ModelComments::DirtyStateChanged>("DirtyStateChanged")};
-  static const ClassInfo info = I::Class("ModelComments", kSlots, kEvents);
+  static const ClassInfo info = I::Class("ModelComments", kSlots, {.Events = kEvents});
   return info;
 }
 
@@ -106,7 +106,8 @@ const ClassInfo& ClassOf<ModelCommentProfiles>() {
       I::Method<&ModelCommentProfiles::Load>("Load"),
       I::Method<&ModelCommentProfiles::Save>("Save"),
       I::Method<&ModelCommentProfiles::Clone>("Clone"));
-  static const ClassInfo info = I::Class("ModelCommentProfiles", kSlots);
+  static const ClassInfo info =
+      I::Class("ModelCommentProfiles", kSlots, {.Saving = Saving::ByItself, .ItemStorage = "file"});
   return info;
 }
 
@@ -134,7 +135,7 @@ const ClassInfo& ClassOf<CommentFileLocations>() {
       I::Method<&CommentFileLocations::Load>("Load"),
       I::Method<&CommentFileLocations::Save>("Save"),
       I::Method<&CommentFileLocations::Clone>("Clone"));
-  static const ClassInfo info = I::Class("CommentFileLocations", kSlots);
+  static const ClassInfo info = I::Class("CommentFileLocations", kSlots, {.Saving = Saving::ByItself});
   return info;
 }
 

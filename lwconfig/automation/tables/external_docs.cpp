@@ -35,7 +35,7 @@ const ClassInfo& ClassOf<ExternalDocs>() {
       I::Method<&ExternalDocs::URL>("URL", "ObjectFullName"),
       I::Method<&ExternalDocs::Clone>("Clone"),
       I::Method<&ExternalDocs::ResetLinkCache>("ResetLinkCache"));
-  static const ClassInfo info = I::Class("ExternalDocs", kSlots);
+  static const ClassInfo info = I::Class("ExternalDocs", kSlots, {.Saving = Saving::ByItself});
   return info;
 }
 

@@ -49,7 +49,7 @@ const ClassInfo& ClassOf<Languages>() {
   using I = Interface<Languages>;
   static constexpr auto kSlots =
       I::Slots(I::CollectionMembers("Item"), I::Method<&Languages::Load>("Load", "e"));
-  static const ClassInfo info = I::Class("Languages", kSlots);
+  static const ClassInfo info = I::Class("Languages", kSlots, {.Saving = Saving::Never});
   return info;
 }
 

@@ -73,7 +73,8 @@ const ClassInfo& ClassOf<NamespaceDefs>() {
       I::Method<ByCaption>("GetNamespaceDefsByCaption", "Caption", "[col]"),
       I::Method<ByName>("GetNamespaceDefsByName", "Name", "[col]"),
       I::Method<All>("AllNamespaceDefs", "[col]"));
-  static const ClassInfo info = I::Class("NamespaceDefs", kSlots);
+  // Those of a template as well: it saves the names of the profiles only.
+  static const ClassInfo info = I::Class("NamespaceDefs", kSlots, {.Saving = Saving::Never});
   return info;
 }
 
@@ -82,7 +83,7 @@ const ClassInfo& ClassOf<NamespaceProfiles>() {
   using I = Interface<NamespaceProfiles>;
   static constexpr auto kSlots =
       I::Slots(I::CollectionMembers("Item"), I::Method<&NamespaceProfiles::Load>("Load"));
-  static const ClassInfo info = I::Class("NamespaceProfiles", kSlots);
+  static const ClassInfo info = I::Class("NamespaceProfiles", kSlots, {.Saving = Saving::Never});
   return info;
 }
 

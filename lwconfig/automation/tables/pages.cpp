@@ -30,7 +30,7 @@ const ClassInfo& ClassOf<PageLayouts>() {
   using I = Interface<PageLayouts>;
   static constexpr auto kSlots = I::Slots(I::CollectionMembers("obj"));
   static constexpr std::array kEvents{I::Event<&PageLayouts::ContentsChange>("ContentsChange")};
-  static const ClassInfo info = I::Class("PageLayouts", kSlots, kEvents);
+  static const ClassInfo info = I::Class("PageLayouts", kSlots, {.Events = kEvents});
   return info;
 }
 

@@ -32,7 +32,7 @@ const ClassInfo& ClassOf<PlugIns>() {
       I::Method<&PlugIns::Load>("Load"),
       I::Method<&PlugIns::LoadFrom>("LoadFrom", "Folder"),
       I::Method<&PlugIns::Clone>("Clone"));
-  static const ClassInfo info = I::Class("PlugIns", kSlots);
+  static const ClassInfo info = I::Class("PlugIns", kSlots, {.Saving = Saving::Never});
   return info;
 }
 
@@ -65,8 +65,7 @@ const ClassInfo& ClassOf<INamespaceProvider>() {
           "MakeMonikerRelative", "Moniker", "RelativeToFileName"),
       I::Method<&INamespaceProvider::MakeMonikerAbsolute>(
           "MakeMonikerAbsolute", "Moniker", "RelativeToFileName"));
-  static const ClassInfo info =
-      I::Class("INamespaceProvider", kSlots, std::array<EventInfo, 0>{}, ImplementProvider);
+  static const ClassInfo info = I::Class("INamespaceProvider", kSlots, {.Implement = ImplementProvider});
   return info;
 }
 

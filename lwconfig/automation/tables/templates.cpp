@@ -12,7 +12,8 @@ const ClassInfo& ClassOf<PageTemplates>() {
       I::Method<&PageTemplates::Load>("Load"),
       I::Method<&PageTemplates::Save>("Save"),
       I::Method<&PageTemplates::SaveTemplate>("SaveTemplate", "pt"));
-  static const ClassInfo info = I::Class("PageTemplates", kSlots);
+  static const ClassInfo info =
+      I::Class("PageTemplates", kSlots, {.Saving = Saving::Never, .ItemStorage = "folder"});
   return info;
 }
 
@@ -65,7 +66,8 @@ const ClassInfo& ClassOf<PageTemplate>() {
       I::Get<&PageTemplate::Phrase>("Phrase", "Name"),
       I::Get<&PageTemplate::Scrap>("Scrap", "Name"));
   static constexpr std::array kEvents{I::Event<&PageTemplate::PageLayoutsChange>("PageLayoutsChange")};
-  static const ClassInfo info = I::Class("PageTemplate", kSlots, kEvents);
+  static const ClassInfo info =
+      I::Class("PageTemplate", kSlots, {.Events = kEvents, .Saving = Saving::ByCatalogue});
   return info;
 }
 
