@@ -38,7 +38,7 @@ ClassInfo::ClassInfo(const char* name, std::span<const MemberInfo> slots, ClassE
   for (const MemberInfo& slot : slots) {
     auto place =
         std::find_if(mMembers.begin(), mMembers.end(), [&](const Member& m) { return m.Id == slot.Id; });
-    if (place == mMembers.end()) place = mMembers.insert(place, Member{slot.Name, slot.Id});
+    if (place == mMembers.end()) place = mMembers.insert(place, Member{slot.Name, slot.Id, slot.Facts});
     (slot.Kind == kMethod        ? place->Method
      : slot.Kind == kPropertyGet ? place->Get
      : slot.Kind == kPropertyLet ? place->Let
@@ -89,6 +89,12 @@ const ClassInfo::Member* ClassInfo::Find(std::int32_t id) const {
   if (id == kNewEnumId) return mNewEnum;
   return id >= 0 && static_cast<std::size_t>(id) < mById.size() ? mById[static_cast<std::size_t>(id)]
                                                                 : nullptr;
+}
+
+const ClassInfo::Member* ClassInfo::Key() const {
+  const auto found =
+      std::find_if(mMembers.begin(), mMembers.end(), [](const Member& m) { return m.Facts.IsKey; });
+  return found == mMembers.end() ? nullptr : &*found;
 }
 
 const EventInfo* ClassInfo::FindEvent(std::string_view name) const {

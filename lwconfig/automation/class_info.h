@@ -83,11 +83,17 @@ inline constexpr std::size_t kMostParameters = 5;
 inline constexpr std::int32_t kDefaultMemberId = 0;
 inline constexpr std::int32_t kNewEnumId = -4;
 
+/// What a property is besides its type.
+struct MemberFacts {
+  bool IsKey = false;  // of the object in its collection
+};
+
 /// One slot of an interface: a method, or one accessor of a property.
 struct MemberInfo {
   const char* Name = nullptr;
   std::int32_t Id = 0;  // shared by the accessors of one property
   InvokeKind Kind = kMethod;
+  MemberFacts Facts{};
   bool IsStored = false;  // whether it reads a data member, which has no effect
   TypeInfo Result{};
   /// Those of a let or set end with the new value.
@@ -155,6 +161,7 @@ class ClassInfo {
   struct Member {
     const char* Name = nullptr;
     std::int32_t Id = 0;
+    MemberFacts Facts{};
     const MemberInfo* Method = nullptr;
     const MemberInfo* Get = nullptr;
     const MemberInfo* Let = nullptr;
@@ -181,6 +188,8 @@ class ClassInfo {
   /// The member of that name, letter case ignored, or null.
   const Member* Find(std::string_view name) const;
   const Member* Find(std::int32_t id) const;
+  /// The property that gives an object its key in a collection; null where objects have none.
+  const Member* Key() const;
   const EventInfo* FindEvent(std::string_view name) const;
   /// The options in an object of the class; null where it is no class of options.
   const OptionSet* OptionsOf(const AnyObject& object) const;

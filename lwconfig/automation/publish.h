@@ -113,8 +113,10 @@ class Interface {
 
   /// A property to read and write: one data member, or the functions to get and set it.
   template <auto Getter, auto Setter = Getter>
-  static constexpr auto Property(const char* name) {
-    return SlotList<2>{Get<Getter>(name)[0], Change<Setter>(name)[0]};
+  static constexpr auto Property(const char* name, MemberFacts facts = {}) {
+    SlotList<2> row{Get<Getter>(name)[0], Change<Setter>(name)[0]};
+    for (MemberInfo& slot : row) slot.Facts = facts;
+    return row;
   }
   /// A property that holds a colour.
   template <auto Member>

@@ -7,7 +7,7 @@ template <>
 const ClassInfo& ClassOf<TaggedCommentDef>() {
   using I = Interface<TaggedCommentDef>;
   static constexpr auto kSlots = I::Slots(
-      I::Property<&TaggedCommentDef::TagIdentifier>("TagIdentifier"),
+      I::Property<&TaggedCommentDef::TagIdentifier>("TagIdentifier", {.IsKey = true}),
       I::Property<&TaggedCommentDef::ElementType>("ElementType"),
       I::Property<&TaggedCommentDef::Description>("Description"),
       I::Property<&TaggedCommentDef::Format>("Format"),
@@ -79,7 +79,7 @@ const ClassInfo& ClassOf<ModelComments>() {
   static constexpr auto kSlots = I::Slots(
       I::Property<&ModelComments::NamespaceProfile>("NamespaceProfile"),
       I::Property<&ModelComments::FileName>("FileName"),
-      I::Property<&ModelComments::Name>("Name"),
+      I::Property<&ModelComments::Name>("Name", {.IsKey = true}),
       I::Property<&ModelComments::Description>("Description"),
       I::Property<&ModelComments::IsPopulated>("IsPopulated"),
       I::Property<&ModelComments::Dirty, &ModelComments::SetDirty>("Dirty"),

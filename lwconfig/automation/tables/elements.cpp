@@ -19,7 +19,7 @@ template <>
 const ClassInfo& ClassOf<ElementDef>() {
   using I = Interface<ElementDef>;
   static constexpr auto kSlots = I::Slots(
-      I::Property<&ElementDef::Name>("Name"),
+      I::Property<&ElementDef::Name>("Name", {.IsKey = true}),
       I::Property<&ElementDef::Description>("Description"),
       I::Property<&ElementDef::Category>("Category"),
       I::Property<&ElementDef::DesignerProgID>("DesignerProgID"),
@@ -46,7 +46,7 @@ template <>
 const ClassInfo& ClassOf<ElementAttributeDef>() {
   using I = Interface<ElementAttributeDef>;
   static constexpr auto kSlots = I::Slots(
-      I::Property<&ElementAttributeDef::Name>("Name"),
+      I::Property<&ElementAttributeDef::Name>("Name", {.IsKey = true}),
       I::Property<&ElementAttributeDef::Description>("Description"),
       I::Property<&ElementAttributeDef::HelpTopic>("HelpTopic"),
       I::Property<&ElementAttributeDef::EditType>("EditType"),

@@ -7,7 +7,7 @@ template <>
 const ClassInfo& ClassOf<ExternalDoc>() {
   using I = Interface<ExternalDoc>;
   static constexpr auto kSlots = I::Slots(
-      I::Property<&ExternalDoc::NamespaceName>("NamespaceName"),
+      I::Property<&ExternalDoc::NamespaceName>("NamespaceName", {.IsKey = true}),
       I::Property<&ExternalDoc::ClassLink>("ClassLink"),
       I::Property<&ExternalDoc::DefaultMemberLink>("DefaultMemberLink"),
       I::Property<&ExternalDoc::URLFormat, &ExternalDoc::SetURLFormat>("URLFormat"),

@@ -7,7 +7,7 @@ template <>
 const ClassInfo& ClassOf<Language>() {
   using I = Interface<Language>;
   static constexpr auto kSlots = I::Slots(
-      I::Property<&Language::Name>("Name"),
+      I::Property<&Language::Name>("Name", {.IsKey = true}),
       I::Property<&Language::Caption>("Caption"),
       I::Property<&Language::IncludeFlag>("IncludeFlag"),
       I::Property<&Language::OverloadsWord>("OverloadsWord"),

@@ -7,7 +7,7 @@ template <>
 const ClassInfo& ClassOf<NamespaceDef>() {
   using I = Interface<NamespaceDef>;
   static constexpr auto kSlots = I::Slots(
-      I::Property<&NamespaceDef::Name>("Name"),
+      I::Property<&NamespaceDef::Name>("Name", {.IsKey = true}),
       I::Property<&NamespaceDef::Handler>("Handler"),
       I::Property<&NamespaceDef::Caption>("Caption"),
       I::Property<&NamespaceDef::CommenterCaption>("CommenterCaption"),
@@ -61,7 +61,7 @@ template <>
 const ClassInfo& ClassOf<NamespaceDefs>() {
   using I = Interface<NamespaceDefs>;
   static constexpr auto kSlots = I::Slots(
-      I::Property<&NamespaceDefs::Name>("Name"),
+      I::Property<&NamespaceDefs::Name>("Name", {.IsKey = true}),
       I::Property<&NamespaceDefs::Caption>("Caption"),
       I::Property<&NamespaceDefs::CommenterCaption>("CommenterCaption"),
       I::Property<&NamespaceDefs::IsFile>("IsFile"),

@@ -8,7 +8,7 @@ const ClassInfo& ClassOf<PageLayout>() {
   using I = Interface<PageLayout>;
   static constexpr auto kSlots = I::Slots(
       I::Property<&PageLayout::Name>("Name"),
-      I::Property<&PageLayout::FileName>("FileName"),
+      I::Property<&PageLayout::FileName>("FileName", {.IsKey = true}),
       I::Property<&PageLayout::PageType>("PageType"),
       I::Property<&PageLayout::TitleTemplate>("TitleTemplate"),
       I::Property<&PageLayout::NodeTag>("NodeTag"),
@@ -38,7 +38,7 @@ template <>
 const ClassInfo& ClassOf<TOCDefinition>() {
   using I = Interface<TOCDefinition>;
   static constexpr auto kSlots = I::Slots(
-      I::Property<&TOCDefinition::Name>("Name"),
+      I::Property<&TOCDefinition::Name>("Name", {.IsKey = true}),
       I::Property<&TOCDefinition::Description>("Description"),
       I::Property<&TOCDefinition::NodeDefs>("NodeDefs"),
       I::MayBeNull(
@@ -62,7 +62,7 @@ template <>
 const ClassInfo& ClassOf<NodeDef>() {
   using I = Interface<NodeDef>;
   static constexpr auto kSlots = I::Slots(
-      I::Property<&NodeDef::Key>("Key"),
+      I::Property<&NodeDef::Key>("Key", {.IsKey = true}),
       I::Property<&NodeDef::NodeType>("NodeType"),
       I::Property<&NodeDef::UseCustomIcon>("UseCustomIcon"),
       I::Property<&NodeDef::MarkAsNew>("MarkAsNew"),
@@ -108,7 +108,7 @@ template <>
 const ClassInfo& ClassOf<VariableDef>() {
   using I = Interface<VariableDef>;
   static constexpr auto kSlots = I::Slots(
-      I::Property<&VariableDef::Name>("Name"),
+      I::Property<&VariableDef::Name>("Name", {.IsKey = true}),
       I::Property<&VariableDef::Description>("Description"),
       I::Property<&VariableDef::VariableDefType>("VariableDefType"),
       I::Property<&VariableDef::Caption>("Caption"),

@@ -16,7 +16,7 @@ const ClassInfo& ClassOf<PlugIn>() {
       I::Property<&PlugIn::ContentProgID>("ContentProgID"),
       I::Property<&PlugIn::ExtendsTableOfContents>("ExtendsTableOfContents"),
       I::Property<&PlugIn::TableOfContentsProgID>("TableOfContentsProgID"),
-      I::Property<&PlugIn::Key>("Key"),
+      I::Property<&PlugIn::Key>("Key", {.IsKey = true}),
       I::Method<&PlugIn::Load>("Load", "e"),
       I::Method<&PlugIn::Save>("Save", "e"),
       I::Method<&PlugIn::Clone>("Clone"));

@@ -22,7 +22,7 @@ const ClassInfo& ClassOf<PageTemplate>() {
   using I = Interface<PageTemplate>;
   static constexpr auto kSlots = I::Slots(
       I::Property<&PageTemplate::RootFolder>("RootFolder"),
-      I::Property<&PageTemplate::Name>("Name"),
+      I::Property<&PageTemplate::Name>("Name", {.IsKey = true}),
       I::Property<&PageTemplate::Description>("Description"),
       I::Colour<&PageTemplate::objFillColor>("objFillColor"),
       I::Colour<&PageTemplate::objTextColor>("objTextColor"),
