@@ -3,6 +3,7 @@
 
 #include <lwconfig/automation/class_info.h>
 #include <lwconfig/automation/errors.h>
+#include <lwconfig/automation/published.h>
 #include <lwconfig/core/base/letter_case.h>
 
 namespace lwconfig::automation {
@@ -95,6 +96,20 @@ const ClassInfo::Member* ClassInfo::Key() const {
   const auto found =
       std::find_if(mMembers.begin(), mMembers.end(), [](const Member& m) { return m.Facts.IsKey; });
   return found == mMembers.end() ? nullptr : &*found;
+}
+
+const ClassInfo* ClassInfo::Member::HeldClass() const {
+  if (Get == nullptr || Get->ParameterCount > 0) return nullptr;
+  // One object is handed out as a value of any type; its member has the name of its class.
+  if (Get->Result.Kind == ValueKind::Variant) return FindClass(Name);
+  return Get->Result.Kind == ValueKind::Object ? &Get->Result.Class() : nullptr;
+}
+
+const ClassInfo* ClassInfo::ItemClass() const {
+  const Member* add = Find("Add");
+  if (!IsCollection() || add == nullptr) return nullptr;
+  const TypeInfo& type = add->Method->Parameters().front().Type;
+  return type.Kind == ValueKind::Object ? &type.Class() : nullptr;
 }
 
 const EventInfo* ClassInfo::FindEvent(std::string_view name) const {

@@ -83,9 +83,24 @@ inline constexpr std::size_t kMostParameters = 5;
 inline constexpr std::int32_t kDefaultMemberId = 0;
 inline constexpr std::int32_t kNewEnumId = -4;
 
+/// Whose name a text is. Those in the plural are lists of names with commas between them.
+enum class NameOf : std::uint8_t {
+  Nothing,
+  Profile,
+  CodeElements,
+  PlugIn,
+  Comment,
+  Contents,  // a contents definition of the same template
+  Template,
+  Words,  // nothing in the configuration
+};
+
 /// What a property is besides its type.
 struct MemberFacts {
-  bool IsKey = false;  // of the object in its collection
+  const char* Attribute = nullptr;  // the name in configuration files, where it is another one
+  bool IsKey = false;               // of the object in its collection
+  NameOf Names{};
+  std::span<const std::int32_t> MoreNumbers{};  // those beside the enumeration that files can have
 };
 
 /// One slot of an interface: a method, or one accessor of a property.
@@ -151,6 +166,7 @@ struct ClassExtras {
   std::shared_ptr<void> (*Implement)(Implementation) = nullptr;  // of a contract that others implement
   const OptionSet& (*Options)(const void* self) = nullptr;       // of a class of options
   lwconfig::automation::Saving Saving{};
+  const char* Element = nullptr;      // in configuration files
   const char* ItemStorage = nullptr;  // what each item of a collection has to itself, which no save removes
 };
 
@@ -166,6 +182,12 @@ class ClassInfo {
     const MemberInfo* Get = nullptr;
     const MemberInfo* Let = nullptr;
     const MemberInfo* Set = nullptr;
+
+    /// The name of the property in configuration files.
+    const char* Attribute() const { return Facts.Attribute != nullptr ? Facts.Attribute : Name; }
+    /// The class of the object that the property holds; null for another value, and where there are
+    /// arguments.
+    const ClassInfo* HeldClass() const;
   };
 
   /// The slots live as long as the process.
@@ -195,6 +217,10 @@ class ClassInfo {
   const OptionSet* OptionsOf(const AnyObject& object) const;
   bool IsCollection() const { return mNewEnum != nullptr; }
   const CollectionInfo& Collection() const { return mExtras.Collection; }
+  /// The class of the items that can be added to the collection; null where they are texts.
+  const ClassInfo* ItemClass() const;
+  /// The name of the elements of configuration files that describe objects; null where there are none.
+  const char* Element() const { return mExtras.Element; }
   automation::Saving Saving() const { return mExtras.Saving; }
   /// "folder" or "file"; null where a save of the collection also removes items.
   const char* ItemStorage() const { return mExtras.ItemStorage; }

@@ -2,33 +2,39 @@
 #include <lwconfig/automation/published.h>
 
 namespace lwconfig::automation {
+namespace {
+
+constexpr std::array kNoWrapType{0};
+
+}  // namespace
 
 template <>
 const ClassInfo& ClassOf<TaggedCommentDef>() {
   using I = Interface<TaggedCommentDef>;
   static constexpr auto kSlots = I::Slots(
-      I::Property<&TaggedCommentDef::TagIdentifier>("TagIdentifier", {.IsKey = true}),
+      I::Property<&TaggedCommentDef::TagIdentifier>(
+          "TagIdentifier", {.Attribute = "Identifier", .IsKey = true}),
       I::Property<&TaggedCommentDef::ElementType>("ElementType"),
       I::Property<&TaggedCommentDef::Description>("Description"),
       I::Property<&TaggedCommentDef::Format>("Format"),
       I::Property<&TaggedCommentDef::IsGeneral>("IsGeneral"),
-      I::Property<&TaggedCommentDef::WrapType>("WrapType"),
+      I::Property<&TaggedCommentDef::WrapType>("WrapType", {.MoreNumbers = kNoWrapType}),
       I::Property<&TaggedCommentDef::DesignerProgID>("DesignerProgID"),
       I::Property<&TaggedCommentDef::DesignFlags>("DesignFlags"),
       I::Property<&TaggedCommentDef::Hidden>("Hidden"),
-      I::Property<&TaggedCommentDef::LegacyFor>("LegacyFor"),
+      I::Property<&TaggedCommentDef::LegacyFor>("LegacyFor", {.Names = NameOf::Comment}),
       I::Property<&TaggedCommentDef::TabName>("TabName"),
       I::Property<&TaggedCommentDef::Tip>("Tip"),
       I::Property<&TaggedCommentDef::Flags>("Flags"),
       I::Property<&TaggedCommentDef::Standard>("Standard"),
-      I::Property<&TaggedCommentDef::Namespace>("Namespace"),
+      I::Property<&TaggedCommentDef::Namespace>("Namespace", {.Names = NameOf::CodeElements}),
       I::Property<&TaggedCommentDef::Icon>("Icon"),
       I::Property<&TaggedCommentDef::GroupName>("GroupName"),
-      I::Property<&TaggedCommentDef::XMLCommentTypes>("XMLCommentTypes"),
+      I::Property<&TaggedCommentDef::XMLCommentTypes>("XMLCommentTypes", {.Names = NameOf::Words}),
       I::Method<&TaggedCommentDef::Load>("Load", "e"),
       I::Method<&TaggedCommentDef::Save>("Save", "e"),
       I::Method<&TaggedCommentDef::Clone>("Clone"));
-  static const ClassInfo info = I::Class("TaggedCommentDef", kSlots);
+  static const ClassInfo info = I::Class("TaggedCommentDef", kSlots, {.Element = "TaggedComment"});
   return info;
 }
 
@@ -56,9 +62,10 @@ template <>
 const ClassInfo& ClassOf<ModelComment>() {
   using I = Interface<ModelComment>;
   static constexpr auto kSlots = I::Slots(
-      I::Property<&ModelComment::MemberType_Namespace>("MemberType_Namespace"),
+      I::Property<&ModelComment::MemberType_Namespace>(
+          "MemberType_Namespace", {.Names = NameOf::CodeElements}),
       I::Property<&ModelComment::MemberName>("MemberName"),
-      I::Property<&ModelComment::TaggedCommentPrefix>("TaggedCommentPrefix"),
+      I::Property<&ModelComment::TaggedCommentPrefix>("TaggedCommentPrefix", {.Names = NameOf::Comment}),
       I::Property<&ModelComment::TaggedCommentText>("TaggedCommentText"),
       I::Property<&ModelComment::Tag>("Tag"),
       I::SetVariant<&ModelComment::Tag>("Tag"),
@@ -69,7 +76,7 @@ const ClassInfo& ClassOf<ModelComment>() {
       I::Method<&ModelComment::Save>("Save", "e"),
       I::Method<&ModelComment::Load>("Load", "e"),
       I::Method<&ModelComment::Clone>("Clone"));
-  static const ClassInfo info = I::Class("ModelComment", kSlots);
+  static const ClassInfo info = I::Class("ModelComment", kSlots, {.Element = "MC"});
   return info;
 }
 
@@ -77,7 +84,8 @@ template <>
 const ClassInfo& ClassOf<ModelComments>() {
   using I = Interface<ModelComments>;
   static constexpr auto kSlots = I::Slots(
-      I::Property<&ModelComments::NamespaceProfile>("NamespaceProfile"),
+      I::Property<&ModelComments::NamespaceProfile>(
+          "NamespaceProfile", {.Attribute = "Namespace", .Names = NameOf::Profile}),
       I::Property<&ModelComments::FileName>("FileName"),
       I::Property<&ModelComments::Name>("Name", {.IsKey = true}),
       I::Property<&ModelComments::Description>("Description"),
@@ -93,7 +101,8 @@ const ClassInfo& ClassOf<ModelComments>() {
       I::Method<&ModelComments::LoadFromFile>("LoadFromFile", "FileName"),
       I::Method<&ModelComments::SaveToFile>("SaveToFile", "FileName"));
   static constexpr std::array kEvents{I::Event<&ModelComments::DirtyStateChanged>("DirtyStateChanged")};
-  static const ClassInfo info = I::Class("ModelComments", kSlots, {.Events = kEvents});
+  static const ClassInfo info =
+      I::Class("ModelComments", kSlots, {.Events = kEvents, .Element = "ModelCommentProfile"});
   return info;
 }
 
@@ -122,7 +131,7 @@ const ClassInfo& ClassOf<CommentFileLocation>() {
       I::Method<&CommentFileLocation::Load>("Load", "e"),
       I::Method<&CommentFileLocation::Save>("Save", "e"),
       I::Method<&CommentFileLocation::Clone>("Clone"));
-  static const ClassInfo info = I::Class("CommentFileLocation", kSlots);
+  static const ClassInfo info = I::Class("CommentFileLocation", kSlots, {.Element = "CommentFile"});
   return info;
 }
 

@@ -23,13 +23,13 @@ const ClassInfo& ClassOf<ElementDef>() {
       I::Property<&ElementDef::Description>("Description"),
       I::Property<&ElementDef::Category>("Category"),
       I::Property<&ElementDef::DesignerProgID>("DesignerProgID"),
-      I::Property<&ElementDef::Namespaces>("Namespaces"),
+      I::Property<&ElementDef::Namespaces>("Namespaces", {.Names = NameOf::CodeElements}),
       I::Property<&ElementDef::ScrapsOnly>("ScrapsOnly"),
       I::Property<&ElementDef::ElementAttributeDefs>("ElementAttributeDefs"),
       I::MayBeNull(I::SetGetProperty<&ElementDef::NamespaceProfile, &ElementDef::SetNamespaceProfile>(
           "NamespaceProfile")),
       I::Method<&ElementDef::Load>("Load", "e", "Parent", "CommonAttributes"));
-  static const ClassInfo info = I::Class("ElementDef", kSlots);
+  static const ClassInfo info = I::Class("ElementDef", kSlots, {.Element = "lwelement"});
   return info;
 }
 
@@ -58,7 +58,7 @@ const ClassInfo& ClassOf<ElementAttributeDef>() {
           "ElementDef")),
       I::Method<&ElementAttributeDef::Load>("Load", "e"),
       I::AsVariant(I::Method<&ElementAttributeDef::Clone>("Clone", "ElementDef")));
-  static const ClassInfo info = I::Class("ElementAttributeDef", kSlots);
+  static const ClassInfo info = I::Class("ElementAttributeDef", kSlots, {.Element = "attribute"});
   return info;
 }
 

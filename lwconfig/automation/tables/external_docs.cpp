@@ -7,7 +7,7 @@ template <>
 const ClassInfo& ClassOf<ExternalDoc>() {
   using I = Interface<ExternalDoc>;
   static constexpr auto kSlots = I::Slots(
-      I::Property<&ExternalDoc::NamespaceName>("NamespaceName", {.IsKey = true}),
+      I::Property<&ExternalDoc::NamespaceName>("NamespaceName", {.Attribute = "Namespace", .IsKey = true}),
       I::Property<&ExternalDoc::ClassLink>("ClassLink"),
       I::Property<&ExternalDoc::DefaultMemberLink>("DefaultMemberLink"),
       I::Property<&ExternalDoc::URLFormat, &ExternalDoc::SetURLFormat>("URLFormat"),
@@ -17,7 +17,7 @@ const ClassInfo& ClassOf<ExternalDoc>() {
       I::Method<&ExternalDoc::Load>("Load", "e"),
       I::Method<&ExternalDoc::Save>("Save", "e"),
       I::Method<&ExternalDoc::Clone>("Clone"));
-  static const ClassInfo info = I::Class("ExternalDoc", kSlots);
+  static const ClassInfo info = I::Class("ExternalDoc", kSlots, {.Element = "ExternalDoc"});
   return info;
 }
 

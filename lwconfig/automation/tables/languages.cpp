@@ -40,7 +40,7 @@ const ClassInfo& ClassOf<Language>() {
       I::Property<&Language::AccessTypes>("AccessTypes"),
       I::Property<&Language::MultiDimensionalArraySymbol>("MultiDimensionalArraySymbol"),
       I::Method<&Language::Load>("Load", "e"));
-  static const ClassInfo info = I::Class("Language", kSlots);
+  static const ClassInfo info = I::Class("Language", kSlots, {.Element = "Language"});
   return info;
 }
 

@@ -36,7 +36,7 @@ const ClassInfo& ClassOf<NamespaceDef>() {
       I::Method<&NamespaceDef::Load>("Load", "e"),
       I::Method<&NamespaceDef::ResetIncludeFlag>("ResetIncludeFlag"),
       I::Method<&NamespaceDef::ResetCounters>("ResetCounters"));
-  static const ClassInfo info = I::Class("NamespaceDef", kSlots);
+  static const ClassInfo info = I::Class("NamespaceDef", kSlots, {.Element = "lwnamespace"});
   return info;
 }
 
@@ -74,7 +74,8 @@ const ClassInfo& ClassOf<NamespaceDefs>() {
       I::Method<ByName>("GetNamespaceDefsByName", "Name", "[col]"),
       I::Method<All>("AllNamespaceDefs", "[col]"));
   // Those of a template as well: it saves the names of the profiles only.
-  static const ClassInfo info = I::Class("NamespaceDefs", kSlots, {.Saving = Saving::Never});
+  static const ClassInfo info =
+      I::Class("NamespaceDefs", kSlots, {.Saving = Saving::Never, .Element = "lwnamespaces"});
   return info;
 }
 

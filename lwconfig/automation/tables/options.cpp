@@ -16,7 +16,7 @@ const ClassInfo& ClassOf<VSNETOptions>() {
       I::Property<&VSNETOptions::WrapCharacters>("WrapCharacters"),
       I::Property<&VSNETOptions::BlockTagPosition>("BlockTagPosition"),
       I::Property<&VSNETOptions::IncludeSpace>("IncludeSpace"),
-      I::Property<&VSNETOptions::PreviewTemplate>("PreviewTemplate"),
+      I::Property<&VSNETOptions::PreviewTemplate>("PreviewTemplate", {.Names = NameOf::Template}),
       I::Property<&VSNETOptions::VBNETCommentMode>("VBNETCommentMode"),
       I::Property<&VSNETOptions::FollowCodePane>("FollowCodePane"),
       I::Property<&VSNETOptions::Grouped>("Grouped"),
@@ -42,8 +42,8 @@ const ClassInfo& ClassOf<VBOptions>() {
       I::Property<&VBOptions::WrapCharacters>("WrapCharacters"),
       I::Property<&VBOptions::BlockTagPosition>("BlockTagPosition"),
       I::Property<&VBOptions::IncludeSpace>("IncludeSpace"),
-      I::Property<&VBOptions::PreviewTemplate>("PreviewTemplate"),
-      I::Property<&VBOptions::VBAPreviewTemplate>("VBAPreviewTemplate"),
+      I::Property<&VBOptions::PreviewTemplate>("PreviewTemplate", {.Names = NameOf::Template}),
+      I::Property<&VBOptions::VBAPreviewTemplate>("VBAPreviewTemplate", {.Names = NameOf::Template}),
       I::Property<&VBOptions::VBCommentMode>("VBCommentMode"),
       I::Property<&VBOptions::ExternalWindow>("ExternalWindow"),
       I::Property<&VBOptions::FollowCodePane>("FollowCodePane"),
@@ -66,7 +66,7 @@ const ClassInfo& ClassOf<LWCommenterOptions>() {
       I::Property<&LWCommenterOptions::ShowFriend>("ShowFriend"),
       I::Property<&LWCommenterOptions::ShowPrivate>("ShowPrivate"),
       I::Property<&LWCommenterOptions::AutoExpand>("AutoExpand"),
-      I::Property<&LWCommenterOptions::PreviewTemplate>("PreviewTemplate"));
+      I::Property<&LWCommenterOptions::PreviewTemplate>("PreviewTemplate", {.Names = NameOf::Template}));
   static const ClassInfo info = I::Class("LWCommenterOptions", kSlots);
   return info;
 }

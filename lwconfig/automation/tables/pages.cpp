@@ -2,6 +2,14 @@
 #include <lwconfig/automation/published.h>
 
 namespace lwconfig::automation {
+namespace {
+
+/// A loader that finds none keeps -1, and saves it.
+constexpr std::array kNoUsableValue{-1};
+constexpr std::array kNoneOrUnusable{-1, 0};
+constexpr std::array kOlderStandardNode{3};
+
+}  // namespace
 
 template <>
 const ClassInfo& ClassOf<PageLayout>() {
@@ -9,19 +17,19 @@ const ClassInfo& ClassOf<PageLayout>() {
   static constexpr auto kSlots = I::Slots(
       I::Property<&PageLayout::Name>("Name"),
       I::Property<&PageLayout::FileName>("FileName", {.IsKey = true}),
-      I::Property<&PageLayout::PageType>("PageType"),
+      I::Property<&PageLayout::PageType>("PageType", {.MoreNumbers = kNoUsableValue}),
       I::Property<&PageLayout::TitleTemplate>("TitleTemplate"),
       I::Property<&PageLayout::NodeTag>("NodeTag"),
       I::Property<&PageLayout::ControlTag>("ControlTag"),
-      I::Property<&PageLayout::Namespace>("Namespace"),
-      I::Property<&PageLayout::DependantOnNamespace>("DependantOnNamespace"),
+      I::Property<&PageLayout::Namespace>("Namespace", {.Names = NameOf::CodeElements}),
+      I::Property<&PageLayout::DependantOnNamespace>("DependantOnNamespace", {.Names = NameOf::CodeElements}),
       I::Property<&PageLayout::DependantOnNamespace_Filter>("DependantOnNamespace_Filter"),
       I::Property<&PageLayout::DependantCount>("DependantCount"),
       I::Get<&PageLayout::IsHTMLHelpProjectFile>("IsHTMLHelpProjectFile"),
       I::AsVariant(I::Method<&PageLayout::Clone>("Clone")),
       I::Method<&PageLayout::Load>("Load", "e"),
       I::Method<&PageLayout::Save>("Save", "e"));
-  static const ClassInfo info = I::Class("PageLayout", kSlots);
+  static const ClassInfo info = I::Class("PageLayout", kSlots, {.Element = "PageLayout"});
   return info;
 }
 
@@ -46,7 +54,7 @@ const ClassInfo& ClassOf<TOCDefinition>() {
       I::Method<&TOCDefinition::Load>("Load", "e", "PageTemplate"),
       I::Method<&TOCDefinition::Save>("Save", "e"),
       I::Method<&TOCDefinition::Clone>("Clone", "PageTemplate"));
-  static const ClassInfo info = I::Class("TOCDefinition", kSlots);
+  static const ClassInfo info = I::Class("TOCDefinition", kSlots, {.Element = "TOCDefinition"});
   return info;
 }
 
@@ -63,20 +71,20 @@ const ClassInfo& ClassOf<NodeDef>() {
   using I = Interface<NodeDef>;
   static constexpr auto kSlots = I::Slots(
       I::Property<&NodeDef::Key>("Key", {.IsKey = true}),
-      I::Property<&NodeDef::NodeType>("NodeType"),
+      I::Property<&NodeDef::NodeType>("NodeType", {.MoreNumbers = kOlderStandardNode}),
       I::Property<&NodeDef::UseCustomIcon>("UseCustomIcon"),
       I::Property<&NodeDef::MarkAsNew>("MarkAsNew"),
       I::Property<&NodeDef::NodeCaptionTemplate>("NodeCaptionTemplate"),
-      I::Property<&NodeDef::PlugInName>("PlugInName"),
+      I::Property<&NodeDef::PlugInName>("PlugInName", {.Names = NameOf::PlugIn}),
       I::Property<&NodeDef::PlugInData>("PlugInData"),
-      I::Property<&NodeDef::DependantOn>("DependantOn"),
-      I::Property<&NodeDef::DependantOnNamespace>("DependantOnNamespace"),
+      I::Property<&NodeDef::DependantOn>("DependantOn", {.MoreNumbers = kNoneOrUnusable}),
+      I::Property<&NodeDef::DependantOnNamespace>("DependantOnNamespace", {.Names = NameOf::CodeElements}),
       I::Property<&NodeDef::DependantOnNamespace_Filter>("DependantOnNamespace_Filter"),
       I::Property<&NodeDef::DependantCount>("DependantCount"),
       I::Property<&NodeDef::DependantStillProcessChildren>("DependantStillProcessChildren"),
       I::Property<&NodeDef::FileNameTemplate>("FileNameTemplate"),
-      I::Property<&NodeDef::PageType>("PageType"),
-      I::Property<&NodeDef::PageTypeNamespace>("PageTypeNamespace"),
+      I::Property<&NodeDef::PageType>("PageType", {.MoreNumbers = kNoUsableValue}),
+      I::Property<&NodeDef::PageTypeNamespace>("PageTypeNamespace", {.Names = NameOf::CodeElements}),
       I::Property<&NodeDef::PageTypeNamespaceFilter>("PageTypeNamespaceFilter"),
       I::Property<&NodeDef::LinkToPage>("LinkToPage"),
       I::Property<&NodeDef::IsDefaultTopic>("IsDefaultTopic"),
@@ -91,7 +99,7 @@ const ClassInfo& ClassOf<NodeDef>() {
       I::Method<&NodeDef::Load>("Load", "e", "TOCDefinition"),
       I::Method<&NodeDef::Save>("Save", "e"),
       I::Method<&NodeDef::Clone>("Clone"));
-  static const ClassInfo info = I::Class("NodeDef", kSlots);
+  static const ClassInfo info = I::Class("NodeDef", kSlots, {.Element = "NodeDef"});
   return info;
 }
 
@@ -110,13 +118,13 @@ const ClassInfo& ClassOf<VariableDef>() {
   static constexpr auto kSlots = I::Slots(
       I::Property<&VariableDef::Name>("Name", {.IsKey = true}),
       I::Property<&VariableDef::Description>("Description"),
-      I::Property<&VariableDef::VariableDefType>("VariableDefType"),
+      I::Property<&VariableDef::VariableDefType>("VariableDefType", {.Attribute = "Type"}),
       I::Property<&VariableDef::Caption>("Caption"),
       I::Property<&VariableDef::DefaultValue>("DefaultValue"),
       I::Method<&VariableDef::Clone>("Clone"),
       I::Method<&VariableDef::Load>("Load", "e", "PageTemplate"),
       I::Method<&VariableDef::Save>("Save", "e"));
-  static const ClassInfo info = I::Class("VariableDef", kSlots);
+  static const ClassInfo info = I::Class("VariableDef", kSlots, {.Element = "VariableDef"});
   return info;
 }
 

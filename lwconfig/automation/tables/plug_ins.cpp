@@ -16,11 +16,12 @@ const ClassInfo& ClassOf<PlugIn>() {
       I::Property<&PlugIn::ContentProgID>("ContentProgID"),
       I::Property<&PlugIn::ExtendsTableOfContents>("ExtendsTableOfContents"),
       I::Property<&PlugIn::TableOfContentsProgID>("TableOfContentsProgID"),
-      I::Property<&PlugIn::Key>("Key", {.IsKey = true}),
+      // The key is made when a file, which has the name, is loaded.
+      I::Property<&PlugIn::Key>("Key", {.Attribute = "Name", .IsKey = true}),
       I::Method<&PlugIn::Load>("Load", "e"),
       I::Method<&PlugIn::Save>("Save", "e"),
       I::Method<&PlugIn::Clone>("Clone"));
-  static const ClassInfo info = I::Class("PlugIn", kSlots);
+  static const ClassInfo info = I::Class("PlugIn", kSlots, {.Element = "PlugIn"});
   return info;
 }
 

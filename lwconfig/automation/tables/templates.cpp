@@ -37,11 +37,11 @@ const ClassInfo& ClassOf<PageTemplate>() {
       I::Property<&PageTemplate::UseDiagramShapes>("UseDiagramShapes"),
       I::Property<&PageTemplate::TOCDefinitions>("TOCDefinitions"),
       I::Property<&PageTemplate::VariableDefs>("VariableDefs"),
-      I::Property<&PageTemplate::DefTOCVBProject>("DefTOCVBProject"),
-      I::Property<&PageTemplate::DefTOCVBProjectGroup>("DefTOCVBProjectGroup"),
-      I::Property<&PageTemplate::DefTOCMixture>("DefTOCMixture"),
-      I::Property<&PageTemplate::DefTOCComponent>("DefTOCComponent"),
-      I::Property<&PageTemplate::DefTOCComponentGroup>("DefTOCComponentGroup"),
+      I::Property<&PageTemplate::DefTOCVBProject>("DefTOCVBProject", {.Names = NameOf::Contents}),
+      I::Property<&PageTemplate::DefTOCVBProjectGroup>("DefTOCVBProjectGroup", {.Names = NameOf::Contents}),
+      I::Property<&PageTemplate::DefTOCMixture>("DefTOCMixture", {.Names = NameOf::Contents}),
+      I::Property<&PageTemplate::DefTOCComponent>("DefTOCComponent", {.Names = NameOf::Contents}),
+      I::Property<&PageTemplate::DefTOCComponentGroup>("DefTOCComponentGroup", {.Names = NameOf::Contents}),
       I::Property<&PageTemplate::EnabledPlugins>("EnabledPlugins"),
       I::Property<&PageTemplate::NamespaceDefs>("NamespaceDefs"),
       I::Property<&PageTemplate::NoStandardSupport>("NoStandardSupport"),
@@ -50,7 +50,7 @@ const ClassInfo& ClassOf<PageTemplate>() {
       I::Property<&PageTemplate::StyleSheet>("StyleSheet"),
       I::Property<&PageTemplate::Version>("Version"),
       I::Property<&PageTemplate::Languages>("Languages"),
-      I::Property<&PageTemplate::SupportedItemTypes>("SupportedItemTypes"),
+      I::Property<&PageTemplate::SupportedItemTypes>("SupportedItemTypes", {.Names = NameOf::Words}),
       I::Property<&PageTemplate::PageLayouts, &PageTemplate::SetPageLayouts>("PageLayouts"),
       I::Get<&PageTemplate::PlugIns>("PlugIns"),
       I::Get<&PageTemplate::NamespaceProfileNames>("NamespaceProfileNames"),
@@ -66,8 +66,8 @@ const ClassInfo& ClassOf<PageTemplate>() {
       I::Get<&PageTemplate::Phrase>("Phrase", "Name"),
       I::Get<&PageTemplate::Scrap>("Scrap", "Name"));
   static constexpr std::array kEvents{I::Event<&PageTemplate::PageLayoutsChange>("PageLayoutsChange")};
-  static const ClassInfo info =
-      I::Class("PageTemplate", kSlots, {.Events = kEvents, .Saving = Saving::ByCatalogue});
+  static const ClassInfo info = I::Class(
+      "PageTemplate", kSlots, {.Events = kEvents, .Saving = Saving::ByCatalogue, .Element = "PageTemplate"});
   return info;
 }
 

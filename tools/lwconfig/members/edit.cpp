@@ -116,7 +116,7 @@ void Editor::Add(const Edit& edit) {
     throw Fault(ExitStatus::Usage, std::string("nothing can be added to a ") + collection.Name())
         .At(edit.Path, path.Steps.empty() ? 0 : path.Steps.back().Offset);
   }
-  const ClassInfo* itemClass = ItemClass(collection);
+  const ClassInfo* itemClass = collection.ItemClass();
   if (itemClass == nullptr) return AddText(path, way, edit);
   const AnyObject item = itemClass->Create();
   Way itemWay = way;
