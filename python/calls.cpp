@@ -12,7 +12,7 @@
 
 #include <lwconfig/automation/dispatch.h>
 #include <lwconfig/automation/errors.h>
-#include <lwconfig/automation/member_facts.h>
+#include <lwconfig/automation/signature.h>
 
 namespace py = pybind11;
 

@@ -6,7 +6,6 @@
 #include <python/values.h>
 
 #include <lwconfig/automation/dispatch.h>
-#include <lwconfig/automation/member_facts.h>
 #include <lwconfig/core/base/error.h>
 #include <lwconfig/options/option.h>
 
@@ -57,8 +56,8 @@ void AddProperties(const AnyObject& object, Values& values) {
 
 Values TellingValues(const AnyObject& object) {
   Values values;
-  if (const char* key = automation::KeyProperty(*object.Class)) {
-    AddValue(object, *object.Class->Find(key), values);
+  if (const auto* key = object.Class->Key()) {
+    AddValue(object, *key, values);
   } else if (const OptionSet* options = object.Class->OptionsOf(object)) {
     AddChangedOptions(object, *options, values);
   } else if (!object.Class->IsCollection()) {

@@ -3,6 +3,7 @@
 
 #include <lwconfig/automation/class_info.h>
 #include <lwconfig/automation/errors.h>
+#include <lwconfig/automation/published.h>
 #include <lwconfig/core/base/letter_case.h>
 
 namespace lwconfig::automation {
@@ -38,7 +39,7 @@ ClassInfo::ClassInfo(const char* name, std::span<const MemberInfo> slots, ClassE
   for (const MemberInfo& slot : slots) {
     auto place =
         std::find_if(mMembers.begin(), mMembers.end(), [&](const Member& m) { return m.Id == slot.Id; });
-    if (place == mMembers.end()) place = mMembers.insert(place, Member{slot.Name, slot.Id});
+    if (place == mMembers.end()) place = mMembers.insert(place, Member{slot.Name, slot.Id, slot.Facts});
     (slot.Kind == kMethod        ? place->Method
      : slot.Kind == kPropertyGet ? place->Get
      : slot.Kind == kPropertyLet ? place->Let
@@ -89,6 +90,26 @@ const ClassInfo::Member* ClassInfo::Find(std::int32_t id) const {
   if (id == kNewEnumId) return mNewEnum;
   return id >= 0 && static_cast<std::size_t>(id) < mById.size() ? mById[static_cast<std::size_t>(id)]
                                                                 : nullptr;
+}
+
+const ClassInfo::Member* ClassInfo::Key() const {
+  const auto found =
+      std::find_if(mMembers.begin(), mMembers.end(), [](const Member& m) { return m.Facts.IsKey; });
+  return found == mMembers.end() ? nullptr : &*found;
+}
+
+const ClassInfo* ClassInfo::Member::HeldClass() const {
+  if (Get == nullptr || Get->ParameterCount > 0) return nullptr;
+  // One object is handed out as a value of any type; its member has the name of its class.
+  if (Get->Result.Kind == ValueKind::Variant) return FindClass(Name);
+  return Get->Result.Kind == ValueKind::Object ? &Get->Result.Class() : nullptr;
+}
+
+const ClassInfo* ClassInfo::ItemClass() const {
+  const Member* add = Find("Add");
+  if (!IsCollection() || add == nullptr) return nullptr;
+  const TypeInfo& type = add->Method->Parameters().front().Type;
+  return type.Kind == ValueKind::Object ? &type.Class() : nullptr;
 }
 
 const EventInfo* ClassInfo::FindEvent(std::string_view name) const {

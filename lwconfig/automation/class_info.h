@@ -83,11 +83,32 @@ inline constexpr std::size_t kMostParameters = 5;
 inline constexpr std::int32_t kDefaultMemberId = 0;
 inline constexpr std::int32_t kNewEnumId = -4;
 
+/// Whose name a text is. Those in the plural are lists of names with commas between them.
+enum class NameOf : std::uint8_t {
+  Nothing,
+  Profile,
+  CodeElements,
+  PlugIn,
+  Comment,
+  Contents,  // a contents definition of the same template
+  Template,
+  Words,  // nothing in the configuration
+};
+
+/// What a property is besides its type.
+struct MemberFacts {
+  const char* Attribute = nullptr;  // the name in configuration files, where it is another one
+  bool IsKey = false;               // of the object in its collection
+  NameOf Names{};
+  std::span<const std::int32_t> MoreNumbers{};  // those beside the enumeration that files can have
+};
+
 /// One slot of an interface: a method, or one accessor of a property.
 struct MemberInfo {
   const char* Name = nullptr;
   std::int32_t Id = 0;  // shared by the accessors of one property
   InvokeKind Kind = kMethod;
+  MemberFacts Facts{};
   bool IsStored = false;  // whether it reads a data member, which has no effect
   TypeInfo Result{};
   /// The parameters of a let or set include the new value, as the last one.
@@ -127,6 +148,15 @@ struct EventInfo {
   Connection (*Connect)(const std::shared_ptr<void>& self, std::function<void()> handler);
 };
 
+/// How changes of an object, and of what belongs to it, are saved.
+enum class Saving : std::uint8_t {
+  WithOwner,    // as the object that it belongs to
+  ByItself,     // by its method `Save`
+  ByCatalogue,  // by the method `SaveTemplate` of the catalogue
+  AtOnce,       // each change by itself, in the registry
+  Never,        // the model only reads it
+};
+
 /// Optional parts of a class beyond its slots.
 struct ClassExtras {
   std::shared_ptr<void> (*Create)() = nullptr;  // null where the objects come from other objects only
@@ -134,6 +164,9 @@ struct ClassExtras {
   CollectionInfo Collection{};
   std::shared_ptr<void> (*Implement)(Implementation) = nullptr;  // of a contract that others implement
   const OptionSet& (*Options)(const void* self) = nullptr;       // of a class of options
+  lwconfig::automation::Saving Saving{};
+  const char* Element = nullptr;      // in configuration files
+  const char* ItemStorage = nullptr;  // what each item of a collection has to itself, which no save removes
 };
 
 /// A published class. Its interface has the name of the class after an underscore.
@@ -143,10 +176,17 @@ class ClassInfo {
   struct Member {
     const char* Name = nullptr;
     std::int32_t Id = 0;
+    MemberFacts Facts{};
     const MemberInfo* Method = nullptr;
     const MemberInfo* Get = nullptr;
     const MemberInfo* Let = nullptr;
     const MemberInfo* Set = nullptr;
+
+    /// The name of the property in configuration files.
+    const char* Attribute() const { return Facts.Attribute != nullptr ? Facts.Attribute : Name; }
+    /// The class of the object that the property holds; null for another value, and where there are
+    /// arguments.
+    const ClassInfo* HeldClass() const;
   };
 
   /// The slots live as long as the process.
@@ -170,11 +210,20 @@ class ClassInfo {
   /// The member of that name, letter case ignored, or null.
   const Member* Find(std::string_view name) const;
   const Member* Find(std::int32_t id) const;
+  /// The property that gives an object its key in a collection; null where objects have none.
+  const Member* Key() const;
   const EventInfo* FindEvent(std::string_view name) const;
   /// The options in an object of the class; null where it is no class of options.
   const OptionSet* OptionsOf(const AnyObject& object) const;
   bool IsCollection() const { return mNewEnum != nullptr; }
   const CollectionInfo& Collection() const { return mExtras.Collection; }
+  /// The class of the items that can be added to the collection; null where they are texts.
+  const ClassInfo* ItemClass() const;
+  /// The name of the elements of configuration files that describe objects; null where there are none.
+  const char* Element() const { return mExtras.Element; }
+  automation::Saving Saving() const { return mExtras.Saving; }
+  /// "folder" or "file"; null where a save of the collection also removes items.
+  const char* ItemStorage() const { return mExtras.ItemStorage; }
 
  private:
   const char* mName;

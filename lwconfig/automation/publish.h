@@ -91,13 +91,10 @@ class Interface {
     return all;
   }
 
-  /// Describes the class; `slots` and `events` must be static. `implement` makes objects with the members of
-  /// a foreign object.
-  template <std::size_t N, std::size_t M = 0>
-  static ClassInfo Class(const char* name, const SlotList<N>& slots,
-                         const std::array<EventInfo, M>& events = std::array<EventInfo, 0>{},
-                         decltype(ClassExtras::Implement) implement = nullptr) {
-    ClassExtras extras{.Events = events, .Implement = implement};
+  /// Describes the class; `slots` and events must be static. Adds to `extras` what follows from the C++
+  /// class.
+  template <std::size_t N>
+  static ClassInfo Class(const char* name, const SlotList<N>& slots, ClassExtras extras = {}) {
     if constexpr (std::is_default_constructible_v<T>)
       extras.Create = [] { return std::shared_ptr<void>(std::make_shared<T>()); };
     if constexpr (requires(const T& t) { t.Contains(ItemKey()), t.KeyAt(1); }) {
@@ -107,15 +104,19 @@ class Interface {
             return Self(self).KeyAt(position);
           }};
     }
-    if constexpr (std::is_base_of_v<OptionSet, T>)
+    if constexpr (std::is_base_of_v<OptionSet, T>) {
       extras.Options = [](const void* self) -> const OptionSet& { return *static_cast<const T*>(self); };
+      extras.Saving = Saving::AtOnce;
+    }
     return ClassInfo(name, slots, extras);
   }
 
   /// A property to read and write: one data member, or the functions to get and set it.
   template <auto Getter, auto Setter = Getter>
-  static constexpr auto Property(const char* name) {
-    return SlotList<2>{Get<Getter>(name)[0], Change<Setter>(name)[0]};
+  static constexpr auto Property(const char* name, MemberFacts facts = {}) {
+    SlotList<2> row{Get<Getter>(name)[0], Change<Setter>(name)[0]};
+    for (MemberInfo& slot : row) slot.Facts = facts;
+    return row;
   }
   /// A property that holds a colour.
   template <auto Member>

@@ -1,7 +1,6 @@
 #include <algorithm>
 
 #include <lwconfig/automation/contracts.h>
-#include <lwconfig/automation/member_facts.h>
 #include <lwconfig/automation/published.h>
 #include <lwconfig/automation/python_stubs.h>
 #include <lwconfig/automation/signature.h>

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 
 #include <lwconfig/automation/class_info.h>
 
@@ -16,6 +17,8 @@ std::span<const ParameterInfo> ParametersOf(const ClassInfo::Member& member);
 
 /// `Add(obj As PageLayout, [Key As Text])`, `Phrase(Name As Text) As Text`, `Name As Text`.
 std::string SignatureText(const ClassInfo::Member& member);
+/// Whether a parameter or property of that name and type names a file or folder.
+bool IsFileName(std::string_view name, const TypeInfo& type);
 /// "method", or the accessors of a property: "get", "get, let", "get, let, set".
 std::string AccessText(const ClassInfo::Member& member);
 

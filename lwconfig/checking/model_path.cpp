@@ -1,49 +1,30 @@
 #include <algorithm>
 #include <cstddef>
+#include <optional>
 #include <vector>
 
+#include <lwconfig/automation/published.h>
 #include <lwconfig/checking/model_path.h>
 #include <lwconfig/core/base/letter_case.h>
 
 namespace lwconfig {
 namespace {
 
-/// How the elements of one name lead to an object.
-struct Step {
-  const char* Parent;  // the element that they are in; null for any
-  const char* Element;
-  const char* Collection;  // the step of the path
-  const char* Key;         // the attribute with the item's key; null where it has a position only
-};
+using automation::ClassInfo;
+using automation::ClassOf;
 
-constexpr Step kSteps[] = {
-    {nullptr, "PageTemplate", "PageTemplates", "Name"},
-    {"PageTemplate", "PageLayout", "PageLayouts", "FileName"},
-    {"PageTemplate", "TOCDefinition", "TOCDefinitions", "Name"},
-    {"PageTemplate", "NodeDef", "TOCDefinitions[Default].NodeDefs", "Key"},
-    {"TOCDefinition", "NodeDef", "NodeDefs", "Key"},
-    {"PageTemplate", "VariableDef", "VariableDefs", "Name"},
-    {nullptr, "lwnamespaces", "NamespaceProfiles", "Name"},
-    {nullptr, "lwelement", "ElementDefs", "Name"},
-    {"lwelement", "attribute", "ElementAttributeDefs", "Name"},
-    {"lwnamespaces", "lwnamespace", "", "Name"},
-    {"lwnamespace", "lwnamespace", "ChildNamespaceDefs", "Name"},
-    {nullptr, "PlugIn", "PlugIns", "Name"},
-    {nullptr, "Language", "Languages", "Name"},
-    {nullptr, "ModelCommentProfile", "ModelCommentProfiles", "Name"},
-    {nullptr, "MC", "", nullptr},
-    {nullptr, "TaggedComment", "TaggedCommentDefs", "Identifier"},
-    {nullptr, "CommentFile", "CommentFileLocations", nullptr},
-    {nullptr, "ExternalDoc", "ExternalDocs", "Namespace"},
-};
-
-const Step* StepOf(const XMLElement& e) {
-  const auto parent = e.Parent();
-  const auto* const found = std::ranges::find_if(kSteps, [&](const Step& step) {
-    return e.IsNamedIgnoringCase(step.Element) &&
-           (step.Parent == nullptr || (parent && parent->IsNamedIgnoringCase(step.Parent)));
-  });
-  return found == std::end(kSteps) ? nullptr : found;
+/// The step of a path from an object to its items of a class; empty where the object is the collection.
+std::optional<std::string> StepTo(const ClassInfo& item, const ClassInfo& owner) {
+  if (owner.ItemClass() == &item) return "";
+  // Nodes outside of contents definitions are those of the default one.
+  if (&owner == &ClassOf<PageTemplate>() && &item == &ClassOf<NodeDef>())
+    return "TOCDefinitions[Default].NodeDefs";
+  for (const auto& member : owner.Members()) {
+    const ClassInfo* held = member.HeldClass();
+    // An object that may be absent is not below this one, but above it.
+    if (held != nullptr && !member.Get->Result.MayBeNull && held->ItemClass() == &item) return member.Name;
+  }
+  return std::nullopt;
 }
 
 /// From 1, among the elements of its name.
@@ -58,22 +39,34 @@ std::size_t PositionOf(const XMLElement& e) {
   return position;
 }
 
-std::string Written(const Step& step, const XMLElement& e) {
-  const auto key = step.Key != nullptr ? e.Attributes().Find(step.Key) : std::nullopt;
+std::string WrittenItem(const ClassInfo& item, const XMLElement& e) {
+  const ClassInfo::Member* property = item.Key();
+  const auto key = property != nullptr ? e.Attributes().Find(property->Attribute()) : std::nullopt;
   const bool hasKey = key && !key->Value().empty();
-  return std::string(step.Collection) + "[" +
-         (hasKey ? WrittenKey(key->Value()) : std::to_string(PositionOf(e))) + "]";
+  return "[" + (hasKey ? WrittenKey(key->Value()) : std::to_string(PositionOf(e))) + "]";
 }
 
 }  // namespace
 
+const ClassInfo* ClassOfElement(std::string_view name) {
+  const auto classes = automation::PublishedClasses();
+  const auto found = std::ranges::find_if(classes, [name](const ClassInfo* info) {
+    return info->Element() != nullptr && EqualIgnoringCase(info->Element(), name);
+  });
+  return found == classes.end() ? nullptr : *found;
+}
+
 std::string ModelPathOf(const XMLElement& e) {
+  std::vector<XMLElement> way;
+  for (std::optional<XMLElement> at = e; at; at = at->Parent()) way.push_back(*at);
   std::string path;
-  for (std::optional<XMLElement> at = e; at; at = at->Parent()) {
-    const Step* step = StepOf(*at);
-    if (step == nullptr) continue;
-    const bool isItem = !path.empty() && !path.starts_with('[');
-    path = Written(*step, *at) + (isItem ? "." : "") + path;
+  const ClassInfo* owner = &ClassOf<Root>();
+  for (auto at = way.rbegin(); at != way.rend(); ++at) {
+    const ClassInfo* item = ClassOfElement(at->Name());
+    const auto step = item != nullptr ? StepTo(*item, *owner) : std::nullopt;
+    if (!step) continue;
+    path += (path.empty() || step->empty() ? "" : ".") + *step + WrittenItem(*item, *at);
+    owner = item;
   }
   return path;
 }

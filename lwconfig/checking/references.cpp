@@ -1,5 +1,4 @@
 #include <algorithm>
-#include <optional>
 #include <string>
 #include <string_view>
 
@@ -11,44 +10,21 @@
 namespace lwconfig {
 namespace {
 
-/// What the names in an attribute are names of.
+using automation::NameOf;
+
+/// How names of one sort are told when nothing has them.
 struct Sort {
-  const NameSet KnownNames::*Names;  // null where they are no names of the configuration
+  automation::NameOf Names;
+  const NameSet KnownNames::*Known;
   lwconfig::Problem Problem;
   const char* What;
 };
 
-constexpr Sort kCodeElements{&KnownNames::CodeElements, Problem::UnknownCodeElement, "code element"};
-constexpr Sort kProfiles{&KnownNames::Profiles, Problem::UnknownProfile, "namespace profile"};
-constexpr Sort kPlugIns{&KnownNames::PlugIns, Problem::UnknownPlugIn, "plug-in"};
-constexpr Sort kComments{&KnownNames::Comments, Problem::UnknownComment, "tagged comment"};
-constexpr Sort kFreeWords{nullptr, Problem::BlankInList, ""};
-
-enum class Form { One, List };
-
-struct Reference {
-  lwconfig::Part Part;
-  const char* Element;  // null for every one
-  const char* Attribute;
-  const Sort& Names;
-  lwconfig::Form Form;
-};
-
-constexpr Reference kReferences[] = {
-    {Part::Namespaces, "lwelement", "Namespaces", kCodeElements, Form::List},
-    {Part::Comments, nullptr, "Namespace", kCodeElements, Form::List},
-    {Part::Comments, nullptr, "LegacyFor", kComments, Form::One},
-    {Part::Comments, nullptr, "XMLCommentTypes", kFreeWords, Form::List},
-    {Part::ModelComments, "ModelCommentProfile", "Namespace", kProfiles, Form::One},
-    {Part::ModelComments, "MC", "MemberType_Namespace", kCodeElements, Form::List},
-    {Part::ModelComments, "MC", "TaggedCommentPrefix", kComments, Form::One},
-    {Part::Templates, "PageTemplate", "SupportedItemTypes", kFreeWords, Form::List},
-    {Part::Templates, "PageLayout", "Namespace", kCodeElements, Form::List},
-    {Part::Templates, "PageLayout", "DependantOnNamespace", kCodeElements, Form::List},
-    {Part::Templates, "NodeDef", "DependantOnNamespace", kCodeElements, Form::List},
-    {Part::Templates, "NodeDef", "PageTypeNamespace", kCodeElements, Form::List},
-    {Part::Templates, "NodeDef", "PlugInName", kPlugIns, Form::One},
-    {Part::Templates, "NamespaceDef", "Name", kProfiles, Form::One},
+constexpr Sort kSorts[] = {
+    {NameOf::CodeElements, &KnownNames::CodeElements, Problem::UnknownCodeElement, "code element"},
+    {NameOf::Profile, &KnownNames::Profiles, Problem::UnknownProfile, "namespace profile"},
+    {NameOf::PlugIn, &KnownNames::PlugIns, Problem::UnknownPlugIn, "plug-in"},
+    {NameOf::Comment, &KnownNames::Comments, Problem::UnknownComment, "tagged comment"},
 };
 
 std::string_view Trimmed(std::string_view text) {
@@ -63,26 +39,24 @@ class ReferenceCheck {
   explicit ReferenceCheck(const RuleInput& input) : mInput(input) {}
 
   void Run() {
+    const auto isName = [](const auto& property) { return property.Facts.Names != NameOf::Nothing; };
+    ForEachProperty(mInput, isName, [this](const XMLElement& e, const auto& property, const char* text) {
+      CheckValue(e, property.Attribute(), text, property.Facts.Names);
+    });
+    if (mInput.Part != Part::Templates) return;
+    // What a template holds as texts or takes from elsewhere is no property of an object in its file.
     ForEachElement(mInput.Root, [this](const XMLElement& e, const std::string& tag) {
-      std::optional<AttributeReader> in;
-      for (const Reference& reference : kReferences) {
-        if (reference.Part != mInput.Part || (reference.Element != nullptr && tag != reference.Element))
-          continue;
-        if (!in) in.emplace(e);
-        if (const char* value = in->Find(reference.Attribute))
-          CheckValue(e, reference.Attribute, value, reference.Names, reference.Form);
-      }
-      if (mInput.Part == Part::Templates && tag == "EnabledPlugins") {
-        for (const XMLElement plugIn : e.Children())
-          CheckValue(plugIn, {}, plugIn.Text(), kPlugIns, Form::One);
-      }
+      const char* profile = tag == "NamespaceDef" ? AttributeReader(e).Find("Name") : nullptr;
+      if (profile != nullptr) CheckName(e, "Name", profile, NameOf::Profile);
+      if (tag != "EnabledPlugins") return;
+      for (const XMLElement plugIn : e.Children()) CheckName(plugIn, {}, plugIn.Text(), NameOf::PlugIn);
     });
   }
 
  private:
-  void CheckValue(const XMLElement& e, std::string_view attribute, std::string_view value, const Sort& sort,
-                  Form form) {
-    if (form == Form::One) return CheckName(e, attribute, value, sort);
+  void CheckValue(const XMLElement& e, std::string_view attribute, std::string_view value, NameOf names) {
+    const bool isList = names == NameOf::CodeElements || names == NameOf::Words;
+    if (!isList) return CheckName(e, attribute, value, names);
     for (const std::string_view piece : Split(value, ",")) {
       const std::string_view name = Trimmed(piece);
       if (name.size() != piece.size()) {
@@ -91,19 +65,21 @@ class ReferenceCheck {
             "the blank beside \"" + std::string(name) + "\" belongs to the name; it is not found without it",
             [&] { return std::string(name); });
       }
-      CheckName(e, attribute, name, sort);
+      CheckName(e, attribute, name, names);
     }
   }
 
-  void CheckName(const XMLElement& e, std::string_view attribute, std::string_view name, const Sort& sort) {
-    if (name.empty() || sort.Names == nullptr) return;
-    const KnownNames& known = mInput.Context.Names;
-    const NameSet& names = known.*sort.Names;
+  void CheckName(const XMLElement& e, std::string_view attribute, std::string_view name, NameOf names) {
+    const auto* sort = std::ranges::find(kSorts, names, &Sort::Names);
+    if (name.empty() || sort == std::end(kSorts)) return;
+    const KnownNames& all = mInput.Context.Names;
+    const NameSet& known = all.*sort->Known;
     // Without any profile that is one problem, not one for each name.
-    if (names.Has(name) || (known.Profiles.Empty() && &sort != &kPlugIns && &sort != &kComments)) return;
-    mInput.Inspection.Report(sort.Problem, e, attribute,
-                             std::string("there is no ") + sort.What + " \"" + std::string(name) + "\"",
-                             [&] { return Nearest(name, names.Names()); });
+    const bool isOfProfiles = names == NameOf::Profile || names == NameOf::CodeElements;
+    if (known.Has(name) || (all.Profiles.Empty() && isOfProfiles)) return;
+    mInput.Inspection.Report(sort->Problem, e, attribute,
+                             std::string("there is no ") + sort->What + " \"" + std::string(name) + "\"",
+                             [&] { return Nearest(name, known.Names()); });
   }
 
   const RuleInput& mInput;

@@ -3,9 +3,13 @@
 #include <deque>
 #include <iterator>
 #include <map>
+#include <optional>
 #include <string>
 
+#include <lwconfig/automation/published.h>
 #include <lwconfig/checking/known_names.h>
+#include <lwconfig/checking/model_path.h>
+#include <lwconfig/core/loading/attribute_reader.h>
 #include <lwconfig/core/loading/inspection.h>
 #include <lwconfig/core/xml/xml_element.h>
 
@@ -79,6 +83,24 @@ void ForEachElement(const XMLElement& root, Visit visit) {
     visit(element, element.Name());
     open.emplace_back(element.Children());
   }
+}
+
+/// Calls `visit(element, property, text)` for the properties of objects that `isWanted(property)` and that
+/// the file has, with the text of the attribute.
+template <class IsWanted, class Visit>
+void ForEachProperty(const RuleInput& input, IsWanted isWanted, Visit visit) {
+  ForEachElement(input.Root, [&](const XMLElement& e, const std::string& tag) {
+    // Tagged comments are elements of any name.
+    const automation::ClassInfo* info =
+        input.Part == Part::Comments ? &automation::ClassOf<TaggedCommentDef>() : ClassOfElement(tag);
+    if (info == nullptr) return;
+    std::optional<AttributeReader> in;
+    for (const auto& property : info->Members()) {
+      if (!isWanted(property)) continue;
+      if (!in) in.emplace(e);
+      if (const char* text = in->Find(property.Attribute())) visit(e, property, text);
+    }
+  });
 }
 
 }  // namespace lwconfig

@@ -74,8 +74,9 @@ class TemplateCheck {
 
   void CheckContents() {
     AttributeReader in(mRoot);
-    for (const char* attribute : {"DefTOCVBProject", "DefTOCVBProjectGroup", "DefTOCMixture",
-                                  "DefTOCComponent", "DefTOCComponentGroup"}) {
+    for (const auto& property : automation::ClassOf<PageTemplate>().Members()) {
+      if (property.Facts.Names != automation::NameOf::Contents) continue;
+      const char* attribute = property.Attribute();
       const char* name = in.Find(attribute);
       if (name == nullptr || *name == '\0' || mContents.Has(name)) continue;
       mInspection.Report(Problem::UnknownContents, mRoot, attribute,

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include <tools/lwconfig/reporter.h>
+#include <tools/lwconfig/view/json_value.h>
 #include <tools/lwconfig/view/node.h>
 #include <tools/lwconfig/view/tree_text.h>
 

@@ -58,7 +58,7 @@ void Print(Model& model, const std::vector<Result>& results, bool isJson, Report
   }
   Json json = Json::object();
   for (const Result& result : results)
-    json[result.Name.empty() ? "Result" : result.Name] = GotJson(model, place(result));
+    json[result.Name.empty() ? "Result" : result.Name] = GotJson(model, result.Value);
   WriteOutput(JsonText(json), reporter);
 }
 

@@ -8,7 +8,6 @@
 
 #include <lwconfig/automation/conversion.h>
 #include <lwconfig/automation/errors.h>
-#include <lwconfig/automation/member_facts.h>
 #include <lwconfig/core/base/letter_case.h>
 
 namespace lwconfig::tool {
@@ -97,10 +96,8 @@ bool Editor::IsAccepted(const Way& way, const ClassInfo::Member& member, const V
 /// An item is found by its key, and two items of one key would not load again.
 void Editor::RefuseKey(const Way& way, const ClassInfo::Member& member, const std::string& value) {
   if (way.size() < 2) return;
-  const char* property = KeyProperty(*way.back().Class);
   const AnyObject& collection = way[way.size() - 2];
-  if (property == nullptr || std::string_view(property) != member.Name || !collection.Class->IsCollection())
-    return;
+  if (&member != way.back().Class->Key() || !collection.Class->IsCollection()) return;
   if (value.empty()) {
     if (mModel.TryGet(way.back(), member.Name) == Variant(value)) return;
     throw Fault(ExitStatus::Usage, std::string(way.back().Class->Name()) + "." + member.Name +
@@ -119,7 +116,7 @@ void Editor::Add(const Edit& edit) {
     throw Fault(ExitStatus::Usage, std::string("nothing can be added to a ") + collection.Name())
         .At(edit.Path, path.Steps.empty() ? 0 : path.Steps.back().Offset);
   }
-  const ClassInfo* itemClass = ItemClass(collection);
+  const ClassInfo* itemClass = collection.ItemClass();
   if (itemClass == nullptr) return AddText(path, way, edit);
   const AnyObject item = itemClass->Create();
   Way itemWay = way;
@@ -127,9 +124,7 @@ void Editor::Add(const Edit& edit) {
   mKeeper.Note(itemWay);
   for (const std::string& value : edit.Values) SetOfItem(itemWay, edit.Path, value);
   std::string key = edit.Key;
-  const char* property = KeyProperty(*itemClass);
-  if (key.empty() && property != nullptr)
-    key = automation::ToText(mModel.Invoke(item, property, automation::kPropertyGet));
+  if (key.empty()) key = mModel.KeyOf(item);
   Insert(way, item, key, edit);
 }
 

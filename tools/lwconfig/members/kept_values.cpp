@@ -8,7 +8,6 @@
 
 #include <lwconfig/automation/contracts.h>
 #include <lwconfig/automation/conversion.h>
-#include <lwconfig/automation/member_facts.h>
 #include <lwconfig/checking/model_path.h>
 #include <lwconfig/transaction/transaction.h>
 
@@ -45,9 +44,8 @@ std::string KeptValues::KeyText(const Variant& value) {
                ? ""
                : automation::ToText(value);
   if (!*object || object->Class == nullptr) return "null";
-  const char* key = KeyProperty(*object->Class);
-  const std::string name = object->Class->Name();
-  return key != nullptr ? name + " " + automation::ToText(mModel.Invoke(*object, key, kPropertyGet)) : name;
+  const std::string key = mModel.KeyOf(*object);
+  return object->Class->Name() + (key.empty() ? "" : " " + key);
 }
 
 /// The values of the object's other properties, objects aside. Those that cannot be read are left out.
@@ -136,9 +134,7 @@ std::optional<std::string> KeptValues::Locate(const Value& value) {
     const auto items = ItemsOf(parent);
     const auto item = std::ranges::find(items, Variant(child), &Item::Value);
     if (item == items.end()) return std::nullopt;
-    const char* property = KeyProperty(*child.Class);
-    const std::string key =
-        property != nullptr ? automation::ToText(mModel.Invoke(child, property, kPropertyGet)) : "";
+    const std::string key = mModel.KeyOf(child);
     text += "[" + (key.empty() ? std::to_string(item->Position) : WrittenKey(key)) + "]";
   }
   return text;

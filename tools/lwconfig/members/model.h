@@ -62,6 +62,9 @@ class Model {
   /// The value of a property without arguments; nothing where it cannot be read.
   std::optional<Variant> TryGet(const AnyObject& object, const char* member);
 
+  /// By which the object is found in a collection; empty where its class has no keys.
+  std::string KeyOf(const AnyObject& object);
+
   Reporter& Report() { return mReporter; }
 
  private:
