@@ -399,7 +399,7 @@ class Configurations(ConfigurationTest):
                 next(late, None)
         self.assertEqual(self.root.VBOptions.WrapCharacters, before)
         self.root.VBOptions.WrapCharacters = 42
-        self.assertIn("0000002a", pathlib.Path(os.environ["LWCONFIG_REGISTRY"], "user.reg").read_text())
+        self.assertIn('"WrapCharacters"="42"', pathlib.Path(os.environ["LWCONFIG_REGISTRY"], "user.reg").read_text())
 
     def test_a_transaction_writes_all_or_nothing(self) -> None:
         file = self.config / "Templates/Manual/config.xml"
