@@ -1,12 +1,13 @@
-"""Reads the contracts of the published classes off their headers, for the descriptions of the interface.
+"""Extracts the contracts of the published classes from their headers, for the descriptions of the interface.
 
     contracts.py SOURCE_DIR OUTPUT
 
-OUTPUT is a C++ source with two tables: the contracts ("PageTemplate.Load" and its text), and the identities of all
-that is published, derived from its names and therefore the same for ever.
+OUTPUT is a C++ source with two tables: the contracts ("PageTemplate.Load" and its text), and the identities of every
+published item. Identities derive from the names and never change.
 
-A comment above a member holds for it and for those that follow it, up to a blank line or the next comment; one
-beside a member for it alone. `SetName` tells about the property `Name`. What a class does not say its base says.
+A comment above a member applies to it and to those that follow it, up to a blank line or the next comment; one
+beside a member only to it. The comment of `SetName` belongs to the property `Name`. A class inherits missing
+contracts from its base.
 """
 
 import pathlib
@@ -45,7 +46,7 @@ def words(text):
 
 
 def initial_value(code):
-    """What a data member tells of the value that it begins with."""
+    """The initial value of a data member, as a sentence."""
     option = re.search(r'\{\*this, "(\w*)", "(\w+)", (.*?)(, "\w+")?\}', code, re.S)
     if option:
         section, value, default = option[1], option[2], option[3]
@@ -67,7 +68,7 @@ def read_class(lines, members):
     """Fills `members` with the contracts in the body of a class."""
     comment, group, code, beside = [], "", "", []
     public = True
-    setters = {}  # what is said of `SetName`, which is told of `Name`
+    setters = {}  # the contracts of `SetName`, which belong to `Name`
 
     def end_member():
         nonlocal comment, group, code, beside
@@ -157,7 +158,7 @@ def read_header(path, types):
 
 
 def contracts(types, published):
-    """The table of contracts, with what the bases say."""
+    """The table of contracts, including those of the bases."""
     table = {}
     for name in published:
         known = types[name]

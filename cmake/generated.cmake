@@ -1,5 +1,4 @@
-# Compares the files in the tree that are written from the tables of classes and commands with what they should hold,
-# or, with WRITE on, writes them.
+# Compares the generated files in the tree with the tables of classes and commands, or, with WRITE on, rewrites them.
 #   cmake -D COMMAND=<lwconfig> -D SOURCE_DIR=<tree> [-D WRITE=ON] -P generated.cmake
 cmake_minimum_required(VERSION 3.25)
 

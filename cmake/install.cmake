@@ -1,5 +1,5 @@
-# What `cmake --install` puts where. Everything finds its parts by relative paths, so that an installation can
-# be moved, and DESTDIR and --prefix need no second build.
+# The contents and folders of `cmake --install`. Everything finds its parts by relative paths, so that an
+# installation can be moved, and DESTDIR and --prefix need no second build.
 include(CMakePackageConfigHelpers)
 
 set(package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/lwconfig)

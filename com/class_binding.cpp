@@ -13,7 +13,7 @@
 namespace lwconfig::com {
 namespace {
 
-/// The identity of what is published (see `automation::Identity`).
+/// The identity of a published item (see `automation::Identity`).
 GUID IdentityOf(std::string_view published) {
   GUID identity{};
   ::IIDFromString(platform::Wide("{" + std::string(automation::Identity(published)) + "}").c_str(),
@@ -30,7 +30,7 @@ ClassBinding Bind(const automation::ClassInfo& info) {
 using Bindings = std::unordered_map<const automation::ClassInfo*, ClassBinding>;
 
 const Bindings& AllBindings() {
-  // Never destroyed: clients may hold objects until the process ends.
+  // Never destroyed: clients may hold objects until the process exits.
   static const auto* bindings = [] {
     auto* made = new Bindings;
     for (const automation::ClassInfo* info : automation::PublishedClasses()) made->emplace(info, Bind(*info));

@@ -7,7 +7,7 @@
 
 namespace lwconfig::com {
 
-/// What clients reach a published class by.
+/// The identifiers and entries by which clients reach a published class.
 struct ClassBinding {
   const automation::ClassInfo& Class;
   GUID ClassId;
@@ -18,7 +18,7 @@ struct ClassBinding {
 };
 
 const ClassBinding& BindingOf(const automation::ClassInfo& info);
-/// The one of that class id; null where there is none.
+/// The binding with that class id; null where there is none.
 const ClassBinding* FindBinding(REFCLSID classId);
 
 }  // namespace lwconfig::com

@@ -17,7 +17,7 @@ class ClassFactory final : public Implements<IClassFactory> {
     *result = nullptr;
     if (outer != nullptr) return CLASS_E_NOAGGREGATION;
     return Guarded([&] { return TakeOver(Object::Publish(mBinding.Class.Create())).CopyTo(id, result); },
-                   [](const Error& failure) { return Tell(failure, IID_IClassFactory); });
+                   [](const Error& failure) { return StoreFailure(failure, IID_IClassFactory); });
   }
   HRESULT STDMETHODCALLTYPE LockServer(BOOL lock) override {
     gLocks += lock != FALSE ? 1 : -1;

@@ -4,7 +4,7 @@
 
 namespace lwconfig::com {
 
-/// The factory of a published class that clients can create: what `DllGetClassObject` gives.
+/// The factory of a published class that clients can create: the result of `DllGetClassObject`.
 HRESULT GetFactory(REFCLSID classId, REFIID id, void** result) noexcept;
 
 }  // namespace lwconfig::com

@@ -42,8 +42,8 @@ HRESULT STDMETHODCALLTYPE Invoke(DualInterface* self, DISPID id, REFIID reserved
   return InvokeLate(*self->Owner, id, reserved, flags, parameters, result, failure);
 }
 
-/// Arguments lie on the stack, or in registers, in whole words. Which function serves a slot depends on its
-/// number and on how many words its arguments take, which it removes where that is the callee's part.
+/// Arguments are passed in whole words, on the stack or in registers. The function of a slot depends on the
+/// slot's number and on the number of words, which the callee removes in some calling conventions.
 template <std::size_t>
 using WordOf = Word;
 template <std::size_t Slot, class Words>

@@ -17,14 +17,14 @@
 namespace lwconfig::com {
 namespace {
 
-/// A sink and its subscriptions. The handlers hold it, and so the source does.
+/// A sink and its subscriptions. The handlers keep it alive, and so does the source.
 struct Sink {
   std::shared_ptr<IDispatch> Receiver;
   std::weak_ptr<void> Source;
   std::vector<Connection> Subscriptions;
 
   void Raise(DISPID event) const {
-    const auto receiver = Receiver;  // the sink may end the connection
+    const auto receiver = Receiver;  // the sink may close the connection
     DISPPARAMS none{};
     if (receiver) {
       receiver->Invoke(event, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_METHOD, &none, nullptr, nullptr,
@@ -43,8 +43,8 @@ std::map<DWORD, std::weak_ptr<Sink>>& Sinks() {
   return *sinks;
 }
 
-/// Hands out copies of a list that was made when the enumeration was. `ObjectOf` is the object that an item
-/// refers to.
+/// Returns copies of a list made when the enumeration was created. `ObjectOf` is the object that an
+/// item refers to.
 template <class Interface, class Item, auto ObjectOf>
 class Snapshot final : public Implements<Interface> {
  public:

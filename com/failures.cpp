@@ -6,7 +6,7 @@
 
 namespace lwconfig::com {
 
-HRESULT Tell(const Error& failure, REFIID interfaceId) {
+HRESULT StoreFailure(const Error& failure, REFIID interfaceId) {
   ComPtr<ICreateErrorInfo> created;
   ComPtr<IErrorInfo> information;
   if (SUCCEEDED(::CreateErrorInfo(created.GetAddressOf()))) {
@@ -18,8 +18,8 @@ HRESULT Tell(const Error& failure, REFIID interfaceId) {
   return ResultOf(failure);
 }
 
-HRESULT Tell(const Error& failure, REFIID interfaceId, EXCEPINFO* information) {
-  const HRESULT result = Tell(failure, interfaceId);
+HRESULT StoreFailure(const Error& failure, REFIID interfaceId, EXCEPINFO* information) {
+  const HRESULT result = StoreFailure(failure, interfaceId);
   if (information == nullptr) return result;
   const std::wstring source = platform::Wide(failure.Source());
   const std::wstring description = platform::Wide(failure.what());

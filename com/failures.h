@@ -10,25 +10,25 @@
 
 namespace lwconfig::com {
 
-/// The result that carries the number of a failure as Basic clients know it: 0x800A0000 and the number.
+/// The result code for an error number of Basic clients: 0x800A0000 and the number.
 inline HRESULT ResultOf(const Error& failure) {
   constexpr auto kBasicFailure = static_cast<HRESULT>(0x800A0000);
   return kBasicFailure | (failure.Number() & 0xFFFF);
 }
 
-/// Leaves number, source and text of the failure with the thread, where clients of the interface look for
-/// them, and returns its result.
-HRESULT Tell(const Error& failure, REFIID interfaceId);
-/// As above, in the form that late-bound clients get too. Null is allowed.
-HRESULT Tell(const Error& failure, REFIID interfaceId, EXCEPINFO* information);
+/// Stores number, source and text of the failure as the error information of the thread, where clients of the
+/// interface look for it, and returns its result.
+HRESULT StoreFailure(const Error& failure, REFIID interfaceId);
+/// As above, also in the form for late-bound clients. Null is allowed.
+HRESULT StoreFailure(const Error& failure, REFIID interfaceId, EXCEPINFO* information);
 
-/// The result of a call that has no text to go with it: that of an earlier failure is forgotten.
+/// The result of a call without an error text: clears the text of an earlier failure.
 HRESULT ForgetFailure(HRESULT result);
 
-/// Runs what must not throw into a client. The failure it ends with is passed to `tell`, which returns the
-/// result of the call.
-template <class Body, class TellFailure>
-HRESULT Guarded(Body body, TellFailure tell) noexcept {
+/// Runs `body`, which must not throw into a client. A failure is passed to `report`, which returns the result
+/// of the call.
+template <class Body, class ReportFailure>
+HRESULT Guarded(Body body, ReportFailure report) noexcept {
   try {
     const std::scoped_lock lock(gLibrary);
     return body();
@@ -36,14 +36,14 @@ HRESULT Guarded(Body body, TellFailure tell) noexcept {
     return ForgetFailure(E_OUTOFMEMORY);
   } catch (...) {
     try {
-      return tell(CurrentFailure());
+      return report(CurrentFailure());
     } catch (...) {  // no memory for that either
       return ForgetFailure(E_OUTOFMEMORY);
     }
   }
 }
 
-/// As above where the result itself says all there is to say.
+/// As above where the result alone describes the failure.
 template <class Body>
 HRESULT Guarded(Body body) noexcept {
   return Guarded(body, [](const Error& failure) { return ForgetFailure(ResultOf(failure)); });

@@ -21,7 +21,7 @@ using automation::ClassInfo;
 using automation::ParameterInfo;
 using automation::ValueKind;
 
-/// A get takes what a let or set takes, without the new value.
+/// A get takes the parameters of a let or set without the new value.
 std::span<const ParameterInfo> ParametersOf(const ClassInfo::Member& member) {
   std::span<const ParameterInfo> most;
   for (const auto* slot : {member.Method, member.Get, member.Let, member.Set}) {
@@ -45,7 +45,7 @@ bool IsComplete(const DISPPARAMS* parameters) {
          (parameters->cNamedArgs == 0 || parameters->rgdispidNamedArgs != nullptr);
 }
 
-/// Somebody else's object stands for its default value where no object is wanted, as Basic has it.
+/// Use the default value of a foreign object where no object is expected, as Basic does.
 Variant ValueFor(const ParameterInfo& parameter, const VARIANT& source) {
   Variant value = FromVariant(source);
   const auto kind = parameter.Type.Kind;
@@ -59,7 +59,8 @@ Variant ValueFor(const ParameterInfo& parameter, const VARIANT& source) {
   return FromVariant(*text.Get());
 }
 
-/// The arguments of one late-bound call. Clients pass them from the last to the first, the named ones before.
+/// The arguments of one late-bound call. Clients pass them from the last to the first, named ones
+/// before the others.
 class LateArguments {
  public:
   LateArguments(const DISPPARAMS& given, const ClassInfo::Member& member)
@@ -83,7 +84,7 @@ class LateArguments {
     return {std::span(mArguments).first(mOrderedCount), std::span(mNamed).first(mCount - mOrderedCount)};
   }
 
-  /// Stores what the call has replaced where the client passed a reference.
+  /// Stores the values that the call has replaced where the client passed a reference.
   void Return() const {
     for (const Reference& reference : mReferences) {
       const Variant& now = mArguments[reference.Argument];
@@ -92,14 +93,14 @@ class LateArguments {
   }
 
  private:
-  /// What the client passed as a reference to it.
+  /// The client's variable behind a reference.
   struct Reference {
     const VARIANT* Place;
     std::size_t Argument;
     Variant Before;
   };
 
-  /// `place` is that of the parameter; what lies beyond belongs to the object that the member holds.
+  /// `place` is that of the parameter; further arguments belong to the object that the member holds.
   void Add(const VARIANT& source, std::size_t place) {
     if (place >= mParameters.size()) {
       mArguments[mCount++] = FromVariant(source);
@@ -130,9 +131,9 @@ class LateArguments {
   std::array<automation::NamedArgument, kMost> mNamed{};
 };
 
-/// Leaves the text of a failure whose result is one that clients expect.
-HRESULT TellMissing(const std::string& text, HRESULT result) {
-  Tell(Error(automation::kNoSuchMember, text), IID_IDispatch);
+/// Stores the text of a failure whose result is one that clients expect.
+HRESULT StoreMissing(const std::string& text, HRESULT result) {
+  StoreFailure(Error(automation::kNoSuchMember, text), IID_IDispatch);
   return result;
 }
 
@@ -149,8 +150,8 @@ HRESULT FindNames(Object& object, REFIID reserved, LPOLESTR* names, UINT count, 
     const std::string name = platform::Narrow(names[0]);
     const ClassInfo::Member* member = info.Find(name);
     if (member == nullptr) {
-      return TellMissing(std::string("The class ") + info.Name() + " has no member \"" + name + "\"",
-                         DISP_E_UNKNOWNNAME);
+      return StoreMissing(std::string("The class ") + info.Name() + " has no member \"" + name + "\"",
+                          DISP_E_UNKNOWNNAME);
     }
     ids[0] = member->Id;
     HRESULT result = S_OK;
@@ -158,7 +159,7 @@ HRESULT FindNames(Object& object, REFIID reserved, LPOLESTR* names, UINT count, 
       const std::string parameter = platform::Narrow(names[at]);
       ids[at] = FindParameter(*member, parameter);
       if (ids[at] == DISPID_UNKNOWN) {
-        result = TellMissing(
+        result = StoreMissing(
             std::string(info.Name()) + "." + member->Name + " has no parameter \"" + parameter + "\"",
             DISP_E_UNKNOWNNAME);
       }
@@ -177,14 +178,14 @@ HRESULT InvokeLate(Object& object, DISPID id, REFIID reserved, WORD flags, DISPP
         const ClassInfo& info = object.Binding().Class;
         const ClassInfo::Member* member = info.Find(id);
         if (member == nullptr) {
-          return TellMissing(
+          return StoreMissing(
               std::string("The class ") + info.Name() + " has no member number " + std::to_string(id),
               DISP_E_MEMBERNOTFOUND);
         }
-        // The call may let go of the last reference that the client has.
+        // Hold the object: the call may release the client's last reference.
         const AnyObject model = object.Model();
         LateArguments arguments(*parameters, *member);
-        // Some script engines ask for the items of a collection as if it were a method that gives them.
+        // Accept a call: some script engines request the items of a collection as if by a method.
         const bool isForEach = id == DISPID_NEWENUM && (flags & DISPATCH_METHOD) != 0;
         const Variant value =
             automation::Invoke(model, id, isForEach ? DISPATCH_PROPERTYGET : flags, arguments.All());
@@ -195,8 +196,8 @@ HRESULT InvokeLate(Object& object, DISPID id, REFIID reserved, WORD flags, DISPP
       [&](const Error& problem) {
         // Hosts that try several ways to use a member look for this result.
         return problem.Number() == automation::kNoSuchMember
-                   ? TellMissing(problem.what(), DISP_E_MEMBERNOTFOUND)
-                   : Tell(problem, IID_IDispatch, failure);
+                   ? StoreMissing(problem.what(), DISP_E_MEMBERNOTFOUND)
+                   : StoreFailure(problem, IID_IDispatch, failure);
       });
 }
 

@@ -14,7 +14,8 @@
 namespace lwconfig::com {
 namespace {
 
-/// Objects of different classes can lie at one address: one may begin with the other.
+/// The identity of an object. Includes its class: objects of different classes may have one address, since
+/// one may begin with the other.
 using Place = std::pair<const void*, const automation::ClassInfo*>;
 struct PlaceHash {
   std::size_t operator()(const Place& place) const {
@@ -22,8 +23,9 @@ struct PlaceHash {
   }
 };
 
+/// Never destroyed: it outlives objects that clients failed to release.
 std::unordered_map<Place, Object*, PlaceHash>& LiveObjects() {
-  static auto* live = new std::unordered_map<Place, Object*, PlaceHash>;  // outlives what clients forgot
+  static auto* live = new std::unordered_map<Place, Object*, PlaceHash>;
   return *live;
 }
 

@@ -8,11 +8,11 @@
 
 namespace lwconfig::com {
 
-/// How the server knows its own objects among those that clients pass.
+/// Recognises the server's own objects among those that clients pass.
 struct IOwnObject : IUnknown {
   virtual const AnyObject& Model() const = 0;
-  /// The same address for all objects of one copy of the server: a process may have loaded another one too,
-  /// whose objects are somebody else's.
+  /// The same address for all objects of one copy of the server: a process may have loaded another copy,
+  /// whose objects are foreign.
   virtual const void* Home() const = 0;
 
  protected:
@@ -28,7 +28,14 @@ namespace lwconfig::com {
 
 class Object;
 
-/// What a pointer to the dual interface of an object points to.
+/// The dual interface of an object: a client's pointer refers to this. `Entries` is the vtable:
+///
+///     0     QueryInterface, AddRef, Release                             IUnknown
+///     3     GetTypeInfoCount, GetTypeInfo, GetIDsOfNames, Invoke        IDispatch
+///     7     one entry for each slot of the class, in the order of its table
+///
+/// All objects of a class share it. Each entry takes the `DualInterface*` first and finds the object in
+/// `Owner`; an entry of a slot then takes the arguments, in words, and the place for the result.
 struct DualInterface {
   const void* const* Entries;
   Object* Owner;

@@ -31,9 +31,9 @@ std::wstring VersionKey() {
   return LibraryKey() + L"\\" + Wide(automation::kLibraryVersion);
 }
 
-/// A key with everything in it that one class, interface or name is registered by.
+/// A key that registers one class, interface or name, with everything in it.
 struct Item {
-  enum class Owners { This, Both };  // of the servers of the two word sizes
+  enum class Owners { This, Both };  // by the servers of both word sizes
   struct Row {
     std::wstring SubKey;
     std::wstring Name;  // empty for the value of the key itself
@@ -72,7 +72,7 @@ Item Interface(const std::string& identity, const std::string& name, const wchar
            {L"\\TypeLib", L"Version", Wide(automation::kLibraryVersion)}}};
 }
 
-/// All that is registered, in the order in which it is written.
+/// Every registered key, in the order of writing.
 std::vector<Item> Items(const std::wstring& modulePath) {
   std::vector<Item> items;
   items.push_back({VersionKey(),

@@ -6,14 +6,15 @@ namespace lwconfig::com {
 
 enum class RegistrationScope { Machine, User };
 
-/// Writes what clients look up before they create an object: the creatable classes and their names, the type
-/// library, and how the interfaces travel between apartments; `modulePath` is the server's file. An older
-/// registration is replaced. On a failure, an `Error` that names the key, all is as it was before.
+/// Writes the keys that clients look up before they create an object: the creatable classes and their
+/// names, the type library, and the marshalling of the interfaces between apartments; `modulePath` is the
+/// server's file. An older registration is replaced. On a failure, an `Error` that names the key,
+/// everything is restored.
 void Register(RegistrationScope scope, const std::wstring& modulePath);
 
-/// Removes the registration, whatever file it names. The server of the other word size shares class names and
-/// type library with this one: they stay while it is registered. What is not there need not be removed; what
-/// cannot be removed is an `Error` that names the key, once all the rest is gone.
+/// Removes the registration, whatever file it names. Class names and type library are shared with the server
+/// of the other word size and are kept while that one is registered. Absent keys are skipped. A key that
+/// cannot be removed is an `Error` that names it, after everything else is removed.
 void Unregister(RegistrationScope scope);
 
 }  // namespace lwconfig::com

@@ -31,7 +31,7 @@ Key Open(RegistrationScope scope, const std::wstring& key, REGSAM access) {
   return {opened, ::RegCloseKey};
 }
 
-/// What a value holds, of whatever type.
+/// The data of a value, of any type.
 struct Content {
   DWORD Type = REG_NONE;
   std::vector<BYTE> Bytes;
@@ -62,7 +62,7 @@ RegistryChanges::~RegistryChanges() {
 
 void RegistryChanges::Write(const std::wstring& key, const std::wstring& name, const std::wstring& text) {
   Key opened(nullptr, ::RegCloseKey);
-  // One level after the other: each that was missing has to go again.
+  // Create level by level: each missing one has to be removed again on failure.
   for (std::size_t end = 0; end != std::wstring::npos;) {
     end = key.find(L'\\', end == 0 ? 0 : end + 1);
     const std::wstring level = key.substr(0, end);

@@ -12,8 +12,8 @@
 
 namespace lwconfig::com {
 
-/// Writes texts below the classes of the machine or the user, all of them or none: what was not kept in the
-/// end is taken back. Keys are paths from there.
+/// Writes texts below the classes of the machine or the user, all of them or none: unless kept, the changes
+/// are undone on destruction. Keys are relative paths.
 class RegistryChanges {
  public:
   explicit RegistryChanges(RegistrationScope scope);
@@ -38,9 +38,9 @@ class RegistryRemoval {
   bool Exists(const std::wstring& key) const;
   /// With everything in it.
   void Remove(const std::wstring& key);
-  /// Where nothing is in it.
+  /// Only if it is empty.
   void RemoveEmpty(const std::wstring& key);
-  /// Throws the first failure, if there was one.
+  /// Throws the first failure, if any.
   void End() const;
 
  private:

@@ -10,7 +10,7 @@ using namespace lwconfig::com;
 
 namespace {
 
-/// What installers make a message of.
+/// Installers show this result as a message.
 HRESULT RegistrationFailure(const lwconfig::Error& failure) {
   return failure.Number() == lwconfig::kPermissionDenied ? E_ACCESSDENIED : SELFREG_E_CLASS;
 }
@@ -25,7 +25,7 @@ STDAPI DllCanUnloadNow() {
   return gUses == 0 && gLocks <= 0 ? S_OK : S_FALSE;
 }
 
-/// With "user" as the command line for the current user only, without one for everybody.
+/// The command line "user" registers for the current user only, an empty one for every user.
 STDAPI DllInstall(BOOL install, LPCWSTR commandLine) {
   const bool isForUser = commandLine != nullptr && ::lstrcmpiW(commandLine, L"user") == 0;
   if (!isForUser && commandLine != nullptr && *commandLine != L'\0') return E_INVALIDARG;

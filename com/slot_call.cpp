@@ -33,7 +33,7 @@ T* Pointer(Word word) {
   return reinterpret_cast<T*>(word);
 }
 
-/// What lies at a place: in the word of an argument, whose lowest bytes come first, or where that points to.
+/// The bytes of an argument: in its word, whose lowest bytes come first, or where that points to.
 template <class T>
 T At(const void* place) {
   T value;
@@ -60,7 +60,7 @@ Variant Read(ValueKind kind, const void* place) {
   }
 }
 
-/// Stores a value where the word points to. What stands there is not freed, and stays after a failure.
+/// Stores a value where the word points to. The old value is not freed, and is kept after a failure.
 void Store(ValueKind kind, const Variant& value, Word word) {
   switch (kind) {
     case ValueKind::None:
@@ -92,8 +92,7 @@ void Store(ValueKind kind, const Variant& value, Word word) {
   }
 }
 
-/// Replaces what the word of a by-reference argument points to. The new value is there before the old one
-/// goes.
+/// Replaces the target of a by-reference argument. The new value is complete before the old one is destroyed.
 void Replace(ValueKind kind, const Variant& value, Word word) {
   VARIANT old;
   ::VariantInit(&old);
@@ -110,7 +109,7 @@ void Replace(ValueKind kind, const Variant& value, Word word) {
   ::VariantClear(&old);
 }
 
-/// The arguments of one call, and where they came from.
+/// The arguments of one call with their sources.
 class SlotArguments {
  public:
   SlotArguments(const MemberInfo& slot, const Word* words) : mSlot(slot) {
@@ -121,7 +120,7 @@ class SlotArguments {
     mResult = words;
   }
 
-  /// Whether there is a place for everything that the call returns.
+  /// Whether there is a place for every result of the call.
   bool HasPlaces() const {
     for (std::size_t at = 0; at < mSlot.ParameterCount; ++at) {
       const ParameterInfo& parameter = mSlot.ParameterList[at];
@@ -150,7 +149,8 @@ class SlotArguments {
       const ParameterInfo& parameter = mSlot.ParameterList[at];
       if (!parameter.IsByReference || *mPlaces[at] == 0) continue;
       const ValueKind kind = parameter.Type.Kind;
-      // What the call left alone stays as the client has it, also which interface of an object it is.
+      // Leave unchanged arguments as the client has them, including the interface through which an
+      // object is passed.
       if (IsUnchanged(Read(kind, Pointer<const void>(*mPlaces[at])), mValues[at])) continue;
       Replace(kind, mValues[at], *mPlaces[at]);
     }
@@ -182,12 +182,12 @@ HRESULT CallSlot(Object& object, std::size_t number, const Word* words) noexcept
         SlotArguments arguments(slot, words);
         arguments.ClearResult();
         if (!arguments.HasPlaces()) return ForgetFailure(E_POINTER);
-        // The call may let go of the last reference that the client has, and so of `object`.
+        // Hold the object: the call may release the client's last reference, and so destroy `object`.
         const AnyObject model = object.Model();
         arguments.ReturnAll(automation::Invoke(model, slot, {arguments.ReadAll()}));
         return S_OK;
       },
-      [&](const Error& failure) { return Tell(failure, binding.InterfaceId); });
+      [&](const Error& failure) { return StoreFailure(failure, binding.InterfaceId); });
 }
 
 }  // namespace lwconfig::com

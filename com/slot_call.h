@@ -13,11 +13,11 @@ class Object;
 /// A machine word, in which the interface passes arguments.
 using Word = std::uintptr_t;
 
-/// How many words the arguments of a slot take, the one for the result included.
+/// The number of words that the arguments of a slot take, including the result's.
 std::size_t WordCount(const automation::MemberInfo& slot);
 
-/// A call through the interface: uses the slot of that number, from 0 on, with the arguments in `words`. What
-/// the call returns is stored where they say.
+/// A call through the interface: uses the slot of that number, from 0, with the arguments in `words`. The
+/// words also point to the places for the results.
 HRESULT CallSlot(Object& object, std::size_t number, const Word* words) noexcept;
 
 }  // namespace lwconfig::com

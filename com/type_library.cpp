@@ -10,7 +10,7 @@ HRESULT FindTypeInfo(REFGUID id, ITypeInfo** result) {
   *result = nullptr;
   return Guarded([&] {
     ComPtr<ITypeLib> library;
-    // The system keeps those that are in use.
+    // Do not cache it: the system caches the libraries in use.
     const HRESULT loaded = ::LoadTypeLibEx(ModulePath().c_str(), REGKIND_NONE, library.GetAddressOf());
     return FAILED(loaded) ? ForgetFailure(loaded) : library->GetTypeInfoOfGuid(id, result);
   });

@@ -10,7 +10,7 @@ namespace lwconfig::com {
 /// caller releases it.
 HRESULT FindTypeInfo(REFGUID id, ITypeInfo** result);
 
-/// The file that holds this code.
+/// The file of this code.
 std::wstring ModulePath();
 
 }  // namespace lwconfig::com

@@ -12,7 +12,7 @@ namespace lwconfig::com {
 template <class T>
 using ComPtr = Microsoft::WRL::ComPtr<T>;
 
-/// Takes the caller's reference over. (`ComPtr::Attach` of some compilers adds another one.)
+/// Takes over the caller's reference. (`ComPtr::Attach` of some compilers adds another one.)
 template <class T>
 ComPtr<T> TakeOver(T* pointer) {
   ComPtr<T> owner;
@@ -20,19 +20,19 @@ ComPtr<T> TakeOver(T* pointer) {
   return owner;
 }
 
-/// How many objects of the server clients hold, and how many locks: they keep it loaded.
+/// The number of objects of the server that clients hold, and of locks: they keep the server loaded.
 inline std::atomic<long> gUses{0};
 inline std::atomic<long> gLocks{0};
 
-/// Held by the thread that is in the library, which knows of one: clients may have several apartments.
+/// Held by the thread that is in the library, which is single-threaded: clients may have several apartments.
 inline std::recursive_mutex gLibrary;
 
-/// Whether the server is being unloaded. What clients forgot to release is then left as it is: others may be
-/// gone already, and the library's own objects soon.
+/// Whether the server is being unloaded. Objects that clients failed to release are then left alone: foreign
+/// objects may have been destroyed already, and the library's own objects will be.
 inline std::atomic<bool> gIsUnloading{false};
 
-/// Base of an object of the server that clients hold through the interfaces `First` and `Rest`. It begins
-/// with one reference, which belongs to who created it.
+/// Base of an object of the server that clients hold through the interfaces `First` and `Rest`. It is created
+/// with one reference, which belongs to its creator.
 template <class First, class... Rest>
 class Implements : public First, public Rest... {
  public:
@@ -53,7 +53,7 @@ class Implements : public First, public Rest... {
       if (mReferences.compare_exchange_weak(held, held - 1)) return held - 1;
     }
     if (gIsUnloading) return --mReferences;
-    const std::scoped_lock lock(gLibrary);  // somebody may be about to find the object
+    const std::scoped_lock lock(gLibrary);  // another thread may be about to find the object
     const ULONG left = --mReferences;
     if (left == 0) delete this;
     return left;
@@ -62,7 +62,7 @@ class Implements : public First, public Rest... {
  protected:
   virtual ~Implements() { --gUses; }
 
-  /// The object as that interface, without a reference of its own; null where it has none.
+  /// The object as that interface, without adding a reference; null where it has none.
   virtual void* Find(REFIID id) {
     void* found = id == IID_IUnknown ? static_cast<First*>(this) : nullptr;
     const auto offer = [&]<class Interface>(Interface* self) {

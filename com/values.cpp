@@ -12,7 +12,7 @@
 namespace lwconfig::com {
 namespace {
 
-/// Somebody else's object: its identity is that of its `IUnknown`.
+/// A foreign object: its identity is that of its `IUnknown`.
 AnyObject Foreign(IUnknown* pointer) {
   ComPtr<IUnknown> identity;
   pointer->QueryInterface(IID_PPV_ARGS(identity.GetAddressOf()));
@@ -20,7 +20,7 @@ AnyObject Foreign(IUnknown* pointer) {
   return {HoldForeign(identity.Get())};
 }
 
-/// The automation interface of somebody else's object, for the caller to release; null where it has none.
+/// The automation interface of a foreign object, for the caller to release; null where it has none.
 IDispatch* DispatchOf(const AnyObject& foreign) {
   IDispatch* dispatch = nullptr;
   static_cast<IUnknown*>(foreign.Pointer.get())->QueryInterface(IID_PPV_ARGS(&dispatch));
@@ -81,7 +81,7 @@ struct VariantMaker {
   }
 };
 
-/// What is behind a reference, and numbers of the types that the library does not have.
+/// Resolves references, and converts numbers of types that the library does not have.
 Variant FromOtherType(VARIANT value) {
   OwnedVariant plain;
   if ((value.vt & VT_BYREF) == 0) {
@@ -153,7 +153,7 @@ VARIANT ToVariant(const Variant& value) {
 void StoreReferred(const VARIANT& reference, const Variant& value) {
   if (reference.vt == (VT_BYREF | VT_VARIANT)) {
     if ((reference.pvarVal->vt & VT_BYREF) != 0) return StoreReferred(*reference.pvarVal, value);
-    // What was there goes last: the client may look at its variable meanwhile.
+    // Release the old value last: the client may read its variable meanwhile.
     OwnedVariant made(value);
     std::swap(*made.Get(), *reference.pvarVal);
     return;

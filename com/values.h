@@ -9,36 +9,36 @@
 
 namespace lwconfig::com {
 
-/// Values as automation clients exchange them, and as the library knows them.
+/// Conversion of values between automation clients and the library.
 
 /// The caller frees the result.
 BSTR ToBstr(std::string_view text);
 /// Null is the empty text.
 std::string FromBstr(BSTR text);
 
-/// Follows references. An argument that was left out is `Missing`; dates, currency and decimals are numbers.
-/// An object of somebody else's is held as long as the result lives. Error 13 for arrays and other types that
-/// the library has no use for, 5 for a reference that leads nowhere.
+/// Follows references. An omitted argument is `Missing`; dates, currency and decimals are numbers. A foreign
+/// object is held as long as the result is alive. Error 13 for arrays and other types without an equivalent
+/// in the library, 5 for a null reference.
 Variant FromVariant(const VARIANT& value);
 /// The caller clears the result.
 VARIANT ToVariant(const Variant& value);
-/// Replaces what a by-reference argument refers to, in the type that it has there: error 13 where the value
-/// has no such form.
+/// Replaces the target of a by-reference argument, in its present type: error 13 where the value does not
+/// convert to it.
 void StoreReferred(const VARIANT& reference, const Variant& value);
 
-/// Whether a call has left an argument as it was; nothing of any kind is the same as no object.
+/// Whether a call has not changed an argument; an empty value of any kind equals no object.
 bool IsUnchanged(const Variant& before, const Variant& after);
 
 /// The object behind a pointer from a client, which may be null.
 AnyObject FromPointer(IUnknown* pointer);
-/// The caller releases the result; null for none. Error 13 for somebody else's object that is not an
-/// automation object.
+/// The caller releases the result; null for none. Error 13 for a foreign object that is not
+/// an automation object.
 IDispatch* ToDispatch(const AnyObject& object);
 
-/// Somebody else's object, released in the end unless the server is being unloaded.
+/// A foreign object, released on destruction unless the server is being unloaded.
 std::shared_ptr<IUnknown> HoldForeign(IUnknown* object);
 
-/// A variant that is cleared at the end of its life.
+/// A variant that is cleared on destruction.
 class OwnedVariant {
  public:
   OwnedVariant() { ::VariantInit(&mValue); }

@@ -22,10 +22,10 @@
 
 namespace lwconfig {
 
-/// The way into the configuration. Every `Root` of the process hands out the same objects, created and loaded
-/// on first request; when the last `Root` goes, the next one loads afresh. An error raised while a collection
-/// loads is thrown on; what was loaded stays shared, and the next request returns it. Nothing is saved by
-/// itself. For use from one thread.
+/// The entry point to the configuration. Every `Root` of the process returns the same objects, created and
+/// loaded on first request. After the last `Root` is destroyed, the next one loads afresh. An error during
+/// the load of a collection is rethrown; the part that was loaded stays shared, and the next request returns
+/// it. Nothing is saved automatically. For use from one thread.
 class Root : public Counted<Root> {
  public:
   static constexpr const char* kClassName = "Root";
@@ -47,13 +47,13 @@ class Root : public Counted<Root> {
   /// The comment files of .NET assemblies.
   std::shared_ptr<lwconfig::CommentFileLocations> CommentFileLocations();
 
-  /// Makes the given object itself the shared one, until the next reset or replacement. Error 91 for none.
+  /// Makes the given object the shared one, until the next reset or replacement. Error 91 for none.
   void ReplaceTaggedCommentDefs(std::shared_ptr<lwconfig::TaggedCommentDefs> replacement);
   void ReplaceModelCommentProfiles(std::shared_ptr<lwconfig::ModelCommentProfiles> replacement);
   void ReplaceExternalDocs(std::shared_ptr<lwconfig::ExternalDocs> replacement);
   void ReplaceCommentFileLocations(std::shared_ptr<lwconfig::CommentFileLocations> replacement);
 
-  /// The user's options. They hold no values: each read and write goes to the registry.
+  /// The user's options. They cache no values: each read and write accesses the registry.
   std::shared_ptr<lwconfig::VSNETOptions> VSNETOptions();
   std::shared_ptr<lwconfig::VBOptions> VBOptions();
   std::shared_ptr<lwconfig::LWCommenterOptions> LWCommenterOptions();
@@ -69,20 +69,19 @@ class Root : public Counted<Root> {
   /// The configuration folder without trailing backslash, or empty.
   std::string ConfigPath() const;
 
-  /// Drops every shared object, so that the next request loads afresh. Whoever holds one keeps it.
+  /// Drops every shared object, so that the next request loads afresh. Holders of an object keep it.
   void ResetLWConfig();
 
   /// The first template, in catalogue order, that lists the namespace profile and, unless `Supports` is
-  /// empty, whose item types joined by "," contain it; both without regard to letter case. Null where there
-  /// is none.
+  /// empty, whose item types joined by "," contain it; both without regard to letter case. Null where
+  /// there is none.
   std::shared_ptr<PageTemplate> GetDefaultTemplate(std::string_view NamespaceProfile,
                                                    std::string_view Supports = {});
 
-  /// The toolbar style of tools that have none of their own: shared by every `Root` of the process, in memory
-  /// only.
+  /// The toolbar style of tools without their own: shared by every `Root` of the process, in memory only.
   LWToolBarStyleEnum DefaultToolbarStyle() const;
   void SetDefaultToolbarStyle(LWToolBarStyleEnum style);
-  /// A flag for clients, shared by every `Root` of the process; a reset leaves it.
+  /// A flag for clients, shared by every `Root` of the process; a reset does not change it.
   bool ReloadFlag() const;
   void SetReloadFlag(bool flag);
 

@@ -12,7 +12,7 @@
 
 #include <lwconfig/automation/dispatch.h>
 #include <lwconfig/automation/errors.h>
-#include <lwconfig/automation/member_facts.h>
+#include <lwconfig/automation/signature.h>
 
 namespace py = pybind11;
 
@@ -34,7 +34,7 @@ const ParameterInfo* FindParameter(const MemberInfo& slot, std::string_view name
   return nullptr;
 }
 
-/// The call's arguments in the order of the parameters, those left out as `Missing`.
+/// The call's arguments in the order of the parameters, with `Missing` for omitted ones.
 class PlacedArguments {
  public:
   PlacedArguments(PyObject* self, const MemberInfo& slot, PyObject* const* arguments, std::size_t count,
@@ -83,7 +83,7 @@ py::object ResultOf(const MemberInfo& slot, const Variant& result, const PlacedA
   return all;
 }
 
-/// A callable that Python binds to the object it is looked up on, as it does functions.
+/// A callable that Python binds to the object on which it is looked up, like a function.
 struct Method {
   PyObject_HEAD vectorcallfunc Call;
   const automation::ClassInfo* Owner;
@@ -172,7 +172,7 @@ PyObject* CallSlot(PyObject* self, const MemberInfo& slot, PyObject* const* argu
       nullptr,
       [&] {
         PlacedArguments placed(self, slot, arguments, count, names);
-        // Python may drop the wrapper while the call runs.
+        // Hold the wrapper: Python may release it during the call.
         const AnyObject object = Unwrap(self);
         const Variant result = automation::Invoke(object, slot, placed.Values());
         return ResultOf(slot, result, placed).release().ptr();

@@ -7,14 +7,14 @@
 
 namespace lwconfig::python {
 
-/// Calls of published members with Python's arguments. None for an argument that may be left out leaves it
-/// out. Failures are set as Python exceptions, and the result is then null or -1.
+/// Calls of published members with Python's arguments. None omits an optional argument. Failures are set as
+/// Python exceptions, and the result is then null or -1.
 
-/// The argument at that place, from 0; a path object where it names a file. Error 13 names the argument.
+/// The argument at that place, from 0; path objects are accepted for file names. Error 13 names the argument.
 Variant ToArgument(const automation::ClassInfo& info, const automation::MemberInfo& slot, std::size_t place,
                    pybind11::handle value);
 
-/// The slot's result; where the slot has parameters that are returned, a tuple of the result and these.
+/// The slot's result; for a slot with returned parameters, a tuple of the result and these.
 PyObject* CallSlot(PyObject* self, const automation::MemberInfo& slot, PyObject* const* arguments,
                    std::size_t count, PyObject* names = nullptr);
 PyObject* GetProperty(PyObject* self, const automation::MemberInfo& getter);
@@ -23,7 +23,7 @@ int SetProperty(PyObject* self, const automation::ClassInfo::Member& member, PyO
 
 /// A callable object that is a method of its class.
 pybind11::object MakeMethod(const automation::ClassInfo& info, const automation::MemberInfo& slot);
-/// Makes the type of such objects.
+/// Creates the type of such objects.
 void PrepareMethods();
 
 }  // namespace lwconfig::python

@@ -35,7 +35,8 @@ py::object ItemOf(const AnyObject& collection, Variant key) {
   throw Error(number, std::string(py::str("{} has no item [{!r}]").format(collection.Class->Name(), index)));
 }
 
-/// The position from 1 of a Python index from 0, or from -1 at the end; 0 where it names none, however large.
+/// The position from 1 of a Python index from 0, or from -1 at the end; 0 where it is out of
+/// range, however large.
 std::int32_t PositionOf(const AnyObject& collection, py::handle index) {
   const Py_ssize_t at = PyNumber_AsSsize_t(index.ptr(), nullptr);
   if (at == -1 && PyErr_Occurred() != nullptr) throw py::error_already_set();
@@ -107,7 +108,7 @@ Py_ssize_t Length(PyObject* self) {
   return Guarded<Py_ssize_t>(-1, [&] { return CountOf(Unwrap(self)); });
 }
 
-/// A text is a key; anything else is searched among the items.
+/// Look up a text as a key; search the items for anything else.
 int Contains(PyObject* self, PyObject* value) {
   return Guarded(-1, [&] {
     const AnyObject collection = Unwrap(self);

@@ -10,7 +10,7 @@
 
 namespace lwconfig::python {
 
-/// Collections as Python knows them: `len(c)`, `for x in c`, `x in c`, `c["key"]`, `c[0]`, slices,
+/// Collections with Python's protocols: `len(c)`, `for x in c`, `x in c`, `c["key"]`, `c[0]`, slices,
 /// `reversed(c)` and `del c["key"]`, beside the published default member as a call, `c("key")` and `c(1)`.
 
 /// The type slots of a published class; none beyond its default member where it is no collection.

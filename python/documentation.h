@@ -6,10 +6,10 @@
 
 namespace lwconfig::python {
 
-/// What `help()` tells of a member: its signature and what it promises.
+/// The text of `help()` for a member: its signature and its contract.
 std::string MemberDocumentation(const automation::ClassInfo& info,
                                 const automation::ClassInfo::Member& member);
-/// "($self, obj, Key=None)", as Python's own functions have it.
+/// "($self, obj, Key=None)", the form of Python's own functions.
 std::string TextSignature(const automation::MemberInfo& slot);
 
 }  // namespace lwconfig::python

@@ -14,7 +14,7 @@ namespace py = pybind11;
 namespace lwconfig::python {
 namespace {
 
-/// The connection of a callback, which Python owns and the event's handler refers to.
+/// The connection of a callback, owned by Python; the event's handler refers to it.
 struct Subscription {
   Subscription() = default;
   Subscription(const Subscription&) = delete;
@@ -64,10 +64,9 @@ PyObject* ConnectHandler(PyObject* self, PyObject* arguments) {
 void AddConnections(py::module_& module) {
   py::class_<Subscription, std::shared_ptr<Subscription>>(
       module, "Connection",
-      "The connection of a callback to an event, as long as this object lives or until it is closed. A with "
-      "block "
-      "closes it at its end.")
-      .def("close", &Subscription::Close, "Closes the connection; does nothing where it is closed.")
+      "The connection of a callback to an event. It lasts until it is closed, by a with block too, or "
+      "destroyed.")
+      .def("close", &Subscription::Close, "Closes the connection; does nothing if it is closed.")
       .def("__repr__",
            [](const Subscription& self) {
              return "<lwconfig.Connection " + self.Name + (self.Callback ? ">" : " closed>");

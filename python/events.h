@@ -5,7 +5,7 @@
 namespace lwconfig::python {
 
 /// `obj.on(event, callback)`: a connection that lasts until it is closed or its Python object is destroyed.
-/// An exception of the callback is reported as one that nobody can catch, and stops nothing.
+/// An exception in the callback is reported as unraisable, and stops nothing.
 PyObject* ConnectHandler(PyObject* self, PyObject* arguments);
 
 /// Adds the type of connections to the module.

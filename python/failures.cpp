@@ -48,7 +48,7 @@ void SetPythonFailure(bool isAboutKey) noexcept {
   try {
     SetFailure(isAboutKey);
   } catch (py::error_already_set& raised) {
-    // Making the exception failed, when memory is short for example.
+    // Creating the exception failed, for example when memory is short.
     raised.restore();
   } catch (...) {
     PyErr_NoMemory();

@@ -4,8 +4,8 @@
 
 namespace lwconfig::python {
 
-/// Sets the exception that is being handled as a Python exception: the library's failures as `lwconfig.Error`
-/// or the kind of it that fits. `isAboutKey` where a key that names nothing is a KeyError.
+/// Sets the current C++ exception as a Python exception: the library's failures as `lwconfig.Error` or the
+/// subclass that fits. With `isAboutKey` an unknown key is a KeyError.
 void SetPythonFailure(bool isAboutKey = false) noexcept;
 
 /// Runs `body`, a call from Python; a failure is set as a Python exception and the result is `failed`.

@@ -3,6 +3,7 @@
 
 #include <pybind11/pybind11.h>
 #include <python/collections.h>
+#include <python/configurations.h>
 #include <python/events.h>
 #include <python/failures.h>
 #include <python/objects.h>
@@ -19,7 +20,8 @@ namespace py = pybind11;
 namespace lwconfig::python {
 namespace {
 
-/// With an error component registered failures come back as errors, which become Python's exceptions.
+/// An error component that ignores reports. While one is registered, failures are thrown, and
+/// become Python's exceptions.
 struct SilentReporter final : platform::Component {
   void Receive(std::string_view) override {}
 };
@@ -67,7 +69,7 @@ void AddEnumerations(py::module_& module) {
   }
 }
 
-/// Every public name that was added.
+/// Every public name in the module.
 py::list PublicNames(const py::module_& module) {
   py::list names;
   for (const auto& [name, value] : py::reinterpret_borrow<py::dict>(module.attr("__dict__"))) {
@@ -93,6 +95,7 @@ PYBIND11_MODULE(_lwconfig, module) {
   AddConnections(module);
   AddTypes(module);
   AddEnumerations(module);
+  AddConfigurations(module);
   module.def(
       "set_message_box_handler", &SetMessageBoxHandler, py::arg("handler").none(true),
       "Calls handler(title, text, icon) for every message box of the library; None restores the default.");

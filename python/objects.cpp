@@ -23,7 +23,7 @@ namespace {
 
 using automation::ClassInfo;
 
-/// A Python object that passes through the library: kept alive by whoever holds it there.
+/// A Python object passed through the library, which keeps it alive.
 struct PythonObject {
   explicit PythonObject(py::handle value) : Value(value.inc_ref().ptr()) {}
   PythonObject(const PythonObject&) = delete;
@@ -32,7 +32,7 @@ struct PythonObject {
   PyObject* Value;
 };
 
-/// What the module keeps for its whole life. Never destroyed: Python may be gone before the statics are.
+/// The state of the module. Never destroyed: Python may be shut down before static objects are destroyed.
 struct Registry {
   std::unordered_map<const ClassInfo*, PyTypeObject*> Types;
   std::unordered_map<void*, PyObject*> Wrappers;  // the one of each object; not owned
@@ -44,7 +44,7 @@ Registry& TheRegistry() {
   return registry;
 }
 
-/// The published class that a type is, or is derived from.
+/// The published class of a type or of its base.
 const ClassInfo& ClassOfType(PyTypeObject* type) {
   for (; type != nullptr; type = type->tp_base) {
     for (const auto& [info, published] : TheRegistry().Types) {
@@ -67,8 +67,8 @@ PyObject* Wrap(PyTypeObject* type, AnyObject object) {
   return self;
 }
 
-/// Calls the method of a Python class in place of a published member. Where the member has parameters that
-/// are returned, a tuple holds the result and then these.
+/// Calls the method of a Python class in place of a published member. Where the member has returned
+/// parameters, a tuple holds the result and then these.
 bool CallOverride(PyObject* self, const ClassInfo& info, std::string_view member,
                   std::span<Variant> arguments, Variant& result) {
   const py::gil_scoped_acquire lock;
@@ -107,7 +107,7 @@ PyObject* NewObject(PyTypeObject* type, PyObject* arguments, PyObject* named) {
   return Guarded<PyObject*>(nullptr, [&]() -> PyObject* {
     const ClassInfo& info = ClassOfType(type);
     if (IsDerived(type) && info.IsImplementable()) {
-      // The object reaches Python through its wrapper, which is alive whenever it is called: see ObjectOf.
+      // Calls reach Python through the wrapper, which is alive during each call: see ObjectOf.
       const auto self = std::make_shared<PyObject*>(nullptr);
       PyObject* created = Wrap(
           type,
@@ -148,8 +148,8 @@ PyObject* ShowObject(PyObject* self) {
   });
 }
 
-/// An argument of `Clone`: a property of its name says what the copy belongs to; an object of the class
-/// itself is what is copied into.
+/// An argument of `Clone` for a copy: a new object for a parameter of the class itself, which receives the
+/// copy; for any other, the owner, found in the property of its name.
 Variant CloneArgument(const AnyObject& object, const automation::ParameterInfo& parameter) {
   if (parameter.IsOptional) return Missing{};
   if (parameter.Type.Class != nullptr && &parameter.Type.Class() == object.Class)
@@ -182,7 +182,7 @@ int SetMember(PyObject* self, PyObject* value, void* member) {
   return SetProperty(self, *static_cast<const ClassInfo::Member*>(member), value);
 }
 
-/// A text that lives as long as the process, as what types are made from has to.
+/// A text that is never freed, as type objects need.
 const char* Kept(std::string text) {
   return (new std::string(std::move(text)))->c_str();
 }
@@ -260,7 +260,7 @@ AnyObject ObjectOf(py::handle value) {
   if (!IsWrapper(value)) return {std::make_shared<PythonObject>(value), nullptr};
   const AnyObject& object = Unwrap(value.ptr());
   if (!object.Class->IsImplementable() || !IsDerived(Py_TYPE(value.ptr()))) return object;
-  // What a Python class implements lives as long as the library holds it.
+  // The library keeps an object implemented in Python alive.
   const auto keeper = std::make_shared<PythonObject>(value);
   return {std::shared_ptr<void>(keeper, object.Pointer.get()), object.Class};
 }

@@ -9,23 +9,23 @@ namespace lwconfig::python {
 
 /// One Python type for each published class, with its members as attributes, made from the class table.
 
-/// A published object as Python holds it. While it lives, it is the one wrapper of its object.
+/// A published object in Python. While it is alive, it is the only wrapper of its object.
 struct Wrapper {
   PyObject_HEAD AnyObject* Object;
   PyObject* WeakReferences;
 };
 
-/// Makes the types and adds them to the module.
+/// Creates the types and adds them to the module.
 void AddTypes(pybind11::module_& module);
 
-/// The wrapper of the object; None where there is none. An object of somebody else's that came from Python
-/// comes back as itself.
+/// The wrapper of the object; None where there is none. A foreign object that came from Python is
+/// returned as itself.
 pybind11::object WrapperOf(const AnyObject& object);
 
-/// The object in a wrapper; any other Python object becomes somebody else's object.
+/// The object in a wrapper; any other Python object becomes a foreign object.
 AnyObject ObjectOf(pybind11::handle value);
 
-/// Gives up one reference to a Python object, from any thread. The library may outlive the interpreter, and
+/// Releases one reference to a Python object, from any thread. The library may outlive the interpreter, and
 /// with it every Python object.
 void Release(PyObject* object) noexcept;
 

@@ -6,7 +6,6 @@
 #include <python/values.h>
 
 #include <lwconfig/automation/dispatch.h>
-#include <lwconfig/automation/member_facts.h>
 #include <lwconfig/core/base/error.h>
 #include <lwconfig/options/option.h>
 
@@ -26,7 +25,7 @@ void AddValue(const AnyObject& object, const ClassInfo::Member& member, Values& 
   values.emplace_back(member.Name, ToPython(automation::Invoke(object, *member.Get), member.Get->Result));
 }
 
-/// None stands for a stored text that is no value of its option's type.
+/// Show None for a stored text that does not convert to its option's type.
 void AddChangedOptions(const AnyObject& object, const OptionSet& options, Values& values) {
   for (const AnyOption* option : options.Options()) {
     try {
@@ -39,7 +38,7 @@ void AddChangedOptions(const AnyObject& object, const OptionSet& options, Values
   }
 }
 
-/// A property that cannot be read is left out.
+/// Leave out a property that cannot be read.
 void AddProperties(const AnyObject& object, Values& values) {
   for (const auto& member : object.Class->Members()) {
     const auto* get = member.Get;
@@ -57,8 +56,8 @@ void AddProperties(const AnyObject& object, Values& values) {
 
 Values TellingValues(const AnyObject& object) {
   Values values;
-  if (const char* key = automation::KeyProperty(*object.Class)) {
-    AddValue(object, *object.Class->Find(key), values);
+  if (const auto* key = object.Class->Key()) {
+    AddValue(object, *key, values);
   } else if (const OptionSet* options = object.Class->OptionsOf(object)) {
     AddChangedOptions(object, *options, values);
   } else if (!object.Class->IsCollection()) {

@@ -37,7 +37,7 @@ struct Enumeration {
   std::map<std::int32_t, py::object> Members;
 };
 
-/// Never destroyed: Python may be gone before the statics are.
+/// Never destroyed: Python may be shut down before static objects are destroyed.
 Enumeration& EnumerationOf(const automation::EnumInfo& info) {
   static auto& all = *new std::map<const automation::EnumInfo*, Enumeration>;
   const auto [place, isNew] = all.try_emplace(&info);

@@ -28,7 +28,7 @@ class MemoryRegistry final : public platform::Registry {
       if (std::get<0>(id) == hive && std::get<1>(id) == FoldCase(key))
         listed.Values.emplace_back(std::get<2>(id), value);
     }
-    return listed;
+    return listed.Values.empty() ? std::nullopt : std::optional(std::move(listed));
   }
   void Apply(const std::vector<RegistryChange>& changes) override {
     if (Fault) Fault();

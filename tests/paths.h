@@ -4,10 +4,10 @@ namespace lwconfig::testing {
 
 /// The command as it is built. Null where it is not.
 extern const char* const kCommandPath;
-/// The folder of the conformance script and its transcript.
-extern const char* const kConformanceFolder;
 /// What objects save of the attributes that they read.
 extern const char* const kSavedAttributes;
+/// The folder of the sessions with the command.
+extern const char* const kSessionsFolder;
 /// The record of the published interface.
 extern const char* const kPublishedInterface;
 /// The folder of the guides.

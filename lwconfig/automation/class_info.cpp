@@ -3,13 +3,14 @@
 
 #include <lwconfig/automation/class_info.h>
 #include <lwconfig/automation/errors.h>
+#include <lwconfig/automation/published.h>
 #include <lwconfig/core/base/letter_case.h>
 
 namespace lwconfig::automation {
 namespace {
 
-/// Names of members are plain words: the bit that tells capitals from small letters is left out. Reads the
-/// first and the last eight bytes, which may overlap.
+/// Names of members are plain words, so the bit that distinguishes capitals from small letters is masked.
+/// Reads the first and the last eight bytes, which may overlap.
 std::uint32_t Hash(std::string_view name) {
   constexpr std::uint64_t kCaseBits = 0x2020202020202020U;
   constexpr std::uint64_t kMultiplier = 0x9e3779b97f4a7c15U;
@@ -24,7 +25,7 @@ std::uint32_t Hash(std::string_view name) {
   return static_cast<std::uint32_t>(mixed >> 32U);
 }
 
-/// What the values that hold enumerators have as their class.
+/// The class of the values that hold enumerators.
 const ClassInfo& EnumeratorClass() {
   static const ClassInfo info("Enumerator", {});
   return info;
@@ -38,7 +39,7 @@ ClassInfo::ClassInfo(const char* name, std::span<const MemberInfo> slots, ClassE
   for (const MemberInfo& slot : slots) {
     auto place =
         std::find_if(mMembers.begin(), mMembers.end(), [&](const Member& m) { return m.Id == slot.Id; });
-    if (place == mMembers.end()) place = mMembers.insert(place, Member{slot.Name, slot.Id});
+    if (place == mMembers.end()) place = mMembers.insert(place, Member{slot.Name, slot.Id, slot.Facts});
     (slot.Kind == kMethod        ? place->Method
      : slot.Kind == kPropertyGet ? place->Get
      : slot.Kind == kPropertyLet ? place->Let
@@ -77,7 +78,7 @@ const OptionSet* ClassInfo::OptionsOf(const AnyObject& object) const {
 
 const ClassInfo::Member* ClassInfo::Find(std::string_view name) const {
   const auto isNamed = [&](std::uint32_t at) {
-    // Most callers write a name as it is published.
+    // Most callers spell a name as published.
     const std::string_view own = mMembers[at].Name;
     return own == name || EqualIgnoringCase(own, name);
   };
@@ -89,6 +90,26 @@ const ClassInfo::Member* ClassInfo::Find(std::int32_t id) const {
   if (id == kNewEnumId) return mNewEnum;
   return id >= 0 && static_cast<std::size_t>(id) < mById.size() ? mById[static_cast<std::size_t>(id)]
                                                                 : nullptr;
+}
+
+const ClassInfo::Member* ClassInfo::Key() const {
+  const auto found =
+      std::find_if(mMembers.begin(), mMembers.end(), [](const Member& m) { return m.Facts.IsKey; });
+  return found == mMembers.end() ? nullptr : &*found;
+}
+
+const ClassInfo* ClassInfo::Member::HeldClass() const {
+  if (Get == nullptr || Get->ParameterCount > 0) return nullptr;
+  // One object is handed out as a value of any type; its member has the name of its class.
+  if (Get->Result.Kind == ValueKind::Variant) return FindClass(Name);
+  return Get->Result.Kind == ValueKind::Object ? &Get->Result.Class() : nullptr;
+}
+
+const ClassInfo* ClassInfo::ItemClass() const {
+  const Member* add = Find("Add");
+  if (!IsCollection() || add == nullptr) return nullptr;
+  const TypeInfo& type = add->Method->Parameters().front().Type;
+  return type.Kind == ValueKind::Object ? &type.Class() : nullptr;
 }
 
 const EventInfo* ClassInfo::FindEvent(std::string_view name) const {

@@ -25,12 +25,12 @@ AnyObject ToObject(const Variant& value, const ClassInfo& expected);
 /// neither, which find no item. Refers to the text in `value`.
 ItemKey ToItemKey(const Variant& value);
 
-/// The value that stands for none in a result of the type: 0, false, "", no object; empty for a variant.
+/// The empty value of a result of the type: 0, false, "", no object; empty for a variant.
 Variant EmptyValue(const TypeInfo& type);
 
-/// What the value is, for messages: `the text "x"`, `a PageLayout object`.
+/// The description of the value in messages: `the text "x"`, `a PageLayout object`.
 std::string DescribeValue(const Variant& value);
-/// "Text", "Integer32", "PageLayout", "PageTypeEnum": how people name the type.
+/// The display name of the type: "Text", "Integer32", "PageLayout", "PageTypeEnum".
 const char* TypeName(const TypeInfo& type);
 
 }  // namespace lwconfig::automation

@@ -5,7 +5,7 @@
 
 namespace lwconfig {
 
-/// The files of a folder listing, as callers get them, without keys.
+/// The files of a folder listing as a collection without keys.
 class DiskFiles : public KeyedCollection<DiskFile>, public Counted<DiskFiles> {
  public:
   static constexpr const char* kClassName = "DiskFiles";

@@ -26,7 +26,7 @@ bool HoldsObject(std::span<const Variant> arguments) {
   return !arguments.empty() && std::holds_alternative<AnyObject>(arguments.back());
 }
 
-/// The slot that serves the call. An object goes to a set, any other value to a let, where there are both.
+/// The slot that serves the call. Where there are both, an object selects a set, any other value a let.
 const MemberInfo& ChooseSlot(const ClassInfo& info, const ClassInfo::Member& member, unsigned kinds,
                              const Arguments& arguments) {
   if ((kinds & kMethod) != 0 && member.Method != nullptr) return *member.Method;
@@ -105,7 +105,7 @@ void ReturnByReference(const MemberInfo& slot, const Arguments& arguments, Argum
   }
 }
 
-/// What a report says of the call: the arguments, and the object as its failure leaves it.
+/// The description of the call in a report: the arguments, and the object as its failure left it.
 Operation Describe(const AnyObject& object, const MemberInfo& slot, const Variant* values) {
   Operation operation{object.Class->Name(), slot.Name, {}, {}};
   for (std::size_t at = 0; at < slot.ParameterCount; ++at) {

@@ -20,7 +20,7 @@ enum AutomationError : std::int32_t {
   kNoSuchEvent = 459,
 };
 
-/// A value that an argument cannot take. The call has not begun.
+/// A value that does not suit its argument. The call has not begun.
 class ArgumentError : public Error {
  public:
   /// `position` counts from 1.

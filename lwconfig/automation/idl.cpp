@@ -49,8 +49,8 @@ Text TypeText(const TypeInfo& type) {
   return {};
 }
 
-/// Only a variant can be absent; of other types the value that stands for it is told. No type library can
-/// hold one for a reference: there the place itself may be null.
+/// Only a variant can be absent; other types state their default value. A type library can hold none for a
+/// reference: there the place itself may be null.
 Text OptionalAttribute(const ParameterInfo& parameter) {
   if (parameter.IsByReference) return ", optional";
   switch (parameter.Type.Kind) {

@@ -9,7 +9,8 @@
 namespace lwconfig::automation {
 namespace {
 
-/// Every member goes to the implementation first, and to the contract's own where that has none.
+/// Forwards every member to the implementation, or to the contract's own member where the
+/// implementation has none.
 class ImplementedProvider final : public INamespaceProvider {
  public:
   explicit ImplementedProvider(Implementation implementation) : mImplementation(std::move(implementation)) {}
@@ -79,7 +80,7 @@ class ImplementedProvider final : public INamespaceProvider {
   static void TakeBack(const Variant&, std::string_view&) {}
   static void TakeBack(const Variant&, bool&) {}
 
-  /// Where the implementation lacks the member the result is empty, as that of the contract's own is.
+  /// A member that the implementation lacks returns an empty result, as the contract's own does.
   template <class Result, class... A>
   Result Forward(std::string_view member, A&... arguments) const {
     std::array<Variant, sizeof...(A)> values{ToVariant(arguments)...};

@@ -6,8 +6,8 @@
 
 namespace lwconfig::automation {
 
-/// A namespace provider with somebody else's members: what another face implements becomes one that C++ and
-/// every other face can call.
+/// A namespace provider with the members of a foreign object: C++ and every other face can call an
+/// implementation of one face.
 std::shared_ptr<void> ImplementProvider(Implementation implementation);
 
 }  // namespace lwconfig::automation

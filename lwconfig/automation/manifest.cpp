@@ -23,7 +23,7 @@ Text ClassText(const ClassInfo& info) {
          ">\n      <progid>" + name + ".1</progid>\n    </comClass>\n";
 }
 
-/// `marshaler` is the first part of the identity of one of the system's, which know the type library.
+/// `marshaler` is the first part of the identity of a marshaler of the system that uses the type library.
 Text InterfaceText(const Text& name, const Text& identity, const Text& marshaler) {
   return "  <comInterfaceExternalProxyStub" + Attribute("name", name) +
          Attribute("iid", Id(identity + name)) + Attribute("tlbid", Id(kLibraryName)) +
@@ -33,7 +33,7 @@ Text InterfaceText(const Text& name, const Text& identity, const Text& marshaler
 Text Manifest(const char* architecture) {
   const Text name = kLibraryName;
   const Text version = kLibraryVersion;
-  // The name of the assembly must not be that of the file, which would be searched for the manifest.
+  // Keep the name of the assembly different from that of the file, which would be searched for the manifest.
   Text text =
       "<?xml version=\"1.0\" encoding=\"UTF-8\" standalone=\"yes\"?>\n"
       "<assembly xmlns=\"urn:schemas-microsoft-com:asm.v1\" manifestVersion=\"1.0\">\n"

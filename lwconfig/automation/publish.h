@@ -91,13 +91,10 @@ class Interface {
     return all;
   }
 
-  /// Describes the class; `slots` and `events` must be static. `implement` makes objects with somebody else's
-  /// members.
-  template <std::size_t N, std::size_t M = 0>
-  static ClassInfo Class(const char* name, const SlotList<N>& slots,
-                         const std::array<EventInfo, M>& events = std::array<EventInfo, 0>{},
-                         decltype(ClassExtras::Implement) implement = nullptr) {
-    ClassExtras extras{.Events = events, .Implement = implement};
+  /// Describes the class; `slots` and events must be static. Adds to `extras` what follows from the C++
+  /// class.
+  template <std::size_t N>
+  static ClassInfo Class(const char* name, const SlotList<N>& slots, ClassExtras extras = {}) {
     if constexpr (std::is_default_constructible_v<T>)
       extras.Create = [] { return std::shared_ptr<void>(std::make_shared<T>()); };
     if constexpr (requires(const T& t) { t.Contains(ItemKey()), t.KeyAt(1); }) {
@@ -107,22 +104,26 @@ class Interface {
             return Self(self).KeyAt(position);
           }};
     }
-    if constexpr (std::is_base_of_v<OptionSet, T>)
+    if constexpr (std::is_base_of_v<OptionSet, T>) {
       extras.Options = [](const void* self) -> const OptionSet& { return *static_cast<const T*>(self); };
+      extras.Saving = Saving::AtOnce;
+    }
     return ClassInfo(name, slots, extras);
   }
 
   /// A property to read and write: one data member, or the functions to get and set it.
   template <auto Getter, auto Setter = Getter>
-  static constexpr auto Property(const char* name) {
-    return SlotList<2>{Get<Getter>(name)[0], Change<Setter>(name)[0]};
+  static constexpr auto Property(const char* name, MemberFacts facts = {}) {
+    SlotList<2> row{Get<Getter>(name)[0], Change<Setter>(name)[0]};
+    for (MemberInfo& slot : row) slot.Facts = facts;
+    return row;
   }
   /// A property that holds a colour.
   template <auto Member>
   static constexpr auto Colour(const char* name) {
     return Declared(Property<Member>(name), {.Kind = ValueKind::Integer32, .IsColour = true});
   }
-  /// As `Property`, where the accessors of the interface stand in the other order.
+  /// As `Property`, with the accessors of the interface in the other order.
   template <auto Getter, auto Setter = Getter>
   static constexpr auto SetGetProperty(const char* name) {
     return SlotList<2>{Change<Setter>(name)[0], Get<Getter>(name)[0]};
@@ -199,7 +200,7 @@ class Interface {
     return Declared(row, {ValueKind::Variant});
   }
 
-  /// The row of a result that may be null; a text or object that is always there needs no such mark.
+  /// The row of a result that may be null; a text or object that always exists needs no such mark.
   template <std::size_t N>
   static constexpr auto MayBeNull(SlotList<N> row) {
     for (MemberInfo& slot : row) slot.Result.MayBeNull = slot.Result.Kind != ValueKind::None;
@@ -230,7 +231,7 @@ class Interface {
   /// The type of the values of a data member; an option's is that of its values.
   template <auto Member>
   using StoredType = typename Stored<MemberType<Member>>::Type;
-  /// Whether the value lies in the data member itself.
+  /// Whether the value is stored in the data member itself.
   template <auto Member>
   static constexpr bool kIsStored = std::is_same_v<StoredType<Member>, MemberType<Member>>;
 
@@ -279,7 +280,7 @@ class Interface {
     Value value = MakeArgument<Value>(arguments[0], 0).Pass();
     auto& member = std::invoke(Member, Self(self));
     if constexpr (std::is_same_v<Value, MemberType<Member>>) {
-      std::swap(member, value);  // the old value goes last: the end of an object may run code that comes here
+      std::swap(member, value);  // destroyed last: its destructor may call this setter again
     } else {
       member = std::move(value);
     }
@@ -307,7 +308,7 @@ class Interface {
   }
   template <auto Function, class Result, class... P, std::size_t... I>
   static Variant CallIndexed(T& self, [[maybe_unused]] Variant* arguments, std::index_sequence<I...>) {
-    // Braces: arguments are converted from the first to the last.
+    // Use braces: arguments are converted from the first to the last.
     [[maybe_unused]] std::tuple<Argument<P>...> held{MakeArgument<P>(arguments[I], I)...};
     Variant result;
     if constexpr (std::is_void_v<Result>) {

@@ -1,7 +1,6 @@
 #include <algorithm>
 
 #include <lwconfig/automation/contracts.h>
-#include <lwconfig/automation/member_facts.h>
 #include <lwconfig/automation/published.h>
 #include <lwconfig/automation/python_stubs.h>
 #include <lwconfig/automation/signature.h>
@@ -13,7 +12,7 @@ using Text = std::string;
 
 constexpr std::size_t kColumns = 110;
 
-// Names of the module stand with the module's, because members often have the names of classes.
+// Qualify names of the module: members often have the names of classes.
 constexpr const char* kBeginning = R"("""The configuration object model of Lexiwend.
 
 Written by `lwconfig describe --stubs`; not to be edited. Positions count from 1 in the published members, such as
@@ -53,25 +52,85 @@ class Object:
     """What all published classes are derived from."""
 
 class Connection:
-    """The connection of a callback to an event, as long as this object lives or until it is closed. A with block
-    closes it at its end."""
+    """The connection of a callback to an event. It lasts until it is closed, by a `with` block too, or destroyed."""
 
     def close(self) -> None:
-        """Closes the connection; does nothing where it is closed."""
+        """Closes the connection; does nothing if it is closed."""
     def __enter__(self) -> Connection: ...
     def __exit__(
         self, kind: type[BaseException] | None, value: BaseException | None, trace: TracebackType | None
     ) -> None: ...
 
 def set_message_box_handler(handler: Callable[[str, str, int], object] | None) -> None:
-    """Message boxes of the library go to `handler(title, text, icon)`, or to standard error for None."""
+    """Shows message boxes of the library by `handler(title, text, icon)`; None writes them to standard error."""
 
 def NativePath(path: str | PathLike[str]) -> str:
     """The path of this system for a path in the product's notation."""
 
+class Problem:
+    """One finding about a configuration, or a summary of `count` others of its kind in the file."""
+
+    @property
+    def code(self) -> str:
+        """The kind of problem, such as "unknown-layout"."""
+    @property
+    def severity(self) -> Literal["error", "warning"]: ...
+    @property
+    def file(self) -> str | None: ...
+    @property
+    def line(self) -> int | None:
+        """From 1, as the column."""
+    @property
+    def column(self) -> int | None: ...
+    @property
+    def path(self) -> str | None:
+        """The object concerned, such as "PageTemplates[House]", where it is known."""
+    @property
+    def message(self) -> str: ...
+    @property
+    def suggestion(self) -> str | None:
+        """The text most likely meant."""
+    @property
+    def count(self) -> int: ...
+
+def check(folder: str | PathLike[str] | None = None) -> list[Problem]:
+    """Loads the whole configuration in a folder, or the registered one, and finds what is wrong with it.
+    `FileNotFoundError` for a folder that does not exist, and where none is registered. Shared objects are loaded
+    anew on their next use; changes that are not saved are lost."""
+
+class _Configuration:
+    def __enter__(self) -> Root: ...
+    def __exit__(
+        self, kind: type[BaseException] | None, value: BaseException | None, trace: TracebackType | None
+    ) -> None: ...
+
+def configuration(folder: str | PathLike[str]) -> _Configuration:
+    """A `with` block in which this process works on the configuration in a folder, whatever is registered. It
+    gives a new `Root`. `FileNotFoundError` for a folder that does not exist. Blocks nest. Shared objects are
+    loaded anew at both ends; do not save objects of the block after it."""
+
+class Transaction:
+    """Files and registry values saved in the block are written together when it is left, or not at all after an
+    exception. After that, and after `roll_back`, objects are loaded anew on their next use."""
+
+    def __enter__(self) -> Transaction: ...
+    def __exit__(
+        self, kind: type[BaseException] | None, value: BaseException | None, trace: TracebackType | None
+    ) -> None: ...
+    def difference(self) -> str:
+        """The changes so far as a unified diff."""
+    def commit(self) -> None:
+        """Writes the changes now. Error 70, a `PermissionError`, for a file or value that was changed elsewhere
+        since it was first read here; nothing is written then. Later saves are written at once."""
+    def roll_back(self) -> None:
+        """Drops the changes. Later saves are written at once."""
+
+def transaction() -> Transaction:
+    """A transaction for a `with` block. Blocks nest."""
+
 )";
 
-/// The contract as a documentation string, with so many blanks in front.
+/// The contract as a documentation string, indented by `indent` blanks.
 Text DocText(std::string_view contract, std::size_t indent) {
   if (contract.empty()) return {};
   const Text margin(indent, ' ');
@@ -126,7 +185,7 @@ Text OrNone(const TypeInfo& type, bool mayBeNone) {
   return mayBeNone && text != "Any" ? text + " | None" : text;
 }
 
-/// Callers may pass more than a class of Python that implements the member has to take.
+/// Callers may pass more types than a Python class that implements the member must accept.
 Text ParameterText(const ClassInfo& info, const ParameterInfo& parameter) {
   const bool isLenient = !info.IsImplementable();
   Text type =
@@ -167,14 +226,14 @@ Text MemberText(const ClassInfo& info, const ClassInfo::Member& member) {
   const Text name = member.Name;
   if (member.Method != nullptr) return FunctionText(info, name, *member.Method, contract);
   if (!ParametersOf(member).empty()) return FunctionText(info, name, *member.Get, contract);
-  // A class of Python may implement it by an attribute, a property or a method.
+  // A Python class may implement it by an attribute, a property or a method.
   if (info.IsImplementable()) return "    " + name + ": Any\n" + DocText(contract, 4);
   if (member.Let == nullptr && member.Set == nullptr)
     return "    @property\n" + FunctionText(info, name, *member.Get, contract);
   return "    " + name + ": " + SettableText(member.Name, TypeOf(member)) + "\n" + DocText(contract, 4);
 }
 
-/// What Python adds to a class with a default member, and to one that can be enumerated.
+/// The members that Python adds to a class with a default member, and to one that can be enumerated.
 Text ContainerText(const ClassInfo& info) {
   const ClassInfo::Member* item = info.Find(kDefaultMemberId);
   if (item == nullptr) return {};

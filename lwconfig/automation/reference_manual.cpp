@@ -35,7 +35,7 @@ numbers.
 
 )";
 
-/// Plain text outside of backticks does not count as markup.
+/// Escape markup in plain text outside of backticks.
 Text Escaped(std::string_view text) {
   Text escaped;
   bool isCode = false;
@@ -47,7 +47,7 @@ Text Escaped(std::string_view text) {
   return escaped;
 }
 
-/// The text with so many blanks in front of every line but the first.
+/// The text with every line but the first indented by `blanks`.
 Text Indented(std::string_view text, std::size_t blanks) {
   Text indented;
   for (const char c : text) {

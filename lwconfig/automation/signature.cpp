@@ -1,10 +1,13 @@
+#include <algorithm>
+#include <array>
+
 #include <lwconfig/automation/conversion.h>
 #include <lwconfig/automation/signature.h>
 
 namespace lwconfig::automation {
 namespace {
 
-/// The slot that tells the most about the member.
+/// The slot that describes the member best.
 const MemberInfo& MainSlot(const ClassInfo::Member& member) {
   for (const MemberInfo* slot : {member.Method, member.Get, member.Let}) {
     if (slot != nullptr) return *slot;
@@ -46,6 +49,13 @@ std::string SignatureText(const ClassInfo::Member& member) {
     text += "(" + list + ")";
   }
   return text + AsType(TypeOf(member));
+}
+
+bool IsFileName(std::string_view name, const TypeInfo& type) {
+  constexpr std::array<std::string_view, 6> kEndings{"FileName", "Folder",      "FilePath",
+                                                     "FullPath", "DefaultPath", "Dictionary"};
+  return type.Kind == ValueKind::Text &&
+         std::ranges::any_of(kEndings, [&](std::string_view ending) { return name.ends_with(ending); });
 }
 
 std::string AccessText(const ClassInfo::Member& member) {

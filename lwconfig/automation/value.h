@@ -13,8 +13,8 @@
 
 namespace lwconfig::automation {
 
-/// How values of a C++ type cross the published interface: the type that callers see, the value of a variant,
-/// and the variant of a value. A class that is not named here is one that is published itself.
+/// Conversions between C++ values and the published interface: the type that callers see, the value of a
+/// variant, and the variant of a value. A class that is not named here is a published class.
 template <class T>
 struct Crossing {
   static constexpr TypeInfo kType{ValueKind::Object, &ClassOf<T>};
@@ -141,7 +141,7 @@ concept CrossesByValue = requires(const Variant& value) {
 template <class P>
 class Argument;
 
-/// Values. One that is left out is empty.
+/// Values. An omitted one is empty.
 template <class P>
 requires CrossesByValue<std::remove_cvref_t<P>>
 class Argument<P> {
@@ -169,7 +169,7 @@ class Argument<P> {
   Value mValue;
 };
 
-/// Texts, not copied where the caller's is one.
+/// Texts, not copied where the caller's value is a text.
 template <>
 class Argument<std::string_view> {
  public:
@@ -187,8 +187,8 @@ class Argument<std::string_view> {
   std::string mConverted;
 };
 
-/// Objects that the C++ function takes by reference. That there is none is a failure of the operation, as
-/// where a function that takes a pointer follows it.
+/// Objects that the C++ function takes by reference. A missing object is a failure of the operation, as in a
+/// function that follows a pointer.
 template <class P>
 requires(std::is_lvalue_reference_v<P> && !CrossesByValue<std::remove_cvref_t<P>>) class Argument<P> {
   using Class = std::remove_cvref_t<P>;

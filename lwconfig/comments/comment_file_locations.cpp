@@ -43,6 +43,11 @@ std::shared_ptr<CommentFileLocation> CommentFileLocation::Clone() const {
   return std::make_shared<CommentFileLocation>(*this);
 }
 
+// CommentFileLocations.xml. Child elements have any name.
+//
+//   <CommentFileLocations Version="4.0">
+//     <CommentFile AssemblyFileName="System.dll" CommentFilePath="%NetPath%system.xml"/>
+//   </CommentFileLocations>
 void CommentFileLocations::Load() {
   mCol.Clear();
   const DiskFile file = LocationsFile();

@@ -11,7 +11,7 @@
 
 namespace lwconfig {
 
-/// Where the XML comment file of one .NET assembly is.
+/// The location of the XML comment file of one .NET assembly.
 class CommentFileLocation : public Counted<CommentFileLocation> {
  public:
   static constexpr const char* kClassName = "CommentFileLocation";
@@ -22,32 +22,33 @@ class CommentFileLocation : public Counted<CommentFileLocation> {
   /// folder of this machine, which ends with a backslash.
   std::string CommentFilePath() const;
   void SetCommentFilePath(std::string_view path) { mCommentFilePath = path; }
-  /// The path as it was set.
+  /// The path as set.
   const std::string& InternalCommentFilePath() const { return mCommentFilePath; }
 
-  /// Reads a `CommentFile` element. Both attributes are required: error 5 ends the load.
+  /// Reads a `CommentFile` element. Both attributes are required: error 5 stops the load.
   void Load(const XMLElement& e);
-  /// Writes all that is stored into the element, which the caller has named.
+  /// Writes all stored properties to the element, which the caller has named.
   void Save(XMLElement& e) const;
-  /// A copy, the path as it was set.
+  /// A copy, with the path as set.
   std::shared_ptr<CommentFileLocation> Clone() const;
 
  private:
   std::string mCommentFilePath;
 };
 
-/// The comment files that the user has made known, in order, without keys; an assembly may occur repeatedly.
+/// The registered comment files, in order, without keys; an assembly may occur repeatedly.
 class CommentFileLocations : public KeyedCollection<CommentFileLocation>,
                              public Counted<CommentFileLocations> {
  public:
   static constexpr const char* kClassName = "CommentFileLocations";
 
-  bool Dirty = false;  // kept by the callers; a load and a save clear it
+  bool Dirty = false;  // set by the callers; a load and a save clear it
 
-  /// Replaces the list by that of the file `CommentFileLocations.xml` of the configuration; empty where there
-  /// is no such file. A failing location ends the load; those before it stay, and `Dirty` is not cleared.
+  /// Replaces the list by that of the file `CommentFileLocations.xml` of the configuration; empty where
+  /// there is no such file. A failing location stops the load; the locations before it are kept, and `Dirty`
+  /// is not cleared.
   void Load();
-  /// Writes the list to that file; then it is not dirty.
+  /// Writes the list to that file and clears `Dirty`.
   void Save();
   /// A list of copies, not dirty.
   std::shared_ptr<CommentFileLocations> Clone() const;

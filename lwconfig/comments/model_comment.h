@@ -10,7 +10,7 @@
 
 namespace lwconfig {
 
-/// Where the text of a model comment is added to an existing comment.
+/// The position of a model comment's text in an existing comment.
 enum mcInsertionPointEnum : std::int32_t {
   ctPrefix = 2,  // before the existing text
   ctSuffix = 3,  // after the existing text
@@ -27,7 +27,7 @@ enum mcMemberTypeEnum : std::int32_t {
   mtModule = 7,       // `LW:Module`
 };
 
-/// A description to re-use for every member of a kind and name, in any project.
+/// A description reused for every member of a kind and name, in any project.
 class ModelComment : public Counted<ModelComment> {
  public:
   static constexpr const char* kClassName = "ModelComment";
@@ -38,17 +38,17 @@ class ModelComment : public Counted<ModelComment> {
   std::string TaggedCommentText;                   // the text of the comment
   Variant Tag;                                     // free for the caller; neither saved nor copied
   bool OnlyIfBlank = false;                        // whether only members without such a comment get it
-  mcInsertionPointEnum InsertionPoint = ctPrefix;  // where the text goes in a comment that is there
+  mcInsertionPointEnum InsertionPoint = ctPrefix;  // position of the text in an existing comment
 
   /// The member kind set last, as of `mcMemberTypeEnum`; any number is kept.
   std::int32_t MemberType() const { return mMemberType; }
   /// Also sets `MemberType_Namespace`, where the kind is of the enumeration.
   void SetMemberType(std::int32_t type);
 
-  /// Reads an `MC` element, the older form with a "MemberType" too. A missing kind of member, "MemberName",
-  /// "TaggedCommentPrefix" or "TaggedCommentText" is error 5, which ends the load.
+  /// Reads an `MC` element, also the older form with a "MemberType". A missing kind of member, "MemberName",
+  /// "TaggedCommentPrefix" or "TaggedCommentText" is error 5, which stops the load.
   void Load(const XMLElement& e);
-  /// Names the element `MC` and writes the comment into it. `MemberType` and `Tag` are not saved.
+  /// Names the element `MC` and writes the comment to it. `MemberType` and `Tag` are not saved.
   void Save(XMLElement& e) const;
   /// A copy of all properties but `Tag`.
   std::shared_ptr<ModelComment> Clone() const;

@@ -8,7 +8,7 @@
 
 namespace lwconfig {
 
-/// Every model comment profile of the configuration, filed under its name. Each has a file of its own.
+/// Every model comment profile of the configuration, filed under its name, each in its own file.
 class ModelCommentProfiles : public KeyedCollection<ModelComments>, public Counted<ModelCommentProfiles> {
  public:
   static constexpr const char* kClassName = "ModelCommentProfiles";
@@ -22,12 +22,13 @@ class ModelCommentProfiles : public KeyedCollection<ModelComments>, public Count
   void Remove(const ItemKey& Key) override;
 
   /// Adds the profile of every "*.xml" file in the "modelcomments" folder of the configuration; none where
-  /// there is no such folder. A failing profile, or two of one name (error 457), end the load; the profiles
-  /// before it stay, and `Dirty` is left as it was.
+  /// the folder does not exist. A failing profile, or two of one name (error 457), stop the load; the
+  /// profiles before it are kept, and `Dirty` does not change.
   void Load();
-  /// Writes every profile to the file of its name in that folder, created when missing; other files there
-  /// stay. The first failure ends the save: the files before it stay written. Error 52 for a profile without
-  /// a name, or with one that would lead out of the folder or begins with a dot, which would hide its file.
+  /// Writes every profile to the file of its name in that folder, created when missing; other files there are
+  /// kept. The first failure stops the save: the files before it have been written. Error 52 for a profile
+  /// without a name, with a name that would lead out of the folder, or with one that begins with a dot, which
+  /// would hide its file.
   void Save();
   /// A collection of copies, dirty unless it is empty.
   std::shared_ptr<ModelCommentProfiles> Clone() const;

@@ -25,6 +25,13 @@ std::shared_ptr<NamespaceDefs> ModelComments::NamespaceDefs() const {
   return profiles->Item(NamespaceProfile);
 }
 
+// A file of the folder "modelcomments", or modelcomments.xml.
+//
+//   <ModelCommentProfile Version="4.0" Namespace="LW.Core" Name= Description=>
+//     <MC MemberType_Namespace="LW:Method" MemberName="Add*" TaggedCommentPrefix="##REMARKS"
+//         TaggedCommentText= OnlyIfBlank="True" InsertionPoint="2"/>
+//     <MC MemberType="5" .../>                              older files: the number of the kind
+//   </ModelCommentProfile>
 void ModelComments::Load(const XMLElement& e) {
   mCol.Clear();
   AttributeReader in(e);
@@ -32,8 +39,7 @@ void ModelComments::Load(const XMLElement& e) {
   in.Try("Namespace", NamespaceProfile);
   in.Require("Name", Name);
   in.Require("Description", Description);
-  ForEachChild(e, [&](const XMLElement& child) {
-    if (!child.IsNamed("MC")) return;
+  ReadChildren(e, "MC", [&](const XMLElement& child) {
     auto comment = std::make_shared<ModelComment>();
     comment->Load(child);
     Add(std::move(comment));

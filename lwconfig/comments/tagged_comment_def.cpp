@@ -6,7 +6,7 @@
 namespace lwconfig {
 namespace {
 
-/// The code elements that an element type stands for; empty for one that stands for none.
+/// The code elements of an element type; empty for a type without any.
 std::string_view NamespaceOf(ElementTypeEnum type) {
   switch (type) {
     case etProject:
@@ -45,7 +45,7 @@ void TaggedCommentDef::Load(const XMLElement& e) {
   in.Require("Hidden", Hidden, ExactTrue);
   in.Require("Identifier", TagIdentifier);
   in.Require("Elementtype", ElementType, LeadingInteger);
-  // Older files name the code elements by their type only.
+  // Derive the code elements from the type: older files have no names of them.
   if (const auto derived = NamespaceOf(ElementType); !derived.empty()) Namespace = derived;
   in.Require("Description", Description);
   in.Require("Format", Format);

@@ -34,7 +34,7 @@ enum WrapTypeEnum : std::int32_t {
   WrapParagraph = 3,  // each in a paragraph
 };
 
-/// One type of tagged comment: how it is recognised in source code, what it belongs to and how it is edited.
+/// One type of tagged comment: its prefix in source code, the elements it belongs to and its editor.
 class TaggedCommentDef : public Counted<TaggedCommentDef> {
  public:
   static constexpr const char* kClassName = "TaggedCommentDef";
@@ -42,10 +42,10 @@ class TaggedCommentDef : public Counted<TaggedCommentDef> {
   std::string TagIdentifier;  // prefix of the comments, such as "##MODULE_DESCRIPTION"; the key in
                               // `TaggedCommentDefs`
   ElementTypeEnum ElementType = etUnspecified;  // kind of code element that the comment belongs to
-  std::string Description;                      // what the comment is for
+  std::string Description;                      // description of the comment
   std::string Format;                           // kept for other tools
   bool IsGeneral = false;       // whether comments of this type become part of the general description
-  WrapTypeEnum WrapType{};      // how several comments of this type on one element are joined; 0 says nothing
+  WrapTypeEnum WrapType{};      // how several comments of this type on an element are joined; 0: unspecified
   std::string DesignerProgID;   // component that edits the comments; empty for the default of the set
   std::string DesignFlags;      // editing features that the comment editors provide or deny
   bool Hidden = false;          // whether the wizard leaves the type out of its list
@@ -53,17 +53,17 @@ class TaggedCommentDef : public Counted<TaggedCommentDef> {
   std::string TabName;          // tab of the comment editors that shows the comment
   std::string Tip;              // help shown above the space to edit the comment
   std::string Flags;            // free text; a load makes an empty one "-"
-  bool Standard = true;         // whether it is not made by the user, which decides the file it is saved to
+  bool Standard = true;         // whether it is predefined, not made by the user; selects the file for saving
   std::string Namespace;        // code element names, separated by commas
   std::string Icon = "other";   // name of the icon
   std::string GroupName;        // group under which the type is listed
   std::string XMLCommentTypes;  // tag names of XML documentation comments, separated by commas
 
   /// Reads a `TaggedComment` element. "Hidden", "Identifier", "ElementType", "Description", "Format",
-  /// "General" and "WrapType" are required: error 5 ends the load where one is missing. Values outside the
+  /// "General" and "WrapType" are required: error 5 stops the load where one is missing. Values outside the
   /// enumerations are kept.
   void Load(const XMLElement& e);
-  /// Writes all that is stored into the element, which the caller has named.
+  /// Writes all stored properties to the element, which the caller has named.
   void Save(XMLElement& e) const;
   /// A copy of all properties.
   std::shared_ptr<TaggedCommentDef> Clone() const;

@@ -29,7 +29,7 @@ std::string BetweenCommas(std::string_view text) {
 void TaggedCommentDefs::Load() {
   mCol.Clear();
   if (DiskFile(StandardFile()).Exists()) {
-    // A failure among the custom definitions leaves these unread.
+    // Note the damage before loading: a failure among the custom definitions would leave this file unread.
     NoteDamage(DiskFile(StandardFile()), true);
     LoadFrom(CustomFile());
     LoadFrom(StandardFile());
@@ -45,7 +45,7 @@ void TaggedCommentDefs::Save() const {
     KeepDamagedFile(older);
     older.Delete();
   } catch (const Error&) {
-    // The older file is not read while the new ones exist.
+    // Ignore the failure: the older file is not read while the new ones exist.
   }
 }
 
@@ -55,6 +55,12 @@ void TaggedCommentDefs::SaveEx(bool includeStandard, bool includeCustom) const {
   if (includeCustom) SaveToEx(CustomFile(), false, true);
 }
 
+// taggedcomments_standard.xml, taggedcomments_custom.xml or an older file. Child elements have any name.
+//
+//   <TaggedCommentDefs DefaultDesignerProgID=>
+//     <TaggedComment Identifier="##REMARKS" Elementtype="3" Hidden="False" Description= Format=
+//                    General="False" WrapType="3" Standard="True" .../>
+//   </TaggedCommentDefs>
 void TaggedCommentDefs::LoadFrom(std::string_view fileName) {
   FileName = fileName;
   std::vector<std::pair<Pointer, std::string>> loaded;

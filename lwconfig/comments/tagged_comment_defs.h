@@ -15,7 +15,7 @@ class TaggedCommentDefs : public KeyedCollection<TaggedCommentDef>, public Count
  public:
   static constexpr const char* kClassName = "TaggedCommentDefs";
 
-  std::string DefaultDesignerProgID;  // component that edits comments whose definition names none
+  std::string DefaultDesignerProgID;  // editor of comments whose definition names none
   std::string FileName;               // the file loaded last
   bool IsPopulated = false;           // whether a `LoadFrom` has finished
 
@@ -23,13 +23,13 @@ class TaggedCommentDefs : public KeyedCollection<TaggedCommentDef>, public Count
   /// older single file where there is no standard file.
   void Load();
   /// Saves the standard and then the custom definitions to their files, then deletes the older single file; a
-  /// failure to delete it is ignored. A failing save ends it: what follows is left untouched.
+  /// failure to delete it is ignored. The first failing save stops it; later files are not touched.
   void Save() const;
-  /// As `Save`, of the chosen files only; the older file stays.
+  /// As `Save` for the chosen files only; the older file is kept.
   void SaveEx(bool IncludeStandard, bool IncludeCustom) const;
-  /// Adds the definitions of a file at the end, each in place of one with the same prefix. A file that does
-  /// not exist adds nothing. A failing definition ends the load; those before it stay, and `IsPopulated` is
-  /// left as it was.
+  /// Adds the definitions of a file at the end, each replacing one with the same prefix. A file that does not
+  /// exist adds nothing. A failing definition stops the load; the definitions before it are kept, and
+  /// `IsPopulated` does not change.
   void LoadFrom(std::string_view FileName);
   /// Writes all definitions to one file, in the order of the set.
   void SaveTo(std::string_view FileName) const;

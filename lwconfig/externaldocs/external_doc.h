@@ -10,14 +10,13 @@
 
 namespace lwconfig {
 
-/// One source of external documentation: which names it documents and how links to its pages are written.
+/// One source of external documentation: the names it documents and the formats of links to its pages.
 class ExternalDoc : public Counted<ExternalDoc> {
  public:
   static constexpr const char* kClassName = "ExternalDoc";
 
   /// Pattern of the names documented, with letter case: "?" is any one character, "*" any run of them, "#" a
-  /// digit, "[a-z]" one of a list, "[!a-z]" one that is not. The key in
-  /// `ExternalDocs`.
+  /// digit, "[a-z]" one of a list, "[!a-z]" one that is not. The key in `ExternalDocs`.
   std::string NamespaceName;
   /// Formats of links to classes and other objects.
   Owned<ExternalLink> ClassLink = std::make_shared<ExternalLink>();
@@ -32,12 +31,12 @@ class ExternalDoc : public Counted<ExternalDoc> {
   const std::string& Help2LinkFormat() const { return ClassLink->Help2LinkFormat; }
   void SetHelp2LinkFormat(std::string format) { ClassLink->Help2LinkFormat = std::move(format); }
 
-  /// Reads an `ExternalDoc` element. "Namespace" is required: error 5 ends the load where it is missing. The
+  /// Reads an `ExternalDoc` element. "Namespace" is required: error 5 stops the load where it is missing. The
   /// first child element, whatever its name, holds the default member link.
   void Load(const XMLElement& e);
-  /// Writes all that is stored into the element, which the caller has named.
+  /// Writes all stored properties to the element, which the caller has named.
   void Save(XMLElement& e) const;
-  /// A copy with links of its own.
+  /// A copy with its own links.
   std::shared_ptr<ExternalDoc> Clone() const;
 };
 

@@ -84,12 +84,18 @@ std::string FormatLink(const ExternalLink& link, const Placeholders& values, std
 
 }  // namespace
 
+// ExternalDocs.xml.
+//
+//   <ExternalDocuments Version="4.0">
+//     <ExternalDoc Namespace="System.Web*" URLFormat= HTMLHelp1Link= Help2Link=>
+//       <DefaultMemberLink URLFormat= HTMLHelp1Link= Help2Link=/>       the first child, under any name
+//     </ExternalDoc>
+//   </ExternalDocuments>
 void ExternalDocs::Load() {
   if (const DiskFile file = SourcesFile(); file.Exists()) {
     ReadConfigurationFiles({file}, [&](const DiskFile&, const XMLElement& root) {
       AttributeReader(root).Skip("Version");
-      ForEachChild(root, [&](const XMLElement& child) {
-        if (!child.IsNamed("ExternalDoc")) return;
+      ReadChildren(root, "ExternalDoc", [&](const XMLElement& child) {
         auto source = std::make_shared<ExternalDoc>();
         source->Load(child);
         Add(source, source->NamespaceName);
@@ -136,7 +142,7 @@ bool ExternalDocs::IsLinkAvailable(std::string_view ClassFullName) {
   const std::string_view name = NameParts(ClassFullName).Namespace;
   if (const auto* known = mLinkedNamespaces.Find(name)) return *known != " ";
   const auto* source = FindSource(name);
-  // An empty key would not be found again.
+  // Cache no empty name: an empty key would not be found again.
   if (source != nullptr && !name.empty()) mLinkedNamespaces.Add(source->NamespaceName, name);
   return source != nullptr;
 }

@@ -8,8 +8,7 @@
 
 namespace lwconfig {
 
-/// The formats from which a link into external documentation is built, with placeholders in %%. An empty
-/// format is none.
+/// The formats of a link into external documentation, with placeholders in %%. An empty format is none.
 class ExternalLink : public Counted<ExternalLink> {
  public:
   static constexpr const char* kClassName = "ExternalLink";
@@ -18,9 +17,9 @@ class ExternalLink : public Counted<ExternalLink> {
   std::string Help2LinkFormat;      // complete markup of a link in Help 2
   std::string URLFormat;            // address of the page, without markup
 
-  /// Reads the formats off an element of any name; one that is absent keeps its value.
+  /// Reads the formats from an element of any name; an absent format keeps its value.
   void Load(const XMLElement& e);
-  /// Writes all that is stored into the element, which the caller has named.
+  /// Writes all stored properties to the element, which the caller has named.
   void Save(XMLElement& e) const;
   /// Copies the formats into `Target`. Error 91 where it is null.
   void Clone(const std::shared_ptr<ExternalLink>& Target) const;

@@ -8,7 +8,7 @@ namespace {
 
 constexpr std::size_t kNone = std::string_view::npos;
 
-/// Reads the character at `at` and moves on behind it. A byte that begins no character matches itself only.
+/// Reads the character at `at` and advances past it. A byte that begins no character matches itself only.
 char32_t TakeCharacter(std::string_view text, std::size_t& at) {
   constexpr char32_t kBeyondUnicode = 0x110000;
   const auto first = static_cast<unsigned char>(text[at]);
@@ -18,7 +18,7 @@ char32_t TakeCharacter(std::string_view text, std::size_t& at) {
   return character == kNoCharacter ? kBeyondUnicode + first : character;
 }
 
-/// `list` is what stands between the brackets.
+/// `list` is the text between the brackets.
 bool IsListed(char32_t character, std::string_view list) {
   const bool isNegated = list.starts_with('!');
   bool isFound = false;
@@ -48,7 +48,7 @@ class PatternReader {
  public:
   explicit PatternReader(std::string_view pattern) : mPattern(pattern), mLastClose(pattern.rfind(']')) {}
 
-  /// Whether the part at `at`, which is no "*", matches the character; if so moves on behind the part.
+  /// Whether the part at `at`, which is no "*", matches the character; if so, advances past the part.
   bool Take(std::size_t& at, char32_t character) const {
     if (mPattern[at] == '[' && mLastClose != kNone && mLastClose > at) {
       const auto close = mPattern.find(']', at);
@@ -85,7 +85,7 @@ bool MatchesWildcard(std::string_view text, std::string_view pattern) {
   const PatternReader reader(pattern);
   std::size_t at = 0;
   std::size_t part = 0;
-  // Only the last "*" met need ever grow: a longer run for an earlier one leaves less to match, never more.
+  // Extend only the last "*" met: a longer run for an earlier one leaves less to match, never more.
   std::size_t afterStar = kNone;
   std::size_t runEnd = 0;
   while (at < text.size()) {

@@ -9,8 +9,8 @@
 namespace lwconfig {
 
 /// Calls `visit(definition)` for the definitions of `top`, which may be null, and everything nested in them:
-/// each before those nested in it, and those before its next sibling. Nesting of any depth is safe, and what
-/// a client has nested in itself is not entered again.
+/// each before those nested in it, and those before its next sibling. Nesting of any depth is safe. A
+/// definition that a client has nested in itself is not entered again.
 template <class Visit>
 void WalkDefinitions(const NamespaceDefs* top, Visit visit) {
   struct Level {

@@ -32,8 +32,7 @@ void ElementDef::Load(const XMLElement& e, const std::shared_ptr<NamespaceDefs>&
   in.Try("DesignerProgID", DesignerProgID);
   in.Try("Namespaces", Namespaces);
   in.Try("ScrapsOnly", ScrapsOnly, ExactTrue);
-  ForEachChild(e, [&](const XMLElement& child) {
-    if (!child.IsNamedIgnoringCase("attribute")) return;
+  ReadChildren(e, AnyCase("attribute"), [&](const XMLElement& child) {
     auto attribute = std::make_shared<ElementAttributeDef>();
     attribute->SetElementDef(SelfOf(*this));
     attribute->Load(child);
@@ -41,7 +40,7 @@ void ElementDef::Load(const XMLElement& e, const std::shared_ptr<NamespaceDefs>&
   });
   if (!CommonAttributes || !ElementAttributeDefs) return;
   for (const auto& common : *CommonAttributes) {
-    // The element's own attribute of that name takes precedence.
+    // Skip a common attribute where the element has its own of that name.
     if (ElementAttributeDefs->Item(common->Name)) continue;
     ElementAttributeDefs->Add(common->Clone(SelfOf(*this)), common->Name);
   }
@@ -49,20 +48,20 @@ void ElementDef::Load(const XMLElement& e, const std::shared_ptr<NamespaceDefs>&
 
 void ElementDefs::Load(const XMLElement& e, const std::shared_ptr<NamespaceDefs>& NamespaceProfile) {
   const auto commonAttributes = std::make_shared<ElementAttributeDefs>();
-  ForEachChild(e, [&](const XMLElement& child) {
-    if (child.IsNamedIgnoringCase("commonattributes")) {
-      ForEachChild(child, [&](const XMLElement& grandchild) {
-        if (!grandchild.IsNamedIgnoringCase("attribute")) return;
-        auto attribute = std::make_shared<ElementAttributeDef>();
-        attribute->Load(grandchild);
-        commonAttributes->Add(attribute, attribute->Name);
-      });
-    } else if (child.IsNamedIgnoringCase("lwelement")) {
-      auto element = std::make_shared<ElementDef>();
-      element->Load(child, NamespaceProfile, commonAttributes);
-      Add(element);
-    }
-  });
+  const auto readCommonAttribute = [&](const XMLElement& child) {
+    auto attribute = std::make_shared<ElementAttributeDef>();
+    attribute->Load(child);
+    commonAttributes->Add(attribute, attribute->Name);
+  };
+  const auto readCommonAttributes = [&](const XMLElement& child) {
+    ReadChildren(child, AnyCase("attribute"), readCommonAttribute);
+  };
+  const auto readElement = [&](const XMLElement& child) {
+    auto element = std::make_shared<ElementDef>();
+    element->Load(child, NamespaceProfile, commonAttributes);
+    Add(element);
+  };
+  ReadChildren(e, {{AnyCase("commonattributes"), readCommonAttributes}, {AnyCase("lwelement"), readElement}});
 }
 
 }  // namespace lwconfig

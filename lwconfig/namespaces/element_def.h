@@ -19,10 +19,10 @@ class ElementAttributeDef : public Counted<ElementAttributeDef> {
   static constexpr const char* kClassName = "ElementAttributeDef";
 
   std::string Name;          // the key in `ElementAttributeDefs`
-  std::string Description;   // what the attribute is for
-  std::string HelpTopic;     // page that tells about it
+  std::string Description;   // description of the attribute
+  std::string HelpTopic;     // page that describes the attribute
   std::string EditType;      // how its value is edited
-  std::string ListSource;    // where a list of values comes from
+  std::string ListSource;    // source of a list of values
   std::string ListValues;    // the values to choose from
   std::string DefaultValue;  // value where none is given
   bool Mandatory = false;    // whether it must be given
@@ -32,7 +32,7 @@ class ElementAttributeDef : public Counted<ElementAttributeDef> {
   /// The element is not kept alive.
   void SetElementDef(const std::shared_ptr<lwconfig::ElementDef>& element) { mElementDef.SetObject(element); }
 
-  /// Reads an `attribute` element. "Name" and "Description" are required: error 5 ends the load.
+  /// Reads an `attribute` element. "Name" and "Description" are required: error 5 stops the load.
   void Load(const XMLElement& e);
   /// A copy that belongs to the given element.
   std::shared_ptr<ElementAttributeDef> Clone(const std::shared_ptr<lwconfig::ElementDef>& ElementDef) const;
@@ -54,11 +54,11 @@ class ElementDef : public Counted<ElementDef>, public std::enable_shared_from_th
   static constexpr const char* kClassName = "ElementDef";
 
   std::string Name;            // the name of the element
-  std::string Description;     // what the element is for
+  std::string Description;     // description of the element
   std::string Category;        // the category under which it is offered
   std::string DesignerProgID;  // component that edits it
   std::string Namespaces;      // code element names
-  bool ScrapsOnly = false;     // whether it may stand in scraps only
+  bool ScrapsOnly = false;     // whether it is allowed in scraps only
   /// The attributes that it takes, filed under their names.
   Owned<lwconfig::ElementAttributeDefs> ElementAttributeDefs =
       std::make_shared<lwconfig::ElementAttributeDefs>();
@@ -72,7 +72,7 @@ class ElementDef : public Counted<ElementDef>, public std::enable_shared_from_th
 
   /// Reads an `lwelement` element of the profile `Parent`, then adds copies of those common attributes that
   /// the element does not define itself; null adds none. "Name" is required (error 5); a repeated attribute
-  /// is error 457. Either ends the load, and the attributes before it are kept.
+  /// is error 457. Either stops the load, and the attributes before it are kept.
   void Load(const XMLElement& e, const std::shared_ptr<NamespaceDefs>& Parent,
             const std::shared_ptr<lwconfig::ElementAttributeDefs>& CommonAttributes);
 
@@ -85,8 +85,8 @@ class ElementDefs : public KeyedCollection<ElementDef>, public Counted<ElementDe
  public:
   static constexpr const char* kClassName = "ElementDefs";
 
-  /// Reads an `lwelements` element of the profile. Common attributes reach the elements that follow them. A
-  /// failure ends the load, and the elements before it are kept.
+  /// Reads an `lwelements` element of the profile. Common attributes apply to the elements that follow them.
+  /// A failure stops the load, and the elements before it are kept.
   void Load(const XMLElement& e, const std::shared_ptr<NamespaceDefs>& NamespaceProfile);
 };
 

@@ -1,7 +1,6 @@
 #include <lwconfig/core/files/application_values.h>
 #include <lwconfig/core/loading/attribute_reader.h>
 #include <lwconfig/core/loading/configuration_files.h>
-#include <lwconfig/core/loading/inspection.h>
 #include <lwconfig/namespaces/language.h>
 
 namespace lwconfig {
@@ -18,7 +17,7 @@ struct Translation {
   std::string Value;
 };
 
-/// Files a text in a table, in which an empty key may come once too. Error 457 for a key that is present.
+/// Adds a text to a table. Empty keys count as keys too. Error 457 for a key that is present.
 void AddText(Collection& table, const std::string& text, const std::string& key) {
   for (std::int32_t position = 1; key.empty() && position <= table.Count(); ++position) {
     if (table.KeyAt(position).empty()) throw Error(kDuplicateKey, "The table has a text with an empty key");
@@ -28,6 +27,14 @@ void AddText(Collection& table, const std::string& text, const std::string& key)
 
 }  // namespace
 
+// languages.xml. The root element has any name. Of the element names, only that of Language is exact.
+//
+//   <Languages>
+//     <Language Name="Visual Basic" Caption= Overloads= ... IncludeByDefault="True">
+//       <DataType type="System.Int32" Value="Integer"/>
+//       <AccessType type="Public" Value="Public"/>
+//     </Language>
+//   </Languages>
 void Language::Load(const XMLElement& e) {
   AttributeReader in(e);
   in.Require("Name", Name);
@@ -58,32 +65,27 @@ void Language::Load(const XMLElement& e) {
   in.Try("ParameterDelimiter", ParameterDelimiter);
   in.Try("IncludeByDefault", IncludeByDefault, ExactTrue);
   in.Try("MultiDimensionalArraySymbol", MultiDimensionalArraySymbol);
-  ForEachChild(e, [&](const XMLElement& child) {
-    if (child.IsNamedIgnoringCase("datatype")) {
-      const Translation type(child);
-      AddText(*DataTypes, type.Value, type.Type);
-      AddText(*ReverseDataTypes, type.Type, type.Value);
-    } else if (child.IsNamedIgnoringCase("accesstype")) {
-      AttributeReader access(child);
-      const char* type = access.Find("type");
-      const char* value = access.Find("Value");
-      Inspection* const inspection = Inspection::Current();
-      if (type != nullptr && value != nullptr) {
-        try {
-          AddText(*AccessTypes, value, type);
-        } catch (const Error&) {
-          // The first word of an access level stays.
-          if (inspection != nullptr) {
-            inspection->Tell(Problem::DuplicateName, child, "type",
-                             "the word is left out: its access level has one already");
-          }
-        }
-      } else if (inspection != nullptr) {
-        inspection->Tell(Problem::MissingAttribute, child, {},
-                         "the word is left out: it needs the attributes \"type\" and \"Value\"");
-      }
+  const auto readType = [&](const XMLElement& child) {
+    const Translation type(child);
+    AddText(*DataTypes, type.Value, type.Type);
+    AddText(*ReverseDataTypes, type.Type, type.Value);
+  };
+  const auto readAccessWord = [&](const XMLElement& child) {
+    AttributeReader access(child);
+    const char* type = access.Find("type");
+    const char* value = access.Find("Value");
+    if (type == nullptr || value == nullptr) {
+      return Report(Problem::MissingAttribute, child, {},
+                    "the word is left out: it needs the attributes \"type\" and \"Value\"");
     }
-  });
+    try {
+      AddText(*AccessTypes, value, type);
+    } catch (const Error&) {
+      // Keep the first word of an access level.
+      Report(Problem::DuplicateName, child, "type", "the word is left out: its access level has one already");
+    }
+  };
+  ReadChildren(e, {{AnyCase("datatype"), readType}, {AnyCase("accesstype"), readAccessWord}});
 }
 
 std::shared_ptr<Languages> Languages::Shared() {
@@ -106,8 +108,7 @@ std::shared_ptr<Language> Languages::Item(const ItemKey& Key) const {
 
 void Languages::Load(const XMLElement& e) {
   mCol.Clear();
-  ForEachChild(e, [&](const XMLElement& child) {
-    if (!child.IsNamed("Language")) return;
+  ReadChildren(e, "Language", [&](const XMLElement& child) {
     auto language = std::make_shared<Language>();
     language->Load(child);
     Add(language, language->Name);

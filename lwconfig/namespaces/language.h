@@ -11,13 +11,13 @@
 
 namespace lwconfig {
 
-/// How declarations are written in one programming language.
+/// The notation of declarations in one programming language.
 class Language : public Counted<Language> {
  public:
   static constexpr const char* kClassName = "Language";
 
   std::string Name;                      // the key in `Languages`
-  std::string Caption;                   // the name that users read
+  std::string Caption;                   // the display name
   bool IncludeFlag = false;              // for the generator's use while it runs; never loaded
   std::string OverloadsWord;             // keyword of an overloading member
   std::string OverridesWord;             // keyword of an overriding member
@@ -53,9 +53,9 @@ class Language : public Counted<Language> {
   std::string MultiDimensionalArraySymbol;  // symbol after an array type of more than one dimension
 
   /// Reads a `Language` element. All words but `ParameterDelimiter` and `MultiDimensionalArraySymbol` are
-  /// required: error 5 ends the load. So does a data type that cannot be added to either table, with 457
-  /// where its name or text is repeated, an empty one too; an access type that cannot be added is passed
-  /// over.
+  /// required: error 5 stops the load. So does a data type that cannot be added to either table: error
+  /// 457 where its name or text, which may be empty once, is repeated. An access type that cannot be
+  /// added is passed over.
   void Load(const XMLElement& e);
 };
 
@@ -64,17 +64,17 @@ class Languages : public KeyedCollection<Language>, public Counted<Languages> {
  public:
   static constexpr const char* kClassName = "Languages";
 
-  /// The shared languages, on the first request created and loaded from the file `languages.xml` of the
-  /// configuration; empty where there is no such file. When loading fails, the error is thrown on and what
-  /// was loaded stays shared.
+  /// The shared languages, created on the first request and loaded from the file `languages.xml` of the
+  /// configuration; empty where there is no such file. An error during the load is rethrown, and the part
+  /// that was loaded stays shared.
   static std::shared_ptr<Languages> Shared();
 
-  /// The language under that key or at that position; the first one where there is none such. Error 5 for a
-  /// key, 9 for a position, while there is no language at all.
+  /// The language under that key or at that position; the first language where there is no such item. Error 5
+  /// for a key, 9 for a position, while there are no languages.
   Pointer Item(const ItemKey& Key) const override;
 
   /// Replaces the languages by the `Language` children of the element. A failing language, or two of one name
-  /// (error 457), end the load; the languages before it stay.
+  /// (error 457), stop the load; the languages before it are kept.
   void Load(const XMLElement& e);
 };
 

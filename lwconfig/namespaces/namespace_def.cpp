@@ -29,7 +29,7 @@ struct OpenDefinition {
 }  // namespace
 
 NamespaceDef::~NamespaceDef() {
-  // Definitions nest to any depth, so what only this one owns is taken apart level by level, not recursively.
+  // Destroy definitions that only this one owns level by level, not recursively: they nest to any depth.
   std::vector<std::shared_ptr<lwconfig::NamespaceDefs>> pending;
   if (mChildren) pending.push_back(std::move(mChildren));
   while (!pending.empty()) {
@@ -80,7 +80,7 @@ void NamespaceDef::LoadAttributes(const XMLElement& e) {
 void NamespaceDef::Load(const XMLElement& e) {
   LoadAttributes(e);
   const auto profile = NamespaceDefs();
-  // The definitions open at the moment, from the outermost nested one inwards.
+  // The open definitions, from the outermost nested one inwards.
   std::deque<OpenDefinition> open;
   open.emplace_back(nullptr, e.Children());
   while (!open.empty()) {

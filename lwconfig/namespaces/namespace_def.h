@@ -16,7 +16,7 @@ namespace lwconfig {
 
 class NamespaceDefs;
 
-/// One kind of code element that can be documented, with the kinds that lie below it, to any depth.
+/// One kind of code element that can be documented, with the kinds nested below it, to any depth.
 class NamespaceDef : public Counted<NamespaceDef> {
  public:
   static constexpr const char* kClassName = "NamespaceDef";
@@ -28,11 +28,11 @@ class NamespaceDef : public Counted<NamespaceDef> {
 
   std::string Name;                  // name of the kind, such as "LW:Module"; the key among its siblings
   std::string Handler;               // kept for the plug-in that offers the elements
-  std::string Caption;               // what users call such an element
-  std::string CommenterCaption;      // what the comment editors call it
-  std::string CaptionPlural;         // what users call several
+  std::string Caption;               // the display name of an element of this kind
+  std::string CommenterCaption;      // the display name in the comment editors
+  std::string CaptionPlural;         // the display name of several elements of this kind
   bool ProvideIncludeFlag = false;   // whether users may include or leave out such elements
-  bool DefaultIncludeFlag = false;   // what `ResetIncludeFlag` makes of `IncludeFlag`
+  bool DefaultIncludeFlag = false;   // the value that `ResetIncludeFlag` sets
   bool Tree_AlwaysPopulate = false;  // in the item tree: fill the node at once
   bool Tree_AlwaysExpand = false;    // in the item tree: open the node at once
   std::string Tree_Icon;             // in the item tree: name of the icon
@@ -40,8 +40,8 @@ class NamespaceDef : public Counted<NamespaceDef> {
   bool Tree_AllowExclude = true;     // in the item tree: users may leave an item out
   std::string Tree_CaptionTemplate;  // in the item tree: caption of an item
   bool Tree_Select_AlwaysPopulate = false;  // in the item tree: fill the node at once while users select
-  bool Tree_ShowFolder = false;             // in the item tree: items stand below a folder
-  bool Tree_ShowFolderInSelect = false;     // in the item tree: items stand below a folder while users select
+  bool Tree_ShowFolder = false;             // in the item tree: items are below a folder
+  bool Tree_ShowFolderInSelect = false;     // in the item tree: items are below a folder while users select
   std::string FileNameFormat;               // file name of the pages of such elements
   std::string Flags;                        // free text
   std::string ID;                           // free text
@@ -63,12 +63,12 @@ class NamespaceDef : public Counted<NamespaceDef> {
   void SetChildNamespaceDefs(std::shared_ptr<lwconfig::NamespaceDefs> children) {
     mChildren = std::move(children);
   }
-  /// The nested definitions, or null where none were ever asked for.
+  /// The nested definitions, or null while none have been requested.
   const lwconfig::NamespaceDefs* ExistingChildren() const { return mChildren.get(); }
 
   /// Reads a definition element and every element nested in it. "Name", "Handler" and "Caption" are required:
-  /// error 5 ends the load where one is missing, and the definitions complete before it are kept. Of nested
-  /// siblings with one name the first stays.
+  /// error 5 stops the load where one is missing, and the definitions complete before it are kept. Of nested
+  /// siblings with one name the first is kept.
   void Load(const XMLElement& e);
   /// Sets `IncludeFlag` to `DefaultIncludeFlag`, here and in every nested definition.
   void ResetIncludeFlag();
@@ -90,8 +90,8 @@ class NamespaceDefs : public KeyedCollection<NamespaceDef>,
   static constexpr const char* kClassName = "NamespaceDefs";
 
   std::string Name;              // the key in `NamespaceProfiles`
-  std::string Caption;           // what users call the profile
-  std::string CommenterCaption;  // what the comment editors call it
+  std::string Caption;           // the display name of the profile
+  std::string CommenterCaption;  // the display name in the comment editors
   bool IsFile = false;           // whether its sources are files
   std::string Supports;          // item types, joined by ","
   /// The elements that the profile offers.
@@ -102,12 +102,12 @@ class NamespaceDefs : public KeyedCollection<NamespaceDef>,
            const ItemKey& After = {}) override;
 
   /// Reads a profile from its root element. A failing definition, or two top-level ones of one name (error
-  /// 457), end the load; what was read before is kept.
+  /// 457), stop the load; everything read before is kept.
   void Load(const XMLElement& e);
   /// Resets the include flag of every definition, at any depth.
   void ResetIncludeFlags();
   /// The definitions at any depth with that caption, or name, without regard to letter case, each before
-  /// those nested in it. They are appended to `col`, without keys, and `col` is the result; a new collection
+  /// those nested in it. They are appended to `col` without keys, and `col` is returned; a new collection
   /// where it is null.
   std::shared_ptr<NamespaceDefs> GetNamespaceDefsByCaption(
       std::string_view Caption, std::shared_ptr<NamespaceDefs> col = nullptr) const;

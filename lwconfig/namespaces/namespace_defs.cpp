@@ -16,7 +16,7 @@ std::shared_ptr<NamespaceDefs> OrNew(std::shared_ptr<NamespaceDefs> col) {
 std::shared_ptr<NamespaceDefs> CollectByMember(const NamespaceDefs& profile,
                                                std::string NamespaceDef::*member, std::string_view text,
                                                std::shared_ptr<NamespaceDefs> col) {
-  // Collected first: the matches may go into the very collection that is searched.
+  // Collect first: the matches may be added to the very collection that is searched.
   std::vector<std::shared_ptr<NamespaceDef>> matches;
   WalkDefinitions(&profile, [&](const auto& definition) {
     if (EqualIgnoringCase((*definition).*member, text)) matches.push_back(definition);
@@ -32,10 +32,21 @@ void NamespaceDefs::Add(Pointer Item, std::string_view Key, const ItemKey& Befor
   try {
     KeyedCollection::Add(std::move(Item), Key, Before, After);
   } catch (const Error&) {
-    // Which of two definitions of a name stays is decided by the order in which they are added.
+    // Keep the first of two definitions with one name.
   }
 }
 
+// A file of the folder "Namespaces". The root element has any name; the letter case of names is ignored.
+//
+//   <LWNamespaces Name="LW.Core" Caption= CommenterCaption= IsFile= Supports=>
+//     <LWNamespace Name="LW:Module" Handler= Caption= ...>
+//       <LWNamespace Name="LW:Method" Handler= Caption= .../>       to any depth, under any element name
+//     </LWNamespace>
+//     <LWElements>
+//       <CommonAttributes> <Attribute Name= Description= .../> </CommonAttributes>
+//       <LWElement Name= ...> <Attribute Name= Description= .../> </LWElement>
+//     </LWElements>
+//   </LWNamespaces>
 void NamespaceDefs::Load(const XMLElement& e) {
   AttributeReader in(e);
   in.Try("Name", Name);
@@ -43,16 +54,14 @@ void NamespaceDefs::Load(const XMLElement& e) {
   in.Try("CommenterCaption", CommenterCaption);
   in.Try("IsFile", IsFile, ExactTrue);
   in.Try("Supports", Supports);
-  ForEachChild(e, [&](const XMLElement& child) {
-    if (child.IsNamedIgnoringCase("lwnamespace")) {
-      auto definition = std::make_shared<NamespaceDef>();
-      definition->SetNamespaceDefs(SelfOf(*this));
-      definition->Load(child);
-      KeyedCollection::Add(definition, definition->Name);
-    } else if (child.IsNamedIgnoringCase("lwelements")) {
-      ElementDefs->Load(child, SelfOf(*this));
-    }
-  });
+  const auto readNamespace = [&](const XMLElement& child) {
+    auto definition = std::make_shared<NamespaceDef>();
+    definition->SetNamespaceDefs(SelfOf(*this));
+    definition->Load(child);
+    KeyedCollection::Add(definition, definition->Name);
+  };
+  const auto readElements = [&](const XMLElement& child) { ElementDefs->Load(child, SelfOf(*this)); };
+  ReadChildren(e, {{AnyCase("lwnamespace"), readNamespace}, {AnyCase("lwelements"), readElements}});
 }
 
 void NamespaceDefs::ResetIncludeFlags() {

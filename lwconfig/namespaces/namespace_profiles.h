@@ -11,8 +11,8 @@ class NamespaceProfiles : public KeyedCollection<NamespaceDefs>, public Counted<
   static constexpr const char* kClassName = "NamespaceProfiles";
 
   /// Adds the profile of every "*.xml" file in the "Namespaces" folder of the configuration. A missing folder
-  /// is told by a message box and adds nothing. Two profiles of one name are error 457, which ends the load;
-  /// the profiles before it are kept. A profile without a name has no key.
+  /// shows a message box and adds nothing. Two profiles of one name are error 457, which stops the load; the
+  /// profiles before it are kept. A profile without a name has no key.
   void Load();
 };
 

@@ -10,7 +10,7 @@
 
 namespace lwconfig {
 
-/// What a provider of documentable items implements: it knows one kind of source, described by a namespace
+/// The interface of a provider of documentable items: it handles one kind of source, described by a namespace
 /// profile, finds its items and takes part in generation. A source is named by a moniker, a text that only
 /// the provider understands. Arguments that are references to objects or to a changeable string may be
 /// replaced.
@@ -30,9 +30,9 @@ class INamespaceProvider : public Counted<INamespaceProvider> {
                              std::string_view Filter = {});
   /// The provider's data for the generator.
   virtual AnyObject DocumentDataProvider() const;
-  /// Hands over the generator's project.
+  /// Passes the generator's project to the provider.
   virtual void Initialise(AnyObject& LWProject);
-  /// The root item that the moniker names.
+  /// The root item named by the moniker.
   virtual AnyObject GetRootItem(std::shared_ptr<lwconfig::NamespaceDef>& NamespaceDef,
                                 std::string_view Moniker);
   /// The item with that fully qualified name.
@@ -46,22 +46,22 @@ class INamespaceProvider : public Counted<INamespaceProvider> {
   virtual void StreamContent(AnyObject& OutputFile, std::string_view ContentType);
   /// The provider's name.
   virtual std::string Name() const;
-  /// Tells that the file was created for the item, and whether it is core content.
+  /// Reports that the file was created for the item, and whether it is core content.
   virtual void ContentCreated(AnyObject& Item, std::shared_ptr<lwconfig::NamespaceDef>& NamespaceDef,
                               std::string_view FileName, bool CoreContent);
-  /// Tells that a root item is about to be processed.
+  /// Reports that a root item is about to be processed.
   virtual void BeforeProcessRootItem(AnyObject& RootItem);
-  /// Tells that a root item has been processed.
+  /// Reports that a root item has been processed.
   virtual void AfterProcessRootItem(AnyObject& RootItem);
-  /// Tells that an item is about to be processed.
+  /// Reports that an item is about to be processed.
   virtual void BeforeProcessItem(AnyObject& Item, AnyObject& RootItem);
-  /// Tells that an item has been processed.
+  /// Reports that an item has been processed.
   virtual void AfterProcessItem(AnyObject& Item, AnyObject& RootItem);
   /// The provider's module items.
   virtual AnyObject GetModuleItems();
   /// Lets the user pick a source and returns its moniker.
   virtual std::string BrowseForMoniker(std::string_view Flags);
-  /// Whether the moniker names a usable source; if not, the reason is put into `Message`.
+  /// Whether the moniker names a usable source; if not, `Message` is set to the reason.
   virtual bool VerifyMoniker(std::string_view Moniker, std::string& Message);
   /// The moniker of a root item.
   virtual std::string GetMonikerFromRootItem(AnyObject& RootItem);

@@ -45,11 +45,16 @@ void PlugIns::Load() {
   LoadFrom(ConfigPath() + "\\PlugIns\\");
 }
 
+// A file of the folder "PlugIns". The root element has any name; the letter case of names is ignored.
+//
+//   <PlugIns>
+//     <PlugIn Name="LW.Core" Description= ExtendsWizard="True" WizardProgID= ExtendsContent="True"
+//             ContentProgID= ExtendsTableOfContents="False" TableOfContentsProgID=/>
+//   </PlugIns>
 void PlugIns::LoadFrom(std::string_view Folder) {
   mCol.Clear();
   ReadConfigurationFolder(Folder, [&](const XMLElement& root) {
-    ForEachChild(root, [&](const XMLElement& child) {
-      if (!child.IsNamedIgnoringCase("PlugIn")) return;
+    ReadChildren(root, AnyCase("PlugIn"), [&](const XMLElement& child) {
       auto plugIn = std::make_shared<PlugIn>();
       plugIn->Load(child);
       Add(plugIn, plugIn->Key);

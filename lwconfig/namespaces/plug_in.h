@@ -11,11 +11,11 @@
 
 namespace lwconfig {
 
-/// The part of a plug-in that its copies do not share.
+/// The part of a plug-in that copies do not share.
 class PlugInKey {
  public:
-  /// "P" and the next plug-in number of the process: identifies the object, not the plug-in; neither read nor
-  /// written. A copy has a key of its own.
+  /// "P" and the next plug-in number of the process: identifies the object, not the plug-in. Neither read nor
+  /// written. A copy has its own key.
   std::string Key;
 
  protected:
@@ -25,14 +25,14 @@ class PlugInKey {
   ~PlugInKey() = default;
 };
 
-/// A plug-in: for wizard, content and table of contents, whether it takes part and the component that serves
-/// it.
+/// A plug-in of the generator: for wizard, content and tables of contents, whether it takes part
+/// and which component serves it.
 class PlugIn : public PlugInKey, public Counted<PlugIn> {
  public:
   static constexpr const char* kClassName = "PlugIn";
 
   std::string Name;                     // the name by which templates enable it
-  std::string Description;              // what the plug-in does
+  std::string Description;              // description of the plug-in
   bool ExtendsWizard = false;           // whether it takes part in the wizard
   std::string WizardProgID;             // component that serves the wizard
   bool ExtendsContent = false;          // whether it takes part in the content of pages
@@ -40,11 +40,12 @@ class PlugIn : public PlugInKey, public Counted<PlugIn> {
   bool ExtendsTableOfContents = false;  // whether it takes part in tables of contents
   std::string TableOfContentsProgID;    // component that serves tables of contents
 
-  /// Reads a `PlugIn` element. All eight attributes are required: error 5 ends the load where one is missing.
+  /// Reads a `PlugIn` element. All eight attributes are required: error 5 stops the load where
+  /// one is missing.
   void Load(const XMLElement& e);
-  /// Writes all that is stored into the element, which the caller has named.
+  /// Writes all stored properties to the element, which the caller has named.
   void Save(XMLElement& e) const;
-  /// A copy with a key of its own.
+  /// A copy with its own key.
   std::shared_ptr<PlugIn> Clone() const;
 };
 
@@ -55,8 +56,8 @@ class PlugIns : public KeyedCollection<PlugIn>, public Counted<PlugIns> {
 
   /// Replaces the list by the plug-ins of every file in the "PlugIns" folder of the configuration.
   void Load();
-  /// Replaces the list by the plug-ins of every "*.xml" file in the folder; none where there is no such
-  /// folder. A failing element ends the load, and the plug-ins before it are kept.
+  /// Replaces the list by the plug-ins of every "*.xml" file in the folder; none where the folder does not
+  /// exist. A failing element stops the load, and the plug-ins before it are kept.
   void LoadFrom(std::string_view Folder);
   /// A list of copies, each filed under its own key.
   std::shared_ptr<PlugIns> Clone() const;

@@ -7,7 +7,7 @@
 
 namespace lwconfig {
 
-/// How much a comment editor shows at once.
+/// The comments that a comment editor shows at once.
 enum CommentEditorViewEnum : std::int32_t {
   CommentEditViewFull = 0,   // every comment
   CommentEditViewCombo = 1,  // one comment, chosen from a list
@@ -20,13 +20,13 @@ enum LWVSWindowStyleEnum : std::int32_t {
   LWVSWindowStyleExternal = 2,        // a window outside the editor
 };
 
-/// Where the comments of a block of code stand.
+/// The position of the comments of a block of code.
 enum BlockPositionEnum : std::int32_t {
   BlockPositionInside = 0,   // inside the block
   BlockPositionOutside = 1,  // outside the block
 };
 
-/// Where comments are kept.
+/// The storage of comments.
 enum CommentModeEnum : std::int32_t {
   ModeDocComments = 0,  // in XML documentation comments
   ModeVBCode = 1,       // in Visual Basic comments
@@ -38,7 +38,7 @@ enum LWIPCCommandEnum : std::int32_t {
   LWIPCIsLWProjectSelected = 100,  // asks whether a project is selected
   LWIPCOpenLWProject = 101,        // opens a project
   LWIPCIsFileLoaded = 102,         // asks whether a file is loaded
-  LWIPCReloadVBProject = 103,      // loads a Visual Basic project anew
+  LWIPCReloadVBProject = 103,      // reloads a Visual Basic project
 };
 
 /// Without members: publishes the enumerations that the product's tools share.

@@ -15,8 +15,8 @@ class OptionSet;
 
 enum class OptionType { Boolean, Integer, Enumeration, Text };
 
-/// One option of whatever type: a view on one application value of the user. It holds no value itself: every
-/// read sees what any process wrote last, every write is on disk when it returns.
+/// One option of any type: a view on one application value of the user. It caches no value: every read sees
+/// the latest write of any process, every write is on disk when it returns.
 class AnyOption {
  public:
   AnyOption(const AnyOption&) = delete;
@@ -29,11 +29,11 @@ class AnyOption {
   const char* ValueName() const { return mValueName; }
   virtual OptionType Type() const = 0;
   /// The value as text, with "True" and "False" for booleans and decimal digits for enumerations. Error 13 or
-  /// 6 where what is stored has no value of the option's type.
+  /// 6 where the stored text does not convert to the option's type.
   virtual std::string Text() const = 0;
-  /// As above for what the option is while nothing, or an empty text, is stored. Computed at each call.
+  /// The same for the default, the value while nothing or an empty text is stored. Computed at each call.
   virtual std::string DefaultText() const = 0;
-  /// Removes what is stored, so that the default applies. The error of a failing registry is thrown.
+  /// Removes the stored value, so that the default applies. The error of a failing registry is thrown.
   void Reset();
 
  protected:
@@ -69,12 +69,12 @@ class OptionSet {
   std::vector<AnyOption*> mOptions;
 };
 
-/// A text as it is.
+/// Returns a text unchanged.
 inline Conversion<std::string> AsText(std::string_view text) {
   return {std::string(text)};
 }
 
-/// How options of a type read their text unless they say otherwise.
+/// The default conversion of a type's stored text.
 template <class T>
 inline constexpr auto kUsualConversion = StrictInteger;
 template <>
@@ -92,7 +92,7 @@ class Option : public AnyOption {
  public:
   using ValueType = T;
 
-  /// `name` is the name of the property where it is not that of the value.
+  /// `name` is the name of the property where it differs from that of the value.
   Option(OptionSet& set, const char* section, const char* valueName, T defaultValue,
          const char* name = nullptr)
       : AnyOption(set, section, valueName, name), mDefault(std::move(defaultValue)) {}
@@ -102,8 +102,7 @@ class Option : public AnyOption {
 
   /// Error 13 or 6 where the stored text does not convert.
   virtual T Get() const { return Value(Read(StoredDefault())); }
-  /// Writes the value, whether or not it is one of an enumeration's. The error of a failing registry is
-  /// thrown.
+  /// Writes the value, even one outside its enumeration. The error of a failing registry is thrown.
   void Set(const T& value) { Write(ToStored(value)); }
   operator T() const { return Get(); }
   Option& operator=(const T& value) {

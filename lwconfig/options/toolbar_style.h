@@ -4,7 +4,7 @@
 
 namespace lwconfig {
 
-/// How toolbars look.
+/// The appearance of toolbars.
 enum LWToolBarStyleEnum : std::int32_t {
   ToolbarStyleOfficeXP = 0,            // flat
   ToolbarStyleOffice2003 = 1,          // in the colours of the desktop theme

@@ -6,7 +6,7 @@
 
 namespace lwconfig {
 
-/// Is written like every option and never read: it always is `ModeVBCode`.
+/// Written like every option and never read: the value is always `ModeVBCode`.
 class VBCommentModeOption : public Option<CommentModeEnum> {
  public:
   using Option::Option;
@@ -30,7 +30,7 @@ class VBOptions : public OptionSet, public Counted<VBOptions> {
   Option<bool, ExactTrue> IncludeSpace{*this, "VB", "IncludeSpace", true};
   Option<std::string> PreviewTemplate{*this, "VB", "PreviewTemplate", "Platform SDK style"};
   Option<std::string> VBAPreviewTemplate{*this, "VBA", "VBAPreviewTemplate", "VB Technical Documentation"};
-  /// Is written like every option and never read: it always is `ModeVBCode`.
+  /// Written like every option and never read: the value is always `ModeVBCode`.
   VBCommentModeOption VBCommentMode{*this, "VB", "VBCommentMode", ModeVBCode};
 
   Option<bool> ExternalWindow{*this, "VB", "ExternalWindow", false};

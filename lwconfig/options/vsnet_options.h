@@ -7,7 +7,7 @@
 namespace lwconfig {
 
 /// Language names as stored; for "Empty" those of every language of the configuration that is not included by
-/// default, in order, joined by ",". Loads the shared languages where it needs them.
+/// default, in order, joined by ",". Loads the shared languages if needed.
 Conversion<std::string> StoredOrExcludedLanguages(std::string_view stored);
 
 /// The user's options of the commenting add-in for Visual Studio .NET.
@@ -15,7 +15,7 @@ class VSNETOptions : public OptionSet, public Counted<VSNETOptions> {
  public:
   static constexpr const char* kClassName = "VSNETOptions";
 
-  /// Languages that are not edited on a full page, joined by ","; while none are stored, all those of the
+  /// Languages that are not edited on a full page, joined by ","; the default is all languages of the
   /// configuration that are not included by default.
   Option<std::string, StoredOrExcludedLanguages> FullPageEditExcludedLanguages{
       *this, "VSNET", "FullPageEditExcludedLanguages", "Empty"};

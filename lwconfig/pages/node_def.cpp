@@ -1,6 +1,7 @@
+#include <unordered_map>
+
 #include <lwconfig/core/base/nearest.h>
 #include <lwconfig/core/loading/attribute_reader.h>
-#include <lwconfig/core/loading/inspection.h>
 #include <lwconfig/core/xml/string_tools.h>
 #include <lwconfig/pages/node_def.h>
 #include <lwconfig/pages/page_layout.h>
@@ -45,19 +46,15 @@ Conversion<std::int32_t> KeyNumber(std::string_view key) {
   return StrictInteger(key.substr(second));
 }
 
-/// Tells an inspection under way of a layout that the template lacks.
-void TellUnknownLayout(const XMLElement& e, const char* layout, const PageLayouts* layouts) {
-  Inspection* const inspection = Inspection::Current();
-  if (inspection == nullptr) return;
-  inspection->Tell(
-      Problem::UnknownLayout, e, "PageLayout",
-      "the node gets no page: no page layout before it has the file \"" + std::string(layout) + "\"", [&] {
-        std::vector<std::string> known;
-        if (layouts != nullptr) {
-          for (const auto& existing : *layouts) known.push_back(existing->FileName);
-        }
-        return Nearest(layout, known);
-      });
+void ReportUnknownLayout(const XMLElement& e, const char* layout, const PageLayouts* layouts) {
+  Report(Problem::UnknownLayout, e, "PageLayout",
+         "the node gets no page: no page layout before it has the file \"" + std::string(layout) + "\"", [&] {
+           std::vector<std::string> known;
+           if (layouts != nullptr) {
+             for (const auto& existing : *layouts) known.push_back(existing->FileName);
+           }
+           return Nearest(layout, known);
+         });
 }
 
 std::shared_ptr<PageTemplate> TemplateOf(const std::shared_ptr<TOCDefinition>& definition) {
@@ -134,7 +131,7 @@ void NodeDef::Load(const XMLElement& e, const std::shared_ptr<lwconfig::TOCDefin
   if (layout != nullptr && layouts && StringTools::ObjectKeyExists(*layouts, layout)) {
     mPageLayout = layout;
   } else if (layout != nullptr && *layout != '\0') {
-    TellUnknownLayout(e, layout, layouts.get());
+    ReportUnknownLayout(e, layout, layouts.get());
   }
   PageType = kNoPageType;
   in.Try("PageType", PageType, StrictInteger);
@@ -175,7 +172,7 @@ void NodeDef::Save(XMLElement& e) const {
 
 std::shared_ptr<NodeDef> NodeDef::Clone() const {
   auto layout = PageLayout();
-  // Creating a node takes a number, also for one that then gets the key of its source.
+  // Take a number for every node that is created, even if it then gets the key of its source.
   auto copy = std::make_shared<NodeDef>();
   *copy = *this;
   copy->SetPageLayout(layout);
@@ -195,6 +192,23 @@ std::shared_ptr<NodeDefs> NodeDefs::Clone(
   }
   for (const auto& copy : *copies) copy->CementReferences(copies);
   return copies;
+}
+
+std::vector<std::vector<std::shared_ptr<NodeDef>>> NodeDefs::ParentLoops() const {
+  std::vector<std::vector<std::shared_ptr<NodeDef>>> loops;
+  std::unordered_map<const NodeDef*, const NodeDef*> startOf;  // the node whose walk reached the node first
+  for (const auto& start : *this) {
+    std::shared_ptr<NodeDef> node = start;
+    while (node && startOf.try_emplace(node.get(), start.get()).second) node = node->ParentNodeDef();
+    if (!node || startOf[node.get()] != start.get()) continue;
+    auto& loop = loops.emplace_back();
+    const std::shared_ptr<NodeDef> first = node;
+    do {
+      loop.push_back(node);
+      node = node->ParentNodeDef();
+    } while (node != first);
+  }
+  return loops;
 }
 
 }  // namespace lwconfig

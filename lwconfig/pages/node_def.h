@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include <lwconfig/core/base/instance_count.h>
 #include <lwconfig/core/base/keyed_collection.h>
@@ -18,7 +19,7 @@ class TOCDefinition;
 
 /// Kinds of node.
 enum NodeTypeEnum : std::int32_t {
-  ntStandard = 0,  // stands for itself
+  ntStandard = 0,  // a single node of the contents
   ntSmart = 1,     // repeats for every code element of one kind
   ntPlugIn = 2,    // is produced by a plug-in
 };
@@ -40,31 +41,31 @@ class NodeDef : public Counted<NodeDef> {
  public:
   static constexpr const char* kClassName = "NodeDef";
 
-  /// Takes the next node number of the process for its key.
+  /// Takes the next node number of the process as its key.
   NodeDef();
 
   std::string Key;                     // "N" and a number; the key in `NodeDefs`
-  NodeTypeEnum NodeType = ntStandard;  // what the node stands for
+  NodeTypeEnum NodeType = ntStandard;  // the kind of the node
   bool UseCustomIcon = false;          // whether the icon is `NodeIconIndex` rather than a book or a page
   bool MarkAsNew = false;              // whether the contents show the node as new
   std::string NodeCaptionTemplate;     // caption; may hold phrases and variables in %%
   std::string PlugInName;              // of an `ntPlugIn` node: the plug-in that generates it
   std::string PlugInData;              // of an `ntPlugIn` node: data for the plug-in, kept as it is
-  /// Kind of item that must exist for the node to be generated; 0 for none, -1 where the file had no usable
-  /// value.
+  /// Kind of item that must exist for the node to be generated; 0 for none, -1 where the file had
+  /// no usable value.
   DependantOnEnum DependantOn{};
   /// Code element name of these items; follows from `DependantOn` where the file has none.
   std::string DependantOnNamespace;
   std::string DependantOnNamespace_Filter;  // filter for these items, kept as it is
-  std::int32_t DependantCount = 1;          // how many such items there must be at least
+  std::int32_t DependantCount = 1;          // the least number of such items
   /// Whether the nodes below are generated even when this one is not.
   bool DependantStillProcessChildren = false;
   std::string FileNameTemplate;  // file name of the node's page; may hold variables in %%
-  /// Of an `ntSmart` node: kind of code element for which it repeats; not saved; -1 where the file had no
-  /// usable value.
+  /// Of an `ntSmart` node: kind of code element for which it repeats; not saved; -1 where the file had
+  /// no usable value.
   PageTypeEnum PageType = pgStandard;
-  /// Of an `ntSmart` node: code element names for which it repeats; follows from `PageType` where the file
-  /// has none.
+  /// Of an `ntSmart` node: code element names for which it repeats; follows from `PageType` where the
+  /// file has none.
   std::string PageTypeNamespace;
   std::string PageTypeNamespaceFilter;  // filter for these elements, kept as it is
   bool LinkToPage = true;               // whether the node links to its page
@@ -87,8 +88,8 @@ class NodeDef : public Counted<NodeDef> {
     mTOCDefinition.SetObject(definition);
   }
 
-  /// The layout of the node's page in the template of its definition, or null where it has none there.
-  /// Error 91 for a node without a definition, or whose definition has no template.
+  /// The layout of the node's page in the template of its definition; null where the template has no such
+  /// layout. Error 91 for a node without a definition, or whose definition has no template.
   std::shared_ptr<lwconfig::PageLayout> PageLayout() const;
   /// Refers to the layout by its file name; null for none.
   void SetPageLayout(const std::shared_ptr<lwconfig::PageLayout>& layout);
@@ -100,14 +101,14 @@ class NodeDef : public Counted<NodeDef> {
   std::int32_t ActualExpandedIconIndex(bool HasChildren) const;
 
   /// Links the node to the one in `NodeDefs` that its parent key names. Where there is none it becomes a root
-  /// node; one without a parent key stays as it is. Error 91 for a parent key and no `NodeDefs`.
+  /// node; a node without a parent key is not changed. Error 91 for a parent key and no `NodeDefs`.
   void CementReferences(const std::shared_ptr<lwconfig::NodeDefs>& NodeDefs);
 
   /// Reads a `NodeDef` element as a member of the definition. "Key" is required and has a number from its
-  /// second character on: error 5, 13 or 6 ends the load otherwise. Node numbers taken later lie above the
-  /// key's.
+  /// second character on; otherwise error 5, 13 or 6 stops the load. Node numbers taken later are greater
+  /// than the key's.
   void Load(const XMLElement& e, const std::shared_ptr<lwconfig::TOCDefinition>& TOCDefinition);
-  /// Names the element `NodeDef` and writes the node into it. Only a linked parent is saved.
+  /// Names the element `NodeDef` and writes the node to it. Only a linked parent is saved.
   void Save(XMLElement& e) const;
   /// A copy with the same key, parent and definition. Fails as `PageLayout` does.
   std::shared_ptr<NodeDef> Clone() const;
@@ -128,6 +129,10 @@ class NodeDefs : public KeyedCollection<NodeDef>, public Counted<NodeDefs> {
   /// A deep copy whose nodes belong to the given definition and have each other as parents.
   std::shared_ptr<NodeDefs> Clone(
       const std::shared_ptr<lwconfig::TOCDefinition>& TOCDefinition = nullptr) const;
+
+  /// The loops among the parents of nodes, in the order in which the nodes reach them. Each loop begins with
+  /// its first node and lists the parent of each. Nodes in and below a loop belong to no tree.
+  std::vector<std::vector<std::shared_ptr<NodeDef>>> ParentLoops() const;
 };
 
 }  // namespace lwconfig

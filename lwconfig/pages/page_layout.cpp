@@ -9,7 +9,7 @@
 namespace lwconfig {
 namespace {
 
-/// Methods and properties come with the implemented ones; a collection's page has no kind of its own.
+/// Methods and properties include the implemented ones; the page of a collection has no kind of its own.
 std::string_view NamespaceOf(PageTypeEnum pageType, std::string_view fileName) {
   if (pageType == pgMethod) return "LW:Method,LW:ImplementedMethod";
   if (pageType == pgProperty) return "LW:Property,LW:ImplementedProperty";
@@ -23,7 +23,7 @@ struct TitleOfFile {
   std::string_view TitleTemplate;
 };
 
-/// The file-name templates of the layouts whose older files hold a title instead.
+/// The file-name templates of those layouts that had a title there in older files.
 constexpr TitleOfFile kTitlesOfOlderFiles[] = {
     {"references.html", "%%projectname%%_references.html"},
     {"gettingstarted.html", "%%projectname%%_gettingstarted.html"},

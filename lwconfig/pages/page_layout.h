@@ -26,20 +26,20 @@ class PageLayout : public Counted<PageLayout> {
   std::string Namespace;                    // code element names, joined by ","
   std::string DependantOnNamespace;         // code element name of the items that the page depends on
   std::string DependantOnNamespace_Filter;  // filter for these items, kept as it is
-  std::int32_t DependantCount = -1;         // how many of them the page depends on
+  std::int32_t DependantCount = -1;         // the number of items that the page depends on
 
-  /// Whether `FileName` ends in the extension of a help project, contents, index or similar file.
+  /// Whether `FileName` has the extension of a help project, contents, index or similar file.
   bool IsHTMLHelpProjectFile() const;
 
   /// A copy of all stored properties.
   std::shared_ptr<PageLayout> Clone() const;
-  /// Reads a `PageLayout` element. "Name", "FileName" and "TitleTemplate" are required: error 5 ends the load
-  /// where one is missing, and what was read before it is kept.
+  /// Reads a `PageLayout` element. "Name", "FileName" and "TitleTemplate" are required: error 5 stops the
+  /// load where one is missing, and everything read before it is kept.
   void Load(const XMLElement& e);
-  /// Names the element `PageLayout` and writes all properties but the two tags into it.
+  /// Names the element `PageLayout` and writes all properties but the two tags to it.
   void Save(XMLElement& e) const;
-  /// Fills what follows from the file name and page type: an empty `Namespace`, and a `TitleTemplate` that is
-  /// empty or holds a title from an older file. `Load` ends with it.
+  /// Derives values from the file name and page type: an empty `Namespace`, and a `TitleTemplate` that is
+  /// empty or holds a title from an older file. `Load` calls it last.
   void FillDerivedValues();
 };
 
@@ -48,7 +48,7 @@ class PageLayouts : public KeyedCollection<PageLayout>, public Counted<PageLayou
  public:
   static constexpr const char* kClassName = "PageLayouts";
 
-  /// Raised at the end of every `Add` that succeeded.
+  /// Raised at the end of every successful `Add`.
   Event<> ContentsChange;
 
   void Add(Pointer obj, std::string_view Key = {}, const ItemKey& Before = {},

@@ -25,7 +25,7 @@ enum PageTypeEnum : std::int32_t {
   pgExample = 15,       // an example
 };
 
-/// No usable page type was found in the file.
+/// The file had no usable page type.
 inline constexpr auto kNoPageType = static_cast<PageTypeEnum>(-1);
 
 /// The name of the code element for which pages of this kind are produced; empty where there is none.

@@ -9,8 +9,7 @@ void TOCDefinition::Load(const XMLElement& e, const std::shared_ptr<lwconfig::Pa
   in.Require("Name", Name);
   in.Require("Description", Description);
   const auto self = SelfOf(*this);
-  ForEachChild(e, [&](const XMLElement& child) {
-    if (!child.IsNamed("NodeDef")) return;
+  ReadChildren(e, "NodeDef", [&](const XMLElement& child) {
     auto node = std::make_shared<NodeDef>();
     node->Load(child, self);
     NodeDefs->Add(node, node->Key);

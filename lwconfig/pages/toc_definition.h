@@ -19,7 +19,7 @@ class TOCDefinition : public Counted<TOCDefinition>, public std::enable_shared_f
   static constexpr const char* kClassName = "TOCDefinition";
 
   std::string Name;         // the key in `TOCDefinitions`
-  std::string Description;  // what it is for
+  std::string Description;  // description of the contents
   /// Its nodes, filed under their keys.
   Owned<lwconfig::NodeDefs> NodeDefs = std::make_shared<lwconfig::NodeDefs>();
 
@@ -30,12 +30,12 @@ class TOCDefinition : public Counted<TOCDefinition>, public std::enable_shared_f
     mPageTemplate.SetObject(owner);
   }
 
-  /// Reads a `TOCDefinition` element of the template. "Name" and "Description" are required; a missing one
-  /// (error 5), a failing node or a key used twice (457) ends the load, and the nodes before it are kept.
+  /// Reads a `TOCDefinition` element of the template. "Name" and "Description" are required. A missing one
+  /// (error 5), a failing node or a repeated key (457) stops the load, and the nodes before it are kept.
   void Load(const XMLElement& e, const std::shared_ptr<lwconfig::PageTemplate>& PageTemplate);
-  /// Writes all that is stored into the element, which the caller has named.
+  /// Writes all stored properties to the element, which the caller has named.
   void Save(XMLElement& e) const;
-  /// A deep copy that belongs to the given template.
+  /// A deep copy owned by the given template.
   std::shared_ptr<TOCDefinition> Clone(const std::shared_ptr<lwconfig::PageTemplate>& PageTemplate) const;
 
  private:

@@ -27,17 +27,17 @@ class VariableDef : public Counted<VariableDef> {
   static constexpr const char* kClassName = "VariableDef";
 
   std::string Name;                               // the key in `VariableDefs`
-  std::string Description;                        // what users are told about it
+  std::string Description;                        // description shown to users
   VariableDefTypeEnum VariableDefType = vdtText;  // kind of value
-  std::string Caption;                            // what users are asked
-  std::string DefaultValue;  // value where the user sets none, as text; not checked against the type
+  std::string Caption;                            // prompt shown to users
+  std::string DefaultValue;  // value unless the user sets one, as text; not checked against the type
 
   /// A copy of all properties.
   std::shared_ptr<VariableDef> Clone() const;
-  /// Reads a `VariableDef` element. "Name" and "Description" are required: error 5 ends the load where one is
-  /// missing. An empty caption becomes the name. `PageTemplate` is accepted and not used.
+  /// Reads a `VariableDef` element. "Name" and "Description" are required: error 5 stops the load where one
+  /// is missing. An empty caption becomes the name. `PageTemplate` is accepted and not used.
   void Load(const XMLElement& e, const std::shared_ptr<PageTemplate>& PageTemplate);
-  /// Names the element `VariableDef` and writes the properties into it.
+  /// Names the element `VariableDef` and writes the properties to it.
   void Save(XMLElement& e) const;
 };
 

@@ -18,7 +18,7 @@ std::unique_ptr<Component> CreateComponent(std::string_view progId) {
   const auto found = Factories().find(FoldCase(progId));
   if (found == Factories().end()) return CreateHostComponent(progId);
   try {
-    // A copy, because the factory may register another one.
+    // Copy the factory: it may register another one.
     const ComponentFactory factory = found->second;
     return factory();
   } catch (...) {

@@ -7,11 +7,11 @@
 
 namespace lwconfig::platform {
 
-/// An automation component of somebody else, as far as this library uses one.
+/// A foreign automation component, as far as this library uses it.
 class Component {
  public:
   virtual ~Component() = default;
-  /// Hands the component one text, such as the report of a failure.
+  /// Sends a text to the component, such as the report of a failure.
   virtual void Receive(std::string_view text) = 0;
 };
 
@@ -21,8 +21,7 @@ using ComponentFactory = std::function<std::unique_ptr<Component>()>;
 /// cannot be created.
 std::unique_ptr<Component> CreateComponent(std::string_view progId);
 
-/// Registers a component for this process; an empty factory takes the registration back. Returns the factory
-/// registered before.
+/// Registers a component for this process; an empty factory unregisters it. Returns the previous factory.
 ComponentFactory RegisterComponent(const std::string& progId, ComponentFactory factory);
 
 }  // namespace lwconfig::platform

@@ -14,7 +14,7 @@ MessageBoxHandler& Handler() {
 }  // namespace
 
 void ShowMessage(const Message& message) {
-  // A copy, because the handler may set another one.
+  // Copy the handler: it may set another one.
   if (const MessageBoxHandler handler = Handler()) return handler(message);
   ShowHostMessage(message);
 }

@@ -15,11 +15,11 @@ struct Message {
 
 using MessageBoxHandler = std::function<void(const Message&)>;
 
-/// Shows a modal message through the host's handler. Without one, and without a user interface, it is one
-/// line on standard error: the title, a colon and the text, line breaks turned into blanks.
+/// Shows a modal message through the host's handler. Without a handler and a user interface, writes one line
+/// to standard error: the title, a colon and the text, line breaks replaced by blanks.
 void ShowMessage(const Message& message);
 
-/// Sets the handler that shows messages, an empty one for the default; returns the one that was set before.
+/// Sets the handler that shows messages, an empty one for the default. Returns the previous handler.
 MessageBoxHandler SetMessageBoxHandler(MessageBoxHandler handler);
 
 }  // namespace lwconfig::platform

@@ -6,11 +6,11 @@
 
 namespace lwconfig::platform {
 
-/// What becomes of a ".." above the folder that a path begins in.
+/// How a ".." above the base folder of a path is treated.
 enum class Above { IsLeftOut, IsKept };
 
-/// Appends the parts of `parts`, between any of `separators`, each with `separator` in front. A "." is left
-/// out, a ".." removes the part before it, but nothing of the first `least` bytes of `path`.
+/// Appends the parts of `parts`, split at any of `separators`, each with `separator` in front. A "." is left
+/// out. A ".." removes the previous part, but nothing of the first `least` bytes of `path`.
 void AppendParts(std::string& path, std::size_t least, std::string_view parts, std::string_view separators,
                  char separator, Above above = Above::IsLeftOut);
 

@@ -2,18 +2,18 @@
 
 namespace lwconfig::platform {
 
-/// The replacement for service `T` that is in force, or null.
+/// The active replacement for service `T`, or null.
 template <class T>
 inline T* gReplacement = nullptr;
 
-/// The service of type `T` in force: the host's own (`T::Native()`) unless a `ScopedHost` replaces it.
-/// The reference stays valid for the life of the process, or of the replacement.
+/// The active service of type `T`: the host's own (`T::Native()`) unless a `ScopedHost` replaces it. The
+/// reference stays valid for the lifetime of the process, or of the replacement.
 template <class T>
 T& Host() {
   return gReplacement<T> != nullptr ? *gReplacement<T> : T::Native();
 }
 
-/// Puts `replacement` in the place of the host's service for the life of this object. The caller owns
+/// Replaces the host's service by `replacement` during the lifetime of this object. The caller owns
 /// `replacement`, which must outlive it; scopes nest.
 template <class T>
 class ScopedHost {

@@ -6,9 +6,9 @@
 namespace lwconfig::platform {
 
 /// The name of the file that collects new content beside the file `name`: always the same for a file, in any
-/// letter case, and no longer than a file system takes.
+/// letter case, and within the length limit of file systems.
 std::string TemporaryName(std::string_view name);
-/// Whether a file of this name is one, also one that a process left behind when it died.
+/// Whether a file name is such a name, including one left behind by a process that died.
 bool IsTemporaryName(std::string_view name);
 
 }  // namespace lwconfig::platform

@@ -7,7 +7,7 @@ namespace {
 
 constexpr std::string_view kCurrentVersion = "4.11";
 
-/// Hands each item a child element of its own to save itself to.
+/// Saves each item to a child element of its own.
 template <class Items>
 void SaveItems(XMLElement& e, std::string_view tag, const Items& items) {
   for (const auto& item : items) {
@@ -121,7 +121,7 @@ std::shared_ptr<PageTemplate> PageTemplate::Clone() const {
   copy->Supports = Supports;
   copy->Version = Version;
   copy->Languages = Languages;
-  // Layouts first: the copies of the nodes look theirs up in the copy.
+  // Copy the layouts first: the copied nodes look up theirs in the copy.
   for (const auto& layout : *mPageLayouts) copy->mPageLayouts->Add(layout->Clone(), layout->FileName);
   for (const auto& variable : *VariableDefs) copy->VariableDefs->Add(variable->Clone(), variable->Name);
   for (const auto& toc : *TOCDefinitions) copy->TOCDefinitions->Add(toc->Clone(copy), toc->Name);

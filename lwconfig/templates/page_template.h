@@ -20,8 +20,8 @@
 
 namespace lwconfig {
 
-/// One look and feel of the generated documentation: a folder of page layouts and the settings in its
-/// `config.xml`.
+/// One look and feel of the generated documentation: a folder of page layouts and the settings
+/// in its `config.xml`.
 class PageTemplate : public Counted<PageTemplate>, public std::enable_shared_from_this<PageTemplate> {
  public:
   static constexpr const char* kClassName = "PageTemplate";
@@ -31,8 +31,8 @@ class PageTemplate : public Counted<PageTemplate>, public std::enable_shared_fro
   PageTemplate& operator=(const PageTemplate&) = delete;
 
   std::string RootFolder;           // the template's folder, with trailing backslash
-  std::string Name;                 // the key by which users know the template
-  std::string Description;          // what the template is for
+  std::string Name;                 // the display name, by which the catalogue finds the template
+  std::string Description;          // description of the template
   std::int32_t objFillColor = 0;    // relationship diagrams: colour that fills an object
   std::int32_t objTextColor = 0;    // relationship diagrams: colour of the text of an object
   std::int32_t objBorderColor = 0;  // relationship diagrams: colour of the border of an object
@@ -68,12 +68,12 @@ class PageTemplate : public Counted<PageTemplate>, public std::enable_shared_fro
 
   /// The layouts, filed under their file names.
   const Owned<lwconfig::PageLayouts>& PageLayouts() const { return mPageLayouts; }
-  /// Replaces the layouts; the template listens to the new collection only.
+  /// Replaces the layouts; the template then listens to the new collection only.
   void SetPageLayouts(std::shared_ptr<lwconfig::PageLayouts> layouts);
-  /// Raised after every `Add` to `PageLayouts` that succeeded.
+  /// Raised after every successful `Add` to `PageLayouts`.
   Event<> PageLayoutsChange;
 
-  /// The names of the namespace profiles that the template uses, in load order, known or not.
+  /// The names of the namespace profiles that the template uses, in load order, including unknown ones.
   const std::shared_ptr<Collection>& NamespaceProfileNames() const { return mNamespaceProfileNames; }
   /// The shared plug-ins that the template enables, filed under their names. Built on the first request and
   /// then kept. Two plug-ins of one enabled name are error 457; the list keeps the first.
@@ -85,7 +85,7 @@ class PageTemplate : public Counted<PageTemplate>, public std::enable_shared_fro
   /// HTML. Null before the first load.
   const std::shared_ptr<Collection>& Phrases() const { return mPhrases.Texts(); }
   const std::shared_ptr<Collection>& Scraps() const { return mScraps.Texts(); }
-  /// The loaded language is left as it was.
+  /// The loaded language does not change.
   void SetPhrases(std::shared_ptr<Collection> phrases) { mPhrases.SetTexts(std::move(phrases)); }
   void SetScraps(std::shared_ptr<Collection> scraps) { mScraps.SetTexts(std::move(scraps)); }
   /// The languages whose phrases and scraps were loaded last; empty before the first load.
@@ -96,7 +96,7 @@ class PageTemplate : public Counted<PageTemplate>, public std::enable_shared_fro
   std::shared_ptr<Collection> ScrapNames() const { return mScraps.Names(RootFolder); }
   /// Loads the phrases and then the scraps of a language, unless they are the loaded ones (letter case
   /// counts); none where it has no file. Error 52 for a language that would lead out of their folders, 5 for
-  /// an element without a name. A failure ends the load, and the texts before it are kept.
+  /// an element without a name. A failure stops the load, and the texts before it are kept.
   void LoadPhrasesAndScraps(std::string_view Language);
   /// The phrase of that name, letter case ignored; "!MISSING PHRASE 'Name'!" where there is none.
   std::string Phrase(std::string_view Name) const;
@@ -104,9 +104,9 @@ class PageTemplate : public Counted<PageTemplate>, public std::enable_shared_fro
   std::string Scrap(std::string_view Name) const;
 
   /// Reads the root element of `config.xml`; `RootFolder` has been set. "Name" and "Description" are
-  /// required. A failure ends the load, and what was read before it is kept.
+  /// required. A failure stops the load, and everything read before it is kept.
   void Load(const XMLElement& e);
-  /// Names the element `PageTemplate` and writes the template into it, in the current version of the format.
+  /// Names the element `PageTemplate` and writes the template to it, in the current version of the format.
   void Save(XMLElement& e) const;
   /// A copy with layouts, variables and contents definitions of its own. It shares the namespace definitions
   /// and profile names with this template, and has no phrases or scraps.

@@ -1,6 +1,6 @@
+#include <algorithm>
 #include <optional>
 #include <string_view>
-#include <unordered_map>
 #include <unordered_set>
 #include <vector>
 
@@ -9,7 +9,6 @@
 #include <lwconfig/core/files/disk_file.h>
 #include <lwconfig/core/loading/attribute_reader.h>
 #include <lwconfig/core/loading/diagnostics.h>
-#include <lwconfig/core/loading/inspection.h>
 #include <lwconfig/core/xml/string_tools.h>
 #include <lwconfig/namespaces/namespace_profiles.h>
 #include <lwconfig/templates/page_template.h>
@@ -22,7 +21,7 @@ constexpr std::string_view kDefaultCategory = "VB source code, COM Components an
 constexpr std::string_view kCoreProfile = "LW.Core";
 constexpr std::string_view kDefaultTOC = "Default";
 
-/// Whether a file of the template folder serves another purpose than that of a layout.
+/// Whether a file of the template folder is not a layout.
 bool IsNoLayout(std::string_view fileName) {
   constexpr std::string_view kConfig = "config";
   const DiskFile file(fileName);
@@ -32,7 +31,7 @@ bool IsNoLayout(std::string_view fileName) {
          EqualIgnoringCase(baseName, "vssver");
 }
 
-/// The entries of a template folder, listed once: asking the file system for each layout would cost more than
+/// The entries of a template folder, listed once: examining each layout file separately would cost more than
 /// reading its configuration.
 class TemplateFolder {
  public:
@@ -44,7 +43,7 @@ class TemplateFolder {
   }
 
   const std::vector<platform::FolderEntry>& Entries() const { return mEntries; }
-  /// Whether the file exists, also below a sub-folder.
+  /// Whether the file exists, in a sub-folder too.
   bool HasFile(const std::string& fileName) const {
     return mFiles.contains(FoldCase(fileName)) || DiskFile(mRootFolder + fileName).Exists();
   }
@@ -55,32 +54,10 @@ class TemplateFolder {
   std::unordered_set<std::string> mFiles;  // their names in one letter case
 };
 
-/// Whether the parent of a node that was just linked is still to be linked itself. In a circle that holds for
-/// the first node at least.
+/// Whether the parent of a node that was just linked is not linked yet. In a loop this holds at least for
+/// the first node.
 bool IsAheadOf(const NodeDef* parent, const NodeDef* node) {
   return parent == node || (parent != nullptr && !parent->ParentKey().empty() && !parent->ParentNodeDef());
-}
-
-/// The nodes whose parents lead to no root, in order.
-std::vector<const NodeDef*> NodesInCircles(const NodeDefs& nodes) {
-  enum class State { BeingFollowed, Rooted, Circling };
-  std::unordered_map<const NodeDef*, State> states;
-  std::vector<const NodeDef*> circling;
-  for (const auto& start : nodes) {
-    std::vector<const NodeDef*> followed;
-    State end = State::Rooted;
-    for (auto node = start; node; node = node->ParentNodeDef()) {
-      const auto [known, isNew] = states.try_emplace(node.get(), State::BeingFollowed);
-      if (!isNew) {
-        end = known->second == State::Rooted ? State::Rooted : State::Circling;
-        break;
-      }
-      followed.push_back(node.get());
-    }
-    for (const NodeDef* node : followed) states[node] = end;
-    if (states[start.get()] == State::Circling) circling.push_back(start.get());
-  }
-  return circling;
 }
 
 bool HasValue(const XMLElement& e, const char* attribute, const std::string& value) {
@@ -90,7 +67,20 @@ bool HasValue(const XMLElement& e, const char* attribute, const std::string& val
 
 }  // namespace
 
-/// One load of a template: the steps, and what they share.
+// config.xml of a template. The letter case of element names counts.
+//
+//   <PageTemplate Name= Description= SupportedItemTypes="binary,source" ...>
+//     <NamespaceDef Name="LW.Core"/>                        the default where there is none
+//     <EnabledPlugins> <Plugin>LW.Core</Plugin> ... </EnabledPlugins>
+//     <VariableDef Name= Description= Type="0" .../>
+//     <PageLayout Name= FileName= TitleTemplate= .../>      skipped where the folder has no such file
+//     <TOCDefinition Name= Description=>
+//       <NodeDef Key="N2" ParentKey="N1" .../>              the tree, flat
+//     </TOCDefinition>
+//     <NodeDef .../>                                        older files: the contents "Default"
+//   </PageTemplate>
+
+/// One load of a template: the steps and their shared state.
 class PageTemplate::Loader {
  public:
   Loader(PageTemplate& target, const XMLElement& e)
@@ -101,7 +91,7 @@ class PageTemplate::Loader {
 
   void Run() {
     ReadSettings();
-    ForEachChild(mElement, [this](const XMLElement& child) { ReadChild(child); });
+    ReadChildren();
     if (mTarget.mNamespaceProfileNames->Count() == 0) {
       UseNamespaceProfile(std::string(kCoreProfile));
       mTarget.EnabledPlugins->Add(std::string(kCoreProfile), kCoreProfile);
@@ -113,7 +103,7 @@ class PageTemplate::Loader {
   }
 
  private:
-  /// Listed when it is needed first: a template that fails before has no need of its folder.
+  /// List on first use: a template that fails earlier does not need its folder.
   const TemplateFolder& Folder() {
     if (!mFolder) mFolder.emplace(mTarget.RootFolder);
     return *mFolder;
@@ -144,60 +134,70 @@ class PageTemplate::Loader {
     if (mTarget.TemplateCategory.empty()) mTarget.TemplateCategory = kDefaultCategory;
   }
 
-  void ReadChild(const XMLElement& child) {
-    if (child.IsNamed("PageLayout")) {
-      auto layout = std::make_shared<PageLayout>();
-      layout->Load(child);
-      const bool usable = !IsNoLayout(layout->FileName);
-      const bool known = StringTools::ObjectKeyExists(*mTarget.PageLayouts(), layout->FileName);
-      if (usable && !known && Folder().HasFile(layout->FileName)) {
-        mTarget.PageLayouts()->Add(layout, layout->FileName);
-      } else if (Inspection* const inspection = Inspection::Current()) {
-        TellLeftOut(*inspection, child, layout->FileName, usable, known);
-      }
-    } else if (child.IsNamed("TOCDefinition")) {
-      auto toc = std::make_shared<TOCDefinition>();
-      toc->Load(child, mShared);
-      mTarget.TOCDefinitions->Add(toc, toc->Name);
-    } else if (child.IsNamed("NodeDef")) {
-      auto node = std::make_shared<NodeDef>();
-      node->Load(child, mLooseNodes);
-      mLooseNodes->NodeDefs->Add(node, node->Key);
-    } else if (child.IsNamed("VariableDef")) {
-      auto variable = std::make_shared<VariableDef>();
-      variable->Load(child, mShared);
-      mTarget.VariableDefs->Add(variable, variable->Name);
-    } else if (child.IsNamed("EnabledPlugins")) {
-      ForEachChild(child, [&](const XMLElement& plugIn) {
-        const std::string name = plugIn.Text();
-        mTarget.EnabledPlugins->Add(name, name);
-      });
-    } else if (child.IsNamed("NamespaceDef")) {
-      std::string name;
-      AttributeReader(child).Require("Name", name);
-      UseNamespaceProfile(name);
+  void ReadChildren() {
+    lwconfig::ReadChildren(mElement,
+                           {
+                               {"PageLayout", [this](const XMLElement& child) { ReadLayout(child); }},
+                               {"TOCDefinition", [this](const XMLElement& child) { ReadContents(child); }},
+                               {"NodeDef", [this](const XMLElement& child) { ReadLooseNode(child); }},
+                               {"VariableDef", [this](const XMLElement& child) { ReadVariable(child); }},
+                               {"EnabledPlugins", [this](const XMLElement& child) { ReadPlugIns(child); }},
+                               {"NamespaceDef", [this](const XMLElement& child) { ReadNamespace(child); }},
+                           });
+  }
+
+  void ReadLayout(const XMLElement& e) {
+    auto layout = std::make_shared<PageLayout>();
+    layout->Load(e);
+    const std::string& fileName = layout->FileName;
+    const std::string leftOut = "the page layout is left out: ";
+    if (IsNoLayout(fileName)) {
+      if (fileName.empty()) return;  // the missing name was reported
+      Report(Problem::ReservedFileName, e, "FileName", leftOut + "a file \"" + fileName + "\" is never one");
+    } else if (StringTools::ObjectKeyExists(*mTarget.PageLayouts(), fileName)) {
+      Report(Problem::DuplicateName, e, "FileName",
+             leftOut + "an earlier one has the file \"" + fileName + "\"");
+    } else if (Folder().HasFile(fileName)) {
+      mTarget.PageLayouts()->Add(layout, fileName);
+    } else if (!fileName.empty()) {
+      Report(Problem::MissingLayoutFile, e, "FileName",
+             leftOut + "the folder of the template has no file \"" + fileName + "\"", [&] {
+               std::vector<std::string> names;
+               for (const auto& entry : Folder().Entries()) names.push_back(entry.Name);
+               return Nearest(fileName, names);
+             });
     }
   }
 
-  /// Tells of a layout that the template does not get.
-  void TellLeftOut(Inspection& inspection, const XMLElement& e, const std::string& fileName, bool isUsable,
-                   bool isKnown) {
-    if (fileName.empty()) return;  // that the name is missing was told
-    const std::string leftOut = "the page layout is left out: ";
-    if (!isUsable) {
-      inspection.Tell(Problem::ReservedFileName, e, "FileName",
-                      leftOut + "a file \"" + fileName + "\" is never one");
-    } else if (isKnown) {
-      inspection.Tell(Problem::DuplicateName, e, "FileName",
-                      leftOut + "one with the file \"" + fileName + "\" stands before");
-    } else {
-      inspection.Tell(Problem::MissingLayoutFile, e, "FileName",
-                      leftOut + "the folder of the template has no file \"" + fileName + "\"", [&] {
-                        std::vector<std::string> names;
-                        for (const auto& entry : Folder().Entries()) names.push_back(entry.Name);
-                        return Nearest(fileName, names);
-                      });
-    }
+  void ReadContents(const XMLElement& e) {
+    auto toc = std::make_shared<TOCDefinition>();
+    toc->Load(e, mShared);
+    mTarget.TOCDefinitions->Add(toc, toc->Name);
+  }
+
+  void ReadLooseNode(const XMLElement& e) {
+    auto node = std::make_shared<NodeDef>();
+    node->Load(e, mLooseNodes);
+    mLooseNodes->NodeDefs->Add(node, node->Key);
+  }
+
+  void ReadVariable(const XMLElement& e) {
+    auto variable = std::make_shared<VariableDef>();
+    variable->Load(e, mShared);
+    mTarget.VariableDefs->Add(variable, variable->Name);
+  }
+
+  void ReadPlugIns(const XMLElement& e) {
+    ForEachChild(e, [&](const XMLElement& plugIn) {
+      const std::string name = plugIn.Text();
+      mTarget.EnabledPlugins->Add(name, name);
+    });
+  }
+
+  void ReadNamespace(const XMLElement& e) {
+    std::string name;
+    AttributeReader(e).Require("Name", name);
+    UseNamespaceProfile(name);
   }
 
   void UseNamespaceProfile(const std::string& name) {
@@ -209,33 +209,36 @@ class PageTemplate::Loader {
 
   void LinkNodes() {
     for (const auto& toc : *mTarget.TOCDefinitions) {
-      bool mayCircle = false;
+      bool mayLoop = false;
       for (const auto& node : *toc->NodeDefs) {
         node->CementReferences(toc->NodeDefs);
-        mayCircle = mayCircle || IsAheadOf(node->ParentNodeDef().get(), node.get());
+        mayLoop = mayLoop || IsAheadOf(node->ParentNodeDef().get(), node.get());
       }
-      // An inspection tells of every circle itself.
-      if (mayCircle && Inspection::Current() == nullptr) TellCircles(*toc);
+      if (mayLoop) ReportLoops(*toc);
     }
   }
 
-  void TellCircles(const TOCDefinition& toc) const {
-    const auto nodes = NodesInCircles(*toc.NodeDefs);
-    if (nodes.empty()) return;
-    Diagnose({PlaceOf(*nodes.front(), toc),
-              "the parents of the node \"" + nodes.front()->Key + "\" lead in a circle; nodes of \"" +
-                  toc.Name + "\" that belong to no tree: " + std::to_string(nodes.size())});
+  void ReportLoops(const TOCDefinition& toc) const {
+    constexpr std::size_t kNamed = 5;
+    for (const auto& loop : toc.NodeDefs->ParentLoops()) {
+      std::string keys;
+      for (std::size_t i = 0; i < std::min(loop.size(), kNamed); ++i)
+        keys += (i > 0 ? ", " : "") + loop[i]->Key;
+      if (loop.size() > kNamed) keys += " and so on";
+      Report(Problem::ParentLoop, ElementOf(*loop.front(), toc), "ParentKey",
+             "the parents go round in a loop: " + keys);
+    }
   }
 
-  FilePosition PlaceOf(const NodeDef& node, const TOCDefinition& toc) const {
+  XMLElement ElementOf(const NodeDef& node, const TOCDefinition& toc) const {
     for (const XMLElement parent : mElement.Children()) {
       const bool isLoose = &toc == mLooseNodes.get();
       if (!isLoose && !(parent.IsNamed("TOCDefinition") && HasValue(parent, "Name", toc.Name))) continue;
-      for (const XMLElement child : (isLoose ? mElement : parent).Children()) {
-        if (child.IsNamed("NodeDef") && HasValue(child, "Key", node.Key)) return child.Position();
+      for (XMLElement child : (isLoose ? mElement : parent).Children()) {
+        if (child.IsNamed("NodeDef") && HasValue(child, "Key", node.Key)) return child;
       }
     }
-    return mElement.Position();
+    return mElement;
   }
 
   void AddUnlistedLayouts() {

@@ -4,7 +4,6 @@
 #include <lwconfig/core/loading/configuration_files.h>
 #include <lwconfig/core/loading/diagnostics.h>
 #include <lwconfig/core/loading/error_reporter.h>
-#include <lwconfig/core/loading/inspection.h>
 #include <lwconfig/templates/page_templates.h>
 
 namespace lwconfig {
@@ -21,8 +20,8 @@ void ShowDuplicate(const PageTemplate& added) {
                   platform::MessageIcon::Exclamation});
 }
 
-/// Whether a folder may hold a template. A file that cannot even be examined is told of when it is its turn
-/// to be read, so that the templates before it are loaded.
+/// Whether a folder may hold a template. A file that cannot be examined fails later, when it is read, so that
+/// the templates before it are loaded.
 bool MayExist(const DiskFile& config) {
   try {
     return config.Exists();
@@ -57,7 +56,7 @@ void PageTemplates::Load() {
   TemplateFolder = ConfigPath() + "\\Templates";
   DiskFile templates;
   templates.SetFolder(TemplateFolder);
-  if (!templates.IsFolder()) {
+  if (ConfigPath().empty() || !templates.IsFolder()) {
     ShowMessageBox({"Folder not found",
                     "Lexiwend templates folder '" + TemplateFolder +
                         "' could not be found.  No templates have been loaded.",
@@ -71,10 +70,9 @@ void PageTemplates::Load() {
     DiskFile config(folder, "config", "xml");
     if (MayExist(config)) {
       configs.push_back(std::move(config));
-    } else if (Inspection* const inspection = Inspection::Current();
-               inspection != nullptr && !entry.Name.starts_with('.')) {
-      inspection->Tell(Problem::MissingConfig, {folder, 0, 0},
-                       "the folder has no file \"config.xml\"; it is no template");
+    } else if (!entry.Name.starts_with('.')) {
+      Report(Problem::MissingConfig, {folder, 0, 0},
+             "the folder has no file \"config.xml\"; it is no template");
     }
   }
   std::unordered_map<std::string, std::string> folderOf;  // by name, in one letter case
@@ -82,10 +80,13 @@ void PageTemplates::Load() {
     auto pageTemplate = std::make_shared<PageTemplate>();
     pageTemplate->RootFolder = config.FolderPath();
     pageTemplate->Load(root);
-    const auto [first, isNew] = folderOf.try_emplace(FoldCase(pageTemplate->Name), config.FolderPath());
-    if (!isNew && Inspection::Current() == nullptr) {  // an inspection tells of it itself
-      Diagnose({root.Position(), "there is a template \"" + pageTemplate->Name + "\" in the folder \"" +
-                                     first->second + "\" already; its name finds that one only"});
+    std::string folder = config.FolderPath().substr(templates.FolderPath().size());
+    folder.pop_back();  // the separator
+    const auto [first, isNew] = folderOf.try_emplace(FoldCase(pageTemplate->Name), std::move(folder));
+    if (!isNew) {
+      Report(Problem::DuplicateTemplate, root, "Name",
+             "the template in the folder \"" + first->second + "\" has the name \"" + pageTemplate->Name +
+                 "\" too; the name finds that one only");
     }
     mCol.Add(std::move(pageTemplate));
   });

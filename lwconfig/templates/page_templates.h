@@ -8,8 +8,7 @@
 
 namespace lwconfig {
 
-/// The catalogue of page templates: one for every folder below the templates folder that holds a
-/// `config.xml`.
+/// The catalogue of page templates: one for every folder below the templates folder with a `config.xml`.
 class PageTemplates : public KeyedCollection<PageTemplate>, public Counted<PageTemplates> {
  public:
   static constexpr const char* kClassName = "PageTemplates";
@@ -17,27 +16,27 @@ class PageTemplates : public KeyedCollection<PageTemplate>, public Counted<PageT
   /// The folder under which templates are found and saved; `Load` sets it from the configuration path.
   std::string TemplateFolder;
 
-  /// As of every collection; where no item has the key, a text also finds the first template of that name,
+  /// As of every collection; a text that is no key finds the first template of that name,
   /// letter case ignored.
   Pointer Item(const ItemKey& Key) const override;
   bool Contains(const ItemKey& Key) const override { return Item(Key) != nullptr; }
-  /// The key of the template at that position, or else its name, which finds it as well.
+  /// The key of the template at that position; its name, which finds it as well, where it has no key.
   const std::string& KeyAt(std::int32_t position) const {
     const std::string& key = KeyedCollection::KeyAt(position);
     return key.empty() ? KeyedCollection::Item(position)->Name : key;
   }
-  /// As of every collection, but a key that is present is told by a message box: nothing is added or raised.
+  /// As of every collection, but a key that is present shows a message box: nothing is added or raised.
   void Add(Pointer obj, std::string_view Key = {}, const ItemKey& Before = {},
            const ItemKey& After = {}) override;
 
-  /// Replaces the catalogue by the templates on disk, without keys, in the order in which their folders
-  /// are listed, hidden ones left out. A missing templates folder is told by a message box and gives an empty
-  /// catalogue. A failing template ends the load, and the templates before it are kept.
+  /// Replaces the catalogue by the templates on disk, without keys, in the order in which their folders are
+  /// listed, without hidden ones. A missing templates folder shows a message box and leaves the catalogue
+  /// empty. A failing template stops the load, and the templates before it are kept.
   void Load();
-  /// Saves every template, in order. The first failure ends the save.
+  /// Saves every template, in order. The first failure stops the save.
   void Save();
-  /// Writes the template's `config.xml` in its folder, created when missing. An older `config.xml` is first
-  /// copied to `config.xml.bak`, the one backup kept; when that fails, `config.xml` is not touched.
+  /// Writes the template's `config.xml` to its folder, created when missing. An older `config.xml` is first
+  /// copied to `config.xml.bak`, the only backup; when that fails, `config.xml` is not touched.
   void SaveTemplate(const std::shared_ptr<PageTemplate>& pt);
 };
 

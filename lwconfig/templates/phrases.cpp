@@ -5,7 +5,7 @@
 #include <lwconfig/core/files/disk_file.h>
 #include <lwconfig/core/files/file_name.h>
 #include <lwconfig/core/loading/attribute_reader.h>
-#include <lwconfig/core/loading/inspection.h>
+#include <lwconfig/core/loading/configuration_files.h>
 #include <lwconfig/core/xml/string_tools.h>
 #include <lwconfig/core/xml/xml_document.h>
 #include <lwconfig/templates/phrases.h>
@@ -16,48 +16,56 @@ namespace {
 constexpr std::string_view kExtension = "txt";
 constexpr std::string_view kNameless = "the text is left out: it has no name";
 
+// A file of phrases or scraps, in one of two forms. Both hold the text "Contents" under the name "Title".
+//
+//   Title~Contents\r\n             the text is between the first and the second "~" of the line
+//   Index~Index of terms\r\n
+//
+//   <?xml version="1.0"?>
+//   <Phrases>                     elements of any name; the text may contain markup
+//     <Phrase name="Title">Contents</Phrase>
+//   </Phrases>
+
 /// Takes the entries of one file, the first of each name.
 class EntryReader {
  public:
   enum class Keep { Texts, Names };
   EntryReader(const DiskFile& file, Keep keep, Collection& entries)
-      : mFile(file), mKeep(keep), mEntries(entries), mInspection(Inspection::Current()) {}
+      : mFile(file), mKeep(keep), mEntries(entries), mReportsLines(IsWanted(Problem::MalformedLine)) {}
 
   void Read() {
     if (!mFile.Exists()) return;
-    if (mInspection != nullptr) mInspection->BeginFile(mFile.FullPath());
+    LoadListener::Current().BeginFile(mFile.FullPath());
     RunStep([this] { ReadText(); }, [this] { return FilePosition{mFile.FullPath(), 0, 0}; });
   }
 
  private:
   void ReadText() {
     std::string doubt;
-    std::string text = mFile.ReadAll(mInspection != nullptr ? &doubt : nullptr);
-    if (text.starts_with("<?xml")) return ReadDocument(std::move(text), std::move(doubt));
-    if (!doubt.empty()) mInspection->Tell(Problem::DoubtfulEncoding, {mFile.FullPath(), 1, 1}, doubt);
+    std::string text = mFile.ReadAll(IsWanted(Problem::DoubtfulEncoding) ? &doubt : nullptr);
+    if (!doubt.empty()) Report(Problem::DoubtfulEncoding, {mFile.FullPath(), 1, 1}, doubt);
+    if (text.starts_with("<?xml")) return ReadDocument(std::move(text));
     ReadLines(text);
-    if (mInspection != nullptr) mInspection->EndText(mFile.FullPath(), text);
+    LoadListener::Current().EndText(mFile.FullPath(), text);
   }
 
-  void ReadDocument(std::string text, std::string doubt) {
+  void ReadDocument(std::string text) {
     XMLDocument document;
-    document.LoadXMLWithOption(std::move(text), true, mFile.FullPath());
-    document.SetEncodingDoubt(std::move(doubt));
-    document.TellParseFailure();
+    document.LoadXMLWithOption(std::move(text), true, mFile.FullPath(), LoadListener::Current().Observe());
+    ReportParseFailure(document);
     const XMLElement root = document.RootElement();
     ForEachChild(root, [&](const XMLElement& child) {
       AttributeReader in(child);
       std::string name;
       in.Require("name", name);
       const bool isNew = Add(name, child.Text());
-      if (mInspection == nullptr) return;
-      if (name.empty()) mInspection->Tell(Problem::IgnoredValue, child, "name", kNameless);
-      if (!isNew) mInspection->Tell(Problem::DuplicateName, child, "name", Repeated(name));
+      if (name.empty()) Report(Problem::EmptyName, child, "name", kNameless);
+      if (!isNew) Report(Problem::DuplicateName, child, "name", Repeated(name));
     });
-    if (mInspection != nullptr) mInspection->EndFile(document, root);
+    LoadListener::Current().EndFile(document, root);
   }
 
-  /// One entry a line, "name~text". A further "~" ends the text.
+  /// Reads one entry a line, "name~text". A further "~" terminates the text.
   void ReadLines(std::string_view text) {
     std::int32_t number = 0;
     for (auto line : Split(text, "\r\n")) {
@@ -67,11 +75,11 @@ class EntryReader {
       const auto name = line.substr(0, line.find('~'));
       line.remove_prefix(std::min(name.size() + 1, line.size()));
       const bool isNew = Add(name, line.substr(0, line.find('~')));
-      if (mInspection != nullptr) TellLine(number, whole, isNew);
+      if (mReportsLines) ReportLine(number, whole, isNew);
     }
   }
 
-  /// False where there is an entry of the name.
+  /// False where an entry of the name is present.
   bool Add(std::string_view name, std::string_view entry) {
     if (name.empty()) return true;
     if (StringTools::KeyExists(mEntries, name)) return false;
@@ -79,31 +87,32 @@ class EntryReader {
     return true;
   }
 
-  void TellLine(std::int32_t number, std::string_view line, bool isNew) {
-    const auto tell = [&](Problem problem, std::string_view message) {
-      mInspection->Tell(problem, {mFile.FullPath(), number, 1}, message);
+  void ReportLine(std::int32_t number, std::string_view line, bool isNew) {
+    const auto report = [&](Problem problem, std::string_view message) {
+      Report(problem, {mFile.FullPath(), number, 1}, message);
     };
     const auto count = std::count(line.begin(), line.end(), '~');
     if (line.find('\n') != std::string_view::npos) {
-      tell(Problem::LineEnds,
-           "lines that end in a line feed alone are one line; a line ends in carriage return and line feed");
+      report(
+          Problem::LineEnds,
+          "lines that end in a line feed alone are one line; a line ends in carriage return and line feed");
     } else if (line.starts_with('~')) {
-      tell(Problem::MalformedLine, kNameless);
+      report(Problem::MalformedLine, kNameless);
     } else if (count != 1) {
-      tell(Problem::MalformedLine, count == 0 ? "the line has no \"~\": all of it is a name, without a text"
-                                              : "the text ends at the second \"~\"");
+      report(Problem::MalformedLine, count == 0 ? "the line has no \"~\": all of it is a name, without a text"
+                                                : "the text ends at the second \"~\"");
     }
-    if (!isNew) tell(Problem::DuplicateName, Repeated(line.substr(0, line.find('~'))));
+    if (!isNew) report(Problem::DuplicateName, Repeated(line.substr(0, line.find('~'))));
   }
 
   static std::string Repeated(std::string_view name) {
-    return "the name \"" + std::string(name) + "\" stands before; only the first text counts";
+    return "the name \"" + std::string(name) + "\" appears earlier; only the first text counts";
   }
 
   const DiskFile& mFile;
   const Keep mKeep;
   Collection& mEntries;
-  Inspection* const mInspection;
+  const bool mReportsLines;
 };
 
 DiskFile FileOf(std::string_view rootFolder, std::string_view folder, std::string_view language) {

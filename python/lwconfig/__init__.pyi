@@ -37,21 +37,81 @@ class Object:
     """What all published classes are derived from."""
 
 class Connection:
-    """The connection of a callback to an event, as long as this object lives or until it is closed. A with block
-    closes it at its end."""
+    """The connection of a callback to an event. It lasts until it is closed, by a `with` block too, or destroyed."""
 
     def close(self) -> None:
-        """Closes the connection; does nothing where it is closed."""
+        """Closes the connection; does nothing if it is closed."""
     def __enter__(self) -> Connection: ...
     def __exit__(
         self, kind: type[BaseException] | None, value: BaseException | None, trace: TracebackType | None
     ) -> None: ...
 
 def set_message_box_handler(handler: Callable[[str, str, int], object] | None) -> None:
-    """Message boxes of the library go to `handler(title, text, icon)`, or to standard error for None."""
+    """Shows message boxes of the library by `handler(title, text, icon)`; None writes them to standard error."""
 
 def NativePath(path: str | PathLike[str]) -> str:
     """The path of this system for a path in the product's notation."""
+
+class Problem:
+    """One finding about a configuration, or a summary of `count` others of its kind in the file."""
+
+    @property
+    def code(self) -> str:
+        """The kind of problem, such as "unknown-layout"."""
+    @property
+    def severity(self) -> Literal["error", "warning"]: ...
+    @property
+    def file(self) -> str | None: ...
+    @property
+    def line(self) -> int | None:
+        """From 1, as the column."""
+    @property
+    def column(self) -> int | None: ...
+    @property
+    def path(self) -> str | None:
+        """The object concerned, such as "PageTemplates[House]", where it is known."""
+    @property
+    def message(self) -> str: ...
+    @property
+    def suggestion(self) -> str | None:
+        """The text most likely meant."""
+    @property
+    def count(self) -> int: ...
+
+def check(folder: str | PathLike[str] | None = None) -> list[Problem]:
+    """Loads the whole configuration in a folder, or the registered one, and finds what is wrong with it.
+    `FileNotFoundError` for a folder that does not exist, and where none is registered. Shared objects are loaded
+    anew on their next use; changes that are not saved are lost."""
+
+class _Configuration:
+    def __enter__(self) -> Root: ...
+    def __exit__(
+        self, kind: type[BaseException] | None, value: BaseException | None, trace: TracebackType | None
+    ) -> None: ...
+
+def configuration(folder: str | PathLike[str]) -> _Configuration:
+    """A `with` block in which this process works on the configuration in a folder, whatever is registered. It
+    gives a new `Root`. `FileNotFoundError` for a folder that does not exist. Blocks nest. Shared objects are
+    loaded anew at both ends; do not save objects of the block after it."""
+
+class Transaction:
+    """Files and registry values saved in the block are written together when it is left, or not at all after an
+    exception. After that, and after `roll_back`, objects are loaded anew on their next use."""
+
+    def __enter__(self) -> Transaction: ...
+    def __exit__(
+        self, kind: type[BaseException] | None, value: BaseException | None, trace: TracebackType | None
+    ) -> None: ...
+    def difference(self) -> str:
+        """The changes so far as a unified diff."""
+    def commit(self) -> None:
+        """Writes the changes now. Error 70, a `PermissionError`, for a file or value that was changed elsewhere
+        since it was first read here; nothing is written then. Later saves are written at once."""
+    def roll_back(self) -> None:
+        """Drops the changes. Later saves are written at once."""
+
+def transaction() -> Transaction:
+    """A transaction for a `with` block. Blocks nest."""
 
 class PageTypeEnum(IntEnum):
     """Kinds of page: a standard page not tied to a kind of code element, or one produced per code element."""
@@ -93,7 +153,7 @@ pgExample = PageTypeEnum.pgExample
 class NodeTypeEnum(IntEnum):
     """Kinds of node."""
 
-    ntStandard = 0  # stands for itself
+    ntStandard = 0  # a single node of the contents
     ntSmart = 1  # repeats for every code element of one kind
     ntPlugIn = 2  # is produced by a plug-in
 
@@ -182,7 +242,7 @@ WrapBreak = WrapTypeEnum.WrapBreak
 WrapParagraph = WrapTypeEnum.WrapParagraph
 
 class mcInsertionPointEnum(IntEnum):
-    """Where the text of a model comment is added to an existing comment."""
+    """The position of a model comment's text in an existing comment."""
 
     ctPrefix = 2  # before the existing text
     ctSuffix = 3  # after the existing text
@@ -210,7 +270,7 @@ mtInterface = mcMemberTypeEnum.mtInterface
 mtModule = mcMemberTypeEnum.mtModule
 
 class LWToolBarStyleEnum(IntEnum):
-    """How toolbars look."""
+    """The appearance of toolbars."""
 
     ToolbarStyleOfficeXP = 0  # flat
     ToolbarStyleOffice2003 = 1  # in the colours of the desktop theme
@@ -221,7 +281,7 @@ ToolbarStyleOffice2003 = LWToolBarStyleEnum.ToolbarStyleOffice2003
 ToolbarStyleOffice2003NoThemes = LWToolBarStyleEnum.ToolbarStyleOffice2003NoThemes
 
 class CommentEditorViewEnum(IntEnum):
-    """How much a comment editor shows at once."""
+    """The comments that a comment editor shows at once."""
 
     CommentEditViewFull = 0  # every comment
     CommentEditViewCombo = 1  # one comment, chosen from a list
@@ -241,7 +301,7 @@ LWVSWindowStyleToolWindow = LWVSWindowStyleEnum.LWVSWindowStyleToolWindow
 LWVSWindowStyleExternal = LWVSWindowStyleEnum.LWVSWindowStyleExternal
 
 class BlockPositionEnum(IntEnum):
-    """Where the comments of a block of code stand."""
+    """The position of the comments of a block of code."""
 
     BlockPositionInside = 0  # inside the block
     BlockPositionOutside = 1  # outside the block
@@ -250,7 +310,7 @@ BlockPositionInside = BlockPositionEnum.BlockPositionInside
 BlockPositionOutside = BlockPositionEnum.BlockPositionOutside
 
 class CommentModeEnum(IntEnum):
-    """Where comments are kept."""
+    """The storage of comments."""
 
     ModeDocComments = 0  # in XML documentation comments
     ModeVBCode = 1  # in Visual Basic comments
@@ -266,7 +326,7 @@ class LWIPCCommandEnum(IntEnum):
     LWIPCIsLWProjectSelected = 100  # asks whether a project is selected
     LWIPCOpenLWProject = 101  # opens a project
     LWIPCIsFileLoaded = 102  # asks whether a file is loaded
-    LWIPCReloadVBProject = 103  # loads a Visual Basic project anew
+    LWIPCReloadVBProject = 103  # reloads a Visual Basic project
 
 LWIPCIsLWProjectSelected = LWIPCCommandEnum.LWIPCIsLWProjectSelected
 LWIPCOpenLWProject = LWIPCCommandEnum.LWIPCOpenLWProject
@@ -274,10 +334,10 @@ LWIPCIsFileLoaded = LWIPCCommandEnum.LWIPCIsFileLoaded
 LWIPCReloadVBProject = LWIPCCommandEnum.LWIPCReloadVBProject
 
 class Root(Object):
-    """The way into the configuration. Every `Root` of the process hands out the same objects, created and
-    loaded on first request; when the last `Root` goes, the next one loads afresh. An error raised while a
-    collection loads is thrown on; what was loaded stays shared, and the next request returns it. Nothing is
-    saved by itself. For use from one thread."""
+    """The entry point to the configuration. Every `Root` of the process returns the same objects, created and
+    loaded on first request. After the last `Root` is destroyed, the next one loads afresh. An error during
+    the load of a collection is rethrown; the part that was loaded stays shared, and the next request returns
+    it. Nothing is saved automatically. For use from one thread."""
 
     def __init__(self) -> None: ...
     @property
@@ -314,65 +374,58 @@ class Root(Object):
     def DotNetPath(self) -> str:
         """The folder of the newest .NET Framework version, with trailing backslash."""
     def ResetLWConfig(self) -> None:
-        """Drops every shared object, so that the next request loads afresh. Whoever holds one keeps it."""
+        """Drops every shared object, so that the next request loads afresh. Holders of an object keep it."""
     @property
     def ConfigPath(self) -> str:
         """The configuration folder without trailing backslash, or empty."""
     def ReplaceTaggedCommentDefs(self, TaggedCommentDefs: lwconfig.TaggedCommentDefs | None) -> None:
-        """Makes the given object itself the shared one, until the next reset or replacement. Error 91 for
-        none."""
+        """Makes the given object the shared one, until the next reset or replacement. Error 91 for none."""
     def ReplaceModelCommentProfiles(self, ModelCommentProfiles: lwconfig.ModelCommentProfiles | None) -> None:
-        """Makes the given object itself the shared one, until the next reset or replacement. Error 91 for
-        none."""
+        """Makes the given object the shared one, until the next reset or replacement. Error 91 for none."""
     def ReplaceExternalDocs(self, ExternalDocs: lwconfig.ExternalDocs | None) -> None:
-        """Makes the given object itself the shared one, until the next reset or replacement. Error 91 for
-        none."""
+        """Makes the given object the shared one, until the next reset or replacement. Error 91 for none."""
     def ReplaceCommentFileLocations(self, CommentFileLocations: lwconfig.CommentFileLocations | None) -> None:
-        """Makes the given object itself the shared one, until the next reset or replacement. Error 91 for
-        none."""
+        """Makes the given object the shared one, until the next reset or replacement. Error 91 for none."""
     @property
     def VSNETOptions(self) -> lwconfig.VSNETOptions:
-        """The user's options. They hold no values: each read and write goes to the registry."""
+        """The user's options. They cache no values: each read and write accesses the registry."""
     @property
     def VBOptions(self) -> lwconfig.VBOptions:
-        """The user's options. They hold no values: each read and write goes to the registry."""
+        """The user's options. They cache no values: each read and write accesses the registry."""
     @property
     def LWCommenterOptions(self) -> lwconfig.LWCommenterOptions:
-        """The user's options. They hold no values: each read and write goes to the registry."""
+        """The user's options. They cache no values: each read and write accesses the registry."""
     @property
     def IDEOptions(self) -> lwconfig.IDEOptions:
-        """The user's options. They hold no values: each read and write goes to the registry."""
+        """The user's options. They cache no values: each read and write accesses the registry."""
     @property
     def SpellingOptions(self) -> lwconfig.SpellingOptions:
-        """The user's options. They hold no values: each read and write goes to the registry."""
+        """The user's options. They cache no values: each read and write accesses the registry."""
     def GetDefaultTemplate(self, NamespaceProfile: str, Supports: str | None = ...) -> lwconfig.PageTemplate | None:
         """The first template, in catalogue order, that lists the namespace profile and, unless `Supports` is
         empty, whose item types joined by "," contain it; both without regard to letter case. Null where there
         is none."""
     DefaultToolbarStyle: lwconfig.LWToolBarStyleEnum | int
-    """The toolbar style of tools that have none of their own: shared by every `Root` of the process, in
-    memory only."""
+    """The toolbar style of tools without their own: shared by every `Root` of the process, in memory only."""
     ReloadFlag: bool
-    """A flag for clients, shared by every `Root` of the process; a reset leaves it."""
+    """A flag for clients, shared by every `Root` of the process; a reset does not change it."""
 
 class PageTemplates(Object):
-    """The catalogue of page templates: one for every folder below the templates folder that holds a
-    `config.xml`."""
+    """The catalogue of page templates: one for every folder below the templates folder with a `config.xml`."""
 
     def __init__(self) -> None: ...
     TemplateFolder: _FilePath
     """The folder under which templates are found and saved; `Load` sets it from the configuration path."""
     def Item(self, Key: Any) -> lwconfig.PageTemplate | None:
-        """As of every collection; where no item has the key, a text also finds the first template of that
-        name, letter case ignored.
+        """As of every collection; a text that is no key finds the first template of that name, letter case
+        ignored.
 
         Every collection: the item at that position or under that key, or null."""
     def Remove(self, Key: Any) -> None:
         """Removes the item at that position or under that key. Error 5 for an unknown key, 9 for a position
         out of range."""
     def Add(self, obj: lwconfig.PageTemplate | None, Key: str | None = ..., Before: Any = ..., After: Any = ...) -> None:
-        """As of every collection, but a key that is present is told by a message box: nothing is added or
-        raised.
+        """As of every collection, but a key that is present shows a message box: nothing is added or raised.
 
         Every collection: inserts the object before the item that `Before` names, else after the one that
         `After` names, else at the end. An empty key is none. Error 457 for a key that is present, 5 or 9
@@ -382,13 +435,13 @@ class PageTemplates(Object):
         """The number of items."""
     def Load(self) -> None:
         """Replaces the catalogue by the templates on disk, without keys, in the order in which their folders
-        are listed, hidden ones left out. A missing templates folder is told by a message box and gives an
-        empty catalogue. A failing template ends the load, and the templates before it are kept."""
+        are listed, without hidden ones. A missing templates folder shows a message box and leaves the
+        catalogue empty. A failing template stops the load, and the templates before it are kept."""
     def Save(self) -> None:
-        """Saves every template, in order. The first failure ends the save."""
+        """Saves every template, in order. The first failure stops the save."""
     def SaveTemplate(self, pt: lwconfig.PageTemplate | None) -> None:
-        """Writes the template's `config.xml` in its folder, created when missing. An older `config.xml` is
-        first copied to `config.xml.bak`, the one backup kept; when that fails, `config.xml` is not touched."""
+        """Writes the template's `config.xml` to its folder, created when missing. An older `config.xml` is
+        first copied to `config.xml.bak`, the only backup; when that fails, `config.xml` is not touched."""
     def __call__(self, Key: Any) -> lwconfig.PageTemplate | None: ...
     def __delitem__(self, key: int | str) -> None: ...
     def __len__(self) -> int: ...
@@ -408,9 +461,9 @@ class PageTemplate(Object):
     RootFolder: _FilePath
     """The template's folder, with trailing backslash."""
     Name: str
-    """The key by which users know the template."""
+    """The display name, by which the catalogue finds the template."""
     Description: str
-    """What the template is for."""
+    """Description of the template."""
     objFillColor: int
     """Relationship diagrams: colour that fills an object."""
     objTextColor: int
@@ -466,15 +519,15 @@ class PageTemplate(Object):
     SupportedItemTypes: _Owned[lwconfig.Collection]
     """Item types that the template supports, such as "source", each filed under itself."""
     PageLayouts: _Owned[lwconfig.PageLayouts]
-    """The layouts, filed under their file names. When set: replaces the layouts; the template listens to the
-    new collection only."""
+    """The layouts, filed under their file names. When set: replaces the layouts; the template then listens to
+    the new collection only."""
     @property
     def PlugIns(self) -> lwconfig.PlugIns:
         """The shared plug-ins that the template enables, filed under their names. Built on the first request
         and then kept. Two plug-ins of one enabled name are error 457; the list keeps the first."""
     @property
     def NamespaceProfileNames(self) -> lwconfig.Collection:
-        """The names of the namespace profiles that the template uses, in load order, known or not."""
+        """The names of the namespace profiles that the template uses, in load order, including unknown ones."""
     def SupportsItemType(self, Name: str) -> bool:
         """Whether the item type is among `SupportedItemTypes`, letter case ignored."""
     def Clone(self) -> lwconfig.PageTemplate:
@@ -482,16 +535,16 @@ class PageTemplate(Object):
         definitions and profile names with this template, and has no phrases or scraps."""
     def Load(self, e: lwconfig.XMLElement | None) -> None:
         """Reads the root element of `config.xml`; `RootFolder` has been set. "Name" and "Description" are
-        required. A failure ends the load, and what was read before it is kept."""
+        required. A failure stops the load, and everything read before it is kept."""
     def Save(self, e: lwconfig.XMLElement | None) -> None:
-        """Names the element `PageTemplate` and writes the template into it, in the current version of the
+        """Names the element `PageTemplate` and writes the template to it, in the current version of the
         format."""
     Scraps: lwconfig.Collection | None
     """The fixed texts of the loaded output language, filed under their names: short phrases, and scraps of
-    HTML. Null before the first load. When set: the loaded language is left as it was."""
+    HTML. Null before the first load. When set: the loaded language does not change."""
     Phrases: lwconfig.Collection | None
     """The fixed texts of the loaded output language, filed under their names: short phrases, and scraps of
-    HTML. Null before the first load. When set: the loaded language is left as it was."""
+    HTML. Null before the first load. When set: the loaded language does not change."""
     def ScrapNames(self) -> lwconfig.Collection:
         """The names in the file of the loaded language, each filed under itself, read anew on every call."""
     def PhraseNames(self) -> lwconfig.Collection:
@@ -499,7 +552,7 @@ class PageTemplate(Object):
     def LoadPhrasesAndScraps(self, Language: str) -> None:
         """Loads the phrases and then the scraps of a language, unless they are the loaded ones (letter case
         counts); none where it has no file. Error 52 for a language that would lead out of their folders, 5
-        for an element without a name. A failure ends the load, and the texts before it are kept."""
+        for an element without a name. A failure stops the load, and the texts before it are kept."""
     def Phrase(self, Name: str) -> str:
         """The phrase of that name, letter case ignored; "!MISSING PHRASE 'Name'!" where there is none."""
     def Scrap(self, Name: str) -> str:
@@ -507,7 +560,7 @@ class PageTemplate(Object):
     def on(self, event: Literal["PageLayoutsChange"], callback: Callable[[], object], /) -> lwconfig.Connection:
         """Calls the callback at every event of that name, as long as the connection lives and is not closed.
 
-        `PageLayoutsChange`: Raised after every `Add` to `PageLayouts` that succeeded."""
+        `PageLayoutsChange`: Raised after every successful `Add` to `PageLayouts`."""
 
 class PageLayouts(Object):
     """The layouts of a template, filed under their file names."""
@@ -528,7 +581,7 @@ class PageLayouts(Object):
     def on(self, event: Literal["ContentsChange"], callback: Callable[[], object], /) -> lwconfig.Connection:
         """Calls the callback at every event of that name, as long as the connection lives and is not closed.
 
-        `ContentsChange`: Raised at the end of every `Add` that succeeded."""
+        `ContentsChange`: Raised at the end of every successful `Add`."""
     def __call__(self, Key: Any) -> lwconfig.PageLayout | None: ...
     def __delitem__(self, key: int | str) -> None: ...
     def __len__(self) -> int: ...
@@ -563,17 +616,17 @@ class PageLayout(Object):
     DependantOnNamespace_Filter: str
     """Filter for these items, kept as it is."""
     DependantCount: int
-    """How many of them the page depends on. At first `-1`."""
+    """The number of items that the page depends on. At first `-1`."""
     @property
     def IsHTMLHelpProjectFile(self) -> bool:
-        """Whether `FileName` ends in the extension of a help project, contents, index or similar file."""
+        """Whether `FileName` has the extension of a help project, contents, index or similar file."""
     def Clone(self) -> Any:
         """A copy of all stored properties."""
     def Load(self, e: lwconfig.XMLElement | None) -> None:
-        """Reads a `PageLayout` element. "Name", "FileName" and "TitleTemplate" are required: error 5 ends the
-        load where one is missing, and what was read before it is kept."""
+        """Reads a `PageLayout` element. "Name", "FileName" and "TitleTemplate" are required: error 5 stops
+        the load where one is missing, and everything read before it is kept."""
     def Save(self, e: lwconfig.XMLElement | None) -> None:
-        """Names the element `PageLayout` and writes all properties but the two tags into it."""
+        """Names the element `PageLayout` and writes all properties but the two tags to it."""
 
 class TOCDefinitions(Object):
     """The contents definitions of a template, filed under their names."""
@@ -609,19 +662,19 @@ class TOCDefinition(Object):
     Name: str
     """The key in `TOCDefinitions`."""
     Description: str
-    """What it is for."""
+    """Description of the contents."""
     NodeDefs: _Owned[lwconfig.NodeDefs]
     """Its nodes, filed under their keys."""
     PageTemplate: lwconfig.PageTemplate | None
     """The template that owns this definition, or null. When set: the template is not kept alive."""
     def Load(self, e: lwconfig.XMLElement | None, PageTemplate: lwconfig.PageTemplate | None) -> None:
-        """Reads a `TOCDefinition` element of the template. "Name" and "Description" are required; a missing
-        one (error 5), a failing node or a key used twice (457) ends the load, and the nodes before it are
+        """Reads a `TOCDefinition` element of the template. "Name" and "Description" are required. A missing
+        one (error 5), a failing node or a repeated key (457) stops the load, and the nodes before it are
         kept."""
     def Save(self, e: lwconfig.XMLElement | None) -> None:
-        """Writes all that is stored into the element, which the caller has named."""
+        """Writes all stored properties to the element, which the caller has named."""
     def Clone(self, PageTemplate: lwconfig.PageTemplate | None) -> lwconfig.TOCDefinition:
-        """A deep copy that belongs to the given template."""
+        """A deep copy owned by the given template."""
 
 class NodeDefs(Object):
     """The nodes of a contents definition, flat, filed under their keys."""
@@ -660,7 +713,7 @@ class NodeDef(Object):
     Key: str
     """"N" and a number; the key in `NodeDefs`."""
     NodeType: lwconfig.NodeTypeEnum | int
-    """What the node stands for. At first `ntStandard`."""
+    """The kind of the node. At first `ntStandard`."""
     UseCustomIcon: bool
     """Whether the icon is `NodeIconIndex` rather than a book or a page."""
     MarkAsNew: bool
@@ -679,7 +732,7 @@ class NodeDef(Object):
     DependantOnNamespace_Filter: str
     """Filter for these items, kept as it is."""
     DependantCount: int
-    """How many such items there must be at least. At first `1`."""
+    """The least number of such items. At first `1`."""
     DependantStillProcessChildren: bool
     """Whether the nodes below are generated even when this one is not."""
     FileNameTemplate: str
@@ -707,22 +760,22 @@ class NodeDef(Object):
     TOCDefinition: lwconfig.TOCDefinition | None
     """The definition that the node belongs to, or null."""
     PageLayout: lwconfig.PageLayout | None
-    """The layout of the node's page in the template of its definition, or null where it has none there. Error
-    91 for a node without a definition, or whose definition has no template. When set: refers to the layout by
-    its file name; null for none."""
+    """The layout of the node's page in the template of its definition; null where the template has no such
+    layout. Error 91 for a node without a definition, or whose definition has no template. When set: refers to
+    the layout by its file name; null for none."""
     def ActualIconIndex(self, HasChildren: bool) -> int:
         """The icon index of the node in the help file, collapsed and expanded."""
     def ActualExpandedIconIndex(self, HasChildren: bool) -> int:
         """The icon index of the node in the help file, collapsed and expanded."""
     def CementReferences(self, NodeDefs: lwconfig.NodeDefs | None) -> None:
         """Links the node to the one in `NodeDefs` that its parent key names. Where there is none it becomes a
-        root node; one without a parent key stays as it is. Error 91 for a parent key and no `NodeDefs`."""
+        root node; a node without a parent key is not changed. Error 91 for a parent key and no `NodeDefs`."""
     def Load(self, e: lwconfig.XMLElement | None, TOCDefinition: lwconfig.TOCDefinition | None) -> None:
         """Reads a `NodeDef` element as a member of the definition. "Key" is required and has a number from
-        its second character on: error 5, 13 or 6 ends the load otherwise. Node numbers taken later lie above
-        the key's."""
+        its second character on; otherwise error 5, 13 or 6 stops the load. Node numbers taken later are
+        greater than the key's."""
     def Save(self, e: lwconfig.XMLElement | None) -> None:
-        """Names the element `NodeDef` and writes the node into it. Only a linked parent is saved."""
+        """Names the element `NodeDef` and writes the node to it. Only a linked parent is saved."""
     def Clone(self) -> lwconfig.NodeDef:
         """A copy with the same key, parent and definition. Fails as `PageLayout` does."""
 
@@ -760,27 +813,27 @@ class VariableDef(Object):
     Name: str
     """The key in `VariableDefs`."""
     Description: str
-    """What users are told about it."""
+    """Description shown to users."""
     VariableDefType: lwconfig.VariableDefTypeEnum | int
     """Kind of value. At first `vdtText`."""
     Caption: str
-    """What users are asked."""
+    """Prompt shown to users."""
     DefaultValue: str
-    """Value where the user sets none, as text; not checked against the type."""
+    """Value unless the user sets one, as text; not checked against the type."""
     def Clone(self) -> lwconfig.VariableDef:
         """A copy of all properties."""
     def Load(self, e: lwconfig.XMLElement | None, PageTemplate: lwconfig.PageTemplate | None) -> None:
-        """Reads a `VariableDef` element. "Name" and "Description" are required: error 5 ends the load where
+        """Reads a `VariableDef` element. "Name" and "Description" are required: error 5 stops the load where
         one is missing. An empty caption becomes the name. `PageTemplate` is accepted and not used."""
     def Save(self, e: lwconfig.XMLElement | None) -> None:
-        """Names the element `VariableDef` and writes the properties into it."""
+        """Names the element `VariableDef` and writes the properties to it."""
 
 class TaggedCommentDefs(Object):
     """Every type of tagged comment, filed under its prefix."""
 
     def __init__(self) -> None: ...
     DefaultDesignerProgID: str
-    """Component that edits comments whose definition names none."""
+    """Editor of comments whose definition names none."""
     FileName: _FilePath
     """The file loaded last."""
     IsPopulated: bool
@@ -802,13 +855,13 @@ class TaggedCommentDefs(Object):
         the older single file where there is no standard file."""
     def Save(self) -> None:
         """Saves the standard and then the custom definitions to their files, then deletes the older single
-        file; a failure to delete it is ignored. A failing save ends it: what follows is left untouched."""
+        file; a failure to delete it is ignored. The first failing save stops it; later files are not touched."""
     def SaveEx(self, IncludeStandard: bool, IncludeCustom: bool) -> None:
-        """As `Save`, of the chosen files only; the older file stays."""
+        """As `Save` for the chosen files only; the older file is kept."""
     def LoadFrom(self, FileName: PathLike[str] | str) -> None:
-        """Adds the definitions of a file at the end, each in place of one with the same prefix. A file that
-        does not exist adds nothing. A failing definition ends the load; those before it stay, and
-        `IsPopulated` is left as it was."""
+        """Adds the definitions of a file at the end, each replacing one with the same prefix. A file that
+        does not exist adds nothing. A failing definition stops the load; the definitions before it are kept,
+        and `IsPopulated` does not change."""
     def SaveTo(self, FileName: PathLike[str] | str) -> None:
         """Writes all definitions to one file, in the order of the set."""
     def SaveToEx(self, FileName: PathLike[str] | str, IncludeStandard: bool, IncludeCustom: bool) -> None:
@@ -830,8 +883,7 @@ class TaggedCommentDefs(Object):
     def __getitem__(self, key: slice) -> list[lwconfig.TaggedCommentDef]: ...
 
 class TaggedCommentDef(Object):
-    """One type of tagged comment: how it is recognised in source code, what it belongs to and how it is
-    edited."""
+    """One type of tagged comment: its prefix in source code, the elements it belongs to and its editor."""
 
     def __init__(self) -> None: ...
     TagIdentifier: str
@@ -839,13 +891,13 @@ class TaggedCommentDef(Object):
     ElementType: lwconfig.ElementTypeEnum | int
     """Kind of code element that the comment belongs to. At first `etUnspecified`."""
     Description: str
-    """What the comment is for."""
+    """Description of the comment."""
     Format: str
     """Kept for other tools."""
     IsGeneral: bool
     """Whether comments of this type become part of the general description."""
     WrapType: lwconfig.WrapTypeEnum | int
-    """How several comments of this type on one element are joined; 0 says nothing."""
+    """How several comments of this type on an element are joined; 0: unspecified."""
     DesignerProgID: str
     """Component that edits the comments; empty for the default of the set."""
     DesignFlags: str
@@ -861,7 +913,7 @@ class TaggedCommentDef(Object):
     Flags: str
     """Free text; a load makes an empty one "-"."""
     Standard: bool
-    """Whether it is not made by the user, which decides the file it is saved to. At first True."""
+    """Whether it is predefined, not made by the user; selects the file for saving. At first True."""
     Namespace: str
     """Code element names, separated by commas."""
     Icon: str
@@ -872,15 +924,15 @@ class TaggedCommentDef(Object):
     """Tag names of XML documentation comments, separated by commas."""
     def Load(self, e: lwconfig.XMLElement | None) -> None:
         """Reads a `TaggedComment` element. "Hidden", "Identifier", "ElementType", "Description", "Format",
-        "General" and "WrapType" are required: error 5 ends the load where one is missing. Values outside the
+        "General" and "WrapType" are required: error 5 stops the load where one is missing. Values outside the
         enumerations are kept."""
     def Save(self, e: lwconfig.XMLElement | None) -> None:
-        """Writes all that is stored into the element, which the caller has named."""
+        """Writes all stored properties to the element, which the caller has named."""
     def Clone(self) -> lwconfig.TaggedCommentDef:
         """A copy of all properties."""
 
 class ModelCommentProfiles(Object):
-    """Every model comment profile of the configuration, filed under its name. Each has a file of its own."""
+    """Every model comment profile of the configuration, filed under its name, each in its own file."""
 
     def __init__(self) -> None: ...
     Dirty: bool
@@ -903,13 +955,13 @@ class ModelCommentProfiles(Object):
         """The number of items."""
     def Load(self) -> None:
         """Adds the profile of every "*.xml" file in the "modelcomments" folder of the configuration; none
-        where there is no such folder. A failing profile, or two of one name (error 457), end the load; the
-        profiles before it stay, and `Dirty` is left as it was."""
+        where the folder does not exist. A failing profile, or two of one name (error 457), stop the load; the
+        profiles before it are kept, and `Dirty` does not change."""
     def Save(self) -> None:
         """Writes every profile to the file of its name in that folder, created when missing; other files
-        there stay. The first failure ends the save: the files before it stay written. Error 52 for a profile
-        without a name, or with one that would lead out of the folder or begins with a dot, which would hide
-        its file."""
+        there are kept. The first failure stops the save: the files before it have been written. Error 52 for
+        a profile without a name, with a name that would lead out of the folder, or with one that begins with
+        a dot, which would hide its file."""
     def Clone(self) -> lwconfig.ModelCommentProfiles:
         """A collection of copies, dirty unless it is empty."""
     def __call__(self, Key: Any) -> lwconfig.ModelComments | None: ...
@@ -934,16 +986,16 @@ class ModelComments(Object):
     Name: str
     """The key in `ModelCommentProfiles`."""
     Description: str
-    """What the set is for."""
+    """Description of the set."""
     IsPopulated: bool
     """Whether a `LoadFromFile` has finished."""
     Dirty: bool
-    """Whether the set has changed since it was loaded or saved. Kept by the callers: no change of the set or
+    """Whether the set has changed since it was loaded or saved. Set by the callers: no change of the set or
     of a comment sets it."""
     @property
     def NamespaceDefs(self) -> lwconfig.NamespaceDefs | None:
         """The shared namespace profile that `NamespaceProfile` names; null where it is unknown. Error 91
-        while the shared namespace profiles have not been asked for."""
+        while the shared namespace profiles have not been requested."""
     def Item(self, Key: Any) -> lwconfig.ModelComment | None:
         """The item at that position or under that key, or null."""
     def Remove(self, Key: Any) -> None:
@@ -957,12 +1009,13 @@ class ModelComments(Object):
     def Count(self) -> int:
         """The number of items."""
     def Save(self, e: lwconfig.XMLElement | None) -> None:
-        """Names the element `ModelCommentProfile` and writes the set with its comments into it."""
+        """Names the element `ModelCommentProfile` and writes the set with its comments to it."""
     def Load(self, e: lwconfig.XMLElement | None) -> None:
         """Replaces the comments by those of a `ModelCommentProfile` element, with its name and description,
-        which are required: error 5 ends the load. A failing comment ends it too; the comments before it stay."""
+        which are required: error 5 stops the load. So does a failing comment; the comments before it are
+        kept."""
     def Clone(self) -> lwconfig.ModelComments:
-        """A set of copies. Only namespace profile, name and description are carried over."""
+        """A set of copies. Only namespace profile, name and description are copied."""
     def LoadGlobal(self) -> None:
         """From and to the file `modelcomments.xml` of the configuration."""
     def SaveToGlobal(self) -> None:
@@ -971,11 +1024,11 @@ class ModelComments(Object):
         """Replaces the set by that of a file; then it is populated and not dirty, without an event. A missing
         or malformed file has no "Name" and fails as `Load` does."""
     def SaveToFile(self, FileName: PathLike[str] | str) -> None:
-        """Writes the set to a file; then it is not dirty. `FileName` stays as it was."""
+        """Writes the set to a file and clears `Dirty`. `FileName` does not change."""
     def on(self, event: Literal["DirtyStateChanged"], callback: Callable[[], object], /) -> lwconfig.Connection:
         """Calls the callback at every event of that name, as long as the connection lives and is not closed.
 
-        `DirtyStateChanged`: Raised when setting `Dirty` has changed its value."""
+        `DirtyStateChanged`: Raised after setting `Dirty` has changed its value."""
     def __call__(self, Key: Any) -> lwconfig.ModelComment | None: ...
     def __delitem__(self, key: int | str) -> None: ...
     def __len__(self) -> int: ...
@@ -988,7 +1041,7 @@ class ModelComments(Object):
     def __getitem__(self, key: slice) -> list[lwconfig.ModelComment]: ...
 
 class ModelComment(Object):
-    """A description to re-use for every member of a kind and name, in any project."""
+    """A description reused for every member of a kind and name, in any project."""
 
     def __init__(self) -> None: ...
     MemberType_Namespace: str
@@ -1004,25 +1057,24 @@ class ModelComment(Object):
     OnlyIfBlank: bool
     """Whether only members without such a comment get it."""
     InsertionPoint: lwconfig.mcInsertionPointEnum | int
-    """Where the text goes in a comment that is there. At first `ctPrefix`."""
+    """Position of the text in an existing comment. At first `ctPrefix`."""
     MemberType: lwconfig.mcMemberTypeEnum | int
     """The member kind set last, as of `mcMemberTypeEnum`; any number is kept. When set: also sets
     `MemberType_Namespace`, where the kind is of the enumeration."""
     def Save(self, e: lwconfig.XMLElement | None) -> None:
-        """Names the element `MC` and writes the comment into it. `MemberType` and `Tag` are not saved."""
+        """Names the element `MC` and writes the comment to it. `MemberType` and `Tag` are not saved."""
     def Load(self, e: lwconfig.XMLElement | None) -> None:
-        """Reads an `MC` element, the older form with a "MemberType" too. A missing kind of member,
-        "MemberName", "TaggedCommentPrefix" or "TaggedCommentText" is error 5, which ends the load."""
+        """Reads an `MC` element, also the older form with a "MemberType". A missing kind of member,
+        "MemberName", "TaggedCommentPrefix" or "TaggedCommentText" is error 5, which stops the load."""
     def Clone(self) -> lwconfig.ModelComment:
         """A copy of all properties but `Tag`."""
 
 class CommentFileLocations(Object):
-    """The comment files that the user has made known, in order, without keys; an assembly may occur
-    repeatedly."""
+    """The registered comment files, in order, without keys; an assembly may occur repeatedly."""
 
     def __init__(self) -> None: ...
     Dirty: bool
-    """Kept by the callers; a load and a save clear it."""
+    """Set by the callers; a load and a save clear it."""
     def Item(self, Key: Any) -> lwconfig.CommentFileLocation | None:
         """The item at that position or under that key, or null."""
     def Remove(self, Key: Any) -> None:
@@ -1037,10 +1089,10 @@ class CommentFileLocations(Object):
         """The number of items."""
     def Load(self) -> None:
         """Replaces the list by that of the file `CommentFileLocations.xml` of the configuration; empty where
-        there is no such file. A failing location ends the load; those before it stay, and `Dirty` is not
-        cleared."""
+        there is no such file. A failing location stops the load; the locations before it are kept, and
+        `Dirty` is not cleared."""
     def Save(self) -> None:
-        """Writes the list to that file; then it is not dirty."""
+        """Writes the list to that file and clears `Dirty`."""
     def Clone(self) -> lwconfig.CommentFileLocations:
         """A list of copies, not dirty."""
     def __call__(self, Key: Any) -> lwconfig.CommentFileLocation | None: ...
@@ -1055,7 +1107,7 @@ class CommentFileLocations(Object):
     def __getitem__(self, key: slice) -> list[lwconfig.CommentFileLocation]: ...
 
 class CommentFileLocation(Object):
-    """Where the XML comment file of one .NET assembly is."""
+    """The location of the XML comment file of one .NET assembly."""
 
     def __init__(self) -> None: ...
     AssemblyFileName: _FilePath
@@ -1065,21 +1117,21 @@ class CommentFileLocation(Object):
     Framework folder of this machine, which ends with a backslash."""
     @property
     def InternalCommentFilePath(self) -> str:
-        """The path as it was set."""
+        """The path as set."""
     def Load(self, e: lwconfig.XMLElement | None) -> None:
-        """Reads a `CommentFile` element. Both attributes are required: error 5 ends the load."""
+        """Reads a `CommentFile` element. Both attributes are required: error 5 stops the load."""
     def Save(self, e: lwconfig.XMLElement | None) -> None:
-        """Writes all that is stored into the element, which the caller has named."""
+        """Writes all stored properties to the element, which the caller has named."""
     def Clone(self) -> lwconfig.CommentFileLocation:
-        """A copy, the path as it was set."""
+        """A copy, with the path as set."""
 
 class Languages(Object):
     """The languages, filed under their names."""
 
     def __init__(self) -> None: ...
     def Item(self, Key: Any) -> lwconfig.Language | None:
-        """The language under that key or at that position; the first one where there is none such. Error 5
-        for a key, 9 for a position, while there is no language at all."""
+        """The language under that key or at that position; the first language where there is no such item.
+        Error 5 for a key, 9 for a position, while there are no languages."""
     def Remove(self, Key: Any) -> None:
         """Removes the item at that position or under that key. Error 5 for an unknown key, 9 for a position
         out of range."""
@@ -1092,7 +1144,7 @@ class Languages(Object):
         """The number of items."""
     def Load(self, e: lwconfig.XMLElement | None) -> None:
         """Replaces the languages by the `Language` children of the element. A failing language, or two of one
-        name (error 457), end the load; the languages before it stay."""
+        name (error 457), stop the load; the languages before it are kept."""
     def __call__(self, Key: Any) -> lwconfig.Language | None: ...
     def __delitem__(self, key: int | str) -> None: ...
     def __len__(self) -> int: ...
@@ -1105,13 +1157,13 @@ class Languages(Object):
     def __getitem__(self, key: slice) -> list[lwconfig.Language]: ...
 
 class Language(Object):
-    """How declarations are written in one programming language."""
+    """The notation of declarations in one programming language."""
 
     def __init__(self) -> None: ...
     Name: str
     """The key in `Languages`."""
     Caption: str
-    """The name that users read."""
+    """The display name."""
     IncludeFlag: bool
     """For the generator's use while it runs; never loaded."""
     OverloadsWord: str
@@ -1174,9 +1226,9 @@ class Language(Object):
     """Symbol after an array type of more than one dimension."""
     def Load(self, e: lwconfig.XMLElement | None) -> None:
         """Reads a `Language` element. All words but `ParameterDelimiter` and `MultiDimensionalArraySymbol`
-        are required: error 5 ends the load. So does a data type that cannot be added to either table, with
-        457 where its name or text is repeated, an empty one too; an access type that cannot be added is
-        passed over."""
+        are required: error 5 stops the load. So does a data type that cannot be added to either table: error
+        457 where its name or text, which may be empty once, is repeated. An access type that cannot be added
+        is passed over."""
 
 class NamespaceProfiles(Object):
     """Every namespace profile of the configuration, filed under its name."""
@@ -1196,8 +1248,8 @@ class NamespaceProfiles(Object):
         """The number of items."""
     def Load(self) -> None:
         """Adds the profile of every "*.xml" file in the "Namespaces" folder of the configuration. A missing
-        folder is told by a message box and adds nothing. Two profiles of one name are error 457, which ends
-        the load; the profiles before it are kept. A profile without a name has no key."""
+        folder shows a message box and adds nothing. Two profiles of one name are error 457, which stops the
+        load; the profiles before it are kept. A profile without a name has no key."""
     def __call__(self, Key: Any) -> lwconfig.NamespaceDefs | None: ...
     def __delitem__(self, key: int | str) -> None: ...
     def __len__(self) -> int: ...
@@ -1216,9 +1268,9 @@ class NamespaceDefs(Object):
     Name: str
     """The key in `NamespaceProfiles`."""
     Caption: str
-    """What users call the profile."""
+    """The display name of the profile."""
     CommenterCaption: str
-    """What the comment editors call it."""
+    """The display name in the comment editors."""
     IsFile: bool
     """Whether its sources are files."""
     Supports: str
@@ -1241,17 +1293,17 @@ class NamespaceDefs(Object):
         """The number of items."""
     def Load(self, e: lwconfig.XMLElement | None) -> None:
         """Reads a profile from its root element. A failing definition, or two top-level ones of one name
-        (error 457), end the load; what was read before is kept."""
+        (error 457), stop the load; everything read before is kept."""
     def ResetIncludeFlags(self) -> None:
         """Resets the include flag of every definition, at any depth."""
     def GetNamespaceDefsByCaption(self, Caption: str, col: lwconfig.NamespaceDefs | None = ...) -> lwconfig.NamespaceDefs:
         """The definitions at any depth with that caption, or name, without regard to letter case, each before
-        those nested in it. They are appended to `col`, without keys, and `col` is the result; a new
-        collection where it is null."""
+        those nested in it. They are appended to `col` without keys, and `col` is returned; a new collection
+        where it is null."""
     def GetNamespaceDefsByName(self, Name: str, col: lwconfig.NamespaceDefs | None = ...) -> lwconfig.NamespaceDefs:
         """The definitions at any depth with that caption, or name, without regard to letter case, each before
-        those nested in it. They are appended to `col`, without keys, and `col` is the result; a new
-        collection where it is null."""
+        those nested in it. They are appended to `col` without keys, and `col` is returned; a new collection
+        where it is null."""
     def AllNamespaceDefs(self, col: lwconfig.NamespaceDefs | None = ...) -> lwconfig.NamespaceDefs:
         """The definitions at any depth, filed under their names in `col`, or a new collection where it is
         null; of several with one name the first, each before those nested in it."""
@@ -1267,7 +1319,7 @@ class NamespaceDefs(Object):
     def __getitem__(self, key: slice) -> list[lwconfig.NamespaceDef]: ...
 
 class NamespaceDef(Object):
-    """One kind of code element that can be documented, with the kinds that lie below it, to any depth."""
+    """One kind of code element that can be documented, with the kinds nested below it, to any depth."""
 
     def __init__(self) -> None: ...
     Name: str
@@ -1275,15 +1327,15 @@ class NamespaceDef(Object):
     Handler: str
     """Kept for the plug-in that offers the elements."""
     Caption: str
-    """What users call such an element."""
+    """The display name of an element of this kind."""
     CommenterCaption: str
-    """What the comment editors call it."""
+    """The display name in the comment editors."""
     CaptionPlural: str
-    """What users call several."""
+    """The display name of several elements of this kind."""
     ProvideIncludeFlag: bool
     """Whether users may include or leave out such elements."""
     DefaultIncludeFlag: bool
-    """What `ResetIncludeFlag` makes of `IncludeFlag`."""
+    """The value that `ResetIncludeFlag` sets."""
     Tree_AlwaysPopulate: bool
     """In the item tree: fill the node at once."""
     Tree_AlwaysExpand: bool
@@ -1299,9 +1351,9 @@ class NamespaceDef(Object):
     Tree_Select_AlwaysPopulate: bool
     """In the item tree: fill the node at once while users select."""
     Tree_ShowFolder: bool
-    """In the item tree: items stand below a folder."""
+    """In the item tree: items are below a folder."""
     Tree_ShowFolderInSelect: bool
-    """In the item tree: items stand below a folder while users select."""
+    """In the item tree: items are below a folder while users select."""
     FileNameFormat: str
     """File name of the pages of such elements."""
     Flags: str
@@ -1320,8 +1372,8 @@ class NamespaceDef(Object):
     """The nested definitions, filed under their names; created empty when there are none. Never null."""
     def Load(self, e: lwconfig.XMLElement | None) -> None:
         """Reads a definition element and every element nested in it. "Name", "Handler" and "Caption" are
-        required: error 5 ends the load where one is missing, and the definitions complete before it are kept.
-        Of nested siblings with one name the first stays."""
+        required: error 5 stops the load where one is missing, and the definitions complete before it are
+        kept. Of nested siblings with one name the first is kept."""
     def ResetIncludeFlag(self) -> None:
         """Sets `IncludeFlag` to `DefaultIncludeFlag`, here and in every nested definition."""
     def ResetCounters(self) -> None:
@@ -1344,8 +1396,8 @@ class ElementDefs(Object):
     def Count(self) -> int:
         """The number of items."""
     def Load(self, e: lwconfig.XMLElement | None, NamespaceProfile: lwconfig.NamespaceDefs | None) -> None:
-        """Reads an `lwelements` element of the profile. Common attributes reach the elements that follow
-        them. A failure ends the load, and the elements before it are kept."""
+        """Reads an `lwelements` element of the profile. Common attributes apply to the elements that follow
+        them. A failure stops the load, and the elements before it are kept."""
     def __call__(self, Key: Any) -> lwconfig.ElementDef | None: ...
     def __delitem__(self, key: int | str) -> None: ...
     def __len__(self) -> int: ...
@@ -1364,7 +1416,7 @@ class ElementDef(Object):
     Name: str
     """The name of the element."""
     Description: str
-    """What the element is for."""
+    """Description of the element."""
     Category: str
     """The category under which it is offered."""
     DesignerProgID: str
@@ -1372,7 +1424,7 @@ class ElementDef(Object):
     Namespaces: str
     """Code element names."""
     ScrapsOnly: bool
-    """Whether it may stand in scraps only."""
+    """Whether it is allowed in scraps only."""
     ElementAttributeDefs: _Owned[lwconfig.ElementAttributeDefs]
     """The attributes that it takes, filed under their names."""
     NamespaceProfile: lwconfig.NamespaceDefs | None
@@ -1380,7 +1432,7 @@ class ElementDef(Object):
     def Load(self, e: lwconfig.XMLElement | None, Parent: lwconfig.NamespaceDefs | None, CommonAttributes: lwconfig.ElementAttributeDefs | None) -> None:
         """Reads an `lwelement` element of the profile `Parent`, then adds copies of those common attributes
         that the element does not define itself; null adds none. "Name" is required (error 5); a repeated
-        attribute is error 457. Either ends the load, and the attributes before it are kept."""
+        attribute is error 457. Either stops the load, and the attributes before it are kept."""
 
 class ElementAttributeDefs(Object):
     """The attributes of an element, filed under their names."""
@@ -1416,13 +1468,13 @@ class ElementAttributeDef(Object):
     Name: str
     """The key in `ElementAttributeDefs`."""
     Description: str
-    """What the attribute is for."""
+    """Description of the attribute."""
     HelpTopic: str
-    """Page that tells about it."""
+    """Page that describes the attribute."""
     EditType: str
     """How its value is edited."""
     ListSource: str
-    """Where a list of values comes from."""
+    """Source of a list of values."""
     ListValues: str
     """The values to choose from."""
     DefaultValue: str
@@ -1433,7 +1485,7 @@ class ElementAttributeDef(Object):
     """The element that the attribute belongs to, or null for a common attribute of all elements. When set:
     the element is not kept alive."""
     def Load(self, e: lwconfig.XMLElement | None) -> None:
-        """Reads an `attribute` element. "Name" and "Description" are required: error 5 ends the load."""
+        """Reads an `attribute` element. "Name" and "Description" are required: error 5 stops the load."""
     def Clone(self, ElementDef: lwconfig.ElementDef | None) -> Any:
         """A copy that belongs to the given element."""
 
@@ -1444,12 +1496,12 @@ class ElementAttributes(Object):
     def Parse(self, CommandLine: str | None = ...) -> int:
         """Replaces the attributes by those of the text, or of the arguments of this process where it is
         empty; keeps them where those are empty too. Returns the new `Count`. More than 32,767 attributes are
-        error 6, and the old ones stay.
+        error 6, and the old ones are kept.
 
-        A text with "=" is split at blanks. An attribute is `name=value`, or a text that is name and value at
-        once; a name loses one leading "-" or "/". Blanks inside double quotes do not split, and a quote that
-        is not closed lasts to the end; three quotes in a row are one quote, which only a name keeps. Every
-        blank ends an attribute, so that two in a row enclose an empty one, and the end of the text adds an
+        A text with "=" is split at blanks. An attribute is `name=value`, or a text that is both name and
+        value; a name loses one leading "-" or "/". Blanks inside double quotes do not split, and an unclosed
+        quote extends to the end; three quotes in a row are one quote, which only a name keeps. Every blank
+        terminates an attribute, so that two in a row enclose an empty one, and the end of the text adds an
         empty one. A text without "=" is one attribute, blanks included."""
     def AttributeName(self, Index: Any) -> str:
         """The name, or the value, of one attribute; empty where `Index` names none. A number other than 0,
@@ -1466,10 +1518,10 @@ class ElementAttributes(Object):
         """The number of attributes."""
 
 class INamespaceProvider(Object):
-    """What a provider of documentable items implements: it knows one kind of source, described by a namespace
-    profile, finds its items and takes part in generation. A source is named by a moniker, a text that only
-    the provider understands. Arguments that are references to objects or to a changeable string may be
-    replaced.
+    """The interface of a provider of documentable items: it handles one kind of source, described by a
+    namespace profile, finds its items and takes part in generation. A source is named by a moniker, a text
+    that only the provider understands. Arguments that are references to objects or to a changeable string may
+    be replaced.
 
     This class itself does nothing and returns nothing: null, empty or false."""
 
@@ -1480,9 +1532,9 @@ class INamespaceProvider(Object):
     DocumentDataProvider: Any
     """The provider's data for the generator."""
     def Initialise(self, LWProject: Any) -> None:
-        """Hands over the generator's project."""
+        """Passes the generator's project to the provider."""
     def GetRootItem(self, NamespaceDef: lwconfig.NamespaceDef | None, Moniker: str) -> Any:
-        """The root item that the moniker names."""
+        """The root item named by the moniker."""
     def GetObjectFromQualifiedName(self, QualifiedName: str) -> Any:
         """The item with that fully qualified name."""
     def GetNamespaceDefFromObject(self, NamespaceDefs: lwconfig.NamespaceDefs | None, obj: Any) -> Any:
@@ -1494,21 +1546,21 @@ class INamespaceProvider(Object):
     Name: Any
     """The provider's name."""
     def ContentCreated(self, Item: Any, NamespaceDef: lwconfig.NamespaceDef | None, FileName: str, CoreContent: bool) -> None:
-        """Tells that the file was created for the item, and whether it is core content."""
+        """Reports that the file was created for the item, and whether it is core content."""
     def BeforeProcessRootItem(self, RootItem: Any) -> None:
-        """Tells that a root item is about to be processed."""
+        """Reports that a root item is about to be processed."""
     def AfterProcessRootItem(self, RootItem: Any) -> None:
-        """Tells that a root item has been processed."""
+        """Reports that a root item has been processed."""
     def BeforeProcessItem(self, Item: Any, RootItem: Any) -> None:
-        """Tells that an item is about to be processed."""
+        """Reports that an item is about to be processed."""
     def AfterProcessItem(self, Item: Any, RootItem: Any) -> None:
-        """Tells that an item has been processed."""
+        """Reports that an item has been processed."""
     def GetModuleItems(self) -> Any:
         """The provider's module items."""
     def BrowseForMoniker(self, Flags: str) -> str:
         """Lets the user pick a source and returns its moniker."""
     def VerifyMoniker(self, Moniker: str, Message: str) -> tuple[bool, str]:
-        """Whether the moniker names a usable source; if not, the reason is put into `Message`."""
+        """Whether the moniker names a usable source; if not, `Message` is set to the reason."""
     def GetMonikerFromRootItem(self, RootItem: Any) -> str:
         """The moniker of a root item."""
     def MakeMonikerRelative(self, Moniker: str, RelativeToFileName: str) -> Any:
@@ -1535,8 +1587,8 @@ class PlugIns(Object):
     def Load(self) -> None:
         """Replaces the list by the plug-ins of every file in the "PlugIns" folder of the configuration."""
     def LoadFrom(self, Folder: PathLike[str] | str) -> None:
-        """Replaces the list by the plug-ins of every "*.xml" file in the folder; none where there is no such
-        folder. A failing element ends the load, and the plug-ins before it are kept."""
+        """Replaces the list by the plug-ins of every "*.xml" file in the folder; none where the folder does
+        not exist. A failing element stops the load, and the plug-ins before it are kept."""
     def Clone(self) -> lwconfig.PlugIns:
         """A list of copies, each filed under its own key."""
     def __call__(self, Key: Any) -> lwconfig.PlugIn | None: ...
@@ -1551,14 +1603,14 @@ class PlugIns(Object):
     def __getitem__(self, key: slice) -> list[lwconfig.PlugIn]: ...
 
 class PlugIn(Object):
-    """A plug-in: for wizard, content and table of contents, whether it takes part and the component that
-    serves it."""
+    """A plug-in of the generator: for wizard, content and tables of contents, whether it takes part and which
+    component serves it."""
 
     def __init__(self) -> None: ...
     Name: str
     """The name by which templates enable it."""
     Description: str
-    """What the plug-in does."""
+    """Description of the plug-in."""
     ExtendsWizard: bool
     """Whether it takes part in the wizard."""
     WizardProgID: str
@@ -1572,24 +1624,24 @@ class PlugIn(Object):
     TableOfContentsProgID: str
     """Component that serves tables of contents."""
     Key: str
-    """"P" and the next plug-in number of the process: identifies the object, not the plug-in; neither read
-    nor written. A copy has a key of its own."""
+    """"P" and the next plug-in number of the process: identifies the object, not the plug-in. Neither read
+    nor written. A copy has its own key."""
     def Load(self, e: lwconfig.XMLElement | None) -> None:
-        """Reads a `PlugIn` element. All eight attributes are required: error 5 ends the load where one is
+        """Reads a `PlugIn` element. All eight attributes are required: error 5 stops the load where one is
         missing."""
     def Save(self, e: lwconfig.XMLElement | None) -> None:
-        """Writes all that is stored into the element, which the caller has named."""
+        """Writes all stored properties to the element, which the caller has named."""
     def Clone(self) -> lwconfig.PlugIn:
-        """A copy with a key of its own."""
+        """A copy with its own key."""
 
 class ExternalDocs(Object):
     """The sources of external documentation, filed under their name patterns, and the links to their pages.
-    The first source in order whose pattern covers a name is the one used. The namespace of a full name is
-    what stands before its last ".", its short name what follows."""
+    The first source in order whose pattern covers a name is used. The namespace of a full name is the part
+    before its last ".", its short name the part after it."""
 
     def __init__(self) -> None: ...
     Dirty: bool
-    """For the caller's use; a `Load` or `Save` that succeeds clears it."""
+    """For the caller's use; cleared by a successful `Load` or `Save`."""
     def Item(self, Key: Any) -> lwconfig.ExternalDoc | None:
         """The item at that position or under that key, or null."""
     def Remove(self, Key: Any) -> None:
@@ -1603,29 +1655,29 @@ class ExternalDocs(Object):
     def Count(self) -> int:
         """The number of items."""
     def Load(self) -> None:
-        """Adds the sources of `ExternalDocs.xml` in the configuration folder, if there is such a file, in
-        whatever letter case. A source without a name pattern (error 5) or with one that is present (error
-        457) ends the load, and the sources before it are kept."""
+        """Adds the sources of `ExternalDocs.xml` in the configuration folder, if there is such a file, in any
+        letter case. A source without a name pattern (error 5) or with one that is present (error 457) stops
+        the load, and the sources before it are kept."""
     def Save(self) -> None:
-        """Writes all sources to `ExternalDocs.xml` in the configuration folder, in the letter case that the
-        file has. When that fails, the old file stays whole."""
+        """Writes all sources to `ExternalDocs.xml` in the configuration folder, in the letter case of the
+        existing file. When that fails, the old file is kept whole."""
     def Link(self, ObjectFullName: str, Caption: str, IsHelp2: bool, AdditionalKey: str | None = ...) -> str:
         """The link to the page of a class or other object; empty where no source covers its namespace, to
-        which "." is appended when it has none. Answers are kept until `ResetLinkCache`, for every object,
-        caption and additional key without regard to letter case; neither `IsHelp2` nor a change of the
-        sources matters to them."""
+        which "." is appended when it has none. Answers are cached until `ResetLinkCache` by object, caption
+        and additional key without regard to letter case; `IsHelp2` and changes of the sources do not affect
+        cached answers."""
     def IsLinkAvailable(self, ClassFullName: str) -> bool:
-        """Whether a source covers the namespace of the class. Where one does, the answer is kept until
-        `ResetLinkCache`; from a pattern that is a single blank it is kept as false."""
+        """Whether a source covers the namespace of the class. A positive answer is cached until
+        `ResetLinkCache`; one from a pattern that is a single blank is cached as false."""
     def MemberLink(self, ClassFullName: str, MemberName: str, Caption: str, IsHelp2: bool) -> str:
         """The link to the page of a class member, up to its first "("; empty where no source covers the
         namespace of the class."""
     def URL(self, ObjectFullName: str) -> str:
         """The address of the page of an object, without markup; empty where no source covers its whole name."""
     def Clone(self) -> lwconfig.ExternalDocs:
-        """A copy with sources of its own, without keys, and nothing kept from before."""
+        """A copy with its own sources, without keys and cached answers."""
     def ResetLinkCache(self) -> None:
-        """Forgets the answers kept by `Link` and `IsLinkAvailable`."""
+        """Clears the cached answers of `Link` and `IsLinkAvailable`."""
     def __call__(self, Key: Any) -> lwconfig.ExternalDoc | None: ...
     def __delitem__(self, key: int | str) -> None: ...
     def __len__(self) -> int: ...
@@ -1638,7 +1690,7 @@ class ExternalDocs(Object):
     def __getitem__(self, key: slice) -> list[lwconfig.ExternalDoc]: ...
 
 class ExternalDoc(Object):
-    """One source of external documentation: which names it documents and how links to its pages are written."""
+    """One source of external documentation: the names it documents and the formats of links to its pages."""
 
     def __init__(self) -> None: ...
     NamespaceName: str
@@ -1655,16 +1707,15 @@ class ExternalDoc(Object):
     Help2LinkFormat: str
     """The formats of `ClassLink`. Error 91 while that is null."""
     def Load(self, e: lwconfig.XMLElement | None) -> None:
-        """Reads an `ExternalDoc` element. "Namespace" is required: error 5 ends the load where it is missing.
-        The first child element, whatever its name, holds the default member link."""
+        """Reads an `ExternalDoc` element. "Namespace" is required: error 5 stops the load where it is
+        missing. The first child element, whatever its name, holds the default member link."""
     def Save(self, e: lwconfig.XMLElement | None) -> None:
-        """Writes all that is stored into the element, which the caller has named."""
+        """Writes all stored properties to the element, which the caller has named."""
     def Clone(self) -> lwconfig.ExternalDoc:
-        """A copy with links of its own."""
+        """A copy with its own links."""
 
 class ExternalLink(Object):
-    """The formats from which a link into external documentation is built, with placeholders in %%. An empty
-    format is none."""
+    """The formats of a link into external documentation, with placeholders in %%. An empty format is none."""
 
     def __init__(self) -> None: ...
     HTMLHelp1LinkFormat: str
@@ -1674,9 +1725,9 @@ class ExternalLink(Object):
     URLFormat: str
     """Address of the page, without markup."""
     def Load(self, e: lwconfig.XMLElement | None) -> None:
-        """Reads the formats off an element of any name; one that is absent keeps its value."""
+        """Reads the formats from an element of any name; an absent format keeps its value."""
     def Save(self, e: lwconfig.XMLElement | None) -> None:
-        """Writes all that is stored into the element, which the caller has named."""
+        """Writes all stored properties to the element, which the caller has named."""
     def Clone(self, Target: lwconfig.ExternalLink | None) -> None:
         """Copies the formats into `Target`. Error 91 where it is null."""
 
@@ -1685,7 +1736,7 @@ class VSNETOptions(Object):
 
     def __init__(self) -> None: ...
     FullPageEditExcludedLanguages: str
-    """Languages that are not edited on a full page, joined by ","; while none are stored, all those of the
+    """Languages that are not edited on a full page, joined by ","; the default is all languages of the
     configuration that are not included by default."""
     ToolbarStyle: lwconfig.LWToolBarStyleEnum | int
     """The application value `ToolbarStyle` of the section `VSNET`. At first `ToolbarStyleOffice2003NoThemes`."""
@@ -1752,7 +1803,7 @@ class VBOptions(Object):
     """The application value `VBAPreviewTemplate` of the section `VBA`. At first `"VB Technical
     Documentation"`."""
     VBCommentMode: lwconfig.CommentModeEnum | int
-    """Is written like every option and never read: it always is `ModeVBCode`. The application value
+    """Written like every option and never read: the value is always `ModeVBCode`. The application value
     `VBCommentMode` of the section `VB`. At first `ModeVBCode`."""
     ExternalWindow: bool
     """The application value `ExternalWindow` of the section `VB`. At first False."""
@@ -1867,38 +1918,39 @@ class Collection(Object):
     def __getitem__(self, key: slice) -> list[str]: ...
 
 class XMLDocument(Object):
-    """One XML document, parsed or to be written. No document types are processed, no entities beyond the five
-    of XML expanded and nothing is fetched; elements may nest to any depth."""
+    """An XML document, parsed or to be written. Document types are not processed, no entities beyond the five
+    of XML are expanded, nothing is fetched. Elements may nest to any depth."""
 
     def __init__(self) -> None: ...
     @property
     def RootElement(self) -> lwconfig.XMLElement:
-        """The document element; on a new document, or one whose text held none, an element without a name for
-        the caller to name and fill. Never none."""
+        """The document element; never null. In a new document, or after a text without an element, it has no
+        name yet: the caller names and fills it."""
     def LoadXML(self, Text: str) -> bool:
-        """Replaces the document by the one in `Text`. False when the text is not well-formed: the document is
-        then the part before the fault, without an element whose start tag is not finished. Elements taken
-        from the document before stay what they were."""
+        """Replaces the document by the one in `Text`. False when the text is not well-formed: the document
+        then holds the part before the fault, without an element whose start tag is not finished. Elements
+        taken from the previous document stay valid and unchanged."""
     def LoadXMLWithOption(self, Text: str, Option: bool) -> bool:
         """As `LoadXML`. With `Option`, the text of an element keeps its white space. The text of an element
         with markup inside, such as HTML or a comment, is then as written: the markup stays, references are
-        not resolved, and of a CDATA section the marks alone are left out, as in any text. `SourcePath` is the
-        file that the text was read from, if any, which errors then name as their place."""
+        not resolved, and only the marks of CDATA sections are left out, as in any text. `SourcePath` is the
+        file of the text, if any; errors name it as their place. `observer`, if any, watches the document as
+        long as it or an element of it lives."""
     @property
     def XML(self) -> str:
         """The whole document as UTF-8 text with an XML declaration. Error 5 where the document element has no
         name yet."""
 
 class XMLElement(Object):
-    """One element of a document. A handle: it stays valid as long as it is held, and copies refer to the same
+    """An element of a document. The handle stays valid as long as it is held; copies refer to the same
     element."""
 
     Name: str
-    """The tag name as written in the file. When set: error 5 for a text that is no XML name."""
+    """The tag name as written in the file. When set: error 5 for an invalid XML name."""
     @property
     def Text(self) -> str:
-        """The character data directly inside the element, joined; what was written in it where the document
-        was loaded so."""
+        """The character data directly inside the element, joined; the text as written where the document was
+        loaded so."""
     @property
     def Attributes(self) -> lwconfig.XMLAttributes:
         """The attributes, in the order of the file."""
@@ -1906,12 +1958,11 @@ class XMLElement(Object):
     def Children(self) -> lwconfig.XMLElements:
         """The child elements, in the order of the file."""
     def AddAttribute(self, Name: str, Value: str) -> lwconfig.XMLAttribute:
-        """Appends an attribute. The value comes back exactly as it was set: control characters other than tab
-        and line breaks are written as references too, which XML 1.0 does not provide for and this library
-        reads. Error 5 for a name that is no XML name, and for a value with a NUL character, which no file can
-        hold."""
+        """Appends an attribute. The value reads back exactly as set: control characters other than tab and
+        line breaks are written as references too, which XML 1.0 forbids and this library reads. Error 5 for
+        an invalid XML name, and for a value with a NUL character, which no file can hold."""
     def AddElement(self, Name: str, Text: str) -> lwconfig.XMLElement:
-        """Appends a child element with this tag name and text, which comes back in the same way. Error 5 as
+        """Appends a child element with this tag name and text; the text reads back exactly as set. Error 5 as
         above."""
 
 class XMLElements(Object):
@@ -1942,16 +1993,17 @@ class XMLAttributes(Object):
     def __getitem__(self, key: str) -> lwconfig.XMLAttribute: ...
 
 class XMLAttribute(Object):
-    """One attribute. A handle: it stays valid as long as it is held, and copies refer to the same attribute."""
+    """An attribute of an element. The handle stays valid as long as it is held; copies refer to the same
+    attribute."""
 
     @property
     def Value(self) -> str:
         """The value, entities resolved."""
 
 class DiskFile(Object):
-    """One path on disk, held as folder, base name and extension, and the file there while it is open. Paths
-    are in the product's notation: backslashes, slashes accepted, repeated separators taken as one, "." and
-    ".." resolved. One without drive and leading separator is taken from the current folder."""
+    """A path on disk, held as folder, base name and extension, and the file there while it is open. Paths are
+    in the product's notation: backslashes; slashes are accepted, repeated separators count as one, "." and
+    ".." are resolved. A path without drive and leading separator is relative to the current folder."""
 
     def __init__(self) -> None: ...
     Folder: _FilePath
@@ -1962,13 +2014,13 @@ class DiskFile(Object):
     BaseName: str
     """The file name without its extension."""
     Extension: str
-    """The extension without a dot in front. When set: with or without a dot in front."""
+    """The extension without a leading dot. When set: with or without a leading dot."""
     @property
     def FileName(self) -> str:
         """Base name and extension, without folder."""
     FullPath: _FilePath
-    """Folder, base name and extension, as one path. When set: splits the path; the extension is what follows
-    the last dot of the file name."""
+    """Folder, base name and extension, as one path. When set: splits the path; the extension follows the last
+    dot of the file name."""
     @property
     def Exists(self) -> bool:
         """Whether a file, not a folder, exists at the full path."""
@@ -1976,9 +2028,9 @@ class DiskFile(Object):
     def IsFolder(self) -> bool:
         """Whether the full path names an existing folder."""
     def Open(self, Mode: int, Access: int, Share: int, RecordLength: Any) -> None:
-        """Opens the file: (3, 1) an existing file for reading, (4, 2) for writing from its start, whatever
-        stood in it. `share` and `recordLength` are accepted and have no effect. A file that cannot be opened
-        leaves `IsOpen` false and raises nothing. Error 5 for other modes."""
+        """Opens the file: (3, 1) an existing file for reading, (4, 2) for writing from its start, replacing
+        any old content. `share` and `recordLength` are accepted and have no effect. A file that cannot be
+        opened leaves `IsOpen` false and raises nothing. Error 5 for other modes."""
     @property
     def IsOpen(self) -> bool:
         """Whether the last `Open` succeeded and no `Close` followed."""
@@ -1987,21 +2039,21 @@ class DiskFile(Object):
         """The whole content as text without byte-order mark, also of a file that was never opened; empty for
         one that does not exist or has no path. Error 70 or 75 for one that exists and cannot be read."""
     def Write(self, Text: str) -> None:
-        """Appends text (UTF-8) to a file open for writing. The error of the failed `Open` where there was
-        one, else error 52 when the file is not open for writing; 5 for text that is not valid UTF-8, 75 for a
-        failing disk. The file on disk keeps its old content until `Close`."""
+        """Appends text (UTF-8) to a file open for writing. Throws the error of a failed `Open`, else error 52
+        when the file is not open for writing; 5 for text that is not valid UTF-8, 75 for a failing disk. The
+        file on disk keeps its old content until `Close`."""
     def Close(self) -> None:
-        """Closes the file. What was written is made durable and put in place in one step; when that fails,
-        the error of the file layer is raised and the old content stays."""
+        """Closes the file. Written text is made durable and put in place in one step; when that fails, the
+        error of the file layer is raised and the old content stays."""
     def Delete(self) -> None:
         """Deletes the file. Error 53 when there is none."""
     def Files(self, Pattern: str, Mode: int) -> lwconfig.DiskFiles:
-        """The entries of the folder that match the pattern, also hidden ones, in the order of the file system
-        or by their names in capital letters. `mode` is accepted and has no effect. A folder that does not
-        exist has none; error 70 or 75 for one that cannot be listed."""
+        """The entries of the folder that match the pattern, including hidden ones, in the order of the file
+        system or by their names in capital letters. `mode` is accepted and has no effect. A folder that does
+        not exist has none; error 70 or 75 for one that cannot be listed."""
 
 class DiskFiles(Object):
-    """The files of a folder listing, as callers get them, without keys."""
+    """The files of a folder listing as a collection without keys."""
 
     def __init__(self) -> None: ...
     def Item(self, Key: Any) -> lwconfig.DiskFile | None:
@@ -2021,13 +2073,13 @@ class DiskFiles(Object):
 
 class RegistryAccess(Object):
     """The registry. Hives are 0x80000001 (current user) and 0x80000002 (local machine); any other is error 5.
-    A registry that cannot be read or written is error 70 or 75, with file, line and column where one is
-    damaged."""
+    A registry that cannot be read or written is error 70 or 75; the error of a damaged registry file has its
+    file, line and column."""
 
     def __init__(self) -> None: ...
     def GetValue(self, Hive: int, KeyPath: str, ValueName: str) -> Any:
-        """The value; nothing where key or value are absent. A value that is neither a text nor a number is
-        given as the hexadecimal digits of its bytes."""
+        """The value; nothing where the key or value is absent. A value that is neither text nor number is
+        returned as the hexadecimal digits of its bytes."""
     def CreateKey(self, Hive: int, KeyPath: str) -> None:
         """Creates the key and any missing parents; an existing key is left alone."""
     def SetValue(self, Hive: int, KeyPath: str, ValueName: str, Value: Any, ValueType: int) -> None:
@@ -2049,13 +2101,13 @@ class StringTools(Object):
     def SplitToCollection(self, Text: str, Separator: str) -> lwconfig.Collection:
         """The pieces of the text split at the separator, in order, without keys."""
     def ExpandPlaceholders(self, Format: str, Values: lwconfig.Collection | None, Delimiter: str) -> str:
-        """Replaces each placeholder, a name between two delimiters, by the value filed under that name. A
-        name that has no value and a lone delimiter are copied unchanged; values are not expanded again."""
+        """Replaces each placeholder, a name between two delimiters, by the value under that name. A name
+        without a value and a lone delimiter are copied unchanged; values are not expanded again."""
 
 class ObjectReference(Object):
     """A reference to any object of this library that does not keep it alive."""
 
     def __init__(self) -> None: ...
     Object: Any
-    """The object referred to; null before one is set, and once it is gone. When set: null for none. Error 13
-    for an object of another library, which would be gone at once."""
+    """The object referred to; null before one is set and after it is destroyed. When set: null for none.
+    Error 13 for a foreign object, which nothing would keep alive."""

@@ -1,4 +1,4 @@
-"""What a failing operation raises."""
+"""The exceptions of failing operations."""
 
 from __future__ import annotations
 
@@ -20,9 +20,9 @@ __all__ = [
 class Error(Exception):
     """A failure of the library.
 
-    number       what Basic programmers know it by, such as 457 for a duplicate key
-    description  what went wrong
-    source       what failed: "LWConfigObjects" in most cases
+    number       the number of the error in Basic, such as 457 for a duplicate key
+    description  the description of the failure
+    source       the source of the failure: "LWConfigObjects" in most cases
     file, line, column
                  the place in the file that was being read, else None; line and column count from 1
     """
@@ -66,7 +66,7 @@ class FilePermissionError(Error, PermissionError):
 
 
 class BadValueError(Error, ValueError):
-    """A value, in a call or in a file, that the library cannot take."""
+    """A value, in a call or in a file, that the library cannot accept."""
 
 
 class UnknownKeyError(Error, KeyError):
@@ -78,7 +78,7 @@ class UnknownPositionError(Error, IndexError):
 
 
 class MemberError(Error, AttributeError):
-    """A member or event that the object does not have, or not for this use."""
+    """A member or event that the object does not have, or that does not allow this use."""
 
 
 class CallError(Error, TypeError):
@@ -113,7 +113,7 @@ _KINDS: dict[int, type[Error]] = {
 def make(
     number: int, description: str, source: str, file: str | None, line: int | None, column: int | None, is_key: bool
 ) -> Error:
-    """The exception for a failure; `is_key` where it is about a key that names nothing."""
+    """The exception for a failure; `is_key` for an unknown key."""
     kind = _KINDS.get(number, Error)
     if is_key:
         kind = UnknownKeyError

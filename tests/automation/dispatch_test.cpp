@@ -32,7 +32,6 @@ class DispatchTest : public testing::ConfigurationTest {
   static void Let(const AnyObject& object, std::string_view member, Variant value) {
     Call(object, member, {std::move(value)}, kPropertyLet);
   }
-  static std::string Text(const Variant& value) { return std::get<std::string>(value); }
 
   static std::function<void()> Calling(const AnyObject& object, std::string_view member,
                                        std::vector<Variant> arguments = {}, unsigned kinds = kCall) {
@@ -47,27 +46,23 @@ TEST_F(DispatchTest, ConvertsValuesAsClientsExpect) {
   const AnyObject plugIn = New("PlugIn");
   using Row = std::tuple<AnyObject, const char*, Variant, Variant>;
   for (const auto& [object, member, value, expected] :
-       {Row{layout, "NAME", 12, std::string("12")}, Row{layout, "Name", true, std::string("True")},
-        Row{layout, "Name", 2.5, std::string("2.5")}, Row{layout, "Name", Variant(), std::string()},
-        Row{layout, "DependantCount", std::string(" 7 "), 7}, Row{layout, "DependantCount", 2.5, 2},
-        Row{layout, "DependantCount", 3.5, 4}, Row{layout, "DependantCount", true, -1},
-        Row{layout, "DependantCount", std::int16_t{-3}, -3}, Row{layout, "PageType", std::string("3"), 3},
-        Row{plugIn, "ExtendsWizard", std::string("true"), true},
-        Row{plugIn, "ExtendsWizard", std::string("0"), false}, Row{plugIn, "ExtendsWizard", 0.5, true},
+       {Row{layout, "NAME", 12, "12"}, Row{layout, "Name", true, "True"}, Row{layout, "Name", 2.5, "2.5"},
+        Row{layout, "Name", Variant(), ""}, Row{layout, "DependantCount", " 7 ", 7},
+        Row{layout, "DependantCount", 2.5, 2}, Row{layout, "DependantCount", 3.5, 4},
+        Row{layout, "DependantCount", true, -1}, Row{layout, "DependantCount", std::int16_t{-3}, -3},
+        Row{layout, "PageType", "3", 3}, Row{plugIn, "ExtendsWizard", "true", true},
+        Row{plugIn, "ExtendsWizard", "0", false}, Row{plugIn, "ExtendsWizard", 0.5, true},
         Row{plugIn, "ExtendsWizard", -1, true}, Row{plugIn, "ExtendsWizard", Variant(), false}}) {
     Let(object, member, value);
     EXPECT_EQ(Call(object, member), expected) << member << " " << DescribeValue(value);
   }
   const AnyObject registry = New("RegistryAccess");
-  const Variant user = std::int32_t{-0x7FFFFFFF};
-  const Variant key = std::string("Software\\Test");
-  const Variant name = std::string("Value");
   using Stored = std::tuple<Variant, std::int32_t, Variant>;
   for (const auto& [value, type, expected] :
-       {Stored{true, 1, std::string("True")}, Stored{1.5, 1, std::string("1.5")}, Stored{1.5, 4, 2},
-        Stored{true, 4, -1}}) {
-    Call(registry, "SetValue", {user, key, name, value, type});
-    EXPECT_EQ(Call(registry, "GetValue", {user, key, name}), expected) << DescribeValue(value);
+       {Stored{true, 1, "True"}, Stored{1.5, 1, "1.5"}, Stored{1.5, 4, 2}, Stored{true, 4, -1}}) {
+    Call(registry, "SetValue", {-0x7FFFFFFF, "Software\\Test", "Value", value, type});
+    EXPECT_EQ(Call(registry, "GetValue", {-0x7FFFFFFF, "Software\\Test", "Value"}), expected)
+        << DescribeValue(value);
   }
 }
 
@@ -78,7 +73,7 @@ TEST_F(DispatchTest, NamesMemberAndArgumentOfWrongCalls) {
   const auto naming = [&](std::string_view name) {
     return [=] {
       std::vector<Variant> position{1};
-      Variant value = std::string("x");
+      Variant value = "x";
       const NamedArgument named{name, &value};
       Invoke(layouts, "Item", kCall, {position, std::span(&named, 1)});
     };
@@ -91,16 +86,14 @@ TEST_F(DispatchTest, NamesMemberAndArgumentOfWrongCalls) {
        {Row{Calling(layouts, "Items"), kNoSuchMember, "The class PageLayouts has no member \"Items\""},
         Row{Calling(layouts, "Count", {}, kMethod), kNoSuchMember, "PageLayouts.Count"},
         Row{Calling(layouts, "Add", {layout}, kPropertyGet), kNoSuchMember, "PageLayouts.Add is a method"},
-        Row{Calling(layouts, "Count", {3}, kPropertyLet), kReadOnlyProperty,
-            "PageLayouts.Count is read-only"},
+        Row{Calling(layouts, "Count", {3}, kPropertyLet), kReadOnlyProperty, "Count is read-only"},
         Row{Calling(layouts, "Count", {1}), kWrongArgumentCount, "PageLayouts.Count takes no arguments"},
         Row{Calling(layouts, "Add"), kArgumentNotOptional, "PageLayouts.Add: the argument 1 (obj)"},
         Row{Calling(layouts, "Add", {layout, 1, 2, 3, 4}), kWrongArgumentCount, "at most 4 arguments, 5"},
         Row{Calling(layouts, "Add", {New("PlugIn")}), kTypeMismatch,
-            "PageLayouts.Add, argument 1 (obj): An object of the class PageLayout was expected, an object of "
-            "the class PlugIn was found"},
+            "PageLayout was expected, an object of the class PlugIn was found"},
         Row{Calling(layouts, "Add", {foreign}), kTypeMismatch, "another library"},
-        Row{setting("DependantCount", std::string("many")), kTypeMismatch,
+        Row{setting("DependantCount", "many"), kTypeMismatch,
             "PageLayout.DependantCount, argument 1 (Value): \"many\""},
         Row{setting("DependantCount", 3e9), kOverflow, "3e+09"},
         Row{setting("Name", Null{}), kInvalidUseOfNull, "Null"},
@@ -133,7 +126,7 @@ TEST_F(DispatchTest, FailuresAreReportedOnceAtTheOutermostOperation) {
   // Describe the object after the failure: its state is what the report is for.
   const AnyObject comment = New("ModelComment");
   const AnyObject element = Get(New("XMLDocument"), "RootElement");
-  Call(element, "AddAttribute", {std::string("MemberType_Namespace"), std::string("LW:X")});
+  Call(element, "AddAttribute", {"MemberType_Namespace", "LW:X"});
   EXPECT_EQ(testing::ErrorOf([&] { Call(comment, "Load", {element}); }).Number(), kReportedFailure);
   EXPECT_THAT(Component.Reports.back(),
               ::testing::HasSubstr("<Variable Name=\"MemberType_Namespace\">the text \"LW:X\"</Variable>"));
@@ -146,9 +139,8 @@ TEST_F(DispatchTest, WithoutTheComponentFailuresGiveTheEmptyValueOfTheResultsTyp
   using Row = std::tuple<const char*, const char*, std::vector<Variant>, Variant>;
   for (const auto& [className, member, arguments, expected] :
        {Row{"Root", "ModelCommentProfiles", {}, nothing}, Row{"NamespaceDef", "Tag", {}, nothing},
-        Row{"NodeDef", "Clone", {}, nothing},
-        Row{"StringTools", "KeyExists", {nothing, std::string("k")}, false},
-        Row{"StringTools", "JoinCollection", {nothing, std::string(",")}, std::string()},
+        Row{"NodeDef", "Clone", {}, nothing}, Row{"StringTools", "KeyExists", {nothing, "k"}, false},
+        Row{"StringTools", "JoinCollection", {nothing, ","}, std::string()},
         Row{"ElementAttributes", "Parse", {"a=" + std::string(40000, ' ')}, std::int16_t{0}},
         // No object is the operation's failure, however it takes its objects.
         Row{"ModelComment", "Load", {nothing}, Variant()},
@@ -168,29 +160,18 @@ TEST_F(DispatchTest, FindsNothingWhereAKeyIsOfAnotherKind) {
   const AnyObject layout = New("PageLayout");
   Call(Get(pageTemplate, "PageLayouts"), "Add", {layout});
   EXPECT_EQ(Get(pageTemplate, "PageLayouts", {1.0}), layout);
-  for (const Variant& nothing :
-       {Variant(0), Variant(2), Variant(true), Variant(layout), Variant(std::string())})
+  for (const Variant& nothing : {Variant(0), Variant(2), Variant(true), Variant(layout), Variant("")})
     EXPECT_EQ(Get(pageTemplate, "PageLayouts", {nothing}), AnyObject{}) << DescribeValue(nothing);
-  EXPECT_EQ(Call(pageTemplate, "Phrase", {std::string("x")}), Variant(std::string("!MISSING PHRASE 'x'!")));
-
-  const auto items = Enumerate(Get(pageTemplate, "PageLayouts"));
-  Variant next;
-  EXPECT_TRUE(items->Next(next));
-  EXPECT_EQ(next, Variant(layout));
-  EXPECT_FALSE(items->Next(next));
-  items->Reset();
-  EXPECT_TRUE(items->Clone()->Next(next));
 }
 
 TEST_F(DispatchTest, ReadsIndexesOfOtherTypes) {
   const AnyObject attributes = New("ElementAttributes");
-  Call(attributes, "Parse", {std::string("a=1 true=2 0.4=3")});
+  Call(attributes, "Parse", {"a=1 true=2 0.4=3"});
   using Row = std::pair<Variant, const char*>;
   for (const auto& [index, value] :
-       {Row{true, "2"}, Row{false, ""}, Row{0.4, ""}, Row{1.5, "2"}, Row{0.0, ""}, Row{std::string("A"), "1"},
-        Row{3, "3"}, Row{1e300, ""}, Row{-1, ""}, Row{Null{}, ""}, Row{attributes, ""},
-        Row{std::int16_t{2}, "2"}})
-    EXPECT_EQ(Text(Call(attributes, "AttributeData", {index})), value) << DescribeValue(index);
+       {Row{true, "2"}, Row{false, ""}, Row{0.4, ""}, Row{1.5, "2"}, Row{0.0, ""}, Row{"A", "1"}, Row{3, "3"},
+        Row{1e300, ""}, Row{-1, ""}, Row{Null{}, ""}, Row{attributes, ""}, Row{std::int16_t{2}, "2"}})
+    EXPECT_EQ(Call(attributes, "AttributeData", {index}), Variant(value)) << DescribeValue(index);
 }
 
 TEST_F(DispatchTest, ReferencesKeepNothingAlive) {
@@ -209,13 +190,6 @@ TEST_F(DispatchTest, ReferencesKeepNothingAlive) {
   EXPECT_EQ(Get(reference, "Object"), AnyObject{});
 }
 
-TEST_F(DispatchTest, AddedAttributesAreGivenBack) {
-  const AnyObject element = Get(New("XMLDocument"), "RootElement");
-  Call(element, "AddAttribute", {std::string("a"), std::string("1")});
-  const AnyObject second = Get(element, "AddAttribute", {std::string("A"), std::string("2")});
-  EXPECT_EQ(Text(Call(second, "Value")), "2");
-}
-
 TEST_F(DispatchTest, ByReferenceArgumentsComeBack) {
   struct Provider final : INamespaceProvider {
     bool VerifyMoniker(std::string_view moniker, std::string& message) override {
@@ -223,18 +197,18 @@ TEST_F(DispatchTest, ByReferenceArgumentsComeBack) {
       return false;
     }
   };
-  std::vector<Variant> moniker{std::string("x.dll"), std::string("Sorry: ")};
+  std::vector<Variant> moniker{"x.dll", "Sorry: "};
+  Variant named = moniker[1];
+  const NamedArgument message{"MESSAGE", &named};
   const AnyObject provider = ToAnyObject<INamespaceProvider>(std::make_shared<Provider>());
   EXPECT_EQ(Invoke(provider, "VerifyMoniker", kCall, {moniker}), Variant(false));
-  EXPECT_EQ(moniker[1], Variant(std::string("Sorry: x.dll is no file")));
+  EXPECT_EQ(moniker[1], Variant("Sorry: x.dll is no file"));
+  Invoke(provider, "VerifyMoniker", kCall, {std::span(moniker).first(1), std::span(&message, 1)});
+  EXPECT_EQ(named, moniker[1]);
 }
 
 TEST_F(DispatchTest, PropertiesHaveTheirNewValueWhenTheOldOneEnds) {
   const AnyObject comment = New("ModelComment");
-  const auto classOf = [](const Variant& value) {
-    const auto* object = std::get_if<AnyObject>(&value);
-    return object != nullptr ? object->Class : nullptr;
-  };
   for (const Variant& tag : {Variant(New("PlugIn")), Variant(7), Variant(AnyObject{}), Variant(Null{}),
                              Variant(), Variant(AnyObject{std::make_shared<int>(1), nullptr})}) {
     std::vector<Variant> seen;
@@ -244,7 +218,7 @@ TEST_F(DispatchTest, PropertiesHaveTheirNewValueWhenTheOldOneEnds) {
     Let(comment, "Tag", AnyObject{{&seen, look}, nullptr});
     Let(comment, "Tag", tag);
     EXPECT_EQ(seen, std::vector{tag});
-    EXPECT_EQ(classOf(seen.at(0)), classOf(tag));
+    EXPECT_EQ(DescribeValue(seen.at(0)), DescribeValue(tag));
   }
 }
 

@@ -36,8 +36,6 @@ class RandomCalls {
     root.SetDefaultToolbarStyle(ToolbarStyleOfficeXP);
     root.SetReloadFlag(false);
   }
-  RandomCalls(const RandomCalls&) = delete;
-  RandomCalls& operator=(const RandomCalls&) = delete;
 
   /// Values of every type, the odd ones among them.
   static const std::vector<Variant>& Values() {
@@ -59,10 +57,10 @@ class RandomCalls {
 
   /// Uses a random member of a random object. Returns the error's number, or 0.
   std::int32_t CallAny() {
-    const AnyObject object = mObjects[mChoose(Size(mObjects))];
+    const AnyObject object = AnyOf(mObjects);
     const auto slots = object.Class->Slots();
     if (slots.empty()) return 0;
-    const MemberInfo& slot = slots[mChoose(Size(slots))];
+    const MemberInfo& slot = AnyOf(slots);
     std::vector<Variant> arguments(mChoose(4) == 0 ? mChoose(kMostParameters + 1) : slot.ParameterCount);
     for (std::size_t at = 0; at < arguments.size(); ++at) {
       const bool isSuitable = at < slot.ParameterCount && mChoose(2) == 0;
@@ -97,15 +95,16 @@ class RandomCalls {
   /// Gives up every object, after taking apart those that hold each other. Returns how many are still alive.
   std::int32_t Finish() {
     std::set<void*> seen;
+    mMost = std::numeric_limits<std::size_t>::max();
     mObjects.insert(mObjects.end(), mHeld.begin(), mHeld.end());
     mHeld.clear();
     while (!mObjects.empty()) {
       const AnyObject object = mObjects.back();
       mObjects.pop_back();
-      if (seen.insert(object.Pointer.get()).second) mHeld.push_back(object);
-      if (mHeld.empty() || mHeld.back() != object) continue;
+      if (!seen.insert(object.Pointer.get()).second) continue;
+      mHeld.push_back(object);
       for (const MemberInfo& slot : object.Class->Slots()) {
-        if (slot.Kind == kPropertyGet && slot.ParameterCount == 0) Call(object, slot, {}, false);
+        if (slot.Kind == kPropertyGet && slot.ParameterCount == 0) Call(object, slot, {});
       }
       Empty(object);
     }
@@ -118,15 +117,11 @@ class RandomCalls {
 
  private:
   template <class T>
-  static std::uint32_t Size(const T& all) {
-    return static_cast<std::uint32_t>(all.size());
+  auto AnyOf(T& all) -> decltype(all[0]) {
+    return all[mChoose(static_cast<std::uint32_t>(all.size()))];
   }
 
-  Variant Value() {
-    const auto& values = Values();
-    if (mChoose(3) == 0) return mObjects[mChoose(Size(mObjects))];
-    return values[mChoose(Size(values))];
-  }
+  Variant Value() { return mChoose(3) == 0 ? Variant(AnyOf(mObjects)) : AnyOf(Values()); }
 
   /// The object of this class that was met last; none where there was none yet.
   AnyObject OfClass(const ClassInfo& info) const {
@@ -140,9 +135,7 @@ class RandomCalls {
       case ValueKind::Object:
         return OfClass(type.Class());
       case ValueKind::AnyObject:
-        return mObjects[mChoose(Size(mObjects))];
-      case ValueKind::Boolean:
-        return mChoose(2) == 0;
+        return AnyOf(mObjects);
       case ValueKind::Text:
         return std::string(1, static_cast<char>('a' + mChoose(4)));
       default:
@@ -150,11 +143,10 @@ class RandomCalls {
     }
   }
 
-  std::int32_t Call(const AnyObject& object, const MemberInfo& slot, std::vector<Variant> arguments,
-                    bool isBounded = true) {
+  std::int32_t Call(const AnyObject& object, const MemberInfo& slot, std::vector<Variant> arguments) {
     try {
-      Keep(Invoke(object, slot.Id, slot.Kind, {arguments}), isBounded);
-      for (const Variant& argument : arguments) Keep(argument, isBounded);
+      Keep(Invoke(object, slot.Id, slot.Kind, {arguments}));
+      for (const Variant& argument : arguments) Keep(argument);
       return 0;
     } catch (const Error& failure) {
       return failure.Number();
@@ -162,35 +154,32 @@ class RandomCalls {
   }
 
   /// Keeps objects that calls give, so that later calls meet them in every state, and items of collections.
-  void Keep(const Variant& value, bool isBounded) {
-    constexpr std::size_t kMostObjects = 400;
+  void Keep(const Variant& value) {
     if (const auto items = EnumeratorIn(value)) {
       Variant item;
-      for (int at = 0; (at < 100 || !isBounded) && items->Next(item); ++at) Keep(item, isBounded);
+      for (std::size_t at = 0; at < mMost && items->Next(item); ++at) Keep(item);
       return;
     }
     const auto* object = std::get_if<AnyObject>(&value);
     if (object == nullptr || !*object || object->Class == nullptr) return;
-    if (!isBounded || mObjects.size() < kMostObjects) {
+    if (mObjects.size() < mMost)
       mObjects.push_back(*object);
-    } else {
-      AnyObject& replaced = mObjects[mChoose(kMostObjects)];
-      mHeld.push_back(std::exchange(replaced, *object));
-    }
+    else
+      mHeld.push_back(std::exchange(AnyOf(mObjects), *object));
   }
 
-  /// Lets go of what the object holds.
+  /// Takes from the object all that it holds.
   void Empty(const AnyObject& object) {
     for (const MemberInfo& slot : object.Class->Slots()) {
       const auto kind = slot.ParameterCount == 1 ? slot.ParameterList[0].Type.Kind : ValueKind::None;
       const bool holds =
           kind == ValueKind::Object || kind == ValueKind::AnyObject || kind == ValueKind::Variant;
       if (holds && (slot.Kind == kPropertyLet || slot.Kind == kPropertySet))
-        Call(object, slot, {AnyObject{}}, false);
+        Call(object, slot, {AnyObject{}});
     }
     if (const auto* remove = object.Class->Find("Remove")) {
       for (auto count = std::get<std::int32_t>(Invoke(object, "Count", kPropertyGet)); count > 0; --count)
-        Call(object, *remove->Method, {1}, false);
+        Call(object, *remove->Method, {1});
     }
   }
 
@@ -199,6 +188,7 @@ class RandomCalls {
   std::function<std::uint32_t(std::uint32_t)> mChoose;
   std::vector<AnyObject> mObjects;
   std::vector<AnyObject> mHeld;
+  std::size_t mMost = 400;  // objects that random calls choose from
 };
 
 }  // namespace lwconfig::automation

@@ -1,4 +1,3 @@
-#include <array>
 #include <filesystem>
 #include <regex>
 #include <stdexcept>
@@ -8,25 +7,17 @@
 namespace lwconfig::testing {
 namespace {
 
-constexpr IID kNoId{};
 constexpr const wchar_t* kErrorClass = L"{5D1C2A34-8A0E-4F51-9B6E-210C7D33F401}";
 
 const std::wstring kErrorComponent = L"Software\\Classes\\CorvaError.Error";
-constexpr const wchar_t* kProduct = L"Software\\Corvantis\\Lexiwend4";
+constexpr const wchar_t* kProduct = L"Software\\WOW6432Node\\Corvantis\\Lexiwend4";
 
-/// Elsewhere the registry holds somebody's own settings.
-void RequireWine() {
+/// Under wine only: elsewhere the registry holds settings of the user.
+void SetText(const std::wstring& key, const wchar_t* name, const std::wstring& text) {
   if (::GetProcAddress(::GetModuleHandleW(L"ntdll.dll"), "wine_get_version") == nullptr)
     throw std::runtime_error("The clients' tests replace what is registered: they run under wine only");
-}
-
-void SetText(const std::wstring& key, REGSAM view, const wchar_t* name, const std::wstring& text) {
-  HKEY opened = nullptr;
-  ::RegCreateKeyExW(HKEY_LOCAL_MACHINE, key.c_str(), 0, nullptr, 0, KEY_WRITE | view, nullptr, &opened,
-                    nullptr);
-  ::RegSetValueExW(opened, name, 0, REG_SZ, reinterpret_cast<const BYTE*>(text.c_str()),
-                   static_cast<DWORD>((text.size() + 1) * sizeof(wchar_t)));
-  ::RegCloseKey(opened);
+  ::RegSetKeyValueW(HKEY_LOCAL_MACHINE, key.c_str(), name, REG_SZ, text.c_str(),
+                    static_cast<DWORD>((text.size() + 1) * sizeof(wchar_t)));
 }
 
 }  // namespace
@@ -38,24 +29,6 @@ std::wstring Wide(std::string_view utf8) {
 std::string Utf8(std::wstring_view text) {
   const std::u8string utf8 = std::filesystem::path(text).u8string();
   return {utf8.begin(), utf8.end()};
-}
-
-Value Value::Zero(VARTYPE type) {
-  Value value;
-  value.vt = type;
-  return value;
-}
-
-Value Value::Missing() {
-  Value value = Zero(VT_ERROR);
-  value.scode = DISP_E_PARAMNOTFOUND;
-  return value;
-}
-
-Value Value::Reference(Value& to) {
-  Value value = Zero(VT_VARIANT | VT_BYREF);
-  value.pvarVal = &to;
-  return value;
 }
 
 std::string Value::Describe() const {
@@ -72,7 +45,7 @@ std::string Value::Describe() const {
     case VT_R8:
       return "number " + std::to_string(dblVal);
     case VT_BSTR:
-      return "text \"" + Utf8(Text()) + "\"";
+      return bstrVal == nullptr ? "null" : "text \"" + Utf8(Text()) + "\"";
     case VT_DISPATCH:
       return pdispVal == nullptr ? "null" : "object (" + ClassOf(pdispVal) + ")";
     case VT_UNKNOWN:
@@ -83,45 +56,25 @@ std::string Value::Describe() const {
 }
 
 std::string Outcome::Describe() const {
-  return Succeeded()
-             ? Result.Describe()
-             : "error " + std::to_string(Number) + ": " + Utf8(Description) + " (" + Utf8(Source) + ")";
+  if (Succeeded()) return Result.Describe();
+  return "error " + std::to_string(Number) + ": " + Utf8(Description) + " (" + Utf8(Source) + ")";
 }
 
 std::int32_t NumberOf(HRESULT code) {
-  static constexpr std::array<std::pair<HRESULT, std::int32_t>, 9> kNumbers{
-      {{DISP_E_UNKNOWNNAME, 438},
-       {DISP_E_MEMBERNOTFOUND, 438},
-       {DISP_E_TYPEMISMATCH, 13},
-       {DISP_E_OVERFLOW, 6},
-       {DISP_E_BADPARAMCOUNT, 450},
-       {DISP_E_PARAMNOTOPTIONAL, 449},
-       {DISP_E_PARAMNOTFOUND, 448},
-       {DISP_E_NONAMEDARGS, 446},
-       {CLASS_E_CLASSNOTAVAILABLE, 429}}};
-  if (SUCCEEDED(code)) return 0;
   if (HRESULT_FACILITY(code) == FACILITY_CONTROL) return HRESULT_CODE(code);
-  for (const auto& [known, number] : kNumbers) {
-    if (known == code) return number;
-  }
-  return code;
+  if (code == DISP_E_UNKNOWNNAME || code == DISP_E_MEMBERNOTFOUND) return 438;
+  return code == CLASS_E_CLASSNOTAVAILABLE ? 429 : code;
 }
 
 Outcome Ended(HRESULT code) {
-  Outcome outcome{code};
   ComPtr<IErrorInfo> info;
-  const bool isTold = ::GetErrorInfo(0, &info) == S_OK;
-  if (SUCCEEDED(code)) return outcome;
-  outcome.Number = NumberOf(code);
-  if (isTold) {
-    Value description = Value::Zero(VT_BSTR);
-    Value source = Value::Zero(VT_BSTR);
+  Value description = Value::Zero(VT_BSTR);
+  Value source = Value::Zero(VT_BSTR);
+  if (::GetErrorInfo(0, &info) == S_OK) {
     info->GetDescription(&description.bstrVal);
     info->GetSource(&source.bstrVal);
-    outcome.Description = description.Text();
-    outcome.Source = source.Text();
   }
-  return outcome;
+  return {code, {}, NumberOf(code), std::wstring(description.Text()), std::wstring(source.Text())};
 }
 
 Outcome Invoke(IDispatch* object, DISPID id, WORD kinds, std::vector<Value> arguments,
@@ -133,23 +86,19 @@ Outcome Invoke(IDispatch* object, DISPID id, WORD kinds, std::vector<Value> argu
   DISPPARAMS parameters{reversed.data(), names.data(), static_cast<UINT>(reversed.size()),
                         static_cast<UINT>(names.size())};
   EXCEPINFO failure{};
-  UINT argument = 0;
   Value result;
   ::SetErrorInfo(0, nullptr);
-  const HRESULT code = object->Invoke(id, kNoId, LOCALE_USER_DEFAULT, kinds, &parameters,
-                                      isPut ? nullptr : &result, &failure, &argument);
+  const HRESULT code = object->Invoke(id, IID_NULL, LOCALE_USER_DEFAULT, kinds, &parameters,
+                                      isPut ? nullptr : &result, &failure, nullptr);
   Outcome outcome = Ended(code);
   outcome.Result = std::move(result);
   if (code == DISP_E_EXCEPTION) {
-    if (failure.pfnDeferredFillIn != nullptr) failure.pfnDeferredFillIn(&failure);
     outcome.Code = failure.scode;
     outcome.Number = NumberOf(failure.scode);
     outcome.Description.assign(failure.bstrDescription, ::SysStringLen(failure.bstrDescription));
     outcome.Source.assign(failure.bstrSource, ::SysStringLen(failure.bstrSource));
   }
-  ::SysFreeString(failure.bstrDescription);
-  ::SysFreeString(failure.bstrSource);
-  ::SysFreeString(failure.bstrHelpFile);
+  for (BSTR text : {failure.bstrDescription, failure.bstrSource, failure.bstrHelpFile}) ::SysFreeString(text);
   return outcome;
 }
 
@@ -158,7 +107,7 @@ Outcome Invoke(IDispatch* object, const wchar_t* member, WORD kinds, std::vector
   std::wstring name(member);
   wchar_t* names[] = {name.data()};
   ::SetErrorInfo(0, nullptr);
-  const HRESULT code = object->GetIDsOfNames(kNoId, names, 1, LOCALE_USER_DEFAULT, &id);
+  const HRESULT code = object->GetIDsOfNames(IID_NULL, names, 1, LOCALE_USER_DEFAULT, &id);
   return FAILED(code) ? Ended(code) : Invoke(object, id, kinds, std::move(arguments));
 }
 
@@ -172,22 +121,18 @@ Outcome Call(const Object& object, const wchar_t* member, std::vector<Value> arg
   return Invoke(object.Get(), member, DISPATCH_METHOD, std::move(arguments));
 }
 
-std::vector<Value> ItemsOf(const Object& collection) {
+ComPtr<IEnumVARIANT> Enumerate(const Object& collection) {
   const Outcome all = Invoke(collection.Get(), DISPID_NEWENUM, DISPATCH_PROPERTYGET);
   ComPtr<IEnumVARIANT> items;
-  std::vector<Value> found;
-  if (all.Result.vt != VT_UNKNOWN || FAILED(all.Result.punkVal->QueryInterface(IID_PPV_ARGS(&items))))
-    return found;
-  for (Value item; items->Next(1, &item, nullptr) == S_OK; item = Value()) found.push_back(item);
-  return found;
+  if (all.Result.vt == VT_UNKNOWN) all.Result.punkVal->QueryInterface(IID_PPV_ARGS(&items));
+  return items;
 }
 
-bool AreSame(IUnknown* a, IUnknown* b) {
-  ComPtr<IUnknown> first;
-  ComPtr<IUnknown> second;
-  if (a != nullptr) a->QueryInterface(IID_PPV_ARGS(&first));
-  if (b != nullptr) b->QueryInterface(IID_PPV_ARGS(&second));
-  return first.Get() == second.Get();
+std::vector<Value> ItemsOf(const Object& collection) {
+  const auto items = Enumerate(collection);
+  std::vector<Value> found;
+  for (Value item; items && items->Next(1, &item, nullptr) == S_OK; item = Value()) found.push_back(item);
+  return found;
 }
 
 std::string NameOf(ITypeInfo& info, MEMBERID member) {
@@ -203,30 +148,9 @@ std::string ClassOf(IDispatch* object) {
   return name.starts_with('_') ? name.substr(1) : name;
 }
 
-Server::Server(const wchar_t* path) : mModule(::LoadLibraryW(path)) {
-  ::LoadTypeLibEx(path, REGKIND_NONE, &mTypes);
-}
-
-Server::~Server() {
-  mTypes.Reset();
-  if (mModule != nullptr) ::FreeLibrary(mModule);
-}
-
 const wchar_t* Server::Path() {
   static const std::wstring path = std::filesystem::path(LWCONFIG_SERVER).make_preferred().wstring();
   return path.c_str();
-}
-
-HRESULT Server::GetClassObject(REFCLSID id, REFIID interfaceId, void** object) const {
-  return CallExported<REFCLSID, REFIID, void**>("DllGetClassObject", id, interfaceId, object);
-}
-
-HRESULT Server::CanUnloadNow() const {
-  return CallExported("DllCanUnloadNow");
-}
-
-HRESULT Server::Install(BOOL install, const wchar_t* commandLine) const {
-  return CallExported("DllInstall", install, commandLine);
 }
 
 HRESULT Server::Create(REFCLSID id, Object& object) const {
@@ -236,7 +160,7 @@ HRESULT Server::Create(REFCLSID id, Object& object) const {
 }
 
 HRESULT ForeignObject::QueryInterface(REFIID id, void** object) {
-  const bool isKnown = id == __uuidof(IUnknown) || id == __uuidof(IDispatch) || id == mEvents;
+  const bool isKnown = id == __uuidof(IUnknown) || id == __uuidof(IDispatch);
   *object = isKnown ? this : nullptr;
   if (isKnown) AddRef();
   return isKnown ? S_OK : E_NOINTERFACE;
@@ -248,17 +172,12 @@ ULONG ForeignObject::Release() {
   return left;
 }
 
-HRESULT ForeignObject::Invoke(DISPID id, REFIID /*interfaceId*/, LCID /*locale*/, WORD /*kinds*/,
-                              DISPPARAMS* arguments, VARIANT* /*result*/, EXCEPINFO* /*failure*/,
-                              UINT* /*argument*/) {
+HRESULT ForeignObject::Invoke(DISPID id, REFIID, LCID, WORD, DISPPARAMS* arguments, VARIANT*, EXCEPINFO*,
+                              UINT*) {
   // The handler may let go of this object.
   const ComPtr<IUnknown> keep(this);
   if (mHandler) mHandler(id, *arguments);
   return S_OK;
-}
-
-Object NewForeign(ForeignObject::Handler handler, const IID& events) {
-  return new ForeignObject(std::move(handler), events);
 }
 
 Connected::Connected(IDispatch* object, ForeignObject::Handler handler) {
@@ -268,12 +187,11 @@ Connected::Connected(IDispatch* object, ForeignObject::Handler handler) {
       SUCCEEDED(object->QueryInterface(IID_PPV_ARGS(&container))) &&
       SUCCEEDED(described->GetGUID(GUIDKIND_DEFAULT_SOURCE_DISP_IID, &mSource)) &&
       SUCCEEDED(container->FindConnectionPoint(mSource, &mPoint)))
-    mPoint->Advise(NewForeign(std::move(handler), mSource).Get(), &mCookie);
+    mPoint->Advise(Object(new ForeignObject(std::move(handler))).Get(), &mCookie);
 }
 
 ErrorComponent::ErrorComponent() {
-  RequireWine();
-  SetText(kErrorComponent + L"\\CLSID", 0, nullptr, kErrorClass);
+  SetText(kErrorComponent + L"\\CLSID", nullptr, kErrorClass);
   CLSID id{};
   ::CLSIDFromString(kErrorClass, &id);
   ::CoRegisterClassObject(id, this, CLSCTX_INPROC_SERVER, REGCLS_MULTIPLEUSE, &mRegistration);
@@ -291,40 +209,31 @@ HRESULT ErrorComponent::QueryInterface(REFIID id, void** object) {
 }
 
 HRESULT ErrorComponent::CreateInstance(IUnknown* /*outer*/, REFIID id, void** object) {
-  return NewForeign([this](DISPID, const DISPPARAMS& arguments) {
-           for (UINT at = 0; at < arguments.cArgs; ++at) {
-             if (arguments.rgvarg[at].vt == VT_BSTR) mReports.emplace_back(arguments.rgvarg[at].bstrVal);
-           }
-         })
-      ->QueryInterface(id, object);
+  const Object component = new ForeignObject([this](DISPID, const DISPPARAMS& arguments) {
+    for (UINT at = 0; at < arguments.cArgs; ++at) {
+      if (arguments.rgvarg[at].vt == VT_BSTR) Reports.emplace_back(arguments.rgvarg[at].bstrVal);
+    }
+  });
+  return component->QueryInterface(id, object);
 }
 
 std::wstring ErrorComponent::Last(const std::wstring& element) const {
   std::wsmatch found;
-  const bool isTold = !mReports.empty() &&
-                      std::regex_search(mReports.back(), found, std::wregex(L"<" + element + L">([^<]*)<"));
-  return isTold ? found[1].str() : L"";
+  const std::wregex wanted(L"<" + element + L">([^<]*)<");
+  return !Reports.empty() && std::regex_search(Reports.back(), found, wanted) ? found[1].str() : L"";
 }
 
-StarterConfiguration::StarterConfiguration()
-    : mFolder((std::filesystem::temp_directory_path() /
-               ("lwconfig-com-" + std::to_string(::GetCurrentProcessId()) + "-" +
-                std::to_string(::GetTickCount64())))
-                  .wstring()) {
-  RequireWine();
-  std::filesystem::copy(LWCONFIG_STARTER, mFolder, std::filesystem::copy_options::recursive);
-  SetText(kProduct, KEY_WOW64_32KEY, L"ConfigPath", mFolder + L"\\");
-  SetText(kProduct, KEY_WOW64_32KEY, L"InstallPath4", mFolder + L"\\");
-  ::SetCurrentDirectoryW(mFolder.c_str());
+StarterConfiguration::StarterConfiguration() {
+  const std::wstring folder = mFolder.Path().wstring();
+  std::filesystem::copy(LWCONFIG_STARTER, folder, std::filesystem::copy_options::recursive);
+  for (const wchar_t* name : {L"ConfigPath", L"InstallPath4"}) SetText(kProduct, name, folder + L"\\");
+  ::SetCurrentDirectoryW(folder.c_str());
 }
 
 StarterConfiguration::~StarterConfiguration() {
   ::SetCurrentDirectoryW(L"C:\\");
-  SetText(kProduct, KEY_WOW64_32KEY, L"ConfigPath", L"");
-  SetText(kProduct, KEY_WOW64_32KEY, L"InstallPath4", L"");
+  ::RegDeleteTreeW(HKEY_LOCAL_MACHINE, kProduct);
   ::RegDeleteTreeW(HKEY_CURRENT_USER, L"Software\\Corvantis");
-  std::error_code ignored;
-  std::filesystem::remove_all(mFolder, ignored);
 }
 
 }  // namespace lwconfig::testing

@@ -1,16 +1,20 @@
 #pragma once
 
 #include <algorithm>
+#include <concepts>
 #include <cstdint>
 #include <functional>
+#include <memory>
 #include <string>
 #include <string_view>
+#include <type_traits>
 #include <utility>
 #include <vector>
 
 #include <ocidl.h>
 #include <oleauto.h>
 #include <olectl.h>
+#include <tests/temporary_folder.h>
 #include <windows.h>
 #include <wrl/client.h>
 
@@ -25,28 +29,20 @@ using Object = ComPtr<IDispatch>;
 std::wstring Wide(std::string_view utf8);
 std::string Utf8(std::wstring_view text);
 
-/// A VARIANT that owns what it holds.
+/// A VARIANT that owns its content.
 class Value : public VARIANT {
  public:
   Value() noexcept : VARIANT() {}
-  Value(bool value) noexcept : Value() {
-    vt = VT_BOOL;
-    boolVal = value ? VARIANT_TRUE : VARIANT_FALSE;
+  template <class T>
+  Value(VARTYPE type, T VARIANT::*member, std::type_identity_t<T> content) noexcept : VARIANT() {
+    vt = type;
+    this->*member = content;
   }
-  Value(int value) noexcept : Value() {
-    vt = VT_I4;
-    lVal = value;
-  }
-  Value(const wchar_t* text) : Value() {
-    vt = VT_BSTR;
-    bstrVal = ::SysAllocString(text);
-  }
-  Value(IDispatch* object) noexcept : Value() {
-    vt = VT_DISPATCH;
-    pdispVal = object;
-    if (object != nullptr) object->AddRef();
-  }
-  Value(const Object& object) noexcept : Value(object.Get()) {}
+  Value(std::same_as<bool> auto value) noexcept
+      : Value(VT_BOOL, &VARIANT::boolVal, value ? VARIANT_TRUE : VARIANT_FALSE) {}
+  Value(int value) noexcept : Value(VT_I4, &VARIANT::lVal, value) {}
+  Value(const wchar_t* text) : Value(VT_BSTR, &VARIANT::bstrVal, ::SysAllocString(text)) {}
+  Value(const Object& object) noexcept : Value(VT_DISPATCH, &VARIANT::pdispVal, Object(object).Detach()) {}
   Value(const Value& other) : Value() { ::VariantCopy(this, const_cast<Value*>(&other)); }
   Value(Value&& other) noexcept : VARIANT(other) { static_cast<VARIANT&>(other).vt = VT_EMPTY; }
   Value& operator=(Value other) noexcept {
@@ -56,11 +52,11 @@ class Value : public VARIANT {
   ~Value() { ::VariantClear(this); }
 
   /// Zero, or null, as a value of that type.
-  static Value Zero(VARTYPE type);
+  static Value Zero(VARTYPE type) { return {type, &VARIANT::llVal, 0}; }
   /// An argument that was left out.
-  static Value Missing();
-  /// A reference to the other one, which has to live longer.
-  static Value Reference(Value& to);
+  static Value Missing() { return {VT_ERROR, &VARIANT::scode, DISP_E_PARAMNOTFOUND}; }
+  /// A reference to `to`, which has to live longer.
+  static Value Reference(Value& to) { return {VT_VARIANT | VT_BYREF, &VARIANT::pvarVal, &to}; }
 
   /// The text in it.
   std::wstring_view Text() const { return {bstrVal, ::SysStringLen(bstrVal)}; }
@@ -95,10 +91,9 @@ Outcome Invoke(IDispatch* object, const wchar_t* member, WORD kinds, std::vector
 Outcome Get(const Object& object, const wchar_t* member, std::vector<Value> arguments = {});
 Outcome Put(const Object& object, const wchar_t* member, Value value);
 Outcome Call(const Object& object, const wchar_t* member, std::vector<Value> arguments = {});
-/// The items that `NewEnum` gives.
+/// What `NewEnum` gives, null where the object has no items.
+ComPtr<IEnumVARIANT> Enumerate(const Object& collection);
 std::vector<Value> ItemsOf(const Object& collection);
-/// Whether both are the same object, or none.
-bool AreSame(IUnknown* a, IUnknown* b);
 /// The name that type information has, or that it gives a member.
 std::string NameOf(ITypeInfo& info, MEMBERID member = MEMBERID_NIL);
 /// The class of an object as its type information has it, without the underscore.
@@ -107,43 +102,32 @@ std::string ClassOf(IDispatch* object);
 /// The DLL under test, loaded for as long as this lives.
 class Server {
  public:
-  explicit Server(const wchar_t* path = Path());
-  ~Server();
-  Server(const Server&) = delete;
-  Server& operator=(const Server&) = delete;
+  explicit Server(const wchar_t* path = Path()) : mModule(::LoadLibraryW(path), ::FreeLibrary) {}
 
   static const wchar_t* Path();
   bool IsLoaded() const { return mModule != nullptr; }
-  HRESULT GetClassObject(REFCLSID id, REFIID interfaceId, void** object) const;
-  HRESULT CanUnloadNow() const;
-  HRESULT Install(BOOL install, const wchar_t* commandLine) const;
+  HRESULT GetClassObject(REFCLSID id, REFIID interfaceId, void** object) const {
+    return CallExported<REFCLSID, REFIID, void**>("DllGetClassObject", id, interfaceId, object);
+  }
+  HRESULT CanUnloadNow() const { return CallExported("DllCanUnloadNow"); }
   /// A new object of the class.
   HRESULT Create(REFCLSID id, Object& object) const;
 
-  const ComPtr<ITypeLib>& Types() const { return mTypes; }
-
- private:
   template <class... P>
   HRESULT CallExported(const char* name, P... arguments) const {
-    using Function = HRESULT(STDAPICALLTYPE*)(P...);
-    const auto function =
-        reinterpret_cast<Function>(reinterpret_cast<void*>(::GetProcAddress(mModule, name)));
-    return function == nullptr ? E_FAIL : function(arguments...);
+    const auto function = reinterpret_cast<void*>(::GetProcAddress(mModule.get(), name));
+    return reinterpret_cast<HRESULT(STDAPICALLTYPE*)(P...)>(function)(arguments...);
   }
 
-  HMODULE mModule;
-  ComPtr<ITypeLib> mTypes;
+ private:
+  std::unique_ptr<std::remove_pointer_t<HMODULE>, BOOL(WINAPI*)(HMODULE)> mModule;
 };
 
-/// An object of somebody else. Calls of any member go to the function; it lives as long as references to it.
+/// An object of the client. It passes the calls of any member to the handler.
 class ForeignObject final : public IDispatch {
  public:
   using Handler = std::function<void(DISPID, const DISPPARAMS&)>;
-  /// Answers for the events with that identity too.
-  explicit ForeignObject(Handler handler = {}, const IID& events = IID_IDispatch)
-      : mHandler(std::move(handler)), mEvents(events) {
-    ++gLive;
-  }
+  explicit ForeignObject(Handler handler = {}) : mHandler(std::move(handler)) { ++gLive; }
   static int Live() { return gLive; }
 
   HRESULT STDMETHODCALLTYPE QueryInterface(REFIID id, void** object) override;
@@ -162,17 +146,14 @@ class ForeignObject final : public IDispatch {
  private:
   ~ForeignObject() { --gLive; }
   Handler mHandler;
-  IID mEvents;
   ULONG mReferences = 0;
   inline static int gLive = 0;
 };
-Object NewForeign(ForeignObject::Handler handler = {}, const IID& events = IID_IDispatch);
 
 /// A sink's connection to the one source of events that an object has. It stays open until it is closed.
 class Connected {
  public:
   Connected(IDispatch* object, ForeignObject::Handler handler);
-  bool IsOpen() const { return mCookie != 0; }
   HRESULT Close() { return mPoint->Unadvise(std::exchange(mCookie, 0)); }
   const ComPtr<IConnectionPoint>& Point() const { return mPoint; }
   const IID& Source() const { return mSource; }
@@ -183,7 +164,7 @@ class Connected {
   DWORD mCookie = 0;
 };
 
-/// While it lives, "CorvaError.Error" is a component of this process, which keeps the reports it gets.
+/// While it lives, "CorvaError.Error" is a component of this process, and keeps its reports.
 class ErrorComponent final : private IClassFactory {
  public:
   ErrorComponent();
@@ -191,10 +172,10 @@ class ErrorComponent final : private IClassFactory {
   ErrorComponent(const ErrorComponent&) = delete;
   ErrorComponent& operator=(const ErrorComponent&) = delete;
 
-  const std::vector<std::wstring>& Reports() const { return mReports; }
   /// The text of an element of the last report; empty where there is none.
   std::wstring Last(const std::wstring& element) const;
-  void Forget() { mReports.clear(); }
+
+  std::vector<std::wstring> Reports;
 
  private:
   HRESULT STDMETHODCALLTYPE QueryInterface(REFIID id, void** object) override;
@@ -203,7 +184,6 @@ class ErrorComponent final : private IClassFactory {
   HRESULT STDMETHODCALLTYPE CreateInstance(IUnknown* outer, REFIID id, void** object) override;
   HRESULT STDMETHODCALLTYPE LockServer(BOOL) override { return S_OK; }
 
-  std::vector<std::wstring> mReports;
   DWORD mRegistration = 0;
 };
 
@@ -213,11 +193,9 @@ class StarterConfiguration {
  public:
   StarterConfiguration();
   ~StarterConfiguration();
-  StarterConfiguration(const StarterConfiguration&) = delete;
-  StarterConfiguration& operator=(const StarterConfiguration&) = delete;
 
  private:
-  std::wstring mFolder;
+  TemporaryFolder mFolder;
 };
 
 }  // namespace lwconfig::testing

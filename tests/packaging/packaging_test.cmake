@@ -39,10 +39,15 @@ function(run_example program)
 endfunction()
 
 run(${CMAKE_COMMAND} -S ${SOURCE_DIR}/tests/packaging/consumer -B ${WORK_DIR}/consumer -G ${GENERATOR}
-    -D CMAKE_PREFIX_PATH=${prefix} -D EXAMPLE=${SOURCE_DIR}/docs/example.cpp
+    -D CMAKE_PREFIX_PATH=${prefix} -D EXAMPLES=${SOURCE_DIR}/docs
     -D CMAKE_CXX_COMPILER=${CXX} -D CMAKE_CXX_FLAGS=${CXX_FLAGS})
 run(${CMAKE_COMMAND} --build ${WORK_DIR}/consumer)
 run_example(${WORK_DIR}/consumer/example)
+file(COPY ${SOURCE_DIR}/share/starter DESTINATION ${WORK_DIR}/edited)
+run(${WORK_DIR}/consumer/transaction ${WORK_DIR}/edited/starter)
+expect("+")
+run(grep -c "StyleSheet=\"house.css\"" ${WORK_DIR}/edited/starter/Templates -r)
+expect("config.xml:1")
 
 set(ENV{PKG_CONFIG_PATH} ${prefix}/${LIBDIR}/pkgconfig)
 run(${PKG_CONFIG} --cflags --libs lwconfig)

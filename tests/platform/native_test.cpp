@@ -50,7 +50,11 @@ TEST_F(NativeTest, TakesLongPaths) {
   for (int level = 0; level < 40; ++level) deep += "\\a folder of level " + std::to_string(level);
   Files.MakeFolders(deep);
   const std::string longest = deep + "\\" + std::string(255, 'n');
-  for (const char* content : {"old", "new"}) Put(longest, content);
+  Put(longest, "old");
+  // Not by a replacement: with a path this long, every other call of wine's `ReplaceFileW` crashes.
+  const auto superseding = Files.Supersede(longest, longest);
+  superseding->Write("new");
+  superseding->Commit();
   EXPECT_EQ(Files.Read(longest), "new");
   EXPECT_EQ(Files.List(deep).size(), 1U);
 }

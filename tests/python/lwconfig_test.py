@@ -7,6 +7,7 @@ import enum
 import gc
 import os
 import pathlib
+import shutil
 import pickle
 import pydoc
 import re
@@ -328,6 +329,95 @@ class Providers(ConfigurationTest):
         gc.collect()
         self.assertEqual(id(comment.Tag), identity)
         self.assertEqual(published.VerifyMoniker(comment.Tag, "m", ""), (False, " refused"))
+
+
+class Configurations(ConfigurationTest):
+    def other(self) -> pathlib.Path:
+        other = self.config.parent / "other"
+        shutil.copytree(self.config, other)
+        (other / "Templates/Manual/config.xml").write_text(TEMPLATE.replace("Manual", "Other"))
+        return other
+
+    def test_a_folder_is_checked_by_itself(self) -> None:
+        other = self.other()
+        (other / "Templates/Manual/config.xml").write_text('<PageTemplate Name="T" Description="" Suports=""/>')
+        [problem] = [problem for problem in lwconfig.check(other) if problem.code == "unread-attribute"]
+        self.assertEqual(
+            (problem.severity, problem.file, problem.line, problem.column, problem.path, problem.suggestion),
+            ("warning", str(other / "Templates/Manual/config.xml"), 1, 39, "PageTemplates[T]", "Supports"))
+        self.assertRegex(repr(problem), r"^<lwconfig.Problem .*config.xml:1:39: nothing reads .*\[unread-attribute\]>$")
+        self.assertFalse([problem for problem in lwconfig.check() if problem.code == "unread-attribute"])
+        for folder in (str(other / "missing"), ""):
+            with self.assertRaises(FileNotFoundError):
+                lwconfig.check(folder)
+            with self.assertRaises(FileNotFoundError), lwconfig.configuration(folder):
+                self.fail("it was opened")
+
+    def test_a_folder_is_opened_by_itself(self) -> None:
+        other = self.other()
+        outer = lwconfig.configuration(other)
+        with outer as root:
+            self.assertEqual(root.PageTemplates[0].Name, "Other")
+            with lwconfig.configuration(self.config) as inner:
+                self.assertEqual(inner.PageTemplates[0].Name, "Manual")
+                with self.assertRaises(lwconfig.Error):
+                    outer.__exit__(None, None, None)
+        self.assertEqual(self.root.PageTemplates[0].Name, "Manual")
+
+    def test_blocks_that_overlap_write_nothing_and_keep_nothing_back(self) -> None:
+        def edit(width: int) -> Iterator[None]:
+            with lwconfig.transaction():
+                self.root.VBOptions.WrapCharacters = width
+                yield
+
+        before = self.root.VBOptions.WrapCharacters
+        first, second = edit(40), edit(41)
+        next(first)
+        next(second)
+        for late in (first, second):
+            with self.assertRaises(lwconfig.Error):
+                next(late, None)
+        self.assertEqual(self.root.VBOptions.WrapCharacters, before)
+        self.root.VBOptions.WrapCharacters = 42
+        self.assertIn('"WrapCharacters"="42"', pathlib.Path(os.environ["LWCONFIG_REGISTRY"], "user.reg").read_text())
+
+    def test_a_transaction_writes_all_or_nothing(self) -> None:
+        file = self.config / "Templates/Manual/config.xml"
+        before = file.read_text()
+
+        def change(description: str) -> None:
+            template = self.root.PageTemplates["Manual"]
+            assert template is not None
+            template.Description = description
+            self.root.PageTemplates.SaveTemplate(template)
+            self.root.VBOptions.WrapCharacters = 33
+
+        def stored() -> tuple[bool, int, str]:
+            template = self.root.PageTemplates["Manual"]
+            assert template is not None
+            return file.read_text() == before, self.root.VBOptions.WrapCharacters, template.Description
+
+        untouched = stored()
+        with self.assertRaises(ZeroDivisionError), lwconfig.transaction():
+            change("failed")
+            raise ZeroDivisionError
+        self.assertEqual(stored(), untouched)
+        with lwconfig.transaction() as transaction:
+            change("dropped")
+            self.assertIn('+', transaction.difference())
+            transaction.roll_back()
+        self.assertEqual(stored(), untouched)
+        with self.assertRaises(PermissionError) as raised, lwconfig.transaction():
+            change("late")
+            file.write_text(before.replace("Manual", "Foreign"))
+        self.assertIn("config.xml", str(raised.exception))
+        self.assertIn("Foreign", file.read_text())
+        file.write_text(before)
+        self.root.ResetLWConfig()
+        with lwconfig.transaction():
+            change("kept")
+            self.assertEqual(file.read_text(), before)
+        self.assertEqual(stored(), (False, 33, "kept"))
 
 
 class Shutdown(unittest.TestCase):

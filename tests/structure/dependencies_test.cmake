@@ -2,15 +2,12 @@
 cmake_minimum_required(VERSION 3.25)
 
 set(rooms core/base core/registry_text platform core/files core/xml core/loading
-          namespaces pages externaldocs comments options templates root automation)
+          namespaces pages externaldocs comments options templates root automation transaction checking)
 # Faces stand on all of these, and on no other face.
 set(faces tools python com)
 
 # A source, never a header, may follow a back-reference to the owner of its objects.
 set(exceptions
-  "lwconfig/core/xml/xml_element.cpp includes lwconfig/core/loading/inspection.h"
-  "lwconfig/core/xml/xml_document.cpp includes lwconfig/core/loading/diagnostics.h"
-  "lwconfig/core/xml/xml_document.cpp includes lwconfig/core/loading/inspection.h"
   "lwconfig/pages/node_def.cpp includes lwconfig/templates/page_template.h"
 )
 

@@ -1,9 +1,12 @@
-# The C++ example of the README is docs/example.cpp, which the packaging test builds and runs.
+# The C++ examples of the README are docs/*.cpp, which the packaging test builds and runs.
 cmake_minimum_required(VERSION 3.25)
 
 file(READ ${SOURCE_DIR}/README.md readme)
-file(READ ${SOURCE_DIR}/docs/example.cpp example)
-string(FIND "${readme}" "```cpp\n${example}```" position)
-if(position EQUAL -1)
-  message(FATAL_ERROR "README.md: the C++ example differs from docs/example.cpp")
-endif()
+file(GLOB examples ${SOURCE_DIR}/docs/*.cpp)
+foreach(path IN LISTS examples)
+  file(READ ${path} example)
+  string(FIND "${readme}" "```cpp\n${example}```" position)
+  if(position EQUAL -1)
+    message(FATAL_ERROR "README.md: a C++ example differs from ${path}")
+  endif()
+endforeach()

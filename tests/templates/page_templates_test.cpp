@@ -41,8 +41,8 @@ TEST_F(Catalogue, HoldsOneTemplatePerFolderWithAConfiguration) {
   }
   ASSERT_EQ(Diagnostics.size(), 2U);
   EXPECT_EQ(std::tuple(Diagnostics[1].Position.File, Diagnostics[1].Position.Column),
-            std::tuple(Path("Templates\\C\\config.xml"), 2));
-  EXPECT_THAT(Diagnostics[1].Message, HasSubstr("\"blue\" in the folder \"" + Path("Templates\\b\\")));
+            std::tuple(Path("Templates\\C\\config.xml"), 15));
+  EXPECT_THAT(Diagnostics[1].Message, HasSubstr("in the folder \"b\" has the name \"blue\" too"));
   EXPECT_EQ(Catalog.TemplateFolder, Path("Templates"));
   EXPECT_EQ(Catalog.Item(2)->RootFolder, Path("Templates\\A\\"));
   EXPECT_ERROR(kInvalidCall, Catalog.Remove("Blue"));

@@ -4,6 +4,7 @@
 #include <utility>
 #include <vector>
 
+#include <tests/paths.h>
 #include <tests/tools/tool_test.h>
 #include <tools/lwconfig/commands/commands.h>
 
@@ -54,7 +55,7 @@ class GuidesTest : public ToolTest {
     Folder.Write("registry/user.reg",
                  "REGEDIT4\n\n[HKEY_CURRENT_USER\\Software\\Corvantis]\n\n"
                  "[HKEY_CURRENT_USER\\Software\\Example]\n\"Level\"=dword:1\n");
-    fs::current_path(Below("work"));
+    WorkingFolder = Below("work");
     if (line.starts_with("init ")) return;
     Folder.Write("registry/machine.reg",
                  "REGEDIT4\n\n[HKEY_LOCAL_MACHINE\\Software\\Corvantis\\Lexiwend4]\n\"ConfigPath\"=\"" +
@@ -76,13 +77,11 @@ TEST_F(GuidesTest, EveryCommandLineOfGuidesAndHelpRuns) {
   EXPECT_GT(lines.size(), 10u);
   AddHelp(tool::kProgram, lines);
 
-  const fs::path before = fs::current_path();
   for (const std::string& line : std::set<std::string>(lines.begin(), lines.end())) {
     Prepare(line);
     const auto done = Run(line);
     EXPECT_EQ(done.Status, 0) << line << "\n" << done.Err;
   }
-  fs::current_path(before);
 }
 
 }  // namespace

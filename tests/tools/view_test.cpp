@@ -76,19 +76,18 @@ TEST(TreeText, AlignsNeighboursAndLeavesLongNamesAlone) {
             "└─ (no name)\n");
 }
 
-TEST(WriteJson, WritesWhatTheLibraryWouldWriteAndReplacesBytesThatAreNotUtf8) {
+TEST(WriteJson, WritesValuesAndWhatHasNoneUnderItsNamesAndReplacesBytesThatAreNotUtf8) {
   Node node{"thing", "t"};
-  node.Properties = {Valued("Name", std::string("a\xff\nb"), ""),
-                     {"", 1, "label", {"only for people"}},
-                     Unlabelled("Table", {{"one", Json::array({1, 2})}, {"none", Json::array()}})};
-  node.Groups = {{"empty", "Empty"}, {"one", "One", std::vector<Node>{{"thing", "x"}}, true}};
+  node.Value = std::string("a\xff\nb");
+  Node whole{"whole", "w"};
+  whole.Groups = {{"empty", "Empty"}, {"one", "One", std::vector{node}, true}};
   std::string written;
-  WriteJson({node, Group{"things", "Things", std::vector{node}}}, [&](auto part) { written += part; });
-  const Json object{{"Name", "a\uFFFD\nb"},
-                    {"Table", {{"one", Json::array({1, 2})}, {"none", Json::array()}}},
-                    {"Empty", Json::array()},
-                    {"One", Json::object()}};
-  EXPECT_EQ(written, JsonText(Json::array({object, Json::array({object})})));
+  WriteJson(
+      {whole, Group{"things", "Things", std::vector{node}}},
+      [](const Variant& value) { return Json(std::get<std::string>(value)); },
+      [&](auto part) { written += part; });
+  const Json object{{"Empty", Json::array()}, {"One", "a\uFFFD\nb"}};
+  EXPECT_EQ(written, JsonText(Json::array({object, {{"t", "a\uFFFD\nb"}}})));
 }
 
 }  // namespace

@@ -1,3 +1,4 @@
+#include <cstdlib>
 #include <exception>
 #include <filesystem>
 #include <system_error>
@@ -9,14 +10,32 @@
 #include <tools/lwconfig/reporter.h>
 
 namespace lwconfig::tool {
+namespace {
+
+/// Whether the registry can be there where the environment names a folder for it: a file would be taken for
+/// an empty registry.
+bool HasRegistryFolder(Reporter& reporter) {
+  const char* folder = std::getenv("LWCONFIG_REGISTRY");
+  if (folder == nullptr || !std::filesystem::exists(folder) || std::filesystem::is_directory(folder))
+    return true;
+  reporter.Fail(ExitStatus::InputOutput,
+                "LWCONFIG_REGISTRY names a file, not a folder: " + std::string(folder));
+  return false;
+}
+
+}  // namespace
 
 int RunApplication(int argc, const char* const* argv) {
   Reporter reporter;
   try {
-    if (const auto request = ReadCommandLine(kProgram, argc, argv, reporter))
+    const auto request = ReadCommandLine(kProgram, argc, argv, reporter);
+    if (request && (request->Asked->IsHidden || HasRegistryFolder(reporter)))
       WithFaults(reporter, {}, [&] { request->Asked->Run(request->Given, reporter); });
   } catch (const std::filesystem::filesystem_error& failure) {
-    reporter.Fail(ExitStatus::InputOutput, failure.path1().string() + ": " + failure.code().message());
+    // Only the current folder has no name.
+    const std::string path = failure.path1().string();
+    reporter.Fail(ExitStatus::InputOutput,
+                  (path.empty() ? "the current folder" : path) + ": " + failure.code().message());
   } catch (const std::system_error& failure) {
     reporter.Fail(ExitStatus::InputOutput, failure.what());
   } catch (const std::exception& failure) {

@@ -4,6 +4,8 @@
 
 #include <tools/lwconfig/command.h>
 
+#include <lwconfig/core/base/unicode.h>
+
 namespace lwconfig::tool {
 
 bool Parameter::IsNamed(std::string_view name) const {
@@ -13,6 +15,12 @@ bool Parameter::IsNamed(std::string_view name) const {
     if (comma == std::string_view::npos) return false;
     names.remove_prefix(comma + 1);
   }
+}
+
+std::string Parameter::FaultOf(const std::string& given) const {
+  if (Form == Form::Path && given.empty()) return "the name of the file or folder is empty";
+  if (Form == Form::Text && !IsValidUtf8(given)) return "the text is not valid UTF-8";
+  return Check != nullptr ? Check(given) : std::string();
 }
 
 std::string Parameter::LongName() const {

@@ -13,11 +13,15 @@ namespace lwconfig::tool {
 
 inline constexpr int kAnyNumber = 1 << 20;  // more than a command line holds
 
+/// What a parameter holds: text is UTF-8, a path names a file or folder of the host and is never empty.
+enum class Form { Text, Path, Bytes };
+
 /// One argument or option of a command.
 struct Parameter {
   const char* Name;  // "FILE" is an argument by its place, "-c,--config" an option
   const char* About;
   const char* Value = nullptr;  // of an option: the name of its value; null for a flag, which has none
+  lwconfig::tool::Form Form = tool::Form::Text;
   bool IsRequired = false;
   int Most = 1;               // of an argument: the number of values that it takes
   const char* Excludes = "";  // names of the parameters, between blanks, that cannot be given as well
@@ -27,6 +31,8 @@ struct Parameter {
   bool IsFlag() const { return IsOption() && Value == nullptr; }
   /// Whether `name` is one of its names.
   bool IsNamed(std::string_view name) const;
+  /// The fault of a value that it is given; empty for none.
+  std::string FaultOf(const std::string& given) const;
   /// The last of its names: "--config".
   std::string LongName() const;
 };

@@ -45,7 +45,7 @@ void AddParameter(CLI::App& app, const Parameter& parameter) {
     option.multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
     option.expected(parameter.Most, CLI::detail::expected_max_vector_size);
   }
-  if (parameter.Check != nullptr) option.check(parameter.Check);
+  option.check([&parameter](const std::string& given) { return parameter.FaultOf(given); });
 }
 
 void AddParameters(CLI::App& app, std::span<const Parameter> parameters) {
@@ -147,17 +147,29 @@ std::size_t CountWords(std::span<const Parameter> options, const std::string& wo
   return word.size() > 1 ? 1 : 0;
 }
 
-/// Moves options that come before the command behind its name.
-void MoveOptions(const Command& program, std::vector<std::string>& words) {
+/// Whether the first `count` words are such options, with their values.
+bool AreOptions(std::span<const Parameter> options, const std::vector<std::string>& words,
+                std::size_t count) {
   std::size_t at = 0;
-  while (at < words.size() && words[at].starts_with('-')) {
-    const std::size_t count = CountWords(program.Common, words[at]);
-    if (count == 0) return;
-    at += count;
+  while (at < count && words[at].starts_with('-')) {
+    const std::size_t taken = CountWords(options, words[at]);
+    if (taken == 0) return false;
+    at += taken;
   }
-  if (at >= words.size() || program.Action(words[at]) == nullptr) return;
-  const auto command = words.begin() + static_cast<std::ptrdiff_t>(at);
-  std::rotate(words.begin(), command, command + 1);
+  return at == count;
+}
+
+/// Moves the options of a command that come before its name behind it.
+void MoveOptions(const Command& program, std::vector<std::string>& words) {
+  if (!words.empty() && words.front() == "--") words.erase(words.begin());
+  for (std::size_t at = 1; at < words.size(); ++at) {
+    const Command* const command = program.Action(words[at]);
+    if (command == nullptr) continue;
+    if (!AreOptions(program.Common, words, at) && !AreOptions(command->Parameters, words, at)) continue;
+    const auto name = words.begin() + static_cast<std::ptrdiff_t>(at);
+    std::rotate(words.begin(), name, name + 1);
+    return;
+  }
 }
 
 }  // namespace

@@ -1,19 +1,14 @@
 #pragma once
 
-#include <memory>
+#include <optional>
 #include <string>
 
 #include <tools/lwconfig/reporter.h>
 
-#include <lwconfig/platform/registry.h>
-#include <lwconfig/platform/service.h>
+#include <lwconfig/configuration_scope.h>
 #include <lwconfig/root.h>
 
 namespace lwconfig::tool {
-
-/// Where the machine's hive names the configuration folder.
-inline constexpr const char* kProductKey = "Software\\Corvantis\\Lexiwend4";
-inline constexpr const char* kFolderValue = "ConfigPath";
 
 /// What to do while no configuration is registered: a command that writes must not write to the starter.
 enum class Unregistered { UseStarter, Refuse };
@@ -35,14 +30,15 @@ class Configuration {
   void RefuseStarter() const;
 
  private:
-  void OpenStarter(Reporter& reporter);
-  void OpenFolder(const std::string& hostFolder);
-
   bool mIsStarter = false;
-  std::unique_ptr<platform::Registry> mRegistry;
-  std::unique_ptr<platform::ScopedHost<platform::Registry>> mScope;
+  std::optional<ConfigurationScope> mScope;
   lwconfig::Root mRoot;
 };
+
+/// The folder of the configuration that a command works on, a path of the host: `folder` itself; where that
+/// is empty nothing for the registered configuration, and where none is registered that of the starter
+/// configuration, with a note. Error 76 where there is nothing to open.
+std::string ChosenFolder(const std::string& folder, Reporter& reporter);
 
 /// The folder of the starter configuration, a path of the host: the one that `LWCONFIG_STARTER` names, else
 /// the one installed beside this program, else the one that it was built with. Empty where there is none.

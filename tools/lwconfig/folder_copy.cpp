@@ -37,8 +37,9 @@ void FolderCopy::CopyEntries(const fs::path& from, const fs::path& to, const IsL
       MakeFolder(to / entry);
       continue;
     }
-    fs::copy(from / entry, to / entry, fs::copy_options::copy_symlinks);
+    // A copy that fails may leave a part of the file.
     mCreated.push_back(to / entry);
+    fs::copy(from / entry, to / entry, fs::copy_options::copy_symlinks);
     ++mFileCount;
     // The files of an installation are often protected; a copy is made to be changed.
     if (fs::is_regular_file(status))

@@ -100,12 +100,16 @@ void Reporter::FailAt(ExitStatus status, const FilePosition& position, std::stri
 }
 
 void Reporter::Raise(ExitStatus status) {
+  mIsClean = mIsClean && status == ExitStatus::Done;
   if (!mIsQuiet) mStatus = std::max(mStatus, status);
 }
 
 void Reporter::Warn(const Diagnostic& diagnostic) {
-  WriteLine(PlaceText(diagnostic.Position) + "warning: " + Printable(diagnostic.Message));
-  Raise(ExitStatus::Invalid);
+  const bool isError = KindOf(diagnostic.Problem).Severity == Severity::Error;
+  WriteLine(PlaceText(diagnostic.Position) + (isError ? "error: " : "warning: ") +
+            Printable(diagnostic.Message));
+  mIsClean = false;
+  if (isError) Raise(ExitStatus::Invalid);
 }
 
 void Reporter::Warn(const platform::Message& message) {

@@ -53,6 +53,8 @@ class Reporter {
   /// what there is instead; ten names are shown.
   void FailAt(ExitStatus status, const FilePosition& position, std::string_view text,
               const std::vector<std::string>& existing = {});
+  /// Whether there was neither a failure nor a warning.
+  bool IsClean() const { return mIsClean; }
   /// Raises the exit status and tells nothing.
   void Raise(ExitStatus status);
 
@@ -70,6 +72,7 @@ class Reporter {
 
   ExitStatus mStatus = ExitStatus::Done;
   bool mIsQuiet = false;
+  bool mIsClean = true;
   DiagnosticHandler mPreviousDiagnosticHandler;
   platform::MessageBoxHandler mPreviousMessageBoxHandler;
   ProgressHandler mPreviousProgressHandler;

@@ -19,15 +19,17 @@ template <>
 const ClassInfo& ClassOf<ElementDef>() {
   using I = Interface<ElementDef>;
   static constexpr auto kSlots = I::Slots(
-      I::Property<&ElementDef::Name>("Name"), I::Property<&ElementDef::Description>("Description"),
+      I::Property<&ElementDef::Name>("Name", {.IsKey = true}),
+      I::Property<&ElementDef::Description>("Description"),
       I::Property<&ElementDef::Category>("Category"),
       I::Property<&ElementDef::DesignerProgID>("DesignerProgID"),
-      I::Property<&ElementDef::Namespaces>("Namespaces"), I::Property<&ElementDef::ScrapsOnly>("ScrapsOnly"),
+      I::Property<&ElementDef::Namespaces>("Namespaces", {.Names = NameOf::CodeElements}),
+      I::Property<&ElementDef::ScrapsOnly>("ScrapsOnly"),
       I::Property<&ElementDef::ElementAttributeDefs>("ElementAttributeDefs"),
       I::MayBeNull(I::SetGetProperty<&ElementDef::NamespaceProfile, &ElementDef::SetNamespaceProfile>(
           "NamespaceProfile")),
       I::Method<&ElementDef::Load>("Load", "e", "Parent", "CommonAttributes"));
-  static const ClassInfo info = I::Class("ElementDef", kSlots);
+  static const ClassInfo info = I::Class("ElementDef", kSlots, {.Element = "lwelement"});
   return info;
 }
 
@@ -44,7 +46,7 @@ template <>
 const ClassInfo& ClassOf<ElementAttributeDef>() {
   using I = Interface<ElementAttributeDef>;
   static constexpr auto kSlots = I::Slots(
-      I::Property<&ElementAttributeDef::Name>("Name"),
+      I::Property<&ElementAttributeDef::Name>("Name", {.IsKey = true}),
       I::Property<&ElementAttributeDef::Description>("Description"),
       I::Property<&ElementAttributeDef::HelpTopic>("HelpTopic"),
       I::Property<&ElementAttributeDef::EditType>("EditType"),
@@ -56,7 +58,7 @@ const ClassInfo& ClassOf<ElementAttributeDef>() {
           "ElementDef")),
       I::Method<&ElementAttributeDef::Load>("Load", "e"),
       I::AsVariant(I::Method<&ElementAttributeDef::Clone>("Clone", "ElementDef")));
-  static const ClassInfo info = I::Class("ElementAttributeDef", kSlots);
+  static const ClassInfo info = I::Class("ElementAttributeDef", kSlots, {.Element = "attribute"});
   return info;
 }
 
@@ -71,11 +73,11 @@ const ClassInfo& ClassOf<ElementAttributeDefs>() {
 template <>
 const ClassInfo& ClassOf<ElementAttributes>() {
   using I = Interface<ElementAttributes>;
-  static constexpr auto kSlots =
-      I::Slots(I::Method<&ElementAttributes::Parse>("Parse", "[CommandLine]"),
-               I::Get<ByText<&ElementAttributes::AttributeName>>("AttributeName", "Index"),
-               I::Get<ByText<&ElementAttributes::AttributeData>>("AttributeData", "Index"),
-               I::Get<&ElementAttributes::Count>("Count"));
+  static constexpr auto kSlots = I::Slots(
+      I::Method<&ElementAttributes::Parse>("Parse", "[CommandLine]"),
+      I::Get<ByText<&ElementAttributes::AttributeName>>("AttributeName", "Index"),
+      I::Get<ByText<&ElementAttributes::AttributeData>>("AttributeData", "Index"),
+      I::Get<&ElementAttributes::Count>("Count"));
   static const ClassInfo info = I::Class("ElementAttributes", kSlots);
   return info;
 }

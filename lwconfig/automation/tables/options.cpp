@@ -6,25 +6,25 @@ namespace lwconfig::automation {
 template <>
 const ClassInfo& ClassOf<VSNETOptions>() {
   using I = Interface<VSNETOptions>;
-  static constexpr auto kSlots =
-      I::Slots(I::Property<&VSNETOptions::FullPageEditExcludedLanguages>("FullPageEditExcludedLanguages"),
-               I::Property<&VSNETOptions::ToolbarStyle>("ToolbarStyle"),
-               I::Property<&VSNETOptions::CodeViewCollapsed>("CodeViewCollapsed"),
-               I::Property<&VSNETOptions::CommentEditorView>("CommentEditorView"),
-               I::Property<&VSNETOptions::CommentWindowStyle>("CommentWindowStyle"),
-               I::Property<&VSNETOptions::AppendUnTagged>("AppendUnTagged"),
-               I::Property<&VSNETOptions::WrapCharacters>("WrapCharacters"),
-               I::Property<&VSNETOptions::BlockTagPosition>("BlockTagPosition"),
-               I::Property<&VSNETOptions::IncludeSpace>("IncludeSpace"),
-               I::Property<&VSNETOptions::PreviewTemplate>("PreviewTemplate"),
-               I::Property<&VSNETOptions::VBNETCommentMode>("VBNETCommentMode"),
-               I::Property<&VSNETOptions::FollowCodePane>("FollowCodePane"),
-               I::Property<&VSNETOptions::Grouped>("Grouped"),
-               I::Property<&VSNETOptions::ShowProtected>("ShowProtected"),
-               I::Property<&VSNETOptions::ShowFriend>("ShowFriend"),
-               I::Property<&VSNETOptions::ShowPrivate>("ShowPrivate"),
-               I::Property<&VSNETOptions::XMLCommentLineBreak>("XMLCommentLineBreak"),
-               I::Property<&VSNETOptions::AutoExpand>("AutoExpand"));
+  static constexpr auto kSlots = I::Slots(
+      I::Property<&VSNETOptions::FullPageEditExcludedLanguages>("FullPageEditExcludedLanguages"),
+      I::Property<&VSNETOptions::ToolbarStyle>("ToolbarStyle"),
+      I::Property<&VSNETOptions::CodeViewCollapsed>("CodeViewCollapsed"),
+      I::Property<&VSNETOptions::CommentEditorView>("CommentEditorView"),
+      I::Property<&VSNETOptions::CommentWindowStyle>("CommentWindowStyle"),
+      I::Property<&VSNETOptions::AppendUnTagged>("AppendUnTagged"),
+      I::Property<&VSNETOptions::WrapCharacters>("WrapCharacters"),
+      I::Property<&VSNETOptions::BlockTagPosition>("BlockTagPosition"),
+      I::Property<&VSNETOptions::IncludeSpace>("IncludeSpace"),
+      I::Property<&VSNETOptions::PreviewTemplate>("PreviewTemplate", {.Names = NameOf::Template}),
+      I::Property<&VSNETOptions::VBNETCommentMode>("VBNETCommentMode"),
+      I::Property<&VSNETOptions::FollowCodePane>("FollowCodePane"),
+      I::Property<&VSNETOptions::Grouped>("Grouped"),
+      I::Property<&VSNETOptions::ShowProtected>("ShowProtected"),
+      I::Property<&VSNETOptions::ShowFriend>("ShowFriend"),
+      I::Property<&VSNETOptions::ShowPrivate>("ShowPrivate"),
+      I::Property<&VSNETOptions::XMLCommentLineBreak>("XMLCommentLineBreak"),
+      I::Property<&VSNETOptions::AutoExpand>("AutoExpand"));
   static const ClassInfo info = I::Class("VSNETOptions", kSlots);
   return info;
 }
@@ -42,14 +42,16 @@ const ClassInfo& ClassOf<VBOptions>() {
       I::Property<&VBOptions::WrapCharacters>("WrapCharacters"),
       I::Property<&VBOptions::BlockTagPosition>("BlockTagPosition"),
       I::Property<&VBOptions::IncludeSpace>("IncludeSpace"),
-      I::Property<&VBOptions::PreviewTemplate>("PreviewTemplate"),
-      I::Property<&VBOptions::VBAPreviewTemplate>("VBAPreviewTemplate"),
+      I::Property<&VBOptions::PreviewTemplate>("PreviewTemplate", {.Names = NameOf::Template}),
+      I::Property<&VBOptions::VBAPreviewTemplate>("VBAPreviewTemplate", {.Names = NameOf::Template}),
       I::Property<&VBOptions::VBCommentMode>("VBCommentMode"),
       I::Property<&VBOptions::ExternalWindow>("ExternalWindow"),
-      I::Property<&VBOptions::FollowCodePane>("FollowCodePane"), I::Property<&VBOptions::Grouped>("Grouped"),
+      I::Property<&VBOptions::FollowCodePane>("FollowCodePane"),
+      I::Property<&VBOptions::Grouped>("Grouped"),
       I::Property<&VBOptions::VBAShowFriend>("VBAShowFriend"),
       I::Property<&VBOptions::VBAShowPrivate>("VBAShowPrivate"),
-      I::Property<&VBOptions::ShowFriend>("ShowFriend"), I::Property<&VBOptions::ShowPrivate>("ShowPrivate"),
+      I::Property<&VBOptions::ShowFriend>("ShowFriend"),
+      I::Property<&VBOptions::ShowPrivate>("ShowPrivate"),
       I::Property<&VBOptions::XMLCommentLineBreak>("XMLCommentLineBreak"));
   static const ClassInfo info = I::Class("VBOptions", kSlots);
   return info;
@@ -58,13 +60,13 @@ const ClassInfo& ClassOf<VBOptions>() {
 template <>
 const ClassInfo& ClassOf<LWCommenterOptions>() {
   using I = Interface<LWCommenterOptions>;
-  static constexpr auto kSlots =
-      I::Slots(I::Property<&LWCommenterOptions::Grouped>("Grouped"),
-               I::Property<&LWCommenterOptions::ShowProtected>("ShowProtected"),
-               I::Property<&LWCommenterOptions::ShowFriend>("ShowFriend"),
-               I::Property<&LWCommenterOptions::ShowPrivate>("ShowPrivate"),
-               I::Property<&LWCommenterOptions::AutoExpand>("AutoExpand"),
-               I::Property<&LWCommenterOptions::PreviewTemplate>("PreviewTemplate"));
+  static constexpr auto kSlots = I::Slots(
+      I::Property<&LWCommenterOptions::Grouped>("Grouped"),
+      I::Property<&LWCommenterOptions::ShowProtected>("ShowProtected"),
+      I::Property<&LWCommenterOptions::ShowFriend>("ShowFriend"),
+      I::Property<&LWCommenterOptions::ShowPrivate>("ShowPrivate"),
+      I::Property<&LWCommenterOptions::AutoExpand>("AutoExpand"),
+      I::Property<&LWCommenterOptions::PreviewTemplate>("PreviewTemplate", {.Names = NameOf::Template}));
   static const ClassInfo info = I::Class("LWCommenterOptions", kSlots);
   return info;
 }
@@ -72,16 +74,16 @@ const ClassInfo& ClassOf<LWCommenterOptions>() {
 template <>
 const ClassInfo& ClassOf<IDEOptions>() {
   using I = Interface<IDEOptions>;
-  static constexpr auto kSlots =
-      I::Slots(I::Property<&IDEOptions::PreserveChosenContentType>("PreserveChosenContentType"),
-               I::Property<&IDEOptions::NoProjectPropertiesHeaders>("NoProjectPropertiesHeaders"),
-               I::Property<&IDEOptions::ToolbarStyle>("ToolbarStyle"),
-               I::Property<&IDEOptions::DefaultPath>("DefaultPath"),
-               I::Property<&IDEOptions::CommentEditorView>("CommentEditorView"),
-               I::Property<&IDEOptions::AutoSave>("AutoSave"),
-               I::Property<&IDEOptions::AutoSaveInterval>("AutoSaveInterval"),
-               I::Property<&IDEOptions::SaveLayoutOnExit>("SaveLayoutOnExit"),
-               I::Property<&IDEOptions::InternalHelp>("InternalHelp"));
+  static constexpr auto kSlots = I::Slots(
+      I::Property<&IDEOptions::PreserveChosenContentType>("PreserveChosenContentType"),
+      I::Property<&IDEOptions::NoProjectPropertiesHeaders>("NoProjectPropertiesHeaders"),
+      I::Property<&IDEOptions::ToolbarStyle>("ToolbarStyle"),
+      I::Property<&IDEOptions::DefaultPath>("DefaultPath"),
+      I::Property<&IDEOptions::CommentEditorView>("CommentEditorView"),
+      I::Property<&IDEOptions::AutoSave>("AutoSave"),
+      I::Property<&IDEOptions::AutoSaveInterval>("AutoSaveInterval"),
+      I::Property<&IDEOptions::SaveLayoutOnExit>("SaveLayoutOnExit"),
+      I::Property<&IDEOptions::InternalHelp>("InternalHelp"));
   static const ClassInfo info = I::Class("IDEOptions", kSlots);
   return info;
 }
@@ -89,14 +91,14 @@ const ClassInfo& ClassOf<IDEOptions>() {
 template <>
 const ClassInfo& ClassOf<SpellingOptions>() {
   using I = Interface<SpellingOptions>;
-  static constexpr auto kSlots =
-      I::Slots(I::Property<&SpellingOptions::DynamicSpell>("DynamicSpell"),
-               I::Property<&SpellingOptions::CustomDictionary>("CustomDictionary"),
-               I::Property<&SpellingOptions::PrimaryDictionary>("PrimaryDictionary"),
-               I::Property<&SpellingOptions::IgnoreMixedCase>("IgnoreMixedCase"),
-               I::Property<&SpellingOptions::IgnoreNumbers>("IgnoreNumbers"),
-               I::Property<&SpellingOptions::IgnoreUpperCase>("IgnoreUpperCase"),
-               I::Property<&SpellingOptions::AlwaysSuggest>("AlwaysSuggest"));
+  static constexpr auto kSlots = I::Slots(
+      I::Property<&SpellingOptions::DynamicSpell>("DynamicSpell"),
+      I::Property<&SpellingOptions::CustomDictionary>("CustomDictionary"),
+      I::Property<&SpellingOptions::PrimaryDictionary>("PrimaryDictionary"),
+      I::Property<&SpellingOptions::IgnoreMixedCase>("IgnoreMixedCase"),
+      I::Property<&SpellingOptions::IgnoreNumbers>("IgnoreNumbers"),
+      I::Property<&SpellingOptions::IgnoreUpperCase>("IgnoreUpperCase"),
+      I::Property<&SpellingOptions::AlwaysSuggest>("AlwaysSuggest"));
   static const ClassInfo info = I::Class("SpellingOptions", kSlots);
   return info;
 }
@@ -121,8 +123,9 @@ const EnumInfo& EnumOf<LWToolBarStyleEnum>() {
 
 template <>
 const EnumInfo& EnumOf<CommentEditorViewEnum>() {
-  static constexpr std::array kMembers{EnumMember{"CommentEditViewFull", CommentEditViewFull},
-                                       EnumMember{"CommentEditViewCombo", CommentEditViewCombo}};
+  static constexpr std::array kMembers{
+      EnumMember{"CommentEditViewFull", CommentEditViewFull},
+      EnumMember{"CommentEditViewCombo", CommentEditViewCombo}};
   static constexpr EnumInfo info{"CommentEditorViewEnum", kMembers};
   return info;
 }
@@ -139,27 +142,30 @@ const EnumInfo& EnumOf<LWVSWindowStyleEnum>() {
 
 template <>
 const EnumInfo& EnumOf<BlockPositionEnum>() {
-  static constexpr std::array kMembers{EnumMember{"BlockPositionInside", BlockPositionInside},
-                                       EnumMember{"BlockPositionOutside", BlockPositionOutside}};
+  static constexpr std::array kMembers{
+      EnumMember{"BlockPositionInside", BlockPositionInside},
+      EnumMember{"BlockPositionOutside", BlockPositionOutside}};
   static constexpr EnumInfo info{"BlockPositionEnum", kMembers};
   return info;
 }
 
 template <>
 const EnumInfo& EnumOf<CommentModeEnum>() {
-  static constexpr std::array kMembers{EnumMember{"ModeDocComments", ModeDocComments},
-                                       EnumMember{"ModeVBCode", ModeVBCode},
-                                       EnumMember{"ModeCommentFile", ModeCommentFile}};
+  static constexpr std::array kMembers{
+      EnumMember{"ModeDocComments", ModeDocComments},
+      EnumMember{"ModeVBCode", ModeVBCode},
+      EnumMember{"ModeCommentFile", ModeCommentFile}};
   static constexpr EnumInfo info{"CommentModeEnum", kMembers};
   return info;
 }
 
 template <>
 const EnumInfo& EnumOf<LWIPCCommandEnum>() {
-  static constexpr std::array kMembers{EnumMember{"LWIPCIsLWProjectSelected", LWIPCIsLWProjectSelected},
-                                       EnumMember{"LWIPCOpenLWProject", LWIPCOpenLWProject},
-                                       EnumMember{"LWIPCIsFileLoaded", LWIPCIsFileLoaded},
-                                       EnumMember{"LWIPCReloadVBProject", LWIPCReloadVBProject}};
+  static constexpr std::array kMembers{
+      EnumMember{"LWIPCIsLWProjectSelected", LWIPCIsLWProjectSelected},
+      EnumMember{"LWIPCOpenLWProject", LWIPCOpenLWProject},
+      EnumMember{"LWIPCIsFileLoaded", LWIPCIsFileLoaded},
+      EnumMember{"LWIPCReloadVBProject", LWIPCReloadVBProject}};
   static constexpr EnumInfo info{"LWIPCCommandEnum", kMembers};
   return info;
 }

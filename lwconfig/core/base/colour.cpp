@@ -10,7 +10,7 @@ namespace {
 
 constexpr std::uint32_t kMostRgb = 0xFFFFFF;
 
-/// Red and blue change places.
+/// Swaps red and blue.
 constexpr std::uint32_t Swapped(std::uint32_t rgb) {
   return (rgb & 0xFF) << 16 | (rgb & 0xFF00) | rgb >> 16;
 }

@@ -27,7 +27,7 @@ std::size_t DigitRun(std::string_view text, std::size_t from) {
   return end;
 }
 
-/// The power of ten of a number's first digit that is not 0.
+/// The power of ten of the first digit other than 0.
 double Magnitude(std::string_view number) {
   const auto mark = std::min(number.find_first_of("eE"), number.size());
   const auto digits = number.substr(0, mark);
@@ -82,7 +82,7 @@ Conversion<std::int32_t> Rounded(double value) {
   return {static_cast<std::int32_t>(rounded), 0, rounded == value ? nullptr : "is no whole number"};
 }
 
-/// The digits of a short number, the common case, read without going through floating point.
+/// Reads a short number, the common case, without floating point.
 std::optional<std::int32_t> PlainDigits(std::string_view text) {
   constexpr std::size_t kSafeDigits = 9;
   const bool negative = !text.empty() && text[0] == '-';

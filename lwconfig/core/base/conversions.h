@@ -8,8 +8,9 @@
 
 namespace lwconfig {
 
-/// The value of a text, or the error that converting it is: its number, and what is wrong with the text
-/// ("is not a number"). Beside a value, `Problem` is why it may be meant otherwise, else null.
+/// The value of a text, or the conversion error: its number and a description of the fault ("is not a
+/// number"). Beside a value, `Problem` explains why the text may mean something else; it is null where there
+/// is no doubt.
 template <class T>
 struct Conversion {
   T Value{};
@@ -18,7 +19,7 @@ struct Conversion {
   explicit operator bool() const { return ErrorNumber == 0; }
 };
 
-/// The number at the start of the text: blanks, a sign, digits with a decimal point, an exponent; 0 where
+/// The number at the start of the text: blanks, a sign, digits with a decimal point, an exponent. 0 where
 /// there is none, infinite where it is too large for a double.
 double LeadingNumber(std::string_view text);
 
@@ -35,13 +36,13 @@ Conversion<bool> ExactTrue(std::string_view text);
 /// "True" and "False" in any letter case, or a number, of which only 0 is false. Error 13 for any other text.
 Conversion<bool> TextToBoolean(std::string_view text);
 
-/// The text forms that are written: "True" or "False", and decimal digits.
+/// The text forms of values in files: "True" or "False", and decimal digits.
 inline std::string_view ToText(bool value) {
   return value ? "True" : "False";
 }
 std::string ToText(std::int32_t value);
 
-/// The value of the conversion of `text`; throws its error where it has none.
+/// The value of the conversion of `text`; throws the error of a failed one.
 template <class T>
 T Converted(const Conversion<T>& conversion, std::string_view text) {
   if (!conversion) throw Error(conversion.ErrorNumber, "\"" + std::string(text) + "\" " + conversion.Problem);

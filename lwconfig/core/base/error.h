@@ -7,7 +7,7 @@
 
 namespace lwconfig {
 
-/// Error numbers as Basic programmers know them.
+/// Error numbers of the Basic run-time system.
 enum ErrorNumber : std::int32_t {
   kInvalidCall = 5,
   kOverflow = 6,
@@ -51,11 +51,11 @@ class Error : public std::exception {
 
   std::int32_t Number() const { return mNumber; }
   const std::string& Description() const { return mDescription; }
-  /// The name of the failing source; "LWConfigObjects" unless set.
+  /// The source of the failure; "LWConfigObjects" unless set.
   const std::string& Source() const { return mSource; }
   /// The place in the file that the failing operation was reading, if any.
   const FilePosition& Position() const { return mPosition; }
-  /// Where in the library the failure arose.
+  /// The place in the library that threw the error.
   const CodePlace& Where() const { return mWhere; }
   /// "file:line:column: description", as far as a place is known.
   const char* what() const noexcept override { return mText.c_str(); }

@@ -8,8 +8,8 @@
 
 namespace lwconfig {
 
-/// One handler's subscription to an event. Destroying or closing it ends the subscription, at any time, from
-/// within a handler too.
+/// The subscription of one handler to an event. Destroying or closing it cancels the subscription; a handler
+/// may do so while it runs.
 class Connection {
  public:
   Connection() = default;
@@ -33,16 +33,16 @@ class Connection {
   std::shared_ptr<bool> mOpen;
 };
 
-/// An event that any number of handlers listen to, called in the order in which they connected.
+/// An event with any number of handlers, called in the order in which they connected.
 template <class... Args>
 class Event {
  public:
   using Handler = std::function<void(Args...)>;
 
-  /// The subscription lives as long as the result.
+  /// The handler stays connected as long as the result is alive.
   [[nodiscard]] Connection Connect(Handler handler) {
     auto open = std::make_shared<bool>(true);
-    // Closed ones end last, with the old list: the end of a handler may run code that connects another.
+    // Destroy closed handlers last, with the old list: their destructors may connect another handler.
     auto subscribers = mSubscribers;
     std::erase_if(subscribers, [](const auto& subscriber) { return !*subscriber->Open; });
     subscribers.push_back(std::make_shared<Subscriber>(Subscriber{open, std::move(handler)}));
@@ -51,7 +51,7 @@ class Event {
   }
 
   /// Calls the handlers connected at this moment. A handler may connect, disconnect and raise events. The
-  /// first failure of a handler is thrown on once all others have been called.
+  /// first failure is rethrown after all handlers have been called.
   void Raise(Args... args) const {
     if (mSubscribers.empty()) return;
     const auto subscribers = mSubscribers;

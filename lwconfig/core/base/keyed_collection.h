@@ -30,8 +30,8 @@ class KeyedCollection {
   }
   /// Whether the key names an item.
   virtual bool Contains(const ItemKey& Key) const { return mCol.Find(Key) != nullptr; }
-  /// Removes the item at that position or under that key. Error 5 for an unknown key, 9 for a position out of
-  /// range.
+  /// Removes the item at that position or under that key. Error 5 for an unknown key, 9 for a position
+  /// out of range.
   virtual void Remove(const ItemKey& Key) { mCol.Remove(Key); }
   /// Inserts the object before the item that `Before` names, else after the one that `After` names, else at
   /// the end. An empty key is none. Error 457 for a key that is present, 5 or 9 where `Before` or `After`

@@ -19,7 +19,7 @@ void KeyIndex::Insert(std::uint32_t hash, std::uint32_t place) {
 void KeyIndex::Erase(std::uint32_t hash, std::uint32_t place) {
   std::size_t at = hash & mMask;
   while (mBuckets[at].Place != place || mBuckets[at].Hash != hash) at = (at + 1) & mMask;
-  // Close the gap: move up every later entry of the run that may stand here, so that no probe ends too early.
+  // Close the gap: move back every later entry of the run that may fill it, so that no probe stops early.
   std::size_t gap = at;
   for (at = (at + 1) & mMask; mBuckets[at].Place != kNone; at = (at + 1) & mMask) {
     const std::size_t home = mBuckets[at].Hash & mMask;

@@ -13,9 +13,8 @@
 
 namespace lwconfig {
 
-/// Names an item of a collection: by position (from 1), by key, or, when default-constructed, not at all.
-/// A text is always a key, also when it looks like a number. Refers to texts that it is made from, does not
-/// copy them.
+/// Names an item of a collection by position (from 1) or by key; default-constructed, it names none. A text
+/// is always a key, even one that looks like a number. Refers to the caller's text without copying it.
 class ItemKey {
  public:
   ItemKey() = default;
@@ -39,7 +38,7 @@ class ItemKey {
   bool IsText() const { return mKind == Kind::Key; }
   std::int32_t Position() const { return mPosition; }
   std::string_view Text() const { return mKey; }
-  /// For messages: `position 3`, `key "Name"`, or what a key of another type is.
+  /// The text for messages: `position 3`, `key "Name"`, or the description of a key of another type.
   std::string Description() const;
 
  private:
@@ -49,12 +48,12 @@ class ItemKey {
   std::string_view mKey;
 };
 
-/// Hash table from keys to the places of a list. It holds no keys itself: the list compares them.
+/// Hash table from keys to positions in a list. It stores no keys; the list compares them.
 class KeyIndex {
  public:
   static constexpr std::uint32_t kNone = UINT32_MAX;
 
-  /// The place among those with this hash for which `isMatch(place)` holds, or `kNone`.
+  /// The position with this hash for which `isMatch(place)` holds, or `kNone`.
   template <class IsMatch>
   std::uint32_t Find(std::uint32_t hash, IsMatch isMatch) const {
     if (mBuckets.empty()) return kNone;
@@ -65,7 +64,7 @@ class KeyIndex {
   }
   void Insert(std::uint32_t hash, std::uint32_t place);
   void Erase(std::uint32_t hash, std::uint32_t place);
-  /// Adds `by` to every place from `from` on.
+  /// Adds `by` to every position from `from` on.
   void Shift(std::uint32_t from, std::int32_t by);
 
  private:
@@ -81,8 +80,8 @@ class KeyIndex {
 };
 
 /// Ordered values, each with a key or none: the storage of every collection. Keys are unique without regard
-/// to letter case; an empty key is none. Look-up by key and position and appending take constant time. Values
-/// that leave end when the change is complete: what their end runs may use and change the list.
+/// to letter case; an empty key is none. Look-up by key or position and appending take constant time. Removed
+/// values are destroyed after the list is consistent, so their destructors may use it.
 template <class V>
 class KeyedList {
  public:
@@ -100,9 +99,9 @@ class KeyedList {
     return mEntries[static_cast<std::size_t>(position - 1)].Key;
   }
 
-  /// Inserts before the item that `before` names, else after the one that `after` names, else at the end.
-  /// Error 457 for a key that is present, 5 or 9 where `before` or `after` names no item; nothing is then
-  /// added.
+  /// Inserts before the item that `before` names, else after the one that `after` names, else at the
+  /// end. Error 457 for a key that is present, 5 or 9 where `before` or `after` names no item; nothing
+  /// is then added.
   void Add(V value, std::string_view key = {}, const ItemKey& before = {}, const ItemKey& after = {}) {
     std::uint32_t place = static_cast<std::uint32_t>(mEntries.size());
     if (before.IsGiven()) {
@@ -124,8 +123,8 @@ class KeyedList {
     if (!key.empty()) mIndex.Insert(hash, place);
   }
 
-  /// Appends values with their keys, in order. A value under a key that comes again leaves the list. Takes
-  /// time in proportion to the two lists, however many values leave.
+  /// Appends values with their keys, in order. A value whose key appears again is removed. Takes time
+  /// proportional to the length of both lists, however many values are removed.
   void AddReplacing(std::vector<std::pair<V, std::string>> added) {
     std::vector<bool> leaves(mEntries.size() + added.size());
     bool anyLeaves = false;
@@ -168,8 +167,8 @@ class KeyedList {
     std::swap(*this, removed);
   }
 
-  /// Walks the values in order. The list may change during the walk; a reference to a value ends with its
-  /// next change.
+  /// Walks the values in order. The list may change during the walk; a change invalidates
+  /// references to values.
   class Iterator {
    public:
     using difference_type = std::ptrdiff_t;
@@ -182,7 +181,7 @@ class KeyedList {
       return *this;
     }
     Iterator operator++(int) { return Iterator(mList, mPlace++); }
-    /// The end is where the list ends at this moment.
+    /// Compares with the current end of the list.
     bool operator==(const Iterator& other) const {
       return AtEnd() == other.AtEnd() && (AtEnd() || mPlace == other.mPlace);
     }

@@ -20,8 +20,8 @@ struct Folding {
     int boundary = 0;
     const auto count = utf8proc_decompose_char(character, folded, kLongest, UTF8PROC_CASEFOLD, &boundary);
     if (count == 1) return folded[0];
-    // Where the full folding has several characters, the simple one is the small letter. One character has no
-    // simple folding, but a small letter, which is that of another capital.
+    // Where the full folding has several characters, the simple folding is the small letter. U+0130 is the
+    // exception: it has no simple folding, and its small letter belongs to another capital.
     return character == kCapitalIWithDot ? character : utf8proc_tolower(character);
   }
 };
@@ -31,13 +31,13 @@ struct Capitals {
   static utf8proc_int32_t Of(utf8proc_int32_t character) { return utf8proc_toupper(character); }
 };
 
-/// Yields the bytes of a text in a letter case one by one, so that comparing and hashing allocate nothing.
+/// Yields the bytes of a text in one letter case, so that comparing and hashing allocate nothing.
 template <class LetterCase>
 class BytesIn {
  public:
   explicit BytesIn(std::string_view text) : mText(text) {}
 
-  /// The next byte in the letter case, or -1 at the end.
+  /// The next byte in that letter case, or -1 at the end.
   int Next() {
     if (mPending < mPendingEnd) return static_cast<unsigned char>(mBuffer[mPending++]);
     if (mPosition == mText.size()) return -1;

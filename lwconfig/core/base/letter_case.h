@@ -8,14 +8,14 @@
 namespace lwconfig {
 
 /// Text without regard to letter case: Unicode's simple case folding, one character to one, with a fast path
-/// for ASCII. Texts are UTF-8; bytes that are not valid UTF-8 stand for themselves.
+/// for ASCII. Texts are UTF-8; an invalid byte equals only itself.
 
 std::string FoldCase(std::string_view text);
 bool EqualIgnoringCase(std::string_view a, std::string_view b);
 std::weak_ordering CompareIgnoringCase(std::string_view a, std::string_view b);
-/// Equal for texts that are equal without regard to letter case.
+/// Whether the texts are equal without regard to letter case.
 std::size_t HashIgnoringCase(std::string_view text);
-/// The order of the texts in capital letters, so that "_" comes after them.
+/// Orders texts by their capital letters, so that "_" comes after the letters.
 std::weak_ordering CompareInCapitals(std::string_view a, std::string_view b);
 
 /// The lower-case letter of an ASCII capital; every other byte as it is.

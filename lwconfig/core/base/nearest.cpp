@@ -28,23 +28,25 @@ std::size_t EditDistance(std::string_view a, std::string_view b) {
 
 std::string Nearest(std::string_view name, const std::vector<std::string>& candidates) {
   constexpr std::size_t kLongestName = 200;
+  constexpr std::size_t kLeastBeginning = 3;
   if (name.empty() || name.size() > kLongestName) return {};
   const std::string wanted = FoldCase(name);
   std::string nearest;
+  std::string continued;
   std::size_t least = kLongestName;
   for (const std::string& candidate : candidates) {
     if (candidate.size() > kLongestName) continue;
     const std::string folded = FoldCase(candidate);
-    // The beginning of a name, or a part of a long one, is as good as one slip of the finger.
-    const bool isPart = wanted.size() >= 3 && folded.find(wanted) != std::string::npos;
-    const std::size_t distance = isPart ? 1 : EditDistance(wanted, folded);
+    const std::size_t distance = EditDistance(wanted, folded);
+    if (continued.empty() && wanted.size() >= kLeastBeginning && folded.starts_with(wanted))
+      continued = candidate;
     // A name with more than a third of its letters wrong is another name.
     if (distance < least && 3 * distance <= std::max(wanted.size(), folded.size())) {
       least = distance;
       nearest = candidate;
     }
   }
-  return nearest;
+  return nearest.empty() ? continued : nearest;
 }
 
 }  // namespace lwconfig

@@ -7,12 +7,12 @@
 
 namespace lwconfig {
 
-/// How many bytes to change, add, remove or swap with the next to make one text of the other; letter case
-/// counts.
+/// The number of bytes to change, insert, remove or swap with the next to turn one text into the other.
+/// Letter case counts.
 std::size_t EditDistance(std::string_view a, std::string_view b);
 
-/// The candidate that `name` was most likely meant to be, or empty where none is near: one of which it is a
-/// part, or from which at most a third of the letters differ.
+/// The candidate that `name` was most likely meant to be, the first of the nearest ones from which at most a
+/// third of the letters differ, else the first that begins with it; empty where there is none.
 std::string Nearest(std::string_view name, const std::vector<std::string>& candidates);
 
 }  // namespace lwconfig

@@ -10,7 +10,7 @@
 
 namespace lwconfig {
 
-/// A reference to an owner that does not keep it alive; null once the owner is gone.
+/// A reference to an owner that does not keep it alive; null once the owner is destroyed.
 template <class T>
 class ObjectReference {
  public:
@@ -29,12 +29,12 @@ class ObjectReference<AnyObject> : public Counted<ObjectReference<AnyObject>> {
  public:
   static constexpr const char* kClassName = "ObjectReference";
 
-  /// The object referred to; null before one is set, and once it is gone.
+  /// The object referred to; null before one is set and after it is destroyed.
   AnyObject Object() const {
     auto object = mObject.lock();
     return object ? AnyObject{std::move(object), mClass} : AnyObject{};
   }
-  /// Null for none. Error 13 for an object of another library, which would be gone at once.
+  /// Null for none. Error 13 for a foreign object, which nothing would keep alive.
   void SetObject(const AnyObject& object) {
     if (object && object.Class == nullptr)
       throw Error(kTypeMismatch,
@@ -48,7 +48,7 @@ class ObjectReference<AnyObject> : public Counted<ObjectReference<AnyObject>> {
   const automation::ClassInfo* mClass = nullptr;
 };
 
-/// The object, for others to refer to. Error 91 for one that no `std::shared_ptr` holds.
+/// A reference to the object for others to hold. Error 91 for an object that no `std::shared_ptr` holds.
 template <class T>
 std::shared_ptr<T> SelfOf(T& object) {
   auto self = object.weak_from_this().lock();

@@ -6,7 +6,7 @@
 
 namespace lwconfig {
 
-/// The pieces of `text` between separators, in order: at least one, empty ones included. An empty separator
+/// The pieces of `text` between separators, in order: at least one, including empty ones. An empty separator
 /// leaves the text whole.
 std::vector<std::string_view> Split(std::string_view text, std::string_view separator);
 

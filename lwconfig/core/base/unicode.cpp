@@ -12,7 +12,7 @@ std::size_t CharacterLength(std::string_view bytes) {
   if (lead < 0x80) return 1;
   const std::size_t length = lead >= 0xF0 ? 4 : lead >= 0xE0 ? 3 : 2;
   if (lead < 0xC2 || lead > 0xF4 || length > bytes.size()) return 0;
-  // The second byte tells overlong forms, surrogates and values beyond Unicode apart.
+  // Use the second byte to reject overlong forms, surrogates and values beyond Unicode.
   const unsigned char low = lead == 0xE0 ? 0xA0 : lead == 0xF0 ? 0x90 : 0x80;
   const unsigned char high = lead == 0xED ? 0x9F : lead == 0xF4 ? 0x8F : 0xBF;
   if (byte(1) < low || byte(1) > high) return 0;
@@ -70,7 +70,7 @@ void AppendCharacter(std::string& text, char32_t character) {
 bool IsValidUtf8(std::string_view bytes) {
   while (!bytes.empty()) {
     bytes.remove_prefix(AsciiBlocks(bytes));
-    // Character by character up to the next place where a quick block may begin.
+    // Decode single characters up to the next place where an ASCII block may begin.
     for (std::size_t steps = 0; steps < 64 && !bytes.empty(); ++steps) {
       const std::size_t length = CharacterLength(bytes);
       if (length == 0) return false;
@@ -78,6 +78,20 @@ bool IsValidUtf8(std::string_view bytes) {
     }
   }
   return true;
+}
+
+std::string_view WithoutCutCharacter(std::string_view bytes) {
+  constexpr std::size_t kMostCut = 3;
+  for (std::size_t cut = 1; cut <= std::min(kMostCut, bytes.size()); ++cut) {
+    const auto lead = static_cast<unsigned char>(bytes[bytes.size() - cut]);
+    if (lead < 0x80) break;
+    if (lead < 0xC0) continue;
+    if (lead < 0xC2 || lead > 0xF4) break;
+    const std::size_t length = lead >= 0xF0 ? 4 : lead >= 0xE0 ? 3 : 2;
+    const std::string_view whole = bytes.substr(0, bytes.size() - cut);
+    return length > cut && IsValidUtf8(whole) ? whole : bytes;
+  }
+  return bytes;
 }
 
 std::size_t CountCharacters(std::string_view text) {
@@ -137,7 +151,7 @@ std::vector<std::uint8_t> Utf16FromUtf8(std::string_view text) {
 }
 
 std::string Utf8FromWindows1252(std::string_view bytes) {
-  // The upper control range of the encoding; the five places without a character keep their value.
+  // Decode the upper control range of the encoding; its five undefined bytes keep their value.
   static constexpr char16_t kUpperControls[32] = {
       0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
       0x2039, 0x0152, 0x008D, 0x017D, 0x008F, 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,

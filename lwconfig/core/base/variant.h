@@ -11,21 +11,21 @@ namespace automation {
 class ClassInfo;
 }  // namespace automation
 
-/// A reference to any automation object: one of this library, with its class, or somebody else's, which the
+/// A reference to any automation object: one of this library, with its class, or a foreign one, which the
 /// library only passes on. Two references are equal when they refer to the same object.
 struct AnyObject {
   std::shared_ptr<void> Pointer{};
-  const automation::ClassInfo* Class = nullptr;  // null for somebody else's object, and for none
+  const automation::ClassInfo* Class = nullptr;  // null for a foreign object and for none
   explicit operator bool() const { return Pointer != nullptr; }
   friend bool operator==(const AnyObject& a, const AnyObject& b) { return a.Pointer == b.Pointer; }
 };
 
-/// No value, as databases know it.
+/// The null value of databases.
 struct Null {
   friend bool operator==(Null, Null) { return true; }
 };
 
-/// An argument that was left out.
+/// An omitted argument.
 struct Missing {
   friend bool operator==(Missing, Missing) { return true; }
 };

@@ -11,7 +11,6 @@ namespace lwconfig {
 namespace {
 
 constexpr std::string_view kMakerKey = "Software\\Corvantis";
-constexpr std::string_view kProductKey = "Software\\Corvantis\\Lexiwend4";
 
 std::string ProductKey(std::string_view extraPath) {
   std::string key(kProductKey);
@@ -34,7 +33,7 @@ std::string NewestFrameworkFolder() {
 }  // namespace
 
 std::string ConfigPath() {
-  std::string path = RegistryAccess().GetText(kLocalMachine, kProductKey, "ConfigPath");
+  std::string path = RegistryAccess().GetText(kLocalMachine, kProductKey, kConfigPathValue);
   if (path.ends_with('\\')) path.pop_back();
   return path;
 }

@@ -18,7 +18,7 @@ platform::Files& HostFiles() {
   return platform::Host<platform::Files>();
 }
 
-/// Runs a host operation on `path`, turning the host's failures into the library's.
+/// Runs a host operation on `path` and converts its failures to `Error`.
 template <class Operation>
 auto OnHost(std::string_view path, Operation operation) {
   try {
@@ -28,7 +28,7 @@ auto OnHost(std::string_view path, Operation operation) {
   }
 }
 
-/// Whether there is no such file or folder, rather than one that cannot be reached.
+/// Whether the file or folder does not exist, as opposed to being inaccessible.
 bool NamesNothing(const std::system_error& failure) {
   return failure.code() == std::errc::no_such_file_or_directory ||
          failure.code() == std::errc::not_a_directory;
@@ -44,7 +44,7 @@ bool IsNetworkPath(std::string_view path) {
   return path.size() > 2 && IsSeparator(path[0]) && IsSeparator(path[1]) && !IsSeparator(path[2]);
 }
 
-/// The length of what ".." cannot leave: a drive, or a server and its share.
+/// The length of the root, which ".." cannot leave: a drive, or a server and its share.
 std::size_t RootLength(std::string_view path) {
   if (!IsNetworkPath(path)) {
     const char drive = path.size() > 1 && path[1] == ':' ? AsciiLower(path[0]) : ' ';
@@ -141,7 +141,7 @@ void DiskFile::Open(std::int32_t mode, std::int32_t access, std::int32_t /*share
       mContent = HostFiles().Read(FullPath());
       mOpen = OpenState::Reading;
     } catch (const std::system_error&) {
-      // `IsOpen` tells.
+      // `IsOpen` reports the failure.
     }
   } else if (mode == kCreateOrTruncate && access == kWrite) {
     try {

@@ -7,8 +7,8 @@
 
 namespace lwconfig {
 
-/// The error for a failure that the operating system reported about the file or folder at `path`: 53 for a
-/// missing file, 76 where the folder that it would be in is missing.
+/// The error for a failure of the operating system at the file or folder `path`: 53 for a missing file, 76
+/// for a missing parent folder.
 Error FileError(const std::system_error& failure, std::string_view path);
 
 }  // namespace lwconfig

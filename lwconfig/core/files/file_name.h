@@ -4,11 +4,11 @@
 
 namespace lwconfig {
 
-/// Error 52 for a path that leads out of the folder that it is taken from.
+/// Error 52 for a path that leads out of its base folder.
 void CheckStaysBelow(std::string_view path);
 
-/// Error 52 for a text that, taken as the base name of a file, may lead out of the file's folder: one with a
-/// separator, the colon of a drive or a control character, or "." or "..".
+/// Error 52 for a base name of a file that may lead out of the file's folder: one with a separator, the colon
+/// of a drive or a control character, or "." or "..".
 void CheckBaseName(std::string_view name);
 
 }  // namespace lwconfig

@@ -11,18 +11,18 @@
 
 namespace lwconfig {
 
-/// A registry value as callers exchange it: nothing, a number or a text.
+/// A registry value as exchanged with callers: nothing, a number or a text.
 using RegistryData = std::variant<std::monostate, std::int32_t, std::string>;
 
-/// The registry. Hives are 0x80000001 (current user) and 0x80000002 (local machine); any other is error 5.
-/// A registry that cannot be read or written is error 70 or 75, with file, line and column where one is
-/// damaged.
+/// The registry. Hives are 0x80000001 (current user) and 0x80000002 (local machine); any other is error 5. A
+/// registry that cannot be read or written is error 70 or 75; the error of a damaged registry file has its
+/// file, line and column.
 class RegistryAccess {
  public:
   static constexpr std::int32_t kTextType = 1;
   static constexpr std::int32_t kNumberType = 4;
 
-  /// The value; nothing where key or value are absent. A value that is neither a text nor a number is given
+  /// The value; nothing where the key or value is absent. A value that is neither text nor number is returned
   /// as the hexadecimal digits of its bytes.
   RegistryData GetValue(std::uint32_t hive, std::string_view keyPath, std::string_view valueName) const;
   /// As above for a text value, "" where it is absent; a number as decimal text.
@@ -34,14 +34,14 @@ class RegistryAccess {
   void SetValue(std::uint32_t hive, std::string_view keyPath, std::string_view valueName,
                 const RegistryData& value, std::int32_t valueType) const;
 
-  /// A value as it is stored, or nothing where key or value are absent.
+  /// The stored value; nothing where the key or value is absent.
   std::optional<RegistryValue> Stored(std::uint32_t hive, std::string_view keyPath,
                                       std::string_view valueName) const;
-  /// What the key holds, or nothing where there is no such key.
+  /// The content of the key; nothing where there is no such key.
   std::optional<RegistryKey> List(std::uint32_t hive, std::string_view keyPath) const;
-  /// Makes the changes, as `platform::Registry::Apply` does.
+  /// Makes the changes, as `platform::Registry::Apply`.
   void Apply(const std::vector<RegistryChange>& changes) const;
-  /// The host path of the user's own file where that holds the machine's value; empty where it does not.
+  /// The host path of the user's own file where it holds the machine's value; empty elsewhere.
   std::string OwnFile(std::string_view keyPath, std::string_view valueName) const;
 };
 

@@ -5,12 +5,11 @@
 
 namespace lwconfig {
 
-/// A file's bytes as UTF-8 text without byte-order mark: decoded by byte-order mark, else by the encoding
-/// that an XML declaration names, else as UTF-8 where valid, else as Windows-1252.
+/// The bytes of a file as UTF-8 text without byte-order mark. Decoded by byte-order mark, else by the
+/// encoding named in an XML declaration, else as UTF-8 where valid, else as Windows-1252.
 std::string DecodeText(std::string bytes);
 
-/// Why `DecodeText` may have taken the bytes for another encoding than they were written in; empty where
-/// there is no reason to think so.
+/// Explains why `DecodeText` may have used the wrong encoding; empty where there is no reason to doubt it.
 std::string EncodingDoubt(std::string_view bytes);
 
 }  // namespace lwconfig

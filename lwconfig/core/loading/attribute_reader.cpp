@@ -3,18 +3,16 @@
 
 #include <lwconfig/core/loading/attribute_reader.h>
 #include <lwconfig/core/loading/diagnostics.h>
-#include <lwconfig/core/loading/inspection.h>
 #include <lwconfig/core/xml/internal/xml_data.h>
 
 namespace lwconfig {
 namespace {
 
-/// Each place costs a look at the file; a file of nothing but faults must not cost the square of its size.
-constexpr int kMostTold = 20;
-/// How far apart two attributes of one name are noticed: thousands must not cost their square either.
+/// The distance within which two attributes of one name are noticed, so that thousands of attributes do not
+/// take quadratic time.
 constexpr std::ptrdiff_t kMostCompared = 100;
 
-/// Attribute names that are looked up are ASCII, so folding letters of either side byte by byte is exact.
+/// Fold letter case byte by byte: the names that are looked up are ASCII.
 bool NameEquals(const char* name, const char* wanted) {
   for (; *wanted != '\0'; ++name, ++wanted) {
     if (*name != *wanted && AsciiLower(*name) != AsciiLower(*wanted)) return false;
@@ -23,6 +21,11 @@ bool NameEquals(const char* name, const char* wanted) {
 }
 
 }  // namespace
+
+std::string RepeatedAttributeMessage(std::string_view name, std::string_view element) {
+  return std::string("the attribute \"").append(name).append("\" is repeated in <").append(element) +
+         ">; only the first counts";
+}
 
 AttributeReader::AttributeReader(const XMLElement& e) : mElement(e) {
   std::size_t count = 0;
@@ -40,14 +43,14 @@ AttributeReader::AttributeReader(const XMLElement& e) : mElement(e) {
   mFirst = mMany.empty() ? mUsual : mMany.data();
   mEnd = mFirst + count;
   mNext = mFirst;
-  if (e.mDocument->IsInspected()) {
+  if (e.mDocument->Observer) {
     e.mDocument->NoteLook(pugi::xml_node(e.Node()).name());
-    mNext = mEnd;  // every look-up then comes to `Search`, which notes it
+    mNext = mEnd;  // sends every look-up to `Search`, which reports it
   }
 }
 
 void AttributeReader::Skip(const char* name) const {
-  if (!mElement.mDocument->IsInspected()) return;
+  if (!mElement.mDocument->Observer) return;
   for (const Attribute* attribute = mFirst; attribute != mEnd; ++attribute) {
     if (NameEquals(attribute->Name, name)) return mElement.mDocument->NoteLook(attribute->Name);
   }
@@ -56,63 +59,51 @@ void AttributeReader::Skip(const char* name) const {
 const char* AttributeReader::Search(const char* name) {
   const auto matches = [name](const Attribute& attribute) { return NameEquals(attribute.Name, name); };
   const Attribute* found = std::find_if(mFirst, mEnd, matches);
-  XMLDocumentData& document = *mElement.mDocument;
-  if (document.IsInspected()) {
-    if (found != mEnd) {
-      document.NoteLook(found->Name);
-    } else {
-      Inspection::Current()->NoteAbsent(Inspection::NameKind::Attribute,
-                                        pugi::xml_node(mElement.Node()).name(), name);
+  const XMLDocumentData& document = *mElement.mDocument;
+  if (found == mEnd) {
+    if (document.Observer) {
+      document.Observer->Absent(XMLObserver::NameKind::Attribute, pugi::xml_node(mElement.Node()).name(),
+                                name);
     }
-    return found != mEnd ? found->Value : nullptr;
+    return nullptr;
   }
-  if (found == mEnd) return nullptr;
-  mNext = found + 1;
+  document.NoteLook(found->Name);
+  if (!document.Observer) mNext = found + 1;
   ++mFound;
   return found->Value;
 }
 
 AttributeReader::~AttributeReader() {
-  // Each name is looked up once, so that what is there twice is left over.
-  // An inspection tells of what nothing read itself.
-  const bool isInspected = mElement.mDocument->IsInspected();
-  if (mFound < mEnd - mFirst && !isInspected && std::uncaught_exceptions() == 0) TellRepeated();
+  // Each name is looked up once, so a repeated one is left over. An observer of the document
+  // reports it itself.
+  if (mFound < mEnd - mFirst && !mElement.mDocument->Observer && std::uncaught_exceptions() == 0)
+    ReportRepeated();
 }
 
-void AttributeReader::TellRepeated() const {
+void AttributeReader::ReportRepeated() const {
+  if (!IsWanted(Problem::RepeatedAttribute)) return;
   for (const Attribute* attribute = mFirst; attribute != mEnd; ++attribute) {
-    const auto isSame = [attribute](const Attribute& other) {
-      return std::strcmp(other.Name, attribute->Name) == 0;
-    };
     const Attribute* from = attribute - std::min(attribute - mFirst, kMostCompared);
-    if (std::any_of(from, attribute, isSame)) {
-      return Tell(std::string("not well-formed XML: the attribute \"") + attribute->Name +
-                  "\" is given twice");
-    }
+    const bool isRepeated = std::any_of(from, attribute, [attribute](const Attribute& other) {
+      return EqualIgnoringCase(other.Name, attribute->Name);
+    });
+    if (!isRepeated) continue;
+    Report(Problem::RepeatedAttribute, mElement, attribute->Name,
+           RepeatedAttributeMessage(attribute->Name, mElement.Name()));
   }
 }
 
-void AttributeReader::TellIgnored(const char* name, const char* text, const char* problem) const {
-  const std::string message =
-      std::string("the attribute \"") + name + "\" is ignored: \"" + text + "\" " + problem;
-  if (Inspection* const inspection = Inspection::Current())
-    return inspection->Tell(Problem::IgnoredValue, mElement, name, message);
-  Tell(message);
+void AttributeReader::ReportIgnored(const char* name, const char* text, const char* problem) const {
+  Report(Problem::IgnoredValue, mElement, name,
+         std::string("the attribute \"") + name + "\" is ignored: \"" + text + "\" " + problem);
 }
 
-void AttributeReader::Tell(const std::string& message) const {
-  XMLDocumentData& document = *mElement.mDocument;
-  if (!document.SourcePath.empty() && document.OdditiesTold++ < kMostTold)
-    Diagnose({mElement.Position(), message});
-}
-
-void AttributeReader::TellDoubt(const char* name, const char* text, std::string_view taken,
-                                const char* doubt) const {
-  Inspection* const inspection = Inspection::Current();
-  if (inspection == nullptr) return;
-  std::string message = std::string("the attribute \"") + name + "\" is taken as " + std::string(taken) +
-                        ": \"" + text + "\" " + doubt;
-  inspection->Tell(Problem::DoubtfulValue, mElement, name, message, [&] {
+void AttributeReader::ReportDoubt(const char* name, const char* text, std::string_view taken,
+                                  const char* doubt) const {
+  if (!IsWanted(Problem::DoubtfulValue)) return;
+  const std::string message = std::string("the attribute \"") + name + "\" is taken as " +
+                              std::string(taken) + ": \"" + text + "\" " + doubt;
+  Report(Problem::DoubtfulValue, mElement, name, message, [&] {
     if (taken == "False") return std::string(EqualIgnoringCase(text, "True") ? "True" : "");
     return std::string(taken == "0" ? "" : taken);
   });
@@ -130,14 +121,13 @@ void AttributeReader::Fail(std::int32_t number, const char* name, std::string_vi
   description.append(" the attribute \"").append(name).append("\"");
   if (!element.empty()) description.append(": ").append(found);
   if (!mElement.ParseFailure().empty()) description += " (" + mElement.ParseFailure() + ")";
-  if (Inspection* const inspection = Inspection::Current()) {
-    // Where there is no element at all, that was told.
+  if (ContinuesAfterFailure()) {
+    // An element that is absent altogether was reported before.
     if (element.empty()) return;
     const bool isMissing = number == kInvalidCall;
-    return inspection->Tell(isMissing ? Problem::MissingAttribute : Problem::InvalidValue, mElement, name,
-                            description);
+    return Report(isMissing ? Problem::MissingAttribute : Problem::InvalidValue, mElement, name, description);
   }
-  description += "; what stands before is kept";
+  description += "; everything before it is kept";
   Error error(number, std::move(description));
   error.SetPosition(mElement.Position());
   throw error;

@@ -8,20 +8,22 @@
 #include <vector>
 
 #include <lwconfig/core/base/conversions.h>
-#include <lwconfig/core/loading/diagnostics.h>
+#include <lwconfig/core/loading/children.h>
 #include <lwconfig/core/xml/xml_element.h>
 
 namespace lwconfig {
 
+/// The message for the second attribute of one name.
+std::string RepeatedAttributeMessage(std::string_view name, std::string_view element);
+
 /// Reads the attributes of one element into members, names matched without regard to letter case. A look-up
-/// starts where the last one ended, so that attributes in file order are found at once; for any other, of
-/// several attributes of one name it finds the first. While an inspection is under way it is told of each
-/// failure, and nothing is thrown.
+/// starts after the previous one, so that attributes in file order are found at once; any other look-up finds
+/// the first of several attributes of one name. A failure is thrown unless the listener passes over it.
 class AttributeReader {
  public:
   /// The element must outlive the reader.
   explicit AttributeReader(const XMLElement& e);
-  /// Tells the diagnostics handler of an attribute that the element has twice, unless the load is failing.
+  /// Reports repeated attributes of the element, unless the load is failing.
   ~AttributeReader();
   AttributeReader(const AttributeReader&) = delete;
   AttributeReader& operator=(const AttributeReader&) = delete;
@@ -39,7 +41,7 @@ class AttributeReader {
     if (!conversion)
       return Fail(conversion.ErrorNumber, name, "\"" + std::string(text) + "\" " + conversion.Problem);
     member = static_cast<T>(conversion.Value);
-    if (conversion.Problem != nullptr) TellDoubt(name, text, ToText(conversion.Value), conversion.Problem);
+    if (conversion.Problem != nullptr) ReportDoubt(name, text, ToText(conversion.Value), conversion.Problem);
   }
 
   /// Reads the attribute; where it is absent the member keeps its value and the result is false.
@@ -48,7 +50,7 @@ class AttributeReader {
     if (text != nullptr) Assign(text, member);
     return text != nullptr;
   }
-  /// As above, converted; also where the conversion fails the member keeps its value.
+  /// As above, converted; the member also keeps its value where the conversion fails.
   template <class T, class Convert>
   bool Try(const char* name, T& member, Convert convert) {
     const char* text = Find(name);
@@ -56,14 +58,15 @@ class AttributeReader {
     const auto conversion = convert(text);
     if (conversion) {
       member = static_cast<T>(conversion.Value);
-      if (conversion.Problem != nullptr) TellDoubt(name, text, ToText(conversion.Value), conversion.Problem);
+      if (conversion.Problem != nullptr)
+        ReportDoubt(name, text, ToText(conversion.Value), conversion.Problem);
     } else {
-      TellIgnored(name, text, conversion.Problem);
+      ReportIgnored(name, text, conversion.Problem);
     }
     return static_cast<bool>(conversion);
   }
 
-  /// Says that the attribute belongs to the element and is not read.
+  /// Marks the attribute as known but deliberately ignored.
   void Skip(const char* name) const;
 
   /// The value of the attribute, or null where it is absent. Valid as long as the element.
@@ -75,20 +78,18 @@ class AttributeReader {
 
  private:
   static void Assign(const char* text, std::string& member) {
-    // Most attributes are empty, and so is the member.
+    // Skip the assignment where both are empty, the most common case.
     if (*text != '\0' || !member.empty()) member = text;
   }
-  /// Null where an inspection was told that it is missing.
+  /// Null where the listener passes over its absence.
   const char* Required(const char* name);
   const char* Search(const char* name);
-  void TellRepeated() const;
-  /// Tells the diagnostics handler what is odd about the element, up to a number of times in one file.
-  void Tell(const std::string& message) const;
-  /// Tells of an optional value that does not convert.
-  void TellIgnored(const char* name, const char* text, const char* problem) const;
-  /// Tells an inspection under way of a value that is taken, though it may be meant otherwise.
-  void TellDoubt(const char* name, const char* text, std::string_view taken, const char* doubt) const;
-  /// Throws the error; returns where an inspection is told of it instead.
+  void ReportRepeated() const;
+  /// Reports an optional value that fails to convert.
+  void ReportIgnored(const char* name, const char* text, const char* problem) const;
+  /// Reports a value that is used, though it may mean something else.
+  void ReportDoubt(const char* name, const char* text, std::string_view taken, const char* doubt) const;
+  /// Throws the error; returns where the listener passes over it.
   void Fail(std::int32_t number, const char* name, std::string_view found) const;
 
   struct Attribute {
@@ -98,22 +99,13 @@ class AttributeReader {
   static constexpr std::size_t kUsualCount = 32;
 
   const XMLElement& mElement;
-  // The attributes, read off the element once: look-ups that miss cost little.
+  // The attributes, copied from the element once, so that failed look-ups are cheap.
   Attribute mUsual[kUsualCount];
   std::vector<Attribute> mMany;  // instead, where there are more
   const Attribute* mFirst;
   const Attribute* mEnd;
   const Attribute* mNext;
-  std::ptrdiff_t mFound = 0;  // how many look-ups found an attribute
+  std::ptrdiff_t mFound = 0;  // the number of look-ups that found an attribute
 };
-
-/// Calls `visit(child)` for each child element in document order. A failure that has no place in a file yet
-/// gets that of the child.
-template <class Visit>
-void ForEachChild(const XMLElement& e, Visit visit) {
-  for (const XMLElement child : e.Children()) {
-    RunStep([&] { visit(child); }, [&] { return child.Position(); });
-  }
-}
 
 }  // namespace lwconfig

@@ -6,52 +6,55 @@
 #include <lwconfig/core/files/damaged_files.h>
 #include <lwconfig/core/files/disk_file.h>
 #include <lwconfig/core/loading/diagnostics.h>
-#include <lwconfig/core/loading/inspection.h>
+#include <lwconfig/core/loading/load_listener.h>
 #include <lwconfig/core/loading/progress.h>
 #include <lwconfig/core/loading/read_ahead.h>
 #include <lwconfig/core/xml/xml_document.h>
 
 namespace lwconfig {
 
+/// Reports the fault of a document that is not well-formed.
+void ReportParseFailure(const XMLDocument& document);
+
 /// Calls `use(file, root)` for a file that was read.
 template <class Use>
 void UseDocument(const DiskFile& file, XMLDocument document, Use& use) {
   const bool isDamaged = !document.ParseFailure().empty() && file.Exists();
-  if (isDamaged) document.TellParseFailure();
+  if (isDamaged) ReportParseFailure(document);
   const XMLElement root = document.RootElement();
   RunStep([&] { use(file, root); }, [&] { return root.Position(); });
-  if (Inspection* const inspection = Inspection::Current()) inspection->EndFile(document, root);
+  LoadListener::Current().EndFile(document, root);
   NoteDamage(file, isDamaged);
 }
 
-/// Tells the diagnostics handler, where reading the list of files ended early, how many were not read.
-void TellLeftOut(const std::vector<DiskFile>& files, std::size_t read);
+/// Reports the number of files left unread after an early end of a list.
+void ReportLeftOut(const std::vector<DiskFile>& files, std::size_t read);
 
 /// Calls `use(file, root)` for each configuration file of the list, with its root element. The first failure
-/// ends the walk, except while an inspection is under way; where it has no place in a file yet it gets the
-/// file's, and the diagnostics handler is told how many files are left out. The files are only read.
+/// stops the walk, unless the listener passes over it: a failure without a place gets the file, and the
+/// number of files left out is reported. The files are only read.
 template <class Use>
 void ReadConfigurationFiles(const std::vector<DiskFile>& files, Use use) {
   ReadAhead documents(files);
   std::size_t read = 0;
   try {
     for (const DiskFile& file : files) {
-      TellProgress({file, read++, files.size()});
-      NoteDamage(file, true);  // until it has been used to its end
-      if (Inspection* const inspection = Inspection::Current()) inspection->BeginFile(file.FullPath());
+      ReportProgress({file, read++, files.size()});
+      NoteDamage(file, true);  // until it has been used completely
+      LoadListener::Current().BeginFile(file.FullPath());
       RunStep([&] { UseDocument(file, documents.Next(), use); },
               [&] {
                 return FilePosition{file.FullPath(), 0, 0};
               });
     }
   } catch (const Error&) {
-    TellLeftOut(files, read);
+    ReportLeftOut(files, read);
     throw;
   }
 }
 
-/// As above for every "*.xml" file of the folder, in the order of the listing; for none where there is no
-/// such folder.
+/// As above for every "*.xml" file of the folder, in the order of the listing; for none where the folder
+/// does not exist.
 template <class Use>
 void ReadConfigurationFolder(std::string_view folder, Use use) {
   DiskFile listing;
@@ -62,7 +65,7 @@ void ReadConfigurationFolder(std::string_view folder, Use use) {
 }
 
 /// Writes one configuration file: `fill(root)` names and fills the root element. The old file stays whole
-/// when anything fails; of one that could be read only in part a copy is kept.
+/// when anything fails. A file that could be read only in part is copied before.
 template <class Fill>
 void WriteConfigurationFile(DiskFile& file, Fill fill) {
   XMLDocument document;

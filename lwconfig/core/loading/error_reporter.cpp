@@ -10,16 +10,16 @@
 namespace lwconfig {
 namespace {
 
-/// Every late-bound call looks at it; the model spares a call of the loader each time.
+/// Read by every late-bound call. The initial-exec model avoids a call of the dynamic loader.
 [[gnu::tls_model("initial-exec")]] thread_local int gDepth = 0;
 
-/// A report, and that of a failure during it.
+/// One report, and one for a failure during it.
 constexpr int kMostReports = 2;
 /// Reports under way on this thread.
 thread_local int gReports = 0;
 
-/// Marks a report as under way. It runs code of others: that of the component, and of whatever a message box
-/// lets go on.
+/// Marks a report as under way. It runs foreign code: the component, and the callers that a message
+/// box lets continue.
 class ReportScope {
  public:
   ReportScope() { ++gReports; }
@@ -31,7 +31,7 @@ class ReportScope {
   OutsideScope mOutside;
 };
 
-/// A text as a report can hold it.
+/// The text in a form that a report can hold.
 std::string Reportable(std::string text) {
   std::replace(text.begin(), text.end(), '\0', ' ');
   return text;
@@ -113,14 +113,14 @@ ReportedError::ReportedError(Error cause)
 }
 
 void ReportFailure(const Error& failure, const Operation& operation) {
-  // Otherwise a component that fails inside the library at each report would be told without end.
+  // Stop here: a component that fails inside the library at each report would receive reports without end.
   if (gReports == kMostReports) throw Error(failure);
   const ReportScope reporting;
   if (const auto component = platform::CreateComponent(kErrorComponent)) {
     try {
       component->Receive(FailureReport(failure, operation));
     } catch (...) {
-      // A component that fails must not hide the failure that it was told of.
+      // Ignore a failing component: it must not hide the failure that was reported to it.
     }
     throw ReportedError(failure);
   }

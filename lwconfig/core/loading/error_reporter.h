@@ -15,7 +15,7 @@ namespace lwconfig {
 /// The ProgID of the product's error-reporting component.
 inline constexpr std::string_view kErrorComponent = "CorvaError.Error";
 
-/// A published operation under way: what a report says about it.
+/// A published operation under way, as described in reports.
 struct Operation {
   std::string Module;                                            // the class
   std::string Procedure;                                         // the member
@@ -23,10 +23,10 @@ struct Operation {
   std::vector<std::pair<std::string, std::string>> Variables{};  // the object's stored properties, likewise
 };
 
-/// The failure that is being handled, as the library's own error: other exceptions keep their text.
+/// The failure being handled, as the library's own error. Other exceptions keep their text.
 Error CurrentFailure();
 
-/// The error 65535 that callers get for a failure which the error-reporting component was told of.
+/// The error 65535 for a failure that was reported to the error component.
 class ReportedError : public Error {
  public:
   explicit ReportedError(Error cause);
@@ -37,19 +37,18 @@ class ReportedError : public Error {
   Error mCause;
 };
 
-/// Hands a failure of a published operation to the process-wide reporter. With the error-reporting component
-/// it gets the report and a `ReportedError` is thrown; without it the critical message box is shown and the
-/// call returns. A failure of an operation that begins during a report is reported too; one during that
-/// second report is thrown on as it is.
+/// Reports a failure of a published operation. Sends the report to the error component and throws a
+/// `ReportedError`; without that component shows the critical message box and returns. A failure of an
+/// operation that begins during a report is reported too; a failure during that second report is rethrown.
 void ReportFailure(const Error& failure, const Operation& operation);
 
-/// The report that the component gets: module, procedure, line, error, parameters, the stored properties of
-/// the object as the failure leaves them, and instance counts.
+/// The report for the component: module, procedure, line, error, parameters, the stored properties of the
+/// object as the failure left them, and instance counts.
 std::string FailureReport(const Error& failure, const Operation& operation);
 /// The text of the message box.
 std::string FailureMessage(const Error& failure, const Operation& operation);
 
-/// Marks a published operation as under way on this thread; the outermost one reports failures.
+/// Marks a published operation as under way on this thread. Only the outermost operation reports failures.
 class OperationScope {
  public:
   OperationScope();
@@ -59,9 +58,9 @@ class OperationScope {
   bool IsOutermost() const;
 };
 
-/// Marks code of others that an operation calls, such as a handler of an event, or that goes on during a
-/// message box that it shows: an operation that this code begins is outermost again. The scopes of a thread
-/// end in the reverse order of their beginnings.
+/// Marks foreign code that an operation runs, such as an event handler or callers during a message
+/// box. An operation that begins in this code is outermost again. The scopes of a thread are destroyed
+/// in reverse order.
 class OutsideScope {
  public:
   OutsideScope();
@@ -73,12 +72,12 @@ class OutsideScope {
   int mDepth;
 };
 
-/// Shows a modal message; operations that begin while it stands are outermost.
+/// Shows a modal message; operations that begin while it is open are outermost.
 void ShowMessageBox(const platform::Message& message);
 
-/// Runs `body` as a published operation, which `describe()` tells of as an `Operation`. Its failure ends it
-/// with the state changed so far: inside another published operation the failure is thrown on; at the
-/// outermost one it goes to the reporter, once, and the result is the empty value of its type.
+/// Runs `body` as a published operation, described by `describe()` as an `Operation`. A failure stops it and
+/// keeps the state changed so far. Inside another published operation the failure is rethrown; at the
+/// outermost one it is reported, once, and the result is the empty value of its type.
 template <class Describe, class Body>
 auto RunPublished(Describe describe, Body body) -> decltype(body()) {
   const OperationScope scope;

@@ -1,89 +1,60 @@
 #pragma once
 
-#include <array>
-#include <cstddef>
 #include <functional>
 #include <map>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
 
-#include <lwconfig/core/loading/diagnostics.h>
-#include <lwconfig/core/loading/problem.h>
-#include <lwconfig/core/xml/xml_document.h>
+#include <lwconfig/core/loading/load_listener.h>
 
 namespace lwconfig {
 
-/// Looks closely at what is loaded while it lives. Loading does not stop at a failure then but tells of it
-/// and goes on, and what loaders accept in silence is told as well: values that do not mean what they say,
-/// and what stands in a file and nothing reads. The loaders themselves know what they read, so there is no
-/// second description of the files. Diagnostics come to the inspection as well. One at a time, on one thread.
-class Inspection {
+/// Inspects every load during its lifetime. Loading then reports a failure and continues. Accepted faults are
+/// reported as well: values that do not mean what they say, and parts of a file that no loader reads. The
+/// loaders themselves report what they read, so there is no second description of the formats. At most one at
+/// a time, on one thread.
+class Inspection final : public LoadListener {
  public:
-  /// Of one kind of problem so many are told in one file: a file of nothing but faults stays bearable.
-  static constexpr int kMostTold = 20;
-  /// How many more problems of one kind a file has than were told.
-  struct Rest {
-    std::string File;
-    lwconfig::Problem Problem;
-    int Count;
-  };
+  using PathFinder = std::function<std::string(const XMLElement& e)>;
   using FileInspector = std::function<void(const std::string& file, const XMLElement& root)>;
   using TextInspector = std::function<void(const std::string& file, std::string_view text)>;
 
-  /// Calls `tell` for each problem, `inspect` for each configuration file after it was loaded, and
-  /// `inspectText` for each file of phrases or scraps. Both may report more.
-  Inspection(DiagnosticHandler tell, FileInspector inspect, TextInspector inspectText = nullptr);
-  ~Inspection();
-  Inspection(const Inspection&) = delete;
-  Inspection& operator=(const Inspection&) = delete;
-
-  /// The one under way, or null.
-  static Inspection* Current() { return gCurrent; }
-
-  void Tell(const Diagnostic& diagnostic);
-  /// Calls `suggest`, which may be slow, only for a problem that is reported.
-  void Tell(Problem problem, const FilePosition& position, std::string_view message,
-            const std::function<std::string()>& suggest = nullptr);
-  /// As above with the place of an attribute of the element; that of the element where it has none of that
-  /// name, or none is named.
-  void Tell(Problem problem, const XMLElement& e, std::string_view attribute, std::string_view message,
-            const std::function<std::string()>& suggest = nullptr);
-  void Tell(const Error& failure);
-
-  /// Called by what reads files: before a file is read, and after it was loaded where it is a document.
-  void BeginFile(const std::string& path);
-  void EndFile(const XMLDocument& document, const XMLElement& root);
-  /// Instead of `EndFile` for a file of phrases or scraps that is no document.
-  void EndText(const std::string& path, std::string_view text);
-  /// Called by what reads elements: a name that was asked for and is not there. `kind` tells the names of
-  /// attributes from those of elements.
-  enum class NameKind { Attribute, Element };
-  void NoteAbsent(NameKind kind, std::string_view parent, std::string_view name);
+  /// Calls `report` for each problem, `inspect` for each configuration file after it was loaded, and
+  /// `inspectText` for each file of phrases or scraps. Both may report further problems. `findPath` finds the
+  /// model path of an element.
+  Inspection(DiagnosticHandler report, FileInspector inspect, TextInspector inspectText = nullptr,
+             PathFinder findPath = nullptr);
+  ~Inspection() override;
 
   const std::vector<std::string>& Files() const { return mFiles; }
-  /// Whether no error was told of in the file.
+  /// Whether no error was reported in the file.
   bool IsSound(const std::string& file) const;
-  /// In the order of `Files`.
-  std::vector<Rest> Rests() const;
+  /// A summary of the unreported problems of each kind in each file, in the order of `Files`.
+  std::vector<Diagnostic> Rests() const;
+
+  bool Wants(Problem /*problem*/) const override { return true; }
+  bool ContinuesAfterFailure() const override { return true; }
+  void BeginFile(const std::string& path) override;
+  void EndFile(const XMLDocument& document, const XMLElement& root) override;
+  void EndText(const std::string& path, std::string_view text) override;
+  std::shared_ptr<XMLObserver> Observe() override;
+  std::string ModelPathOf(const XMLElement& e) const override;
 
  private:
-  static Inspection* gCurrent;
+  using NameKind = XMLObserver::NameKind;
+  class Watch;
   class Walk;
 
-  /// Counts one more problem of the kind in the file; whether it is to be told.
-  bool IsWanted(Problem problem, const std::string& file);
-  /// The absent name that `name` was most likely meant to be.
+  /// The absent name most likely meant by `name`.
   std::string NearestAbsent(NameKind kind, std::string_view parent, std::string_view name) const;
+  void ReportForbiddenCharacters(const XMLDocumentData& document);
 
-  void TellForbiddenCharacters(const XMLDocumentData& document);
-
-  DiagnosticHandler mTell;
   FileInspector mInspect;
   TextInspector mInspectText;
-  DiagnosticHandler mPreviousHandler;
+  PathFinder mFindPath;
   std::vector<std::string> mFiles;
-  std::map<std::string, std::array<int, kProblemKinds>> mCounts;  // by file, how many problems of each kind
   std::map<std::string, std::vector<std::string>, std::less<>> mAbsent[2];
 };
 

@@ -10,17 +10,17 @@ constexpr ProblemKind kKinds[] = {
     {Problem::UnreadableFile, "unreadable-file", Severity::Error},
     {Problem::MissingFolder, "missing-folder", Severity::Error},
     {Problem::DamagedRegistry, "damaged-registry", Severity::Error},
-    {Problem::NotWellFormed, "not-well-formed", Severity::Error},
+    {Problem::NotWellFormed, "not-well-formed", Severity::Error, true},
     {Problem::MissingAttribute, "missing-attribute", Severity::Error},
     {Problem::InvalidValue, "invalid-value", Severity::Error},
     {Problem::DuplicateKey, "duplicate-key", Severity::Error},
     {Problem::NotLoaded, "not-loaded", Severity::Error},
 
-    {Problem::IgnoredValue, "ignored-value", Severity::Warning},
+    {Problem::IgnoredValue, "ignored-value", Severity::Warning, true},
     {Problem::DoubtfulValue, "doubtful-value", Severity::Warning},
     {Problem::UnknownNumber, "unknown-number", Severity::Warning},
     {Problem::UnreadAttribute, "unread-attribute", Severity::Warning},
-    {Problem::RepeatedAttribute, "repeated-attribute", Severity::Warning},
+    {Problem::RepeatedAttribute, "repeated-attribute", Severity::Warning, true},
     {Problem::UnreadElement, "unread-element", Severity::Warning},
     {Problem::UnreadText, "unread-text", Severity::Warning},
     {Problem::DoubtfulEncoding, "doubtful-encoding", Severity::Warning},
@@ -28,6 +28,7 @@ constexpr ProblemKind kKinds[] = {
     {Problem::UnexpectedRoot, "unexpected-root", Severity::Warning},
     {Problem::EmptyName, "empty-name", Severity::Warning},
     {Problem::DuplicateName, "duplicate-name", Severity::Warning},
+    {Problem::DuplicateTemplate, "duplicate-template", Severity::Warning, true},
     {Problem::MissingLayoutFile, "missing-layout-file", Severity::Warning},
     {Problem::ReservedFileName, "reserved-file-name", Severity::Warning},
     {Problem::MissingStyleSheet, "missing-style-sheet", Severity::Warning},
@@ -37,7 +38,7 @@ constexpr ProblemKind kKinds[] = {
     {Problem::MissingConfig, "missing-config", Severity::Warning},
     {Problem::UnknownLayout, "unknown-layout", Severity::Warning},
     {Problem::UnknownParent, "unknown-parent", Severity::Warning},
-    {Problem::ParentLoop, "parent-loop", Severity::Warning},
+    {Problem::ParentLoop, "parent-loop", Severity::Warning, true},
     {Problem::UnknownContents, "unknown-contents", Severity::Warning},
     {Problem::UnknownProfile, "unknown-profile", Severity::Warning},
     {Problem::UnknownPlugIn, "unknown-plug-in", Severity::Warning},
@@ -50,7 +51,7 @@ constexpr ProblemKind kKinds[] = {
     {Problem::BlankInList, "blank-in-list", Severity::Warning},
     {Problem::LineEnds, "line-ends", Severity::Warning},
     {Problem::MalformedLine, "malformed-line", Severity::Warning},
-    {Problem::Other, "other", Severity::Warning},
+    {Problem::Other, "other", Severity::Warning, true},
 };
 
 constexpr bool IsInOrder() {
@@ -62,6 +63,10 @@ constexpr bool IsInOrder() {
 static_assert(IsInOrder(), "one row for each problem, in their order");
 
 }  // namespace
+
+const char* SeverityName(Severity severity) {
+  return severity == Severity::Error ? "error" : "warning";
+}
 
 std::span<const ProblemKind> ProblemKinds() {
   return kKinds;

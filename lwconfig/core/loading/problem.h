@@ -7,7 +7,7 @@ namespace lwconfig {
 
 enum class Severity { Warning, Error };
 
-/// What can be wrong with a configuration, the kinds that a loader rejects first.
+/// Every kind of problem in a configuration. Kinds that a loader rejects come first.
 enum class Problem {
   UnreadableFile,
   MissingFolder,
@@ -30,6 +30,7 @@ enum class Problem {
   UnexpectedRoot,
   EmptyName,
   DuplicateName,
+  DuplicateTemplate,
   MissingLayoutFile,
   ReservedFileName,
   MissingStyleSheet,
@@ -59,9 +60,13 @@ inline constexpr std::size_t kProblemKinds = static_cast<std::size_t>(Problem::O
 
 struct ProblemKind {
   lwconfig::Problem Problem;
-  const char* Code;  // by which messages and the documentation name it
+  const char* Code;  // names the kind in messages and documentation
   lwconfig::Severity Severity;
+  bool ConcernsLoaders = false;  // reported by any load, not only to an inspection
 };
+
+/// "warning" or "error".
+const char* SeverityName(Severity severity);
 
 /// Every kind of problem, in the order of `Problem`.
 std::span<const ProblemKind> ProblemKinds();

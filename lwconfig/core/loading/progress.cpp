@@ -16,7 +16,7 @@ ProgressHandler SetProgressHandler(ProgressHandler handler) {
   return std::exchange(Handler(), std::move(handler));
 }
 
-void TellProgress(const Progress& progress) {
+void ReportProgress(const Progress& progress) {
   if (Handler()) Handler()(progress);
 }
 

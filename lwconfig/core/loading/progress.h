@@ -7,8 +7,8 @@
 
 namespace lwconfig {
 
-/// How far the reading of several configuration files has come: `File` is read next, `Done` files of `Total`
-/// are through.
+/// Progress of reading several configuration files: `File` is read next, `Done` of `Total`
+/// files are finished.
 struct Progress {
   const DiskFile& File;
   std::size_t Done;
@@ -17,8 +17,8 @@ struct Progress {
 
 using ProgressHandler = std::function<void(const Progress&)>;
 
-/// Sets the handler that is told before each file, an empty one for none; returns the one set before.
+/// Sets the handler called before each file; an empty one for none. Returns the previous handler.
 ProgressHandler SetProgressHandler(ProgressHandler handler);
-void TellProgress(const Progress& progress);
+void ReportProgress(const Progress& progress);
 
 }  // namespace lwconfig

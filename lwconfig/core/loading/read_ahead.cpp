@@ -1,6 +1,7 @@
 #include <system_error>
 #include <utility>
 
+#include <lwconfig/core/loading/load_listener.h>
 #include <lwconfig/core/loading/read_ahead.h>
 
 namespace lwconfig {
@@ -10,7 +11,7 @@ ReadAhead::ReadAhead(std::vector<DiskFile> files) : mFiles(std::move(files)) {
   try {
     mReader = std::thread([this] { ReadAll(); });
   } catch (const std::system_error&) {
-    // Without another thread the files are read when they are asked for.
+    // Without another thread, read each file on request.
   }
 }
 
@@ -26,7 +27,7 @@ ReadAhead::~ReadAhead() {
 ReadAhead::Result ReadAhead::Read(const DiskFile& file) {
   Result result;
   try {
-    result.Document.ReadFile(file);
+    result.Document.ReadFile(file, LoadListener::Current().Observe());
   } catch (...) {
     result.Failure = std::current_exception();
   }

@@ -13,17 +13,17 @@
 
 namespace lwconfig {
 
-/// Reads and parses a list of files in order, the next one on a second thread, while the caller works through
-/// the one before. Results, order and failures are those of reading one after the other.
+/// Reads and parses a list of files in order, the next one on a second thread, while the caller processes the
+/// previous one. Results, order and failures equal those of reading one after the other.
 class ReadAhead {
  public:
   explicit ReadAhead(std::vector<DiskFile> files);
-  /// Waits for the file under way and drops what was read ahead.
+  /// Waits for the current file and drops everything read ahead.
   ~ReadAhead();
   ReadAhead(const ReadAhead&) = delete;
   ReadAhead& operator=(const ReadAhead&) = delete;
 
-  /// The next document. Throws what reading it failed with. Called at most once for each file.
+  /// The next document. Rethrows the failure of reading it. Called at most once for each file.
   XMLDocument Next();
 
  private:
@@ -38,11 +38,11 @@ class ReadAhead {
   const std::vector<DiskFile> mFiles;
   std::mutex mMutex;
   std::condition_variable mChanged;
-  // Read and not yet taken. One is enough, since reading is quicker than working, and more documents at a
-  // time would no longer fit into the processor's cache.
+  // Read and not yet taken. Keep one at most: reading is quicker than processing, and more documents at a
+  // time would not fit into the processor's cache.
   std::optional<Result> mNext;
   bool mStopped = false;
-  std::size_t mTaken = 0;  // without a second thread: how many were read
+  std::size_t mTaken = 0;  // the number of files read without a second thread
   std::thread mReader;     // last: it uses everything above
 };
 

@@ -20,12 +20,12 @@ std::shared_ptr<void>& SlotContent(Slot slot) {
 }
 
 void ResetSharedSlots() {
-  // Each slot is empty before its object goes, so that whatever the object's end runs sees it empty.
+  // Empty each slot before its object is destroyed, so that destructors find it empty.
   for (auto& slot : Slots()) std::exchange(slot, nullptr).reset();
 }
 
 LiveRoot::LiveRoot() {
-  Slots();  // so that they outlive a Root of static storage duration
+  Slots();  // construct them first, so that they outlive a static Root
   ++gLiveRoots;
 }
 

@@ -23,7 +23,7 @@ enum class Slot {
   Count
 };
 
-/// Which slot holds objects of class `T`; each shared class says so beside its declaration.
+/// The slot for objects of class `T`; each shared class specialises it beside its declaration.
 template <class T>
 extern const Slot kSlotOf;
 
@@ -38,7 +38,7 @@ class SharedSlot {
   static std::shared_ptr<T> Get() { return std::static_pointer_cast<T>(SlotContent(kSlotOf<T>)); }
   static void Set(std::shared_ptr<T> object) { SlotContent(kSlotOf<T>) = std::move(object); }
   /// The shared object, created and, where the class has a `Load`, loaded on first request. It is stored
-  /// before it loads: when loading fails, the error is thrown on and the slot keeps what was loaded.
+  /// before it loads: when loading fails, the error is rethrown and the slot keeps the part that was loaded.
   static std::shared_ptr<T> Obtain() {
     if (auto object = Get()) return object;
     auto object = std::make_shared<T>();
@@ -48,10 +48,10 @@ class SharedSlot {
   }
 };
 
-/// Empties every slot. Whoever holds one of the objects keeps it.
+/// Empties every slot. Holders of an object keep it.
 void ResetSharedSlots();
 
-/// Counts as one live `Root`. When the last one goes, the shared slots are emptied.
+/// Counts as one live `Root`. The last one to be destroyed empties the shared slots.
 class LiveRoot {
  public:
   LiveRoot();

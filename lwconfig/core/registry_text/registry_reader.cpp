@@ -4,6 +4,18 @@
 #include <lwconfig/core/base/unicode.h>
 #include <lwconfig/core/registry_text/registry_reader.h>
 
+// A registry file.
+//
+//   Windows Registry Editor Version 5.00       or REGEDIT4, the older version
+//   ; comment, on its own line or at the end of a statement
+//   [HKEY_CURRENT_USER\Software\Name]          a key; [-HKEY...] deletes it
+//   @="default value"
+//   "Name"="C:\\Folder"                        a text; \" and \\ in quotes
+//   "Name"=dword:0000001f                      a number
+//   "Name"=hex(7):41,00,\                      bytes of a type, lines joined by a backslash; hex: is type 3
+//     00,00,00,00
+//   "Name"=-                                   deletes the value
+
 namespace lwconfig {
 namespace {
 
@@ -62,7 +74,7 @@ void RegistryReader::ReadHeader() {
 void RegistryReader::ReadKey(RegistryStatement& statement) {
   using Kinds = RegistryStatement::Kinds;
   statement.Kind = Take('-') ? Kinds::DeletedKey : Kinds::Key;
-  // The name of a key may hold a bracket, so that the last one of the line ends it.
+  // Close at the last bracket of the line: the name of a key may contain brackets.
   const std::string_view line = mText.substr(mPosition, LineEnd() - mPosition);
   const std::size_t length = line.rfind(']');
   if (length == std::string_view::npos) {

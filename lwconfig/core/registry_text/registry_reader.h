@@ -10,38 +10,38 @@
 
 namespace lwconfig {
 
-/// The first lines of the two versions of the registry-editor format. In the older one, texts in hexadecimal
-/// form are in the system's 8-bit encoding instead of UTF-16.
+/// The first lines of the two versions of the registry-editor format. In the older version, hexadecimal texts
+/// are in the system's 8-bit encoding instead of UTF-16.
 inline constexpr std::string_view kRegistryHeader = "Windows Registry Editor Version 5.00";
 inline constexpr std::string_view kOldRegistryHeader = "REGEDIT4";
 
-/// One statement of a registry file with its place in the text.
+/// One statement of a registry file with its position in the text.
 struct RegistryStatement {
   using Kinds = RegistryChange::Kinds;
   Kinds Kind = Kinds::Key;
-  /// The whole path of a key, beginning with its hive; part of the text that is read.
+  /// The whole path of a key, beginning with its hive; refers to the text being read.
   std::string_view Key;
   std::string Name;
   RegistryValue Value;
   std::size_t Begin = 0;
   std::size_t DataBegin = 0;
   std::size_t DataEnd = 0;
-  /// Where the statement's last line ends, before its line break.
+  /// The end of the statement's last line, before its line break.
   std::size_t End = 0;
 };
 
-/// Reads a registry text statement by statement. Throws `RegistryFormatError` with the place of the first
-/// fault.
+/// Reads a registry text statement by statement. Throws `RegistryFormatError` with the place of
+/// the first fault.
 class RegistryReader {
  public:
-  /// `text` is UTF-8 and must outlive the reader; `file` is for error reports.
+  /// `text` is UTF-8 and must outlive the reader; `file` names the source in errors.
   RegistryReader(std::string_view text, std::string file);
 
   /// Whether the text is in the older version.
   bool IsOld() const { return mIsOld; }
   /// Reads the next statement into `statement`; false at the end.
   bool Next(RegistryStatement& statement);
-  /// Throws the error that something is wrong at `position`.
+  /// Throws `RegistryFormatError` with `description` for the position.
   [[noreturn]] void FailAt(std::size_t position, const std::string& message) const;
 
  private:
@@ -71,8 +71,8 @@ class RegistryReader {
   bool mBelowKey = false;
 };
 
-/// The text of a registry file: UTF-16 by its byte-order mark, else as `Utf8From8Bit`. The mark of UTF-8
-/// is kept.
+/// The text of a registry file: UTF-16 with a byte-order mark, else as `Utf8From8Bit`. A UTF-8 byte-order
+/// mark is kept.
 std::string RegistryFileText(std::string bytes);
 
 }  // namespace lwconfig

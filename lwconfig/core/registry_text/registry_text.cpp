@@ -17,7 +17,7 @@ struct NamedHive {
   Hive Number;
 };
 
-/// A hive's own name comes before its short form.
+/// List the full name of a hive before its short form.
 constexpr std::array kHives{
     NamedHive{"HKEY_LOCAL_MACHINE", Hive::LocalMachine},
     NamedHive{"HKEY_CURRENT_USER", Hive::CurrentUser},

@@ -10,7 +10,7 @@
 
 namespace lwconfig {
 
-/// The registry as people and the files of registry editors write it.
+/// The registry in the notation of people and of registry-editor files.
 
 /// A key by its hive and its path below it.
 struct RegistryPath {
@@ -18,35 +18,34 @@ struct RegistryPath {
   std::string Key;
 };
 
-/// The key that a whole path such as "HKEY_CURRENT_USER\Software" names; nothing where it begins with no
-/// hive. A hive's short form does as well (HKCU, HKLM), and so do slashes in a path without backslashes.
+/// The key named by a whole path such as "HKEY_CURRENT_USER\Software"; nothing where the path begins with no
+/// hive. Accepts the short form of a hive (HKCU, HKLM), and slashes in a path without backslashes.
 std::optional<RegistryPath> ParseRegistryPath(std::string_view path);
-/// The hive's own name, such as "HKEY_CURRENT_USER".
+/// The full name of the hive, such as "HKEY_CURRENT_USER".
 std::string_view HiveName(Hive hive);
 
-/// The hive with this name, in its long or its short form.
+/// The hive with this name, in full or short form.
 std::optional<Hive> HiveNamed(std::string_view name);
-/// The path of a key without separators at its ends.
+/// The path of a key without leading and trailing separators.
 std::string_view TrimmedKey(std::string_view key);
 
-/// The changes that a registry-editor file asks for, in its order. `bytes` are its content in any encoding
-/// that such files have; `file` is for error reports. Throws `RegistryFormatError`, also for a key of any
-/// other hive.
+/// The changes that a registry-editor file asks for, in its order. `bytes` is the file's content in any
+/// encoding of the format; `file` names the source in errors. Throws `RegistryFormatError`, also for a key of
+/// any other hive.
 std::vector<RegistryChange> ReadRegistryText(std::string bytes, const std::string& file);
 
 enum class RegistryEncoding {
   Utf8,   // with line feeds
-  Utf16,  // little-endian with byte-order mark, carriage returns and line feeds, as Windows has it
+  Utf16,  // little-endian with byte-order mark, carriage returns and line feeds, as on Windows
 };
 
-/// A registry-editor file, of version 5, that asks for the changes.
+/// The text of a registry-editor file, version 5, that asks for the changes.
 std::string WriteRegistryText(const std::vector<RegistryChange>& changes, RegistryEncoding encoding);
 
-/// The line of such a file that has the value, without line break at its end; long data goes on in more
-/// lines.
+/// The line of such a file for the value, without its final line break; long data continues on further lines.
 std::string RegistryValueLine(std::string_view name, const RegistryValue& value);
 
-/// Several texts as a value of type 7 holds them, and back; an empty text cannot be held and is left out.
+/// Converts several texts to a value of type 7 and back. Empty texts cannot be stored and are left out.
 std::vector<std::uint8_t> PackTexts(const std::vector<std::string>& texts);
 std::vector<std::string> UnpackTexts(const std::vector<std::uint8_t>& bytes);
 

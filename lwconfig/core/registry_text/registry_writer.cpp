@@ -12,7 +12,7 @@ using Bytes = std::vector<std::uint8_t>;
 
 std::string Quoted(std::string_view text) {
   std::string quoted = "\"";
-  // One other byte in the file would make everybody's texts be read in another encoding.
+  // Write valid UTF-8 only: one invalid byte would change the encoding of the whole file.
   for (const char c : Utf8From8Bit(std::string(text))) {
     if (c == '"' || c == '\\') quoted += '\\';
     quoted += c;

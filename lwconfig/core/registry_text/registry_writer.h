@@ -9,9 +9,9 @@ namespace lwconfig {
 
 /// The line that begins a key.
 std::string RegistryKeyLine(Hive hive, std::string_view key);
-/// The form in which a registry file holds a name.
+/// A name as written in a registry file.
 std::string RegistryNameText(std::string_view name);
-/// The form in which a registry file, of the older version or not, holds a value.
+/// A value as written in a registry file, of the older version or not.
 std::string RegistryValueText(const RegistryValue& value, bool old, std::string_view lineBreak);
 
 }  // namespace lwconfig

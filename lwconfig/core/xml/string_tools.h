@@ -31,8 +31,8 @@ class StringTools {
   }
   /// The pieces of the text split at the separator, in order, without keys.
   static std::shared_ptr<Collection> SplitToCollection(std::string_view text, std::string_view separator);
-  /// Replaces each placeholder, a name between two delimiters, by the value filed under that name. A name
-  /// that has no value and a lone delimiter are copied unchanged; values are not expanded again.
+  /// Replaces each placeholder, a name between two delimiters, by the value under that name. A name without a
+  /// value and a lone delimiter are copied unchanged; values are not expanded again.
   static std::string ExpandPlaceholders(std::string_view Format, const Collection& Values,
                                         std::string_view delimiter);
 };

@@ -21,7 +21,7 @@ constexpr std::array<bool, 256> kIsSpecial = [] {
   return special;
 }();
 
-/// The number of the character reference that `text` begins with.
+/// The number of the character reference at the start of `text`.
 std::optional<std::uint32_t> ReferencedCharacter(std::string_view text) {
   constexpr std::size_t kLongestNumber = 32;
   if (!text.starts_with("&#")) return std::nullopt;
@@ -36,13 +36,13 @@ std::optional<std::uint32_t> ReferencedCharacter(std::string_view text) {
   return failure == std::errc::result_out_of_range ? UINT32_MAX : number;
 }
 
-/// The bytes that a character with this first byte takes.
+/// The length of a character with this first byte.
 std::size_t LengthFrom(unsigned char first) {
   if (first < 0xC0) return 1;
   return first < 0xE0 ? 2 : first < 0xF0 ? 3 : 4;
 }
 
-/// What closes the comment or CDATA section that `text` begins with; empty where it begins with neither.
+/// The closing mark of the comment or CDATA section at the start of `text`; empty where there is neither.
 std::string_view ClosingOf(std::string_view text) {
   if (text.starts_with("<!--")) return "-->";
   if (text.starts_with("<![CDATA[")) return "]]>";
@@ -81,21 +81,22 @@ std::optional<ForbiddenCharacter> FindForbiddenCharacter(std::string_view text) 
   return std::nullopt;
 }
 
-void ForEachForbiddenCharacter(std::string_view document,
-                               const std::function<void(std::size_t offset, std::uint32_t character)>& tell) {
-  std::size_t literalEnd = 0;  // before which there are no references
+void ForEachForbiddenCharacter(
+    std::string_view document,
+    const std::function<void(std::size_t offset, std::uint32_t character)>& report) {
+  std::size_t literalEnd = 0;  // there are no references before it
   for (std::size_t at = 0; at < document.size(); ++at) {
     const auto byte = static_cast<unsigned char>(document[at]);
     if (!kIsSpecial[byte]) continue;
     const std::string_view rest = document.substr(at);
     if (byte < ' ') {
-      tell(at, byte);
+      report(at, byte);
     } else if (byte == 0xEF) {
       const std::string_view last = rest.starts_with(kUnusedCharacterBytes) ? rest.substr(2, 1) : "";
-      if (last == "\xBE" || last == "\xBF") tell(at, kUnusedCharacter + (last == "\xBF" ? 1 : 0));
+      if (last == "\xBE" || last == "\xBF") report(at, kUnusedCharacter + (last == "\xBF" ? 1 : 0));
     } else if (at >= literalEnd && byte == '&') {
       const auto character = ReferencedCharacter(rest);
-      if (character && !IsXMLCharacter(*character)) tell(at, *character);
+      if (character && !IsXMLCharacter(*character)) report(at, *character);
     } else if (at >= literalEnd) {
       const std::string_view closing = ClosingOf(rest);
       if (!closing.empty()) literalEnd = document.find(closing, at);

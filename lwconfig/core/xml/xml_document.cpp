@@ -3,8 +3,6 @@
 
 #include <lwconfig/core/base/unicode.h>
 #include <lwconfig/core/files/disk_file.h>
-#include <lwconfig/core/loading/diagnostics.h>
-#include <lwconfig/core/loading/inspection.h>
 #include <lwconfig/core/xml/internal/xml_data.h>
 #include <lwconfig/core/xml/xml_document.h>
 
@@ -12,12 +10,12 @@ namespace lwconfig {
 
 namespace {
 
-/// The first reference in the text to an entity that XML does not define, outside comments and CDATA
+/// The position of the first reference to an entity that XML does not define, outside comments and CDATA
 /// sections; npos where there is none.
 std::size_t FindUnknownReference(std::string_view text) {
   using namespace std::string_view_literals;
   constexpr std::size_t kLongestKnown = 4;
-  constexpr int kMostExamined = 20;  // in a file that is full of them, inside a section most likely
+  constexpr int kMostExamined = 20;  // a file with more has them in a section, most likely
   const auto isInside = [&](std::size_t at, std::string_view opening, std::string_view closing) {
     const auto before = text.substr(0, at);
     const auto opened = before.rfind(opening);
@@ -25,7 +23,7 @@ std::size_t FindUnknownReference(std::string_view text) {
   };
   int examined = 0;
   for (auto at = text.find('&'); at != std::string_view::npos; at = text.find('&', at + 1)) {
-    // Only what may be a known name is looked at: a text full of ampersands must not cost its square.
+    // Examine only names of bounded length: a text full of ampersands must not take quadratic time.
     const auto start = text.substr(at + 1, kLongestKnown + 1);
     const auto name = start.substr(0, start.find(';'));
     if (name.starts_with('#')) continue;
@@ -40,7 +38,7 @@ bool IsBlank(const char* text) {
   return text[std::strspn(text, " \t\r\n")] == '\0';
 }
 
-/// Removes the element that was parsed last where its start tag is not finished.
+/// Removes the element that was parsed last if its start tag is not finished.
 void RemoveUnfinished(pugi::xml_node tree, pugi::xml_parse_status status) {
   if (status != pugi::status_bad_start_element && status != pugi::status_bad_attribute) return;
   while (const pugi::xml_node last = tree.last_child()) tree = last;
@@ -51,24 +49,20 @@ void RemoveUnfinished(pugi::xml_node tree, pugi::xml_parse_status status) {
 
 bool XMLDocumentData::Parse() {
   IsDraft = false;
-  if (Inspection::Current() != nullptr && !SourcePath.empty()) {
-    Original = Text;
-    Looked.assign(Text.size(), false);
-  }
-  // Fragments are allowed to the parser, so that what stands beside the document element is seen, not
-  // skipped.
+  if (Observer) Original = Text;
+  // Parse fragments too, so that content beside the document element is seen, not skipped.
   constexpr unsigned kKeepAll = pugi::parse_default | pugi::parse_comments | pugi::parse_pi |
                                 pugi::parse_doctype | pugi::parse_fragment;
   constexpr unsigned kKeepText = (kKeepAll & ~pugi::parse_eol) | pugi::parse_ws_pcdata;
-  // Where markup is text, so are its references.
+  // Keep references as written where markup is text.
   const std::size_t unknownReference = KeepsText ? std::string::npos : FindUnknownReference(Text);
-  // The parser takes the last character for its end mark, so it gets the NUL behind the text.
+  // Pass the NUL behind the text: the parser uses the last character as its end mark.
   const auto result = Tree.load_buffer_inplace(Text.data(), Text.size() + 1, KeepsText ? kKeepText : kKeepAll,
                                                pugi::encoding_utf8);
   ParsedLength = Text.size();
   if (!result) {
     RemoveUnfinished(Tree, result.status);
-    // A fault at the end is reported at the last character.
+    // Report a fault at the end at the last character.
     const auto fault = static_cast<std::size_t>(std::max<std::ptrdiff_t>(result.offset, 0));
     if (fault + 1 < Text.size()) ParsedLength = fault;
     return Fail(fault, result.description());
@@ -101,7 +95,7 @@ bool XMLDocumentData::CheckDocumentElement() {
 
 void XMLDocumentData::Settle() {
   if (!IsDraft) return;
-  // A root without a name yet gets one for the while, so that the text can be parsed.
+  // Give a root without a name a temporary one, so that the text can be parsed.
   const bool isNamed = !Draft.Root().Name.empty();
   if (!isNamed) Draft.Root().Name = "unnamed";
   Text = Draft.Serialise();
@@ -123,10 +117,11 @@ FilePosition XMLDocumentData::Position(const char* name) const {
 }
 
 FilePosition XMLDocumentData::PositionOf(std::size_t offset) const {
-  // The parser writes into its text, so places are counted in the text as it was: the file's, read once more.
+  // Count places in the original text: the parser writes into its own. Read the file again where the text
+  // was not kept.
   if (SourcePath.empty() && Original.empty()) return {};  // written here, not read
   std::string reread;
-  const bool isKept = KeepsText || SourcePath.empty() || IsInspected();
+  const bool isKept = KeepsText || SourcePath.empty() || Observer;
   if (!isKept) {
     DiskFile file;
     file.SetFullPath(SourcePath);
@@ -137,7 +132,7 @@ FilePosition XMLDocumentData::PositionOf(std::size_t offset) const {
     }
     if (reread.size() != Text.size()) return {SourcePath, 0, 0};
   }
-  // Many places of one text are asked for in order, mostly; its lines may be of any length.
+  // Continue counting from the previous place: most requests come in order, and lines may be of any length.
   Place place = isKept && LastPlace.Offset <= offset ? LastPlace : Place{};
   std::string_view between = isKept ? Original : reread;
   between = between.substr(0, offset);
@@ -166,8 +161,10 @@ bool XMLDocument::LoadXML(std::string Text) {
   return LoadXMLWithOption(std::move(Text), false);
 }
 
-bool XMLDocument::LoadXMLWithOption(std::string Text, bool Option, std::string SourcePath) {
+bool XMLDocument::LoadXMLWithOption(std::string Text, bool Option, std::string SourcePath,
+                                    std::shared_ptr<XMLObserver> observer) {
   mData = std::make_shared<XMLDocumentData>();
+  mData->Observer = std::move(observer);
   mData->KeepsText = Option;
   mData->SourcePath = std::move(SourcePath);
   mData->Original = Text;
@@ -175,28 +172,21 @@ bool XMLDocument::LoadXMLWithOption(std::string Text, bool Option, std::string S
   return mData->Parse();
 }
 
-bool XMLDocument::ReadFile(const DiskFile& file) {
+bool XMLDocument::ReadFile(const DiskFile& file, std::shared_ptr<XMLObserver> observer) {
   mData = std::make_shared<XMLDocumentData>();
   mData->SourcePath = file.FullPath();
-  mData->Text = file.ReadAll(Inspection::Current() != nullptr ? &mData->EncodingDoubt : nullptr);
+  std::string doubt;
+  mData->Text = file.ReadAll(observer ? &doubt : nullptr);
+  if (!doubt.empty()) observer->Doubtful(std::move(doubt));
+  mData->Observer = std::move(observer);
   return mData->Parse();
 }
 
 const std::string& XMLDocument::ParseFailure() const {
   return mData->ParseFailure;
 }
-const std::string& XMLDocument::EncodingDoubt() const {
-  return mData->EncodingDoubt;
-}
-
-void XMLDocument::SetEncodingDoubt(std::string doubt) {
-  mData->EncodingDoubt = std::move(doubt);
-}
-
-void XMLDocument::TellParseFailure() const {
-  if (mData->ParseFailure.empty()) return;
-  Diagnose({mData->ParseFailurePosition, mData->ParseFailure + "; what stands before is read",
-            Problem::NotWellFormed});
+const FilePosition& XMLDocument::ParseFailurePosition() const {
+  return mData->ParseFailurePosition;
 }
 
 std::string XMLDocument::XML() const {

@@ -43,10 +43,10 @@ std::string XMLDraft::Serialise() const {
   struct Open {
     const XMLDraftElement* Element;
     std::size_t Next;
-    bool Indented;  // no blank may be added inside an element with a text of its own, or below it
+    bool Indented;  // inside an element with its own text, or below it, no blank may be added
   };
   std::string out;
-  constexpr std::size_t kTagCost = 40;  // of names, brackets and indentation, roughly
+  constexpr std::size_t kTagCost = 40;  // estimate for names, brackets and indentation
   out.reserve(kXMLDeclaration.size() + mText.size() + mElements.size() * kTagCost);
   out += kXMLDeclaration;
   std::vector<Open> open;
@@ -80,8 +80,7 @@ std::string XMLDraft::Serialise() const {
 
 void XMLDraft::LinkTo(pugi::xml_node root) {
   mElements.front().Node = root.internal_object();
-  // An element is created after its parent, so every parent has its node by the time its children need
-  // theirs.
+  // Create nodes in the order of the elements: every parent precedes its children.
   for (auto& parent : mElements) {
     pugi::xml_node node = pugi::xml_node(parent.Node).first_child();
     for (XMLDraftElement* child : parent.Children) {

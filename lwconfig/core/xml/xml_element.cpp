@@ -2,7 +2,6 @@
 #include <array>
 
 #include <lwconfig/core/base/letter_case.h>
-#include <lwconfig/core/loading/inspection.h>
 #include <lwconfig/core/xml/internal/xml_data.h>
 #include <lwconfig/core/xml/xml_element.h>
 
@@ -17,7 +16,7 @@ xml_node ElementFrom(xml_node node) {
   return node;
 }
 
-/// Which bytes a name may have: letters, digits, a few signs, and any byte beyond ASCII.
+/// The bytes allowed in a name: letters, digits, a few signs, and any byte beyond ASCII.
 constexpr auto kNameBytes = [] {
   std::array<bool, 256> bytes{};
   for (std::size_t byte = 0; byte < bytes.size(); ++byte) {
@@ -70,17 +69,15 @@ std::string XMLElement::Name() const {
   return xml_node(Node()).name();
 }
 bool XMLElement::IsNamed(std::string_view name) const {
-  return name == xml_node(Node()).name() || NoteOtherName(name);
+  return name == xml_node(Node()).name();
 }
 bool XMLElement::IsNamedIgnoringCase(std::string_view name) const {
-  return EqualIgnoringCase(name, xml_node(Node()).name()) || NoteOtherName(name);
+  return EqualIgnoringCase(name, xml_node(Node()).name());
 }
 
-bool XMLElement::NoteOtherName(std::string_view name) const {
-  if (mDocument->IsInspected()) {
-    Inspection::Current()->NoteAbsent(Inspection::NameKind::Element, xml_node(Node()).parent().name(), name);
-  }
-  return false;
+void XMLElement::NoteAbsentChild(std::string_view name) const {
+  if (mDocument->Observer)
+    mDocument->Observer->Absent(XMLObserver::NameKind::Element, xml_node(Node()).name(), name);
 }
 
 void XMLElement::SetName(std::string_view name) {
@@ -131,6 +128,12 @@ void XMLElement::PutAttribute(std::string_view name, std::string_view value) {
   xml_node(Node()).append_attribute(std::string(name).c_str()).set_value(value.data(), value.size());
 }
 
+std::optional<XMLElement> XMLElement::Parent() const {
+  const xml_node parent = xml_node(Node()).parent();
+  if (parent.type() != pugi::node_element) return std::nullopt;
+  return XMLElement(mDocument, parent.internal_object());
+}
+
 XMLElement XMLElement::AddElement(std::string_view name, std::string_view text) {
   CheckName(name, "element");
   CheckStorable(text);
@@ -144,10 +147,14 @@ FilePosition XMLElement::Position() const {
   return mDocument->Position(xml_node(Node()).name());
 }
 FilePosition XMLElement::Position(std::string_view attribute) const {
+  if (mDocument->OffsetOf(attribute.data())) return mDocument->Position(attribute.data());
   for (const xml_attribute candidate : xml_node(Node()).attributes()) {
     if (EqualIgnoringCase(candidate.name(), attribute)) return mDocument->Position(candidate.name());
   }
   return Position();
+}
+const std::string& XMLElement::SourcePath() const {
+  return mDocument->SourcePath;
 }
 const std::string& XMLElement::ParseFailure() const {
   return mDocument->ParseFailure;

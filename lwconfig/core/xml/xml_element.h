@@ -22,7 +22,8 @@ class XMLElements;
 struct XMLDocumentData;
 struct XMLDraftElement;
 
-/// One attribute. A handle: it stays valid as long as it is held, and copies refer to the same attribute.
+/// An attribute of an element. The handle stays valid as long as it is held; copies refer to
+/// the same attribute.
 class XMLAttribute {
  public:
   /// The name as written in the file.
@@ -37,17 +38,16 @@ class XMLAttribute {
       : mDocument(std::move(document)), mAttribute(attribute) {}
   XMLAttribute(std::shared_ptr<XMLDocumentData> document, XMLDraftElement& element, std::size_t place)
       : mDocument(std::move(document)), mDraft(&element), mPlace(place) {}
-  /// The attribute in the document's tree; a draft becomes a tree.
+  /// The attribute in the document's tree; converts a draft to a tree.
   pugi::xml_attribute_struct* Attribute() const;
 
   std::shared_ptr<XMLDocumentData> mDocument;
   pugi::xml_attribute_struct* mAttribute = nullptr;
-  XMLDraftElement* mDraft = nullptr;  // where the attribute was added in a draft: its element
-  std::size_t mPlace = 0;             // and which of its attributes it is, from 0 on
+  XMLDraftElement* mDraft = nullptr;  // the element, where the attribute was added in a draft
+  std::size_t mPlace = 0;             // its index there, from 0
 };
 
-/// One element of a document. A handle: it stays valid as long as it is held, and copies refer to the same
-/// element.
+/// An element of a document. The handle stays valid as long as it is held; copies refer to the same element.
 class XMLElement {
  public:
   /// The tag name as written in the file.
@@ -56,30 +56,38 @@ class XMLElement {
   bool IsNamed(std::string_view name) const;
   /// Whether the tag name is `name` without regard to letter case.
   bool IsNamedIgnoringCase(std::string_view name) const;
-  /// Error 5 for a text that is no XML name.
+  /// Reports to the document's observer, if any, that a reader takes children of this name.
+  void NoteAbsentChild(std::string_view name) const;
+  /// Error 5 for an invalid XML name.
   void SetName(std::string_view name);
-  /// The character data directly inside the element, joined; what was written in it where the document was
-  /// loaded so.
+  /// The character data directly inside the element, joined; the text as written where the document
+  /// was loaded so.
   std::string Text() const;
   /// The attributes, in the order of the file.
   XMLAttributes Attributes() const;
   /// The child elements, in the order of the file.
   XMLElements Children() const;
+  /// The parent element; nothing for the document element.
+  std::optional<XMLElement> Parent() const;
 
-  /// Appends an attribute. The value comes back exactly as it was set: control characters other than tab and
-  /// line breaks are written as references too, which XML 1.0 does not provide for and this library reads.
-  /// Error 5 for a name that is no XML name, and for a value with a NUL character, which no file can hold.
+  /// Appends an attribute. The value reads back exactly as set: control characters other than tab and line
+  /// breaks are written as references too, which XML 1.0 forbids and this library reads. Error 5 for an
+  /// invalid XML name, and for a value with a NUL character, which no file can hold.
   XMLAttribute AddAttribute(std::string_view name, std::string_view value);
-  /// As `AddAttribute`, for those who have no use for the attribute: a save adds very many.
+  /// As `AddAttribute`, without creating a handle: a save adds very many attributes.
   void PutAttribute(std::string_view name, std::string_view value);
-  /// Appends a child element with this tag name and text, which comes back in the same way. Error 5 as above.
+  /// Appends a child element with this tag name and text; the text reads back exactly as set. Error
+  /// 5 as above.
   XMLElement AddElement(std::string_view name, std::string_view text);
 
-  /// Where the element stands in the file, or text, that it was read from.
+  /// The place of the element in its file or text.
   FilePosition Position() const;
-  /// Where the attribute of that name, letter case ignored, stands; the place of the element without one.
+  /// The place of the attribute of that name, letter case ignored; the place of the element without one. A
+  /// name that is a part of the document's own text selects that very attribute, also the second of a name.
   FilePosition Position(std::string_view attribute) const;
-  /// What is wrong with the text that the element was read from; empty where it was well-formed.
+  /// The file of the element; empty where there is none.
+  const std::string& SourcePath() const;
+  /// The description of the fault in the element's text; empty where it was well-formed.
   const std::string& ParseFailure() const;
 
   friend bool operator==(const XMLElement& a, const XMLElement& b) { return a.Node() == b.Node(); }
@@ -94,11 +102,9 @@ class XMLElement {
       : mDocument(std::move(document)), mNode(node) {}
   XMLElement(std::shared_ptr<XMLDocumentData> document, XMLDraftElement& draft)
       : mDocument(std::move(document)), mDraft(&draft) {}
-  /// The node in the document's tree; a draft becomes a tree.
+  /// The node in the document's tree; converts a draft to a tree.
   pugi::xml_node_struct* Node() const;
   bool IsDraft() const;
-  /// Tells an inspection under way of a name that the element might have had; always false.
-  bool NoteOtherName(std::string_view name) const;
 
   std::shared_ptr<XMLDocumentData> mDocument;
   pugi::xml_node_struct* mNode = nullptr;

@@ -6,12 +6,13 @@
 namespace lwconfig {
 namespace {
 
-/// Which bytes cannot stand as they are: in character data, and in attribute values.
+/// The bytes to escape: in character data, and in attribute values.
 enum Place : unsigned char { kInText = 1, kInValue = 2 };
 
 constexpr std::array<unsigned char, 256> kEscapedIn = [] {
   std::array<unsigned char, 256> escaped{};
-  // Line breaks and tabs in values would be read back as blanks, a carriage return in a text as a line feed.
+  // Escape line breaks and tabs in values, which would read back as blanks, and a carriage return in a text,
+  // which would read back as a line feed.
   for (std::size_t control = 0; control < ' '; ++control) escaped[control] = kInText | kInValue;
   escaped['\t'] = escaped['\n'] = kInValue;
   escaped['&'] = escaped['<'] = escaped['>'] = kInText | kInValue;
@@ -58,7 +59,7 @@ void AppendAttribute(std::string& out, std::string_view name, std::string_view v
 }
 
 void AppendText(std::string& out, std::string_view text) {
-  // Blanks alone would be taken for indentation.
+  // Escape a blank: a text of blanks alone would be taken for indentation.
   if (!text.empty() && text.find_first_not_of(" \t\r\n") == std::string_view::npos) {
     AppendReference(out, text[0]);
     text.remove_prefix(1);

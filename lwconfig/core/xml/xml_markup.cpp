@@ -11,8 +11,8 @@ struct Delimiters {
 };
 constexpr Delimiters kSection{"<![CDATA[", "]]>"};
 
-/// Where the tag, comment, section or instruction that begins at `at` ends; `kNone` where the text ends
-/// first.
+/// The end of the tag, comment, section or instruction that begins at `at`; `kNone` where the text
+/// is too short.
 std::size_t EndOfMarkup(std::string_view text, std::size_t at) {
   for (const auto& [open, close] : {Delimiters{"<!--", "-->"}, kSection, Delimiters{"<?", "?>"}}) {
     if (text.substr(at, open.size()) != open) continue;
@@ -27,8 +27,8 @@ std::size_t EndOfMarkup(std::string_view text, std::size_t at) {
   return at == kNone ? kNone : at + 1;
 }
 
-/// What was written in the element whose content begins at `at`, up to its closing tag; in an element that is
-/// not closed, up to the end of the last thing complete in it.
+/// The source text inside the element whose content begins at `at`, up to its closing tag; in an unclosed
+/// element, up to the end of the last complete item in it.
 std::string Content(std::string_view text, std::size_t at) {
   std::string content;
   for (std::size_t depth = 1;;) {

@@ -29,7 +29,7 @@ bool HasCharacterData(xml_node element) {
   return false;
 }
 
-/// Walks the tree without recursion, since elements nest to any depth.
+/// Walk the tree without recursion: elements nest to any depth.
 class Writer {
  public:
   std::string Write(xml_node document) {
@@ -70,7 +70,7 @@ class Writer {
     }
   }
 
-  /// The node after one that is complete, closing the elements that end with it; null at the end.
+  /// The node after a complete one, after closing the elements that it completes; null at the end.
   xml_node Following(xml_node node, xml_node top) {
     while (node != top) {
       if (const xml_node next = node.next_sibling()) return next;
@@ -84,7 +84,7 @@ class Writer {
     return {};
   }
 
-  /// Inside an element with character data no blank may be added.
+  /// Add no blank inside an element with character data.
   bool InText() const { return mTextDepth != 0; }
 
   std::string mOut;

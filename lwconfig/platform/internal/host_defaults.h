@@ -8,7 +8,7 @@
 
 namespace lwconfig::platform {
 
-/// What the host does where nobody has put anything else in its place; each system has its own.
+/// The host's default behaviour, where no replacement is set; each system has its own.
 
 /// The system's component of that name; null where it has none.
 std::unique_ptr<Component> CreateHostComponent(std::string_view progId);

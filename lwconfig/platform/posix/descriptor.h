@@ -33,15 +33,19 @@ class Descriptor {
   int Number() const { return mNumber; }
   bool IsOpen() const { return mNumber >= 0; }
   void Close();
-  /// Hands the descriptor over to the caller.
+  /// Releases the descriptor to the caller.
   int Release() { return std::exchange(mNumber, -1); }
 
  private:
   int mNumber = -1;
 };
 
-/// Everything from the current position to the end. `path` is for the failure's text; a folder is EISDIR.
+/// The content from the current position to the end. `path` names the file in errors; a folder is EISDIR.
 std::string ReadAll(const Descriptor& file, const std::string& path);
+
+/// Opens a plain file for reading: a pipe would wait, a device never end. Where that fails the descriptor is
+/// not open and `errno` has the reason, ENODEV for what is no plain file.
+Descriptor OpenPlain(const std::string& path);
 
 /// Writes all of `bytes`. `path` is for the failure's text.
 void WriteAll(const Descriptor& file, std::string_view bytes, const std::string& path);

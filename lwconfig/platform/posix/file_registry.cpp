@@ -37,21 +37,21 @@ std::string MachineFile(const std::string& systemFolder) {
   return (folder.empty() ? systemFolder : folder) + "/machine.reg";
 }
 
-/// Where a 64-bit system keeps the machine's keys of 32-bit programs, as exports from it show.
+/// The location of the machine's keys of 32-bit programs on a 64-bit system, as in exports from it.
 std::string In32BitView(std::string_view key) {
   constexpr std::string_view kSoftware = "Software\\";
   if (!EqualIgnoringCase(key.substr(0, kSoftware.size()), kSoftware)) return std::string(key);
   return std::string(kSoftware) + "WOW6432Node\\" + std::string(key.substr(kSoftware.size()));
 }
 
-/// The value in the file, null where the file, or the value in it, is absent.
+/// The value in the file; null where the file or the value is absent.
 const RegistryValue* Find(const RegistryFile* file, Hive hive, std::string_view key, std::string_view name) {
   if (file == nullptr) return nullptr;
   const RegistryValue* value = file->Find(key, name);
   return value == nullptr && hive == Hive::LocalMachine ? file->Find(In32BitView(key), name) : value;
 }
 
-/// Adds those of `others` whose names are not there yet, and restores the order of names.
+/// Adds those of `others` that are new, and restores the order of names.
 template <class Items, class NameOf>
 void Merge(Items& items, const Items& others, NameOf nameOf) {
   if (items.empty()) {
@@ -125,7 +125,7 @@ void FileRegistry::Apply(const std::vector<RegistryChange>& changes) {
 
 void FileRegistry::ChangeMachine(const std::vector<RegistryChange>& changes) {
   const RegistryFile* own = mOwn.Current();
-  // Where the system's file would be written behind it, no read would see the change.
+  // Write the user's own file where it overrides the system's: no read would see a change behind it.
   const auto isOutweighed = [own](const RegistryChange& change) {
     return change.Kind == Kinds::Key ? own != nullptr && own->HasKey(change.Key)
                                      : Find(own, Hive::LocalMachine, change.Key, change.Name) != nullptr;
@@ -137,7 +137,7 @@ void FileRegistry::ChangeMachine(const std::vector<RegistryChange>& changes) {
   try {
     mSystem.Change(forSystem);
   } catch (const std::system_error& failure) {
-    // The user's own file can add values to the system's and outweigh them, but not take them away.
+    // Fail: the user's own file can add and override values, but not remove those of the system's file.
     if (mOwn.Path().empty() || !IsRefusal(failure) || !mSystem.IsAlready(Those(changes, IsDeletion))) throw;
     forOwn = changes;
   }

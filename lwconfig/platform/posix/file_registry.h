@@ -11,9 +11,9 @@
 
 namespace lwconfig::platform {
 
-/// The registry of a system that has none: registry files. The machine's hive is two of them, the user's own
-/// and the system's, unless `LWCONFIG_REGISTRY` names the folder of all files. What the user's own holds
-/// outweighs the system's, value by value.
+/// The registry of a system without one: registry files. The machine's hive is two of them, the user's own
+/// and the system's, unless `LWCONFIG_REGISTRY` names the folder of all files. The user's own overrides the
+/// system's, value by value.
 class FileRegistry final : public Registry {
  public:
   /// `systemFolder` is a host path.
@@ -25,12 +25,12 @@ class FileRegistry final : public Registry {
   std::string OwnFile(std::string_view key, std::string_view name) override;
 
  private:
-  /// The files of the hive, the one that outweighs first.
+  /// The files of the hive, the overriding one first.
   std::vector<HiveFile*> FilesOf(Hive hive);
   void ChangeMachine(const std::vector<RegistryChange>& changes);
 
   HiveFile mUser;
-  HiveFile mOwn;  // the machine's values that are the user's own
+  HiveFile mOwn;  // the machine's values of this user
   HiveFile mSystem;
 };
 

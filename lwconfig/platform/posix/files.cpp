@@ -38,7 +38,7 @@ EntryKind KindOf(int folder, const dirent& entry) {
   return ::fstatat(folder, entry.d_name, &status, 0) == 0 ? KindOf(status.st_mode) : EntryKind::Missing;
 }
 
-/// The order that the product's own file system keeps.
+/// Sort as the product's own file system does.
 bool InNameOrder(const FolderEntry& a, const FolderEntry& b) {
   const auto order = CompareInCapitals(a.Name, b.Name);
   return order != 0 ? order < 0 : a.Name < b.Name;
@@ -52,7 +52,7 @@ class NativeFiles final : public Files {
     try {
       hostPath = HostPath(path);
     } catch (const std::system_error&) {
-      return EntryKind::Missing;  // a path that the host cannot have
+      return EntryKind::Missing;  // not a possible path of the host
     }
     const auto examine = [&](const char* name) { return ::stat(name, &status); };
     if (OnDisk(hostPath, examine) == 0) return KindOf(status.st_mode);
@@ -77,7 +77,7 @@ class NativeFiles final : public Files {
     errno = 0;
     while (const dirent* entry = ::readdir(stream.get())) {
       const std::string_view name = entry->d_name;
-      // A name with a backslash inside cannot be spelled in the product's notation.
+      // Leave out names with a backslash: the product's notation cannot express them.
       const bool isLeftOut = name == "." || name == ".." || name.find('\\') != std::string_view::npos;
       if (!isLeftOut && !IsTemporaryName(name)) {
         const EntryKind kind = KindOf(number, *entry);

@@ -15,7 +15,7 @@ namespace {
 
 constexpr std::string_view kWindowsFolder = "C:\\Windows";
 
-/// A folder that the desktop lets its user choose.
+/// A folder that the user can choose in the desktop settings.
 struct UserFolder {
   std::int32_t Id;
   std::string_view Setting;  // the name in user-dirs.dirs
@@ -29,7 +29,7 @@ constexpr std::array kUserFolders{
     UserFolder{0x27, "XDG_PICTURES_DIR", "Pictures"}, UserFolder{0x2e, "XDG_PUBLICSHARE_DIR", "Public"},
 };
 
-/// A folder whose place follows from the others.
+/// A folder whose place derives from the others.
 struct FixedFolder {
   std::int32_t Id;
   std::string (*Base)();
@@ -45,7 +45,7 @@ constexpr std::array kFixedFolders{
     FixedFolder{0x28, HomeFolder, ""},
 };
 
-/// The text of `user-dirs.dirs`, empty when the user has none.
+/// The text of `user-dirs.dirs`; empty when the user has none.
 std::string UserSettings() {
   const std::string path = ConfigHome() + "/user-dirs.dirs";
   const Descriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC));
@@ -101,7 +101,7 @@ std::string FindShellFolder(std::int32_t id) {
 class NativeFolders final : public Folders {
  public:
   std::string ShellFolder(std::int32_t csidl) override {
-    // Callers of the product's usual system combine the identifier with flags such as "create".
+    // Mask the flags: callers combine the identifier with flags such as "create".
     constexpr std::int32_t kFlags = 0xff00;
     try {
       const std::string folder = FindShellFolder(csidl & ~kFlags);

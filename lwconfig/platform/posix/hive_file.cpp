@@ -24,7 +24,7 @@ double Seconds(const timespec& time) {
   return static_cast<double>(time.tv_sec) + 1e-9 * static_cast<double>(time.tv_nsec);
 }
 
-/// Whether the change leaves the file, null for none, as it is.
+/// Whether the change has no effect on the file; `file` is null where there is none.
 bool IsDone(const RegistryFile* file, const RegistryChange& change) {
   using Kinds = RegistryChange::Kinds;
   switch (change.Kind) {
@@ -47,10 +47,9 @@ bool HiveFile::Snapshot::IsCurrent(const struct stat& now) const {
 }
 
 HiveFile::Snapshot HiveFile::TakeSnapshot(const std::string& path) const {
-  constexpr double kClockTick =
-      0.02;  // the file system's clock is as coarse as the scheduler's, and then some
+  constexpr double kClockTick = 0.02;  // more than the resolution of the file system's clock
   Snapshot snapshot;
-  snapshot.File = Descriptor(Uninterrupted([&] { return ::open(path.c_str(), O_RDONLY | O_CLOEXEC); }));
+  snapshot.File = OpenPlain(path);
   if (!snapshot.File.IsOpen()) ThrowErrno(path);
   timespec now{};
   ::clock_gettime(CLOCK_REALTIME, &now);
@@ -85,7 +84,7 @@ void HiveFile::Change(const std::vector<RegistryChange>& changes) {
   if (path.empty()) ThrowErrno("the registry of this user", ENOENT);
   MakeHostFolders(FolderOf(path));
   const auto replacement = BeginReplacement(path, WhenBusy::Wait);
-  const Descriptor old(Uninterrupted([&] { return ::open(path.c_str(), O_RDONLY | O_CLOEXEC); }));
+  const Descriptor old = OpenPlain(path);
   if (!old.IsOpen() && errno != ENOENT) ThrowErrno(path);
   const RegistryFile file(old.IsOpen() ? ReadAll(old, path) : RegistryFile::EmptyText(), mHive, path);
   const std::string text = file.With(changes);

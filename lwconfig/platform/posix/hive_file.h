@@ -15,29 +15,29 @@
 
 namespace lwconfig::platform {
 
-/// One hive as a registry file on the disk holds it at the moment. Failures are those of `Registry`.
+/// The current state of one hive in a registry file on disk. Failures are those of `Registry`.
 class HiveFile {
  public:
-  /// `path` gives the host path of the file; empty where the environment names no place for it. It is called
-  /// again each time: the environment may change.
+  /// `path` returns the host path of the file; empty where the environment names no place for it. It is
+  /// called on every access: the environment may change.
   HiveFile(Hive hive, std::function<std::string()> path) : mHive(hive), mPath(std::move(path)) {}
 
   std::string Path() const { return mPath(); }
-  /// The file as it is now, null when there is none; valid until the next call.
+  /// The current content of the file; null when there is none. Valid until the next call.
   const RegistryFile* Current();
-  /// Whether the changes of this hive would leave everything as it is.
+  /// Whether the changes of this hive have no effect.
   bool IsAlready(const std::vector<RegistryChange>& changes);
-  /// Makes the changes of this hive in one step, locked against every other writer. Nothing is written where
-  /// they would leave everything as it is.
+  /// Makes the changes of this hive in one step, locked against every other writer. Writes nothing where they
+  /// have no effect.
   void Change(const std::vector<RegistryChange>& changes);
 
  private:
-  /// What the file held when it was read last.
+  /// The content of the file when it was read last.
   struct Snapshot {
-    /// Stays open, so that no other file gets this one's number while the two are compared.
+    /// Keep it open, so that no other file gets its inode number during the comparison.
     Descriptor File;
     struct stat State {};
-    /// Whether the file was left alone long enough before it was read for its times to tell the next change.
+    /// Whether the file was old enough when it was read for its times to reveal the next change.
     bool IsSettled = false;
     std::unique_ptr<RegistryFile> Content;
 

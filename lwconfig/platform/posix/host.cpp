@@ -22,7 +22,7 @@ int LeadingNumber(std::string_view text) {
   return std::max(number, 0);
 }
 
-/// The content of a file of the system; empty where it cannot be read.
+/// The content of a system file; empty where it cannot be read.
 std::string ReadIfPossible(const std::string& path) {
   const Descriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC));
   if (!file.IsOpen()) return {};
@@ -37,7 +37,8 @@ class NativeEnvironment final : public Environment {
  public:
   int DisplayWidth() override {
     if (const char* width = std::getenv("LWCONFIG_DISPLAY_WIDTH")) return LeadingNumber(width);
-    // Only a connector with a display lists modes, such as "1920x1080", and its preferred one first.
+    // Take the first mode, such as "1920x1080": it is the preferred one. Only a connector with a
+    // display lists modes.
     glob_t connectors{};
     int width = 0;
     if (::glob("/sys/class/drm/*/modes", 0, nullptr, &connectors) == 0) {
@@ -63,7 +64,7 @@ class NativeEnvironment final : public Environment {
 };
 
 bool IsEncodingName(std::string_view name) {
-  // Anything else, a slash above all, would be an instruction to the converter to be less strict.
+  // Reject any other character: a slash would instruct the converter to be less strict.
   constexpr std::string_view kAllowed = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789-_.:+";
   return !name.empty() && name.find_first_not_of(kAllowed) == std::string_view::npos;
 }
@@ -88,7 +89,7 @@ std::optional<std::string> DecodeAs(std::string_view bytes, const std::string& e
   for (bool atEnd = false;;) {
     char* output = text.data() + used;
     std::size_t outputLeft = text.size() - used;
-    // Without input, the converter ends what it has begun.
+    // Finish: without input, the converter completes its last character.
     const std::size_t result = atEnd ? ::iconv(opened, nullptr, nullptr, &output, &outputLeft)
                                      : ::iconv(opened, &input, &inputLeft, &output, &outputLeft);
     used = text.size() - outputLeft;

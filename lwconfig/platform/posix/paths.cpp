@@ -36,7 +36,7 @@ std::string Absolute(std::string_view hostPath) {
   return std::filesystem::current_path().string() + "/" + std::string(hostPath);
 }
 
-/// Where the drives are; empty when the environment names no place for them.
+/// The folder of the drives; empty when the environment names no place for them.
 std::string DrivesFolder() {
   if (const char* drives = std::getenv("LWCONFIG_DRIVES"); drives != nullptr && *drives != '\0') {
     return Absolute(drives);
@@ -56,8 +56,8 @@ bool IsLetter(char c) {
   return AsciiLower(c) >= 'a' && AsciiLower(c) <= 'z';
 }
 
-/// The name of the entry of `folder` that stands for `name`: of several that differ in letter case only the
-/// exact one, else the first in byte order; `name` itself when there is none.
+/// The entry of `folder` that `name` denotes: the exact name, else the first in byte order that differs only
+/// in letter case, else `name` itself.
 std::string NameOnDisk(const std::string& folder, std::string_view name) {
   const std::unique_ptr<DIR, int (*)(DIR*)> entries(::opendir(folder.c_str()), ::closedir);
   std::string found;
@@ -127,7 +127,7 @@ std::string InLetterCaseOnDisk(const std::string& hostPath) {
   if (::lstat(hostPath.c_str(), &status) == 0 || !NamesNothing(errno)) return hostPath;
   const std::size_t slash = hostPath.rfind('/');
   if (slash == std::string::npos || slash + 1 == hostPath.size()) return hostPath;
-  // An existing folder is not examined part by part: most look-ups that fail do so in their last part.
+  // Try the whole parent folder before its parts: most failing look-ups fail in the last part.
   const std::string folder = slash == 0 ? "" : InLetterCaseOnDisk(hostPath.substr(0, slash));
   return folder + "/" +
          NameOnDisk(folder.empty() ? "/" : folder, std::string_view(hostPath).substr(slash + 1));

@@ -14,28 +14,28 @@ std::string DataHome();
 /// The folder part of a host path.
 std::string FolderOf(const std::string& hostPath);
 
-/// The host path that a path in the product's notation spells, in the letter case given and without a
-/// trailing slash. A path without drive and leading separator is taken from the current folder. "." and ".."
-/// are resolved in the text, as the product's own file system does, and never lead above the drive. Throws
-/// `std::system_error`: EINVAL for a path with a NUL inside, ENOENT for an empty one, and for a drive where
-/// the environment names no place for the drives.
+/// The host path of a path in the product's notation, in the letter case given and without a trailing slash.
+/// A path without drive and leading separator is relative to the current folder. "." and ".." are resolved in
+/// the text, as in the product's own file system, and never lead above the drive. Throws `std::system_error`:
+/// EINVAL for a path with a NUL, ENOENT for an empty one, and for a drive where the environment names no
+/// place for the drives.
 std::string HostPath(std::string_view path);
 
-/// The inverse of `HostPath`; a relative host path is taken from the current folder.
+/// The inverse of `HostPath`; a relative host path is relative to the current folder.
 std::string ProductNotation(std::string_view hostPath);
 
-/// `hostPath` in the letter case that it has on disk, as far as it exists, and the rest as given.
+/// `hostPath` in the letter case on disk as far as it exists, the rest as given.
 std::string InLetterCaseOnDisk(const std::string& hostPath);
 
 /// Creates a folder of the host with its missing parents; an existing one is left alone.
 void MakeHostFolders(const std::string& folder);
 
-/// Whether this errno code says that nothing has the name.
+/// Whether this errno code means that the name does not exist.
 inline bool NamesNothing(int code) {
   return code == ENOENT || code == ENOTDIR;
 }
 
-/// Makes a system call for `hostPath`; where nothing has this exact name, makes it again for the name found
+/// Makes a system call for `hostPath`. Where this exact name does not exist, repeats it for the name found
 /// without regard to letter case, which `hostPath` then holds. Returns the result of the last call.
 template <class Call>
 int OnDisk(std::string& hostPath, Call call) {

@@ -17,14 +17,14 @@ namespace {
 
 using Kinds = RegistryChange::Kinds;
 
-/// The part of a whole key path below `hive`, or nothing when it belongs to another one.
+/// The part of a whole key path below `hive`; nothing when the key belongs to another hive.
 std::optional<std::string_view> KeyBelow(Hive hive, std::string_view path) {
   const std::string_view root = path.substr(0, path.find('\\'));
   if (HiveNamed(root) != hive) return std::nullopt;
   return TrimmedKey(path.substr(root.size()));
 }
 
-/// Whether `key` is `ancestor` or lies below it.
+/// Whether `key` is `ancestor` or is below it.
 bool IsBelow(std::string_view key, std::string_view ancestor) {
   const std::string folded = FoldCase(ancestor);
   const std::string other = FoldCase(key);
@@ -35,8 +35,8 @@ bool IsBelowAny(std::string_view key, const std::vector<std::string_view>& ances
   return std::ranges::any_of(ancestors, [key](std::string_view ancestor) { return IsBelow(key, ancestor); });
 }
 
-/// What remains to be done of the changes of one hive, in order: a later one outweighs an earlier one on the
-/// same key or value, and a deleted key all that was done to it before.
+/// The remaining changes of one hive, in order. A later change overrides an earlier one to the same key or
+/// value; a deleted key overrides all earlier changes to it.
 std::vector<const RegistryChange*> LastWords(const std::vector<RegistryChange>& changes, Hive hive) {
   std::vector<const RegistryChange*> last;
   std::set<std::pair<std::string, std::optional<std::string>>> seen;
@@ -67,7 +67,7 @@ RegistryFile::RegistryFile(std::string bytes, Hive hive, const std::string& path
   const std::size_t lineEnd = mText.find('\n');
   mLineBreak = lineEnd != std::string::npos && mText[lineEnd - 1] == '\r' ? "\r\n" : "\n";
   RegistryStatement statement;
-  // The key that the values belong to; none below a key that is deleted or of another hive.
+  // The key of the values that follow; none below a key that is deleted or of another hive.
   std::optional<std::string_view> key;
   while (reader.Next(statement)) {
     switch (statement.Kind) {
@@ -112,7 +112,7 @@ std::optional<RegistryKey> RegistryFile::List(std::string_view key) const {
 }
 
 std::unordered_map<std::string, RegistryKey> RegistryFile::Listing() const {
-  // In the order of the text, so that a key has the spelling that stands first.
+  // Keep the order of the text, so that the first spelling of a key counts.
   std::vector<std::string_view> keys;
   for (const auto& entry : mKeys) keys.push_back(entry.first);
   std::ranges::sort(keys, {}, [](std::string_view key) { return key.data(); });
@@ -120,11 +120,11 @@ std::unordered_map<std::string, RegistryKey> RegistryFile::Listing() const {
   listing[""];
   std::unordered_set<std::string> met{""};
   for (std::string_view key : keys) {
-    // A key is there as soon as one below it is.
+    // A key exists as soon as a subkey does.
     while (met.insert(FoldCase(key)).second) {
       listing[FoldCase(key)];
       const std::size_t cut = key.rfind('\\');
-      // Separators may be repeated: a key without a name would be its own parent.
+      // Accept repeated separators: a key without a name would be its own parent.
       const std::string_view parent = TrimmedKey(key.substr(0, cut == std::string_view::npos ? 0 : cut));
       listing[FoldCase(parent)].Keys.emplace_back(key.substr(cut + 1));
       key = parent;
@@ -155,7 +155,7 @@ std::string RegistryFile::With(const std::vector<RegistryChange>& changes) const
     });
   }
   std::string sections;
-  std::optional<std::string_view> open;  // the key that the last of the sections is for
+  std::optional<std::string_view> open;  // the key of the last section
   for (const RegistryChange* change : last) {
     const bool isValue = change->Kind == Kinds::Value;
     if (!isValue && change->Kind != Kinds::Key) continue;
@@ -191,7 +191,7 @@ std::vector<RegistryFile::Edit> RegistryFile::Deletions(IsDeleted isDeleted) con
     const bool isValue = statement.Kind == Kinds::Value || statement.Kind == Kinds::DeletedValue;
     if (!isValue) key = KeyBelow(mHive, statement.Key);
     if (!key || !isDeleted(*key, isValue ? &statement.Name : nullptr)) continue;
-    // With the line break before, so that what is added at the statement's end has a line of its own.
+    // Include the line break before, so that text added at the end of the statement is on its own line.
     std::size_t begin = mText.rfind('\n', statement.Begin);
     if (begin > 0 && mText[begin - 1] == '\r') --begin;
     edits.push_back({begin, statement.End, {}});

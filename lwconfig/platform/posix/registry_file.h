@@ -12,12 +12,12 @@
 
 namespace lwconfig::platform {
 
-/// One registry file: its text, and what its text says about one hive. A later statement outweighs an earlier
-/// one; keys of other hives are kept and ignored. Key paths are those below the hive.
+/// A registry file: its text, and the content of one hive in it. A later statement overrides an earlier one;
+/// keys of other hives are kept and ignored. Key paths are relative to the hive.
 class RegistryFile {
  public:
-  /// Takes the content of a file, an empty one as one without any key; `path` is for error reports. Throws
-  /// `RegistryFormatError`.
+  /// Takes the content of a file; an empty one has no keys. `path` names the file in
+  /// errors. Throws `RegistryFormatError`.
   RegistryFile(std::string bytes, Hive hive, const std::string& path);
   RegistryFile(const RegistryFile&) = delete;
   RegistryFile& operator=(const RegistryFile&) = delete;
@@ -30,10 +30,10 @@ class RegistryFile {
   /// The value, null where it is absent; owned by this object.
   const RegistryValue* Find(std::string_view key, std::string_view name) const;
 
-  /// As `Registry::List`. The first call looks at the whole file, later ones at the key alone.
+  /// As `Registry::List`. The first call indexes the whole file, later calls look up the key alone.
   std::optional<RegistryKey> List(std::string_view key) const;
 
-  /// The text with those of the changes made that are for this hive; everything else stays byte for byte.
+  /// The text after those of the changes that concern this hive; everything else stays byte for byte.
   std::string With(const std::vector<RegistryChange>& changes) const;
 
  private:
@@ -66,7 +66,7 @@ class RegistryFile {
     }
   };
 
-  /// A part of the text with what takes its place.
+  /// A part of the text and its replacement.
   struct Edit {
     std::size_t Begin;
     std::size_t End;
@@ -74,12 +74,12 @@ class RegistryFile {
   };
 
   void Forget(std::string_view key);
-  /// What each key holds, by its path in folded letter case.
+  /// The content of each key, by its path in folded letter case.
   std::unordered_map<std::string, RegistryKey> Listing() const;
-  /// The removal of each statement for which `isDeleted(key, name)`, with null for the name of a key.
+  /// The edits that remove each statement for which `isDeleted(key, name)`, with null for the name of a key.
   template <class IsDeleted>
   std::vector<Edit> Deletions(IsDeleted isDeleted) const;
-  /// The text with the edits made, which do not overlap.
+  /// The text after the edits, which do not overlap.
   std::string Edited(std::vector<Edit> edits) const;
 
   std::string mText;
@@ -87,9 +87,9 @@ class RegistryFile {
   bool mIsOld = false;
   std::string_view mLineBreak;
   std::unordered_map<OwnedId, Entry, Hash, Equal> mValues;
-  /// Each key with the end of its last statement, where new values go.
+  /// Each key with the end of its last statement, where new values are inserted.
   std::unordered_map<std::string_view, std::size_t, Hash, Equal> mKeys;
-  mutable std::unordered_map<std::string, RegistryKey> mListing;  // empty until it is asked for
+  mutable std::unordered_map<std::string, RegistryKey> mListing;  // empty until first requested
 };
 
 }  // namespace lwconfig::platform

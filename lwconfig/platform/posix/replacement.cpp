@@ -17,7 +17,7 @@
 namespace lwconfig::platform {
 namespace {
 
-/// The file that `path` leads to through symbolic links, whether it exists or not.
+/// The target of `path` through symbolic links, whether it exists or not.
 std::string FinalTarget(std::string path) {
   constexpr int kMostLinks = 40;
   for (int links = 0; links < kMostLinks; ++links) {
@@ -34,13 +34,14 @@ std::string TemporaryFor(const std::string& target) {
   return FolderOf(target) + "/" + TemporaryName(std::string_view(target).substr(target.rfind('/') + 1));
 }
 
-/// A temporary that is left over could be opened in a folder where it cannot be put in place.
+/// Throws where the folder of `target` may not be written: a leftover temporary could be opened there,
+/// but not renamed.
 void CheckFolderOf(const std::string& target) {
   const std::string folder = FolderOf(target);
   if (::faccessat(AT_FDCWD, folder.c_str(), W_OK | X_OK, AT_EACCESS) != 0) ThrowErrno(folder);
 }
 
-/// The status of the file to be replaced, or nothing when it is new. Throws where it may not be replaced.
+/// The status of the file to be replaced; nothing when it is new. Throws where it may not be replaced.
 std::optional<struct stat> ExamineTarget(const std::string& target) {
   CheckFolderOf(target);
   struct stat status {};
@@ -49,7 +50,7 @@ std::optional<struct stat> ExamineTarget(const std::string& target) {
     return std::nullopt;
   }
   if (S_ISDIR(status.st_mode)) ThrowErrno(target, EISDIR);
-  // Putting a plain file in the place of a device or a pipe would destroy it.
+  // Replacing a device or a pipe by a plain file would destroy it.
   if (!S_ISREG(status.st_mode)) ThrowErrno(target, EACCES);
   if (::faccessat(AT_FDCWD, target.c_str(), W_OK, AT_EACCESS) != 0) ThrowErrno(target);
   return status;
@@ -67,12 +68,12 @@ Descriptor TakeTemporary(const std::string& path, WhenBusy whenBusy) {
     struct stat locked {};
     struct stat named {};
     if (::fstat(file.Number(), &locked) != 0) ThrowErrno(path);
-    // Whoever held the lock before has put its file in place or removed it.
+    // Retry: the previous lock holder has put its file in place or removed it.
     if (::lstat(path.c_str(), &named) != 0 || named.st_ino != locked.st_ino ||
         named.st_dev != locked.st_dev) {
       continue;
     }
-    // Somebody else's file under this name must not lose its content.
+    // Refuse a foreign file under this name: its content must not be lost.
     if (!S_ISREG(locked.st_mode) || locked.st_nlink != 1) ThrowErrno(path, EEXIST);
     if (::ftruncate(file.Number(), 0) != 0) ThrowErrno(path);
     return file;
@@ -87,15 +88,15 @@ class Replacement final : public FileReplacement {
         mFile(TakeTemporary(mTemporary, whenBusy)) {}
 
   ~Replacement() override {
-    // While the lock is held, the name is that of our own file.
+    // The name refers to our own file while the lock is held.
     if (mFile.IsOpen()) ::unlink(mTemporary.c_str());
   }
 
   Replacement(const Replacement&) = delete;
   Replacement& operator=(const Replacement&) = delete;
 
-  /// Gives the new file the owner and permissions of another, as far as this process may: before there is any
-  /// content, so that nobody reads in the temporary what the file itself keeps from them.
+  /// Copies owner and permissions of another file, as far as this process may. Do this before writing any
+  /// content, so that the temporary is never more readable than the file itself.
   void TakePermissionsOf(const struct stat& other) {
     if (::fchown(mFile.Number(), other.st_uid, other.st_gid) != 0) {
       [[maybe_unused]] const int ignored = ::fchown(mFile.Number(), static_cast<uid_t>(-1), other.st_gid);
@@ -104,7 +105,7 @@ class Replacement final : public FileReplacement {
   }
 
   void Write(std::string_view bytes) override {
-    // What has a gap must not be put in place by a caller that goes on after a failure.
+    // Refuse to commit after a failed write: the content would have a gap.
     if (!mWhole) ThrowErrno(mTarget, EIO);
     mWhole = false;
     WriteAll(mFile, bytes, mTarget);
@@ -116,7 +117,8 @@ class Replacement final : public FileReplacement {
     if (::fsync(mFile.Number()) != 0) ThrowErrno(mTarget);
     if (::rename(mTemporary.c_str(), mTarget.c_str()) != 0) ThrowErrno(mTarget);
     mFile.Close();
-    // The new file is in place: a folder that cannot be synced is no reason to report the old one unchanged.
+    // Ignore a folder that cannot be synced: the new file is in place, so the old one must not be
+    // reported as unchanged.
     const Descriptor folder(::open(FolderOf(mTarget).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
     if (folder.IsOpen()) ::fsync(folder.Number());
   }
@@ -134,7 +136,7 @@ std::unique_ptr<FileReplacement> BeginReplacement(const std::string& hostPath, W
   const std::string target = FinalTarget(hostPath);
   ExamineTarget(target);
   auto replacement = std::make_unique<Replacement>(target, whenBusy);
-  // Whoever held the lock before may have changed it.
+  // Read it again: the previous lock holder may have changed it.
   if (const auto old = ExamineTarget(target)) replacement->TakePermissionsOf(*old);
   return replacement;
 }

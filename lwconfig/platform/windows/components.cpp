@@ -9,8 +9,8 @@
 namespace lwconfig::platform {
 namespace {
 
-/// A component of the system. It takes a text through its method "Report", or its default member where it has
-/// no such method.
+/// A component of the system. Receives a text through its method "Report", or through its default member
+/// where it has no such method.
 class AutomationComponent final : public Component {
  public:
   struct Releaser {

@@ -12,7 +12,7 @@
 namespace lwconfig::platform {
 namespace {
 
-/// Whether nothing stands where the failed call looked.
+/// Whether nothing exists at the path of the failed call.
 bool NamesNothing(DWORD error) {
   return error == ERROR_FILE_NOT_FOUND || error == ERROR_PATH_NOT_FOUND || error == ERROR_INVALID_NAME ||
          error == ERROR_BAD_NETPATH || error == ERROR_BAD_NET_NAME || error == ERROR_INVALID_DRIVE ||
@@ -28,7 +28,7 @@ class NativeFiles final : public Files {
     try {
       systemPath = SystemPath(path);
     } catch (const std::system_error&) {
-      return EntryKind::Missing;  // nothing can have that path
+      return EntryKind::Missing;  // no file can have that path
     }
     const DWORD attributes = ::GetFileAttributesW(systemPath.c_str());
     if (attributes != INVALID_FILE_ATTRIBUTES)
@@ -96,8 +96,8 @@ class NativeFiles final : public Files {
   void MakeFolders(std::string_view folder) override {
     std::wstring path = SystemPath(folder);
     while (path.ends_with(L'\\')) path.pop_back();
-    // Up to the nearest folder that there is or can be made, then down again. A NUL takes the place of the
-    // separator where the path of the folder in question ends.
+    // Walk up to the nearest folder that exists or can be created, then down again. A NUL replaces the
+    // separator after the current folder.
     std::size_t end = path.size();
     while (!MakeFolder(path.c_str(), folder)) {
       const std::size_t parent = path.find_last_of(L'\\', end);
@@ -119,7 +119,7 @@ class NativeFiles final : public Files {
   std::string ProductPath(std::string_view hostPath) override { return FullPath(hostPath); }
 
  private:
-  /// False where the folder that it would be in is missing.
+  /// False where the parent folder is missing.
   static bool MakeFolder(const wchar_t* path, std::string_view subject) {
     if (::CreateDirectoryW(path, nullptr) != 0) return true;
     const DWORD error = ::GetLastError();

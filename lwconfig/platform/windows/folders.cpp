@@ -11,9 +11,9 @@ namespace {
 class NativeFolders final : public Folders {
  public:
   std::string ShellFolder(std::int32_t csidl) override {
-    constexpr int kUnverified = 0x4000;  // the path also of a folder that does not exist
+    constexpr int kUnverified = 0x4000;  // includes the path of a folder that does not exist
     wchar_t path[MAX_PATH] = L"";
-    // No token: the folders of the user who runs the program, not of the one that new users are made from.
+    // Pass no token: use the folders of the current user, not of the default profile.
     if (::SHGetFolderPathW(::GetDesktopWindow(), csidl | kUnverified, nullptr, SHGFP_TYPE_CURRENT, path) !=
         S_OK)
       return {};

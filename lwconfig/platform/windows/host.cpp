@@ -15,7 +15,7 @@ class NativeEnvironment final : public Environment {
   int DisplayWidth() override { return ::GetSystemMetrics(SM_CXSCREEN); }
 
   std::vector<std::string> ProcessArguments() override {
-    // Windows passes one text. Only the program's name, which may be quoted, is taken off.
+    // Remove only the program's name, which may be quoted: Windows passes the arguments as one text.
     const std::wstring_view line = ::GetCommandLineW();
     const wchar_t* const blanks = L" \t";
     const std::size_t end = line.starts_with(L'"') ? line.find(L'"', 1) : 0;
@@ -26,7 +26,7 @@ class NativeEnvironment final : public Environment {
   }
 };
 
-/// Names of encodings, and how the rest of such a name becomes the number of a code page.
+/// Names of encodings, and how the rest of such a name maps to the number of a code page.
 struct CodePages {
   std::string_view Prefix;
   UINT Base;
@@ -43,7 +43,7 @@ constexpr std::array kNamedPages{
 
 constexpr UINT kFirstCodePage = 37;
 
-/// 0 for an encoding that is not known.
+/// 0 for an unknown encoding.
 UINT CodePageOf(std::string_view encoding) {
   for (const auto& [name, page] : kNamedPages) {
     if (EqualIgnoringCase(name, encoding)) return page;
@@ -68,12 +68,13 @@ Environment& Environment::Native() {
 
 std::optional<std::string> DecodeAs(std::string_view bytes, const std::string& encoding) {
   const UINT page = CodePageOf(encoding);
-  // The first numbers stand for whatever page the system uses, and that for symbols is none of text.
+  // Reject the first numbers, which mean the system's current page, and the page for symbols, which
+  // is not text.
   if (page < kFirstCodePage || page == CP_SYMBOL || ::IsValidCodePage(page) == 0) return std::nullopt;
   if (bytes.empty()) return std::string();
   const int size = static_cast<int>(bytes.size());
   int length = ::MultiByteToWideChar(page, MB_ERR_INVALID_CHARS, bytes.data(), size, nullptr, 0);
-  // Some encodings, such as those with shifts, are only read leniently.
+  // Read leniently where strict mode is not available, such as in encodings with shifts.
   if (length == 0 && ::GetLastError() == ERROR_INVALID_FLAGS)
     length = ::MultiByteToWideChar(page, 0, bytes.data(), size, nullptr, 0);
   if (length == 0) return std::nullopt;

@@ -10,7 +10,7 @@
 namespace lwconfig::platform {
 namespace {
 
-/// The product is a 32-bit program: it has the machine's keys for those, whatever program asks.
+/// Use the machine's keys of 32-bit programs, whatever the caller is: the product is a 32-bit program.
 REGSAM View(Hive hive) {
   return hive == Hive::LocalMachine ? KEY_WOW64_32KEY : 0;
 }
@@ -106,7 +106,7 @@ class NativeRegistry final : public Registry {
     const Key opened = Open(hive, key, KEY_READ);
     if (!opened) return std::nullopt;
     RegistryKey listed;
-    std::wstring name(1 << 15, L'\0');  // no name is longer
+    std::wstring name(1 << 15, L'\0');  // the length limit of names
     for (DWORD at = 0;; ++at) {
       auto length = static_cast<DWORD>(name.size());
       const LSTATUS status =

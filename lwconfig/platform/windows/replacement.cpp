@@ -13,10 +13,11 @@ namespace lwconfig::platform {
 namespace {
 
 constexpr std::wstring_view kLongPrefix = L"\\\\?\\";
-/// In characters: the system's lengths are 16 bits of bytes, with room for the prefix and a name beside it.
+/// In characters. The system's lengths are 16-bit byte counts; leave room for the prefix and a
+/// name beside it.
 constexpr std::size_t kLongestPath = 32'000;
 
-/// The system would take a path to end at its first NUL.
+/// Reject NUL: the system would cut the path there.
 void CheckPath(std::string_view path) {
   if (path.find('\0') != std::string_view::npos)
     throw std::system_error(ENOENT, std::generic_category(), std::string(path));
@@ -36,7 +37,7 @@ std::wstring FullSystemPath(std::string_view path) {
   return full;
 }
 
-/// The file that a link at the path leads to; the path itself where there is no link, or nothing.
+/// The target of the link at the path; the path itself where there is no link or no entry.
 std::wstring LinkTarget(const std::wstring& path) {
   const DWORD attributes = ::GetFileAttributesW(path.c_str());
   if (attributes == INVALID_FILE_ATTRIBUTES || (attributes & FILE_ATTRIBUTE_REPARSE_POINT) == 0) return path;
@@ -49,8 +50,8 @@ std::wstring LinkTarget(const std::wstring& path) {
   return target.empty() ? path : target;
 }
 
-/// The path with the last name in the letter case that it has on disk. Something has to be there: in other
-/// names the search takes wildcards, and finds another file.
+/// The path with its last name in the letter case on disk. The entry must exist: for other names the search
+/// accepts wildcards and finds another file.
 std::wstring InLetterCaseOnDisk(std::wstring path) {
   WIN32_FIND_DATAW found{};
   const HANDLE search = ::FindFirstFileW(path.c_str(), &found);
@@ -59,8 +60,8 @@ std::wstring InLetterCaseOnDisk(std::wstring path) {
   return path.replace(path.find_last_of(L'\\') + 1, std::wstring::npos, found.cFileName);
 }
 
-/// The new content stands in a hidden file beside the target, which nobody else can open while it is being
-/// written: that is the lock, and what a process that died has left is written over.
+/// The new content is collected in a hidden file beside the target. Nobody else can open it while it is
+/// written, so it serves as the lock. A file left by a process that died is overwritten.
 class Replacement final : public FileReplacement {
  public:
   Replacement(std::wstring target, ReplaceMode mode, std::string subject)
@@ -72,7 +73,7 @@ class Replacement final : public FileReplacement {
                             FILE_ATTRIBUTE_HIDDEN, nullptr)) {
     if (mFile.IsOpen()) return;
     const DWORD error = ::GetLastError();
-    // What cannot be found under such a name is missing; what is to be written there cannot be.
+    // Throw another error than for reading: an impossible name is not merely missing, it cannot be created.
     if (error == ERROR_INVALID_NAME) ThrowBadName(mSubject);
     ThrowWindowsError(mSubject, error);
   }
@@ -100,7 +101,7 @@ class Replacement final : public FileReplacement {
     try {
       PutInPlace(attributes);
     } catch (...) {
-      // Where the old file is lost, the new content must not go too.
+      // Keep the new content where the old file is lost.
       if (!Exists(attributes) || Exists(::GetFileAttributesW(mTarget.c_str())))
         ::DeleteFileW(mTemporary.c_str());
       throw;
@@ -130,10 +131,10 @@ class Replacement final : public FileReplacement {
       ThrowWindowsError(mSubject);
   }
 
-  /// Keeps the permissions, attributes and times of the old file. False where the file is still to be moved:
-  /// the file system cannot replace, or has removed the old file and come no further.
+  /// Keeps the permissions, attributes and times of the old file. False where the file remains to be moved:
+  /// the file system cannot replace, or has removed the old file and stopped there.
   bool Replace() const {
-    // A file that others hold fails here, before the system has begun and leaves things behind.
+    // Fail here for a file that others hold, before the system has begun and leaves files behind.
     if (!Handle(::CreateFileW(mTarget.c_str(), DELETE, kShareAll, nullptr, OPEN_EXISTING,
                               FILE_FLAG_BACKUP_SEMANTICS, nullptr))
              .IsOpen())
@@ -179,7 +180,7 @@ std::wstring SystemPath(std::string_view path) {
 
 std::unique_ptr<FileReplacement> BeginReplacement(std::string_view path, ReplaceMode mode) {
   std::wstring target = SystemPath(path);
-  // A second stream of a file, which could not be put in place.
+  // Reject an alternate stream of a file: it could not be put in place.
   if (target.find(L':', target.find_last_of(L'\\') + 1) != std::wstring::npos) ThrowBadName(path);
   if (mode == ReplaceMode::Rewrite) target = LinkTarget(target);
   const DWORD attributes = ::GetFileAttributesW(target.c_str());

@@ -1,34 +1,33 @@
 #pragma once
 
 #ifndef NOMINMAX
-#define NOMINMAX  // the standard library's own min and max
+#define NOMINMAX  // use the standard library's min and max
 #endif
 #include <string>
 #include <string_view>
 
-// The others need the first.
-// clang-format off
-#include <windows.h>
+// Keep this order: the others need the first. clang-format off
 #include <oaidl.h>
 #include <objbase.h>
 #include <shellapi.h>
 #include <shlobj.h>
+#include <windows.h>
 // clang-format on
 
 namespace lwconfig::platform {
 
-/// UTF-8 as Windows takes it, and back. Bytes that are not valid, and surrogates without a partner, become
+/// Converts UTF-8 to the encoding of Windows and back. Invalid bytes and unpaired surrogates become
 /// the replacement character.
 std::wstring Wide(std::string_view text);
 std::string Narrow(std::wstring_view text);
 
-/// Throws the `std::system_error` for a Windows error code: with its errno code where it has one.
+/// Throws the `std::system_error` for a Windows error code, with the matching errno code where there is one.
 [[noreturn]] void ThrowWindowsError(std::string_view subject, DWORD error = ::GetLastError());
 
-/// Others may use a file in every way while it is open here.
+/// Allow every other use of a file while it is open here.
 inline constexpr DWORD kShareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
 
-/// A handle of the system, closed at the end of its life.
+/// A handle of the system, closed on destruction.
 class Handle {
  public:
   explicit Handle(HANDLE handle) : mHandle(handle) {}

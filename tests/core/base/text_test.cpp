@@ -40,6 +40,15 @@ TEST(TextFiles, AreDecodedByWhatTheySayAboutThemselves) {
   // A file cut in the middle of a character is still what its mark says.
   EXPECT_THAT(DecodeText("\xFF\xFE<\0a\0/\0>\0x"s), StartsWith("<a/>"));
   EXPECT_THAT(DecodeText("\xFF\xFE<\0a\0/\0>\0\x3D\xD8"s), StartsWith("<a/>"));
+  for (const char* cut : {"\xC3", "\xE2\x82", "\xF0\x9F\x98"}) {
+    EXPECT_EQ(DecodeText("a\u00DC" + std::string(cut)), "a\u00DC");
+    EXPECT_EQ(DecodeText("\xEF\xBB\xBF"
+                         "a" +
+                         std::string(cut)),
+              "a");
+    EXPECT_EQ(DecodeText("<?xml encoding='UTF-8'?>" + std::string(cut)), "<?xml encoding='UTF-8'?>");
+  }
+  EXPECT_EQ(DecodeText("a\xC3"), "a\u00C3") << "nothing but this byte says that it is UTF-8";
 }
 
 TEST(Text, MatchesFilePatterns) {

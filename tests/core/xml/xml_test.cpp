@@ -193,8 +193,9 @@ TEST_F(XML, FailuresTellTheirPlaceInCharacters) {
   read("<ä>\n ü</b>", name);
   read("<a>\n<item Name='1' Other='' Name='2'/><item Name='3' NAME='4'/></a>", name);
   EXPECT_EQ(name, "3") << "the first of an attribute that is given twice counts";
-  ASSERT_EQ(Diagnostics.size(), 2U);
-  EXPECT_EQ(Diagnostics[1].Message, "not well-formed XML: the attribute \"Name\" is given twice");
+  ASSERT_EQ(Diagnostics.size(), 3U);
+  EXPECT_EQ(Diagnostics[1].Message, "the attribute \"Name\" is repeated in <item>; only the first counts");
+  EXPECT_EQ(std::pair(Diagnostics[1].Position.Column, Diagnostics[2].Position.Column), std::pair(25, 50));
   for (const auto& diagnostic : Diagnostics)
     EXPECT_EQ(std::tuple(diagnostic.Position.File, diagnostic.Position.Line),
               std::tuple(Path("place.xml"), 2));

@@ -5,12 +5,30 @@
 
 #include <lwconfig/platform/folders.h>
 #include <lwconfig/platform/host.h>
+#include <lwconfig/platform/message_box.h>
 #include <lwconfig/platform/windows/system.h>
 
 namespace lwconfig::testing {
 namespace {
 
 using namespace platform;
+
+std::wstring gShown;
+UINT gStyle = 0;
+
+int WINAPI Keep(HWND, LPCWSTR text, LPCWSTR title, UINT style) {
+  gShown = std::wstring(title) + L": " + text;
+  gStyle = style;
+  return IDOK;
+}
+
+/// Takes the place of the system's function in this program: the linker finds it first.
+#ifdef _WIN64
+extern "C" decltype(&::MessageBoxW) const kImportedMessageBox asm("__imp_MessageBoxW");
+#else
+extern "C" decltype(&::MessageBoxW) const kImportedMessageBox asm("__imp__MessageBoxW@16");
+#endif
+decltype(&::MessageBoxW) const kImportedMessageBox = &Keep;
 
 class WindowsFiles : public NativeHost {};
 
@@ -96,6 +114,12 @@ TEST(WindowsHost, PassesTheCommandLineAsItIs) {
   const auto start = line.find("first \"two  words\"");
   ASSERT_NE(start, std::string::npos) << "run it with the arguments first \"two  words\"";
   EXPECT_EQ(Environment::Native().ProcessArguments(), std::vector{line.substr(start)});
+}
+
+TEST(WindowsHost, ShowsMessagesInABoxWithTheirIcon) {
+  ShowMessage({"Title", "A problem:\r\nGr\u00f6\u00dfe", MessageIcon::Critical});
+  EXPECT_EQ(gShown, L"Title: A problem:\r\nGr\u00f6\u00dfe");
+  EXPECT_EQ(gStyle & MB_ICONMASK, UINT{MB_ICONHAND});
 }
 
 TEST(WindowsHost, KnowsItsSurroundings) {

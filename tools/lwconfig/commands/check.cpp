@@ -1,11 +1,14 @@
 #include <array>
 #include <string>
 
-#include <tools/lwconfig/check/check.h>
+#include <tools/lwconfig/commands/check_report.h>
 #include <tools/lwconfig/commands/commands.h>
 #include <tools/lwconfig/commands/common_options.h>
+#include <tools/lwconfig/configuration.h>
 #include <tools/lwconfig/terminal.h>
 #include <tools/lwconfig/view/json.h>
+
+#include <lwconfig/checking/check_configuration.h>
 
 namespace lwconfig::tool {
 namespace {
@@ -29,8 +32,26 @@ Exit status:
   4  a file or folder could not be read
 )";
 
+/// The folder to check; empty for the registered configuration.
+std::string FolderToCheck(const Arguments& arguments, Reporter& reporter) {
+  try {
+    return ChosenFolder(arguments.Text("--config"), reporter);
+  } catch (const Error&) {
+    return {};  // the registry cannot be read, which the check reports
+  }
+}
+
+CheckResult Checked(const std::string& folder) {
+  try {
+    return CheckConfiguration(folder);
+  } catch (const Error& failure) {
+    if (failure.Number() != kPathNotFound) throw;
+    return {{{failure.Position(), failure.Description(), Problem::MissingFolder}}, 0};
+  }
+}
+
 void Check(const Arguments& arguments, Reporter& reporter) {
-  const Report report = CheckConfiguration(arguments.Text("--config"), reporter);
+  const CheckReport report(Checked(FolderToCheck(arguments, reporter)));
   reporter.Raise(report.Status());
   WriteOutput(arguments.Has("--json") ? JsonText(report.ToJson())
                                       : report.Text(OutputStyle(arguments.Text("--color"), 0)),

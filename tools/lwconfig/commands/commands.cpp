@@ -39,7 +39,8 @@ Exit status:
   0  done
   1  what was asked for does not exist, or what was compared differs
   2  the command line asks for what cannot be done
-  3  the configuration, or what was to become of it, is not valid; what could be read was used
+  3  the configuration, or what was to become of it, is not valid; what could be read was used. A warning
+     alone leaves the status as it is
   4  a file, a folder or the output could not be read or written
   5  the program itself failed, such as for want of memory
 )";

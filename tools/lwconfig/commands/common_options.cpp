@@ -5,10 +5,6 @@
 
 namespace lwconfig::tool {
 
-std::string CheckFolder(const std::string& given) {
-  return given.empty() ? "DIR is empty" : "";
-}
-
 std::string CheckColour(const std::string& given) {
   const bool isKnown = given == "auto" || given == "always" || given == "never";
   return isKnown ? "" : given + " not in {auto,always,never}";

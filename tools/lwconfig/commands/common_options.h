@@ -9,7 +9,6 @@
 namespace lwconfig::tool {
 
 /// The fault of a value of the options below; empty for a valid one.
-std::string CheckFolder(const std::string& given);
 std::string CheckColour(const std::string& given);
 std::string CheckColumns(const std::string& given);
 
@@ -17,7 +16,7 @@ inline constexpr Parameter kConfigurationOption{
     .Name = "-c,--config",
     .About = "configuration folder to use instead of the registered one",
     .Value = "DIR",
-    .Check = CheckFolder,
+    .Form = Form::Path,
 };
 inline constexpr Parameter kJsonOption{
     .Name = "-j,--json",

@@ -222,9 +222,14 @@ void PrintScript(const Arguments& arguments, Reporter& reporter) {
 constexpr std::array kCompletionParameters{
     Parameter{.Name = "SHELL", .About = "bash, zsh or fish", .IsRequired = true}};
 constexpr std::array kCompleteParameters{
-    Parameter{
-        .Name = "WORDS", .About = "what has been typed after the name of the program", .Most = kAnyNumber},
-    Parameter{.Name = "--line", .About = "the line up to the cursor, in place of them", .Value = "TEXT"},
+    Parameter{.Name = "WORDS",
+              .About = "what has been typed after the name of the program",
+              .Form = Form::Bytes,
+              .Most = kAnyNumber},
+    Parameter{.Name = "--line",
+              .About = "the line up to the cursor, in place of them",
+              .Value = "TEXT",
+              .Form = Form::Bytes},
     Parameter{.Name = "--shell", .About = "the shell that asks", .Value = "SHELL"},
 };
 

@@ -13,11 +13,12 @@
 #include <tools/lwconfig/members/listing.h>
 #include <tools/lwconfig/members/report.h>
 #include <tools/lwconfig/members/value.h>
-#include <tools/lwconfig/overlay/overlay.h>
 #include <tools/lwconfig/terminal.h>
 #include <tools/lwconfig/view/json.h>
 
 #include <lwconfig/core/files/text_encoding.h>
+#include <lwconfig/core/registry_text/registry_text.h>
+#include <lwconfig/transaction/transaction.h>
 
 namespace lwconfig::tool {
 namespace {
@@ -57,17 +58,42 @@ void Print(Model& model, const std::vector<Result>& results, bool isJson, Report
   }
   Json json = Json::object();
   for (const Result& result : results)
-    json[result.Name.empty() ? "Result" : result.Name] = GotJson(model, place(result));
+    json[result.Name.empty() ? "Result" : result.Name] = GotJson(model, result.Value);
   WriteOutput(JsonText(json), reporter);
 }
 
-/// Tells what the trial run changed, and writes it unless it stays a trial.
-void Finish(const Configuration& configuration, Overlay& overlay, bool isTrial, bool isCall,
+/// Key and name as arguments of a shell, in a form that needs no quotation marks where there is one.
+std::string ArgumentsFor(const ValueChange& change) {
+  const auto quoted = [](const std::string& text) {
+    constexpr std::string_view kPlain = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789_-./";
+    if (!text.empty() && text.find_first_not_of(kPlain) == std::string::npos) return text;
+    std::string inQuotes = "'";
+    for (const char c : text) inQuotes += c == '\'' ? std::string("'\\''") : std::string(1, c);
+    return inQuotes + "'";
+  };
+  std::string key = std::string(HiveName(change.Root)) + "\\" + change.Key;
+  if (key.find('/') == std::string::npos) std::ranges::replace(key, '\\', '/');
+  return quoted(key) + " " + quoted(change.Name);
+}
+
+/// The changes, one line for each.
+std::vector<std::string> Names(const Transaction& transaction) {
+  std::vector<std::string> names;
+  for (const FileChange& change : transaction.FileChanges())
+    names.push_back((change.New ? "wrote " : "removed ") +
+                    platform::Host<platform::Files>().NativePath(change.Path));
+  for (const ValueChange& change : transaction.ValueChanges())
+    names.push_back((change.New ? "set " : "deleted ") + ArgumentsFor(change));
+  return names;
+}
+
+/// Writes the changes, or in a trial run shows them.
+void Finish(const Configuration& configuration, Transaction& transaction, bool isTrial, bool isCall,
             Reporter& reporter) {
-  if (isTrial) return WriteOutput(overlay.Difference(), reporter);
-  if (overlay.ChangesFiles()) configuration.RefuseStarter();
-  const auto names = overlay.Names();
-  overlay.WriteOut();
+  if (isTrial) return WriteOutput(transaction.Difference(), reporter);
+  if (!transaction.FileChanges().empty()) configuration.RefuseStarter();
+  const auto names = Names(transaction);
+  transaction.Commit();
   // The output of a call is its result.
   for (const std::string& name : names) isCall ? reporter.Note(name) : WriteOutput(name + "\n", reporter);
 }
@@ -76,14 +102,14 @@ template <EditKind kKind>
 void RunOne(const Arguments& arguments, Reporter& reporter) {
   constexpr bool kIsCall = kKind == EditKind::Call;
   const Configuration configuration(arguments.Text("--config"), reporter);
-  Overlay overlay;
+  Transaction transaction;
   Model model(reporter);
   Editor editor(model);
   const auto results = editor.Run(EditOf(kKind, arguments));
   editor.Save();
-  if (overlay.IsEmpty() && !kIsCall) reporter.Note("nothing changes in what is saved");
+  if (transaction.IsEmpty() && !kIsCall) reporter.Note("nothing changes in what is saved");
   Print(model, results, kIsCall && arguments.Has("--json"), reporter);
-  Finish(configuration, overlay, arguments.Has("--dry-run"), kIsCall, reporter);
+  Finish(configuration, transaction, arguments.Has("--dry-run"), kIsCall, reporter);
 }
 
 constexpr Parameter kTrialOption{
@@ -179,7 +205,7 @@ void Apply(const Arguments& arguments, Reporter& reporter) {
   const std::string text = DecodeText(ReadSource(file));
   CommandSource source{SourceName(file), text, {}};
   const Configuration configuration(arguments.Text("--config"), reporter);
-  Overlay overlay;
+  Transaction transaction;
   Model model(reporter);
   Editor editor(model);
   bool isDone = false;
@@ -200,13 +226,13 @@ void Apply(const Arguments& arguments, Reporter& reporter) {
     isDone = true;
   });
   if (!isDone) return reporter.Note("nothing was written");
-  if (overlay.IsEmpty())
+  if (transaction.IsEmpty())
     reporter.Note(std::to_string(commands.size()) + " commands, and nothing changes in what is saved");
-  Finish(configuration, overlay, arguments.Has("--dry-run"), false, reporter);
+  Finish(configuration, transaction, arguments.Has("--dry-run"), false, reporter);
 }
 
-constexpr std::array kApplyParameters{
-    Parameter{.Name = "FILE", .About = "the commands; - for standard input", .IsRequired = true}};
+constexpr std::array kApplyParameters{Parameter{
+    .Name = "FILE", .About = "the commands; - for standard input", .Form = Form::Path, .IsRequired = true}};
 
 }  // namespace
 

@@ -7,7 +7,8 @@ inline constexpr const char* kSetHelp =
 a text as it is; True or False; a whole number; the name or the number of an enumeration's value; a colour as
 #rrggbb, in quotation marks for a shell, or as the number that JSON and programs have, 0xBBGGRR with red in
 the low byte; for an object @ and its path, or null. A VALUE that begins with a dash follows '--'. A character
-that XML does not have, such as most control characters, is refused.
+that XML does not have, such as most control characters, is refused, and so is a number that is no value of
+the enumeration and no colour, unless the property has it already or in a new object.
 
 What was changed is saved at once, by the object that keeps it: the template, the comment definitions, the
 model comments, the external documentation or the comment file locations. Options go to the registry.

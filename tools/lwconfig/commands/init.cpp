@@ -42,8 +42,8 @@ bool IsUsable(const std::filesystem::path& folder) {
 std::optional<std::string> Register(const std::string& folder, Reporter& reporter) {
   const RegistryAccess registry;
   try {
-    registry.SetValue(kLocalMachine, kProductKey, kFolderValue, folder, RegistryAccess::kTextType);
-    return registry.OwnFile(kProductKey, kFolderValue);
+    registry.SetValue(kLocalMachine, kProductKey, kConfigPathValue, folder, RegistryAccess::kTextType);
+    return registry.OwnFile(kProductKey, kConfigPathValue);
   } catch (const Error& failure) {
     reporter.Fail(failure);
     reporter.Note("nothing was copied; --no-register copies the configuration and registers nothing");
@@ -81,7 +81,7 @@ void Run(const Arguments& arguments, Reporter& reporter) {
   std::string done =
       "copied the starter configuration, " + std::to_string(copy.FileCount()) + " files, to " + hostFolder;
   if (isRegistered) {
-    done += "\nregistered " + folder + " as " + kFolderValue + " in HKEY_LOCAL_MACHINE\\" + kProductKey +
+    done += "\nregistered " + folder + " as " + kConfigPathValue + " in HKEY_LOCAL_MACHINE\\" + kProductKey +
             (previous.empty() ? "" : " in place of " + previous);
     if (!ownFile->empty()) done += ", for this user alone, in " + *ownFile;
   }
@@ -90,12 +90,13 @@ void Run(const Arguments& arguments, Reporter& reporter) {
 
 /// The registry holds texts: a name that is none would be registered as another.
 std::string CheckNewFolder(const std::string& given) {
-  return IsValidUtf8(given) ? CheckFolder(given) : "DIR is not UTF-8";
+  return IsValidUtf8(given) ? "" : "the name is not valid UTF-8";
 }
 
 constexpr std::array kParameters{
     Parameter{.Name = "DIR",
               .About = "the folder for the new configuration",
+              .Form = Form::Path,
               .IsRequired = true,
               .Check = CheckNewFolder},
     Parameter{.Name = "--replace", .About = "register it in place of another configuration"},

@@ -29,7 +29,8 @@ Shells take brackets and quotation marks for themselves: put the whole path in s
 
 constexpr const char* kGetExamples = R"(
 A value is printed as it is, an enumeration's by name, a colour as #rrggbb (with --json the number 0xBBGGRR, red in
-the low byte), a collection with a line for each item.
+the low byte), a collection with a line for each item. As JSON an object below the value is the name of its class;
+texts with other keys than themselves are an object.
 
 Examples:
   lwconfig get VBOptions.WrapCharacters
@@ -51,7 +52,7 @@ void Get(const Arguments& arguments, Reporter& reporter) {
   Configuration configuration(arguments.Text("--config"), reporter);
   Model model(reporter);
   const Place place = model.Follow(ParsePath(arguments.Text("PATH")));
-  WriteOutput(arguments.Has("--json") ? JsonText(GotJson(model, place))
+  WriteOutput(arguments.Has("--json") ? JsonText(GotJson(model, place.Value))
                                       : GotText(model, place, OutputStyle("auto", 0)),
               reporter);
 }

@@ -7,12 +7,12 @@
 #include <tools/lwconfig/members/edit.h>
 #include <tools/lwconfig/members/report.h>
 #include <tools/lwconfig/model/options.h>
-#include <tools/lwconfig/overlay/overlay.h>
 #include <tools/lwconfig/terminal.h>
 #include <tools/lwconfig/view/json.h>
 #include <tools/lwconfig/view/table.h>
 
 #include <lwconfig/core/base/letter_case.h>
+#include <lwconfig/transaction/transaction.h>
 
 namespace lwconfig::tool {
 namespace {
@@ -98,9 +98,9 @@ void Reset(const Arguments& arguments, Reporter& reporter) {
     options.push_back(*option);
   }
   {
-    Overlay overlay;
+    Transaction transaction;
     for (const UserOption& option : options) option.Option->Reset();
-    overlay.WriteOut();
+    transaction.Commit();
   }
   std::string text;
   Json json = Json::array();

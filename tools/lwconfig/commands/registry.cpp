@@ -28,7 +28,8 @@ machine's. A key is listed, exported and deleted with all keys below it. VALUE i
 key's default value has the name "".
 
 Types are sz (a text, unless the value has a type already), expand (a text with environment variables), dword
-and qword (a number, decimal or 0x...), binary (pairs of hexadecimal digits) and multi (any number of texts).
+and qword (a number, decimal or 0x...), binary (pairs of hexadecimal digits) and multi (any number of texts,
+none of them empty).
 
 The machine's values are in /etc/lwconfig/machine.reg and in the user's own ~/.config/lwconfig/machine.reg,
 which outweighs the other. A user who may not write the system's file writes the own one, and a note says so;
@@ -205,12 +206,15 @@ void Set(const Arguments& arguments, Reporter& reporter) {
                                       : std::optional(kText);
   if (!type) return reporter.FailUnknown(ExitStatus::Usage, typeName, RegistryTypeNames());
   const auto& data = arguments.Texts("DATA");
+  if (data.empty() && (typeName.empty() || !IsTextList(*type)))
+    return reporter.Fail(ExitStatus::Usage, "DATA is required, unless the type is given as multi");
   const auto value = RegistryValueOf(*type, data);
   if (!value) {
-    return reporter.Fail(ExitStatus::Usage,
-                         (data.size() == 1 ? "'" + data.front() + "' is" : "several texts are") +
-                             " no value of the type " + RegistryTypeName(*type) +
-                             " (--help tells what there is)");
+    return reporter.Fail(
+        ExitStatus::Usage,
+        (data.size() == 1 ? "'" + data.front() + "' is" : "this list of texts is") +
+            " no value of the type " + RegistryTypeName(*type) +
+            (IsTextList(*type) ? ": it cannot hold an empty text" : " (--help tells what there is)"));
   }
   const std::vector<RegistryChange> change{{Kinds::Value, path->Root, path->Key, name, *value}};
   registry.Apply(change);
@@ -281,14 +285,15 @@ constexpr std::array kValueParameters{kRequiredKey, kValue};
 constexpr std::array kSetParameters{
     kRequiredKey,
     Parameter{.Name = "VALUE", .About = "the name of the value", .IsRequired = true},
-    Parameter{.Name = "DATA", .About = "its new data", .IsRequired = true, .Most = kAnyNumber},
+    Parameter{.Name = "DATA", .About = "its new data; none for an empty multi", .Most = kAnyNumber},
     Parameter{.Name = "--type", .About = "sz, expand, dword, qword, binary or multi", .Value = "TYPE"},
 };
-constexpr std::array kImportParameters{
-    Parameter{.Name = "FILE", .About = "the file; - for standard input", .IsRequired = true}};
+constexpr std::array kImportParameters{Parameter{
+    .Name = "FILE", .About = "the file; - for standard input", .Form = Form::Path, .IsRequired = true}};
 constexpr std::array kExportParameters{
     kKey,
-    Parameter{.Name = "FILE", .About = "the file; - for standard output, also when left out"},
+    Parameter{
+        .Name = "FILE", .About = "the file; - for standard output, also when left out", .Form = Form::Path},
     Parameter{.Name = "--utf16", .About = "write UTF-16, as Windows does, instead of UTF-8"},
 };
 constexpr std::array kOptions{kJsonOption, kColourOption, kWidthOption};

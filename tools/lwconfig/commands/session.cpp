@@ -28,8 +28,8 @@ void Run(const Arguments& arguments, Reporter& reporter) {
   });
 }
 
-constexpr std::array kParameters{
-    Parameter{.Name = "FILE", .About = "the commands; - for standard input", .IsRequired = true}};
+constexpr std::array kParameters{Parameter{
+    .Name = "FILE", .About = "the commands; - for standard input", .Form = Form::Path, .IsRequired = true}};
 
 }  // namespace
 

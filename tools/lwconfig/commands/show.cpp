@@ -5,6 +5,7 @@
 #include <tools/lwconfig/commands/commands.h>
 #include <tools/lwconfig/commands/common_options.h>
 #include <tools/lwconfig/configuration.h>
+#include <tools/lwconfig/members/listing.h>
 #include <tools/lwconfig/model/sections.h>
 #include <tools/lwconfig/terminal.h>
 #include <tools/lwconfig/view/json.h>
@@ -37,8 +38,10 @@ constexpr const char* kFooter =
   options/VBOptions/WrapCharacters     one option
 
 A list shows each object in one line, an object named by itself all its properties. Nested objects are shown
-to a depth of 200 and found at any depth. As JSON a list is an array, and an object named by itself an object;
-where several have the name it is an array of them.
+to a depth of 200 and found at any depth. As JSON an object is what 'lwconfig get --json' prints, but
+with the objects below it to that depth. An object that belongs elsewhere is the name of its class. A
+collection with properties of its own has its items as "Items", after these. A list is an array, and so are
+several objects of one name; parts of the comments, sets of options and options are under their names.
 While no configuration is registered, the starter configuration is shown.
 
 Examples:
@@ -84,7 +87,11 @@ void Show(const Arguments& arguments, Reporter& reporter) {
     return reporter.FailUnknown(ExitStatus::NotFound, found.Unknown, found.Existing, found.OtherNames);
   }
   const Sink output = OutputSink(reporter);
-  if (arguments.Has("--json")) return WriteJson(found.Targets, output);
+  if (arguments.Has("--json")) {
+    Model model(reporter);
+    return WriteJson(
+        found.Targets, [&](const Variant& value) { return NestedJson(model, value, kShownLevels); }, output);
+  }
   Draw(only != nullptr ? found.Targets : SectionsOf(found.Targets), StyleOf(arguments), output);
 }
 

@@ -81,9 +81,9 @@ void Clone(const Arguments& arguments, Reporter& reporter) {
   const auto templates = LoadedTemplates(configuration.Root(), reporter);
   const auto original = FindTemplate(*templates, arguments.Text("NAME"), reporter);
   if (!original) return;
-  if (reporter.Status() != ExitStatus::Done) {
+  if (!reporter.IsClean()) {
     // A template that was not read may have the new name; one that was read in part would be cut short.
-    return reporter.Fail(reporter.Status(),
+    return reporter.Fail(ExitStatus::Invalid,
                          "the templates are not all as they should be; nothing was copied");
   }
   const std::string newName = arguments.Text("NEWNAME");
@@ -135,6 +135,9 @@ void ShowDefault(const Arguments& arguments, Reporter& reporter) {
       if (std::find(profiles.begin(), profiles.end(), profile) == profiles.end()) profiles.push_back(profile);
     }
   }
+  if (Loaded(reporter, [&] { return configuration.Root().NamespaceProfiles(); })->Item(wanted))
+    return reporter.FailAt(ExitStatus::NotFound, {}, "no template has the profile '" + wanted + "'",
+                           profiles);
   reporter.FailUnknown(ExitStatus::NotFound, wanted, profiles);
 }
 

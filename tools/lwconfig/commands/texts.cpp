@@ -121,12 +121,8 @@ void Compare(const PageTemplate& pageTemplate, const std::string& kind, const Ar
 void Run(const std::string& kind, const Arguments& arguments, Reporter& reporter) {
   const std::string wanted = arguments.Text("LANGUAGE");
   const bool isComparison = arguments.Has("--compare");
-  if (wanted.empty() != isComparison) {
-    return reporter.Fail(
-        ExitStatus::Usage,
-        isComparison ? "--compare takes every language; name the template only"
-                     : "LANGUAGE is required, unless --compare is given (--help tells what there is)");
-  }
+  if (isComparison && !wanted.empty())
+    return reporter.Fail(ExitStatus::Usage, "--compare takes every language; name the template only");
   Configuration configuration(arguments.Text("--config"), reporter);
   configuration.RequireFolder();
   const auto templates = LoadedTemplates(configuration.Root(), reporter);
@@ -135,6 +131,10 @@ void Run(const std::string& kind, const Arguments& arguments, Reporter& reporter
   if (isComparison) return Compare(*pageTemplate, kind, arguments, reporter);
 
   const auto languages = LanguagesOf(*pageTemplate, kind);
+  if (wanted.empty()) {
+    return reporter.FailAt(ExitStatus::Usage, {}, "LANGUAGE is required, unless --compare is given",
+                           languages);
+  }
   for (const std::string& language : languages) {
     if (!EqualIgnoringCase(language, wanted)) continue;
     const auto texts = TextsOf(*pageTemplate, kind, language, reporter);

@@ -5,13 +5,13 @@
 
 #include <lwconfig/automation/conversion.h>
 #include <lwconfig/automation/published.h>
+#include <lwconfig/checking/model_path.h>
 #include <lwconfig/core/base/letter_case.h>
 
 namespace lwconfig::tool {
 namespace {
 
 using automation::ClassInfo;
-using automation::ValueKind;
 
 bool Begins(std::string_view text, std::string_view beginning) {
   return text.size() >= beginning.size() && EqualIgnoringCase(text.substr(0, beginning.size()), beginning);
@@ -43,12 +43,7 @@ void OfferMembers(const AnyObject& object, const std::string& base, std::string_
   const std::string before = base.empty() ? "" : base + ".";
   for (const auto& member : object.Class->Members()) {
     if (member.Id == automation::kNewEnumId || !Begins(member.Name, partial)) continue;
-    const ClassInfo* held = nullptr;
-    if (member.Get != nullptr && member.Get->ParameterCount == 0) {
-      // The one object that is handed out as a value of any type.
-      if (member.Get->Result.Kind == ValueKind::Object) held = &member.Get->Result.Class();
-      if (member.Get->Result.Kind == ValueKind::Variant) held = automation::FindClass(member.Name);
-    }
+    const ClassInfo* held = member.HeldClass();
     const bool isCollection = held != nullptr && held->IsCollection();
     const std::string text = before + member.Name;
     const char* about = held != nullptr ? held->Name() : automation::TypeName(MainSlot(member).Result);
@@ -108,7 +103,7 @@ std::vector<Candidate> CompleteValue(Model& model, const std::string& path) {
 
 std::vector<Candidate> CompleteMember(Model& model, const std::string& path, std::string_view text) {
   const AnyObject collection = model.FollowToObject(ParsePath(path)).back();
-  const ClassInfo* itemClass = ItemClass(*collection.Class);
+  const ClassInfo* itemClass = collection.Class->ItemClass();
   if (itemClass == nullptr) return {};
   const auto equals = text.find('=');
   std::vector<Candidate> candidates;

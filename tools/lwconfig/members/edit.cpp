@@ -8,7 +8,6 @@
 
 #include <lwconfig/automation/conversion.h>
 #include <lwconfig/automation/errors.h>
-#include <lwconfig/automation/member_facts.h>
 #include <lwconfig/core/base/letter_case.h>
 
 namespace lwconfig::tool {
@@ -76,27 +75,37 @@ void Editor::SetMember(const MemberPath& path, const Way& way, const MemberPath&
         .Numbered(member.Method != nullptr ? automation::kNoSuchMember : automation::kReadOnlyProperty)
         .At(path.Text, last.Offset);
   }
-  mKeeper.Note(way);
-  RefuseKeyInUse(way, member, value);
+  mKeeper.RequireKept(way);
+  RefuseKey(way, member, value);
   mKeeper.RefuseUnwritable(way, value);
   const automation::TypeInfo& type = slot->ParameterList[0].Type;
-  // An option has no meaning for other numbers; elsewhere 0 or -1 may be none of them.
   Variant typed = Typed(value, type);
-  if (mKeeper.IsKeptAtOnce(way)) RequireEnumerator(typed, type, value);
-  mValues.Set(whole, way, member, std::move(typed), std::move(place));
+  if (!HasMeaning(typed, type) && !IsAccepted(way, member, typed)) throw NoValue(value, type).At(value, 0);
+  if (mValues.Set(whole, way, member, std::move(typed), std::move(place))) mKeeper.Note(way);
 }
 
-/// Two items of one key would not load again.
-void Editor::RefuseKeyInUse(const Way& way, const ClassInfo::Member& member, const std::string& value) {
+/// Whether a value without a meaning can be set all the same: that which is there, and that which a new
+/// object begins with, such as 0 for none. The model keeps any in objects that nobody saves.
+bool Editor::IsAccepted(const Way& way, const ClassInfo::Member& member, const Variant& wanted) {
+  const AnyObject& object = way.back();
+  if (mModel.IsNamed(way) || mModel.TryGet(object, member.Name) == wanted) return true;
+  const bool canBeNew = object.Class->IsCreatable() && !mKeeper.IsKeptAtOnce(way);
+  return canBeNew && mModel.TryGet(object.Class->Create(), member.Name) == wanted;
+}
+
+/// An item is found by its key, and two items of one key would not load again.
+void Editor::RefuseKey(const Way& way, const ClassInfo::Member& member, const std::string& value) {
   if (way.size() < 2) return;
-  const char* property = KeyProperty(*way.back().Class);
   const AnyObject& collection = way[way.size() - 2];
-  if (property == nullptr || value.empty() || std::string_view(property) != member.Name ||
-      !collection.Class->IsCollection())
-    return;
+  if (&member != way.back().Class->Key() || !collection.Class->IsCollection()) return;
+  if (value.empty()) {
+    if (mModel.TryGet(way.back(), member.Name) == Variant(value)) return;
+    throw Fault(ExitStatus::Usage, std::string(way.back().Class->Name()) + "." + member.Name +
+                                       " is the key of the item and cannot be empty");
+  }
   const Variant other = FindItem(mModel, collection, value);
   if (!std::holds_alternative<std::monostate>(other) && other != Variant(way.back()))
-    throw Fault(ExitStatus::Invalid, "there is an item '" + value + "' already").At(value, 0);
+    throw Fault(ExitStatus::Usage, "there is an item '" + value + "' already").At(value, 0);
 }
 
 void Editor::Add(const Edit& edit) {
@@ -107,17 +116,15 @@ void Editor::Add(const Edit& edit) {
     throw Fault(ExitStatus::Usage, std::string("nothing can be added to a ") + collection.Name())
         .At(edit.Path, path.Steps.empty() ? 0 : path.Steps.back().Offset);
   }
-  const ClassInfo* itemClass = ItemClass(collection);
-  if (itemClass == nullptr) return AddText(way, edit);
+  const ClassInfo* itemClass = collection.ItemClass();
+  if (itemClass == nullptr) return AddText(path, way, edit);
   const AnyObject item = itemClass->Create();
   Way itemWay = way;
   itemWay.push_back(item);
   mKeeper.Note(itemWay);
   for (const std::string& value : edit.Values) SetOfItem(itemWay, edit.Path, value);
   std::string key = edit.Key;
-  const char* property = KeyProperty(*itemClass);
-  if (key.empty() && property != nullptr)
-    key = automation::ToText(mModel.Invoke(item, property, automation::kPropertyGet));
+  if (key.empty()) key = mModel.KeyOf(item);
   Insert(way, item, key, edit);
 }
 
@@ -140,7 +147,7 @@ void Editor::SetOfItem(const Way& item, const std::string& collection, const std
   }
 }
 
-void Editor::AddText(const Way& way, const Edit& edit) {
+void Editor::AddText(const MemberPath& path, const Way& way, const Edit& edit) {
   if (edit.Values.size() != 1)
     throw Fault(ExitStatus::Usage,
                 "one text was expected, because " + edit.Path + " is a collection of texts");
@@ -148,6 +155,7 @@ void Editor::AddText(const Way& way, const Edit& edit) {
   const std::string& text = edit.Values.front();
   mKeeper.RefuseUnwritable(way, text);
   Insert(way, text, edit.Key.empty() ? text : edit.Key, edit);
+  mValues.NoteText(path, way, text, {mEdits, text, 0});
 }
 
 Variant Editor::Neighbour(const AnyObject& collection, const std::string& text) {
@@ -160,7 +168,7 @@ Variant Editor::Neighbour(const AnyObject& collection, const std::string& text) 
 
 void Editor::Insert(const Way& way, Variant item, const std::string& key, const Edit& edit) {
   if (!key.empty() && !std::holds_alternative<std::monostate>(FindItem(mModel, way.back(), key)))
-    throw Fault(ExitStatus::Invalid, "there is an item '" + key + "' in " + edit.Path + " already");
+    throw Fault(ExitStatus::Usage, "there is an item '" + key + "' in " + edit.Path + " already");
   std::array<Variant, 4> arguments{std::move(item), key, Neighbour(way.back(), edit.Before),
                                    Neighbour(way.back(), edit.After)};
   mModel.Invoke(way.back(), "Add", kMethod, arguments);

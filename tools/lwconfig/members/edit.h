@@ -49,9 +49,10 @@ class Editor {
   void SetOfItem(const Way& item, const std::string& collection, const std::string& assignment);
   void SetMember(const MemberPath& path, const Way& way, const MemberPath& whole, const std::string& value,
                  SetPlace place);
-  void RefuseKeyInUse(const Way& way, const automation::ClassInfo::Member& member, const std::string& value);
+  bool IsAccepted(const Way& way, const automation::ClassInfo::Member& member, const Variant& wanted);
+  void RefuseKey(const Way& way, const automation::ClassInfo::Member& member, const std::string& value);
   void Add(const Edit& edit);
-  void AddText(const Way& way, const Edit& edit);
+  void AddText(const MemberPath& path, const Way& way, const Edit& edit);
   Variant Neighbour(const AnyObject& collection, const std::string& text);
   void Insert(const Way& way, Variant item, const std::string& key, const Edit& edit);
   void Remove(const MemberPath& path);

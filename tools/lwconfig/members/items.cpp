@@ -9,7 +9,6 @@
 
 namespace lwconfig::tool {
 
-using automation::ClassInfo;
 using automation::kPropertyGet;
 
 std::int32_t CountOf(Model& model, const AnyObject& collection) {
@@ -58,13 +57,6 @@ std::vector<Item> ItemsOf(const AnyObject& collection) {
     items.push_back({position, keyAt != nullptr ? keyAt(collection.Pointer, position) : "", value});
   }
   return items;
-}
-
-const ClassInfo* ItemClass(const ClassInfo& collection) {
-  const ClassInfo::Member* add = collection.Find("Add");
-  if (add == nullptr || add->Method == nullptr) return nullptr;
-  const auto& type = add->Method->Parameters().front().Type;
-  return type.Kind == automation::ValueKind::Object ? &type.Class() : nullptr;
 }
 
 }  // namespace lwconfig::tool

@@ -20,7 +20,4 @@ Variant KeyArgument(Model& model, const AnyObject& collection, const KeyOrPositi
 /// The item; an empty value where there is none.
 Variant FindItem(Model& model, const AnyObject& collection, const KeyOrPosition& key);
 
-/// The class of the items that can be added to the collection; null where they are texts.
-const automation::ClassInfo* ItemClass(const automation::ClassInfo& collection);
-
 }  // namespace lwconfig::tool

@@ -11,68 +11,47 @@
 namespace lwconfig::tool {
 namespace {
 
-enum class Kept { BySave, ByCatalogue, AtOnce, Never };
-
-struct Keeping {
-  std::string_view Class;
-  Kept How;
-};
-
-/// How changes of an object of the class, and of what belongs to it, are kept.
-constexpr std::array<Keeping, 15> kKeeping{{
-    {"PageTemplate", Kept::ByCatalogue},
-    {"TaggedCommentDefs", Kept::BySave},
-    {"ModelCommentProfiles", Kept::BySave},
-    {"ExternalDocs", Kept::BySave},
-    {"CommentFileLocations", Kept::BySave},
-    {"VSNETOptions", Kept::AtOnce},
-    {"VBOptions", Kept::AtOnce},
-    {"LWCommenterOptions", Kept::AtOnce},
-    {"IDEOptions", Kept::AtOnce},
-    {"SpellingOptions", Kept::AtOnce},
-    {"PageTemplates", Kept::Never},
-    {"Languages", Kept::Never},
-    {"NamespaceProfiles", Kept::Never},
-    {"NamespaceDefs", Kept::Never},  // those of a template as well: it keeps the names of the profiles only
-    {"PlugIns", Kept::Never},
-}};
+using automation::Saving;
 
 constexpr const char* kCatalogue = "PageTemplates";
 
-const Keeping* Find(const AnyObject& object) {
-  const auto* const found = std::ranges::find(kKeeping, object.Class->Name(), &Keeping::Class);
-  return found == kKeeping.end() ? nullptr : found;
+/// The nearest object of the way that decides how changes are kept; null where none does.
+const AnyObject* FindOwner(const Way& way) {
+  const auto found = std::find_if(way.rbegin(), way.rend(), [](const AnyObject& object) {
+    return object.Class->Saving() != Saving::WithOwner;
+  });
+  return found == way.rend() ? nullptr : &*found;
 }
 
-/// The nearest object of the way that decides how changes are kept; `rend` where none does.
-auto FindOwner(const Way& way) {
-  return std::find_if(way.rbegin(), way.rend(),
-                      [](const AnyObject& object) { return Find(object) != nullptr; });
-}
-
-[[noreturn]] void FailUnkept(const AnyObject& object, const char* why) {
-  throw Fault(ExitStatus::Usage, std::string(object.Class->Name()) + why);
+[[noreturn]] void FailUnkept(const AnyObject& object, const std::string& why) {
+  throw Fault(ExitStatus::Usage, object.Class->Name() + why);
 }
 
 }  // namespace
 
 bool Keeper::IsKeptAtOnce(const Way& way) const {
-  const auto owner = FindOwner(way);
-  return !mModel.IsNamed(way) && owner != way.rend() && Find(*owner)->How == Kept::AtOnce;
+  const AnyObject* owner = FindOwner(way);
+  return !mModel.IsNamed(way) && owner != nullptr && owner->Class->Saving() == Saving::AtOnce;
 }
 
-void Keeper::Note(const Way& way) {
+void Keeper::RequireKept(const Way& way) const {
   if (mModel.IsNamed(way)) return;
-  const auto owner = FindOwner(way);
-  if (owner == way.rend()) FailUnkept(way.back(), " is not kept in any file");
-  const Kept how = Find(*owner)->How;
-  if (how == Kept::AtOnce) return;
-  if (how == Kept::Never) FailUnkept(*owner, " cannot be saved: the model only reads it");
-  if (mModel.Report().Status() != ExitStatus::Done) {
+  const AnyObject* owner = FindOwner(way);
+  if (owner == nullptr) FailUnkept(way.back(), " is not kept in any file");
+  const Saving how = owner->Class->Saving();
+  if (how == Saving::AtOnce) return;
+  if (how == Saving::Never) FailUnkept(*owner, " cannot be saved: the model only reads it");
+  if (!mModel.Report().IsClean()) {
     throw Fault(ExitStatus::Invalid,
                 "the configuration could not be read as a whole; saving it could lose what was not read");
   }
-  if (std::ranges::find(mChanged, *owner) == mChanged.end()) mChanged.push_back(*owner);
+}
+
+void Keeper::Note(const Way& way) {
+  RequireKept(way);
+  if (mModel.IsNamed(way) || IsKeptAtOnce(way)) return;
+  const AnyObject& owner = *FindOwner(way);
+  if (std::ranges::find(mChanged, owner) == mChanged.end()) mChanged.push_back(owner);
 }
 
 void Keeper::RefuseUnwritable(const Way& way, const std::string& text) const {
@@ -89,10 +68,9 @@ void Keeper::RefuseUnwritable(const Way& way, const std::string& text) const {
 }
 
 void Keeper::NoteRemoval(const Way& way) {
-  const std::string_view name = way.back().Class->Name();
-  if (name == kCatalogue || name == "ModelCommentProfiles") {
-    FailUnkept(way.back(), name == kCatalogue ? ": each item has a folder of its own; remove the folder"
-                                              : ": each item has a file of its own; remove the file");
+  if (const char* storage = way.back().Class->ItemStorage()) {
+    const std::string name(storage);
+    FailUnkept(way.back(), ": each item has a " + name + " of its own; remove the " + name);
   }
   Note(way);
 }
@@ -101,7 +79,7 @@ void Keeper::Save() {
   const auto changed = std::exchange(mChanged, {});
   if (changed.empty()) return;
   for (const AnyObject& object : changed) {
-    if (Find(object)->How == Kept::BySave) {
+    if (object.Class->Saving() == Saving::ByItself) {
       mModel.Invoke(object, "Save", automation::kMethod);
       continue;
     }
@@ -111,10 +89,10 @@ void Keeper::Save() {
   }
   mModel.Invoke(mModel.Root(), "ResetLWConfig", automation::kMethod);
   for (const AnyObject& object : changed) {
-    const bool hasOwnFile = Find(object)->How == Kept::BySave;
+    const bool hasOwnFile = object.Class->Saving() == Saving::ByItself;
     mModel.Follow(ParsePath(hasOwnFile ? object.Class->Name() : kCatalogue));
   }
-  if (mModel.Report().Status() != ExitStatus::Done)
+  if (!mModel.Report().IsClean())
     throw Fault(ExitStatus::Invalid, "with this change the configuration could not be read any more");
 }
 

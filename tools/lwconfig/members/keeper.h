@@ -13,7 +13,9 @@ class Keeper {
 
   /// Whether changes of the last object of `way` are stored by themselves, in the registry instead of a file.
   bool IsKeptAtOnce(const Way& way) const;
-  /// The last object of `way` is to be changed. Throws a `Fault` where nothing would keep the change.
+  /// Throws a `Fault` where nothing would keep a change of the last object of `way`.
+  void RequireKept(const Way& way) const;
+  /// As above; the object is to be changed.
   void Note(const Way& way);
   /// Throws a `Fault` for a text that could not be read back from the place where `way` is kept.
   void RefuseUnwritable(const Way& way, const std::string& text) const;

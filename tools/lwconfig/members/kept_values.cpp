@@ -5,11 +5,11 @@
 #include <tools/lwconfig/members/items.h>
 #include <tools/lwconfig/members/kept_values.h>
 #include <tools/lwconfig/members/value.h>
-#include <tools/lwconfig/overlay/overlay.h>
 
 #include <lwconfig/automation/contracts.h>
 #include <lwconfig/automation/conversion.h>
-#include <lwconfig/automation/member_facts.h>
+#include <lwconfig/checking/model_path.h>
+#include <lwconfig/transaction/transaction.h>
 
 namespace lwconfig::tool {
 namespace {
@@ -28,6 +28,12 @@ std::string StepText(const MemberPath& path, std::size_t at) {
   return (at > 0 && !step.IsItem() ? "." : "") + text;
 }
 
+/// Whether the collection has the text as an item.
+bool Has(const AnyObject& collection, const std::string& text) {
+  const auto items = ItemsOf(collection);
+  return std::ranges::find(items, Variant(text), &Item::Value) != items.end();
+}
+
 }  // namespace
 
 /// The text of a value by which it can be compared with that of another load. An object is known by its key.
@@ -38,9 +44,8 @@ std::string KeptValues::KeyText(const Variant& value) {
                ? ""
                : automation::ToText(value);
   if (!*object || object->Class == nullptr) return "null";
-  const char* key = KeyProperty(*object->Class);
-  const std::string name = object->Class->Name();
-  return key != nullptr ? name + " " + automation::ToText(mModel.Invoke(*object, key, kPropertyGet)) : name;
+  const std::string key = mModel.KeyOf(*object);
+  return object->Class->Name() + (key.empty() ? "" : " " + key);
 }
 
 /// The values of the object's other properties, objects aside. Those that cannot be read are left out.
@@ -51,46 +56,62 @@ std::vector<Variant> KeptValues::OtherValues(const AnyObject& object, const Clas
                          other.Get->Result.Kind != automation::ValueKind::Object &&
                          other.Get->Result.Kind != automation::ValueKind::Enumerator;
     if (!isValue || &other == &member) continue;
-    try {
-      values.push_back(mModel.Invoke(object, other.Name, kPropertyGet));
-    } catch (const Error&) {
-      continue;
-    }
+    if (auto held = mModel.TryGet(object, other.Name)) values.push_back(*std::move(held));
   }
   return values;
 }
 
-/// Nothing for a property that cannot be read.
-std::optional<std::string> KeptValues::Read(const Value& value) {
-  try {
-    return KeyText(mModel.Invoke(value.Way.back(), value.Member.c_str(), kPropertyGet));
-  } catch (const Error&) {
-    return std::nullopt;
-  }
+/// Sets the property; whether that changes other properties of the object.
+bool KeptValues::SetsOthers(const AnyObject& object, const ClassInfo::Member& member, Variant wanted) {
+  const auto others = OtherValues(object, member);
+  const bool isObject = std::holds_alternative<AnyObject>(wanted);
+  std::array<Variant, 1> argument{std::move(wanted)};
+  mModel.Invoke(object, member.Name, isObject ? kPropertySet : kPropertyLet, argument);
+  return OtherValues(object, member) != others;
 }
 
-void KeptValues::Set(const MemberPath& path, const Way& way, const ClassInfo::Member& member, Variant wanted,
+/// Nothing for a property that cannot be read.
+std::optional<std::string> KeptValues::Read(const Value& value) {
+  const auto held = mModel.TryGet(value.Way.back(), value.Member.c_str());
+  return held ? std::optional(KeyText(*held)) : std::nullopt;
+}
+
+bool KeptValues::Set(const MemberPath& path, const Way& way, const ClassInfo::Member& member, Variant wanted,
                      SetPlace place) {
   const bool isObject = std::holds_alternative<AnyObject>(wanted);
   Value value{path, way, member.Name, std::move(place), isObject, mKeeper.IsKeptAtOnce(way)};
   const bool isChecked = member.Get != nullptr && !mModel.IsNamed(way);
   if (isChecked) {
-    try {
-      value.Before = mModel.Invoke(way.back(), member.Name, kPropertyGet);
-    } catch (const Error&) {
-      value.Before = {};
-    }
+    value.Before = mModel.TryGet(way.back(), member.Name).value_or(Variant());
+    value.Wanted = wanted;
     value.BeforeText = KeyText(value.Before);
     value.WantedText = KeyText(wanted);
+    value.Shown = isObject ? value.WantedText : ValueText(wanted, member.Get->Result);
   }
-  const auto others = OtherValues(way.back(), member);
-  std::array<Variant, 1> argument{std::move(wanted)};
-  mModel.Invoke(way.back(), member.Name, isObject ? kPropertySet : kPropertyLet, argument);
-  value.ChangesOthers = OtherValues(way.back(), member) != others;
-  if (!isChecked || value.BeforeText == value.WantedText) return;
-  const auto now = Read(value);
-  if (!now) return;
-  value.SetText = *now;
+  value.ChangesOthers = SetsOthers(way.back(), member, std::move(wanted));
+  const bool isAnother = value.BeforeText != value.WantedText;
+  if (const auto now = Read(value); isChecked && isAnother && now) {
+    value.SetText = *now;
+    mValues.push_back(value);
+  }
+  return !isChecked || isAnother || value.ChangesOthers;
+}
+
+/// Whether setting the property changes others of a new object: those of the one in question may have had
+/// their values already.
+bool KeptValues::SetsOthersOfNew(const ClassInfo& info, const Value& value) {
+  try {
+    return info.IsCreatable() && SetsOthers(info.Create(), *info.Find(value.Member), value.Wanted);
+  } catch (const Error&) {
+    return false;
+  }
+}
+
+void KeptValues::NoteText(const MemberPath& path, const Way& way, const std::string& text, SetPlace place) {
+  if (mModel.IsNamed(way) || path.Steps.back().IsItem()) return;
+  Value value{path, {way.begin(), way.end() - 1}, path.Steps.back().Name, std::move(place)};
+  value.AddedText = text;
+  value.SetText = KeyText(way.back());
   mValues.push_back(std::move(value));
 }
 
@@ -98,6 +119,8 @@ void KeptValues::Set(const MemberPath& path, const Way& way, const ClassInfo::Me
 /// where the property does not have the value any more, or its object is not there.
 std::optional<std::string> KeptValues::Locate(const Value& value) {
   if (Read(value) != value.SetText) return std::nullopt;
+  const auto held = mModel.TryGet(value.Way.back(), value.Member.c_str());
+  if (value.AddedText && !Has(std::get<AnyObject>(*held), *value.AddedText)) return std::nullopt;
   std::string text;
   for (std::size_t at = 0; at < value.Path.Steps.size(); ++at) {
     const PathStep& step = value.Path.Steps[at];
@@ -111,9 +134,7 @@ std::optional<std::string> KeptValues::Locate(const Value& value) {
     const auto items = ItemsOf(parent);
     const auto item = std::ranges::find(items, Variant(child), &Item::Value);
     if (item == items.end()) return std::nullopt;
-    const char* property = KeyProperty(*child.Class);
-    const std::string key =
-        property != nullptr ? automation::ToText(mModel.Invoke(child, property, kPropertyGet)) : "";
+    const std::string key = mModel.KeyOf(child);
     text += "[" + (key.empty() ? std::to_string(item->Position) : WrittenKey(key)) + "]";
   }
   return text;
@@ -125,7 +146,7 @@ bool KeptValues::HasEffect(const Value& value, const std::string& location, cons
   if (value.IsObject || now == value.BeforeText) return now != value.BeforeText;
   std::string other;
   {
-    const Overlay trial;
+    const Transaction trial;
     const MemberPath path = ParsePath(location);
     const Way way = mModel.FollowToObject(path, path.Steps.size() - 1, {mModel.Root()});
     mKeeper.Note(way);
@@ -138,26 +159,41 @@ bool KeptValues::HasEffect(const Value& value, const std::string& location, cons
   return other != now;
 }
 
+void KeptValues::CheckText(const Value& value, const std::string& location, const AnyObject& collection) {
+  if (Has(collection, *value.AddedText)) return;
+  std::string texts;
+  for (const Item& item : ItemsOf(collection)) {
+    texts += (texts.empty() ? "'" : ", '") + automation::ToText(item.Value) + "'";
+  }
+  throw Fault(ExitStatus::Usage, location + " cannot have the item '" + *value.AddedText +
+                                     "': saved and loaded again it has " + (texts.empty() ? "none" : texts))
+      .At(value.Place.Word, value.Place.Offset)
+      .OfEdit(value.Place.Edit);
+}
+
 void KeptValues::Check(const Value& value, const std::string& location) {
   const MemberPath path = ParsePath(location);
   std::optional<Place> found;
   try {
     found = mModel.Follow(path);
   } catch (const Fault&) {
-    throw Fault(ExitStatus::Usage, location + " cannot be set to '" + value.WantedText +
-                                       "': saved and loaded again it is not there")
+    throw Fault(ExitStatus::Usage,
+                location + " cannot be set to '" + value.Shown + "': saved and loaded again it is not there")
         .At(value.Place.Word, value.Place.Offset)
         .OfEdit(value.Place.Edit);
   }
+  if (value.AddedText) return CheckText(value, location, std::get<AnyObject>(found->Value));
   const std::string now = KeyText(found->Value);
   if (now == value.WantedText || value.ChangesOthers) return;
+  const ClassInfo& info = *found->Way.back().Class;
+  if (SetsOthersOfNew(info, value)) return;
   const std::string reads = "'" + ValueText(found->Value, found->Type) + "'";
   if (value.IsStoredAtOnce || HasEffect(value, location, now)) {
-    mModel.Report().Note("'" + value.WantedText + "' is stored, but " + location + " reads as " + reads);
+    mModel.Report().Note("'" + value.Shown + "' is stored, but " + location + " reads as " + reads);
     return;
   }
-  const std::string owner = found->Way.back().Class->Name();
-  throw Fault(ExitStatus::Usage, owner + "." + value.Member + " cannot be set to '" + value.WantedText +
+  const std::string owner = info.Name();
+  throw Fault(ExitStatus::Usage, owner + "." + value.Member + " cannot be set to '" + value.Shown +
                                      "': saved and loaded again it is " + reads + ". " +
                                      std::string(automation::Contract(owner, value.Member)))
       .At(value.Place.Word, value.Place.Offset)

@@ -22,11 +22,13 @@ class KeptValues {
  public:
   KeptValues(Model& model, Keeper& keeper) : mModel(model), mKeeper(keeper) {}
 
-  /// Sets the property. `path` leads to it, through the objects of `way`.
-  void Set(const MemberPath& path, const Way& way, const automation::ClassInfo::Member& member,
+  /// Sets the property; whether that changes anything. `path` leads to it, through the objects of `way`.
+  bool Set(const MemberPath& path, const Way& way, const automation::ClassInfo::Member& member,
            Variant wanted, SetPlace place);
-  /// Saves and loads what was changed. Throws a `Fault` for a value that has no effect on what is loaded, and
-  /// reports one that is loaded in another form.
+  /// Notes a text that was added to the collection, the last object of `way`, to which `path` leads.
+  void NoteText(const MemberPath& path, const Way& way, const std::string& text, SetPlace place);
+  /// Saves and loads what was changed. Throws a `Fault` for a value that has no effect on what is loaded, or
+  /// a text that is not loaded as one item, and reports a value that is loaded in another form.
   void Save();
 
  private:
@@ -39,16 +41,22 @@ class KeptValues {
     bool IsStoredAtOnce = false;
     bool ChangesOthers = false;  // setting it changed other properties of the object
     Variant Before{};
-    std::string BeforeText{};  // these are made while the objects are in the model
+    Variant Wanted{};
+    std::optional<std::string> AddedText{};  // to the collection that the property is
+    std::string BeforeText{};                // these are made while the objects are in the model
     std::string WantedText{};
     std::string SetText{};
+    std::string Shown{};  // the wanted value for messages
   };
 
   std::optional<std::string> Read(const Value& value);
   std::string KeyText(const Variant& value);
   std::vector<Variant> OtherValues(const AnyObject& object, const automation::ClassInfo::Member& member);
+  bool SetsOthers(const AnyObject& object, const automation::ClassInfo::Member& member, Variant wanted);
   std::optional<std::string> Locate(const Value& value);
   void Check(const Value& value, const std::string& location);
+  bool SetsOthersOfNew(const automation::ClassInfo& info, const Value& value);
+  void CheckText(const Value& value, const std::string& location, const AnyObject& collection);
   bool HasEffect(const Value& value, const std::string& location, const std::string& now);
 
   Model& mModel;

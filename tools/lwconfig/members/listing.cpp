@@ -25,7 +25,7 @@ bool HasValue(Model& model, const AnyObject& object, const ClassInfo::Member& me
   if (member.Get == nullptr || member.Get->ParameterCount > 0) return false;
   const ValueKind kind = member.Get->Result.Kind;
   if (kind == ValueKind::Enumerator) return false;
-  return object != model.Root() || (kind != ValueKind::Object && kind != ValueKind::Variant);
+  return object.Class != model.Root().Class || (kind != ValueKind::Object && kind != ValueKind::Variant);
 }
 
 /// That value; nothing for a property that fails.
@@ -82,26 +82,43 @@ std::string ItemTable(const AnyObject& collection, const TextStyle& style) {
   return table.Text(style);
 }
 
-/// The properties with their values; of objects below it the class and, of collections, the count.
-Json Properties(Model& model, const AnyObject& object) {
+Json ItemsJson(Model& model, const AnyObject& collection, int levels);
+
+/// The properties with their values; of objects below them that are on no level to show the class and, of
+/// collections, the count.
+Json Properties(Model& model, const AnyObject& object, int levels) {
   Json json = Json::object();
   ForEachMember(*object.Class, [&](const ClassInfo::Member& member) {
     const auto value = Peek(model, object, member);
     if (!value) return;
     json[member.Name] = ValueJson(*value);
-    if (const AnyObject* held = ObjectIn(*value); IsCollection(held))
+    const AnyObject* held = ObjectIn(*value);
+    if (held == nullptr) return;
+    // An object that may be absent is shown where it belongs.
+    const bool isShown = levels > 0 && !member.Get->Result.MayBeNull;
+    const bool isCollection = IsCollection(held);
+    if (isShown)
+      json[member.Name] =
+          isCollection ? ItemsJson(model, *held, levels) : Properties(model, *held, levels - 1);
+    else if (isCollection)
       json[member.Name]["Count"] = CountOf(model, *held);
   });
   return json;
 }
 
-Json ItemsJson(Model& model, const AnyObject& collection) {
-  Json json = Json::array();
+/// A collection of texts is an object of these where all have keys, and not themselves for keys.
+Json ItemsJson(Model& model, const AnyObject& collection, int levels) {
+  Json list = Json::array();
+  Json table = Json::object();
+  bool isTable = collection.Class->ItemClass() == nullptr;
+  bool hasOtherKeys = false;
   for (const Item& item : ItemsOf(collection)) {
-    const AnyObject* object = ObjectIn(item.Value);
-    json.push_back(object != nullptr ? Properties(model, *object) : ValueJson(item.Value));
+    list.push_back(NestedJson(model, item.Value, levels - 1));
+    isTable = isTable && !item.Key.empty();
+    if (isTable) table[item.Key] = list.back();
+    hasOtherKeys = hasOtherKeys || item.Value != Variant(item.Key);
   }
-  return json;
+  return isTable && hasOtherKeys ? table : list;
 }
 
 }  // namespace
@@ -169,10 +186,17 @@ Json ValueJson(const Variant& value) {
   return std::visit(ToJson{}, value);
 }
 
-Json GotJson(Model& model, const Place& place) {
-  const AnyObject* object = ObjectIn(place.Value);
-  if (object == nullptr) return ValueJson(place.Value);
-  return IsCollection(object) ? ItemsJson(model, *object) : Properties(model, *object);
+Json GotJson(Model& model, const Variant& value) {
+  const AnyObject* object = ObjectIn(value);
+  return IsCollection(object) ? ItemsJson(model, *object, 0) : NestedJson(model, value, 0);
+}
+
+Json NestedJson(Model& model, const Variant& value, int levels) {
+  const AnyObject* object = ObjectIn(value);
+  if (object == nullptr) return ValueJson(value);
+  Json json = Properties(model, *object, levels);
+  if (levels > 0 && IsCollection(object)) json["Items"] = ItemsJson(model, *object, levels);
+  return json;
 }
 
 Json ListedJson(Model& model, const AnyObject& object) {

@@ -3,7 +3,7 @@
 #include <string>
 
 #include <tools/lwconfig/members/model.h>
-#include <tools/lwconfig/view/node.h>
+#include <tools/lwconfig/view/json_value.h>
 #include <tools/lwconfig/view/tree_text.h>
 
 namespace lwconfig::tool {
@@ -21,7 +21,10 @@ std::string GotText(Model& model, const Place& place, const TextStyle& style);
 std::string ListedText(Model& model, const AnyObject& object, const TextStyle& style);
 
 /// A value; of an object its properties, where objects have a class only; of a collection its items.
-Json GotJson(Model& model, const Place& place);
+Json GotJson(Model& model, const Variant& value);
+/// The properties of an object, and its items where it has any, with those of the objects below it, as many
+/// levels deep.
+Json NestedJson(Model& model, const Variant& value, int levels);
 Json ListedJson(Model& model, const AnyObject& object);
 Json ValueJson(const Variant& value);
 

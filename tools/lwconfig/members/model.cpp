@@ -6,6 +6,7 @@
 #include <tools/lwconfig/members/model.h>
 #include <tools/lwconfig/members/value.h>
 
+#include <lwconfig/automation/conversion.h>
 #include <lwconfig/automation/dispatch.h>
 #include <lwconfig/automation/errors.h>
 #include <lwconfig/automation/published.h>
@@ -64,6 +65,19 @@ Variant Model::Invoke(const AnyObject& object, const char* member, unsigned kind
     told.SetPosition(cause.Position());
     throw told;
   }
+}
+
+std::optional<Variant> Model::TryGet(const AnyObject& object, const char* member) {
+  try {
+    return Invoke(object, member, kPropertyGet);
+  } catch (const Error&) {
+    return std::nullopt;
+  }
+}
+
+std::string Model::KeyOf(const AnyObject& object) {
+  const ClassInfo::Member* key = object.Class->Key();
+  return key != nullptr ? automation::ToText(Invoke(object, key->Name, kPropertyGet)) : "";
 }
 
 Variant Model::Get(const AnyObject& object, const ClassInfo::Member& member, std::span<Variant> arguments) {

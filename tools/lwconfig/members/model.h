@@ -1,6 +1,7 @@
 #pragma once
 
 #include <map>
+#include <optional>
 #include <span>
 #include <string>
 #include <vector>
@@ -57,6 +58,12 @@ class Model {
   /// Uses a member. A failure inside the operation is thrown as it arose, with number and source in its text.
   Variant Invoke(const AnyObject& object, const char* member, unsigned kinds,
                  std::span<Variant> arguments = {});
+
+  /// The value of a property without arguments; nothing where it cannot be read.
+  std::optional<Variant> TryGet(const AnyObject& object, const char* member);
+
+  /// By which the object is found in a collection; empty where its class has no keys.
+  std::string KeyOf(const AnyObject& object);
 
   Reporter& Report() { return mReporter; }
 

@@ -159,18 +159,6 @@ KeyOrPosition ParseValue(const std::string& text) {
   return inside;
 }
 
-std::string WrittenKey(std::string_view key, char quote) {
-  const bool isSafe = !key.empty() && WithoutBlanks(key) == key && !IsWholeNumber(key) &&
-                      key.find_first_of("\"'[]") == std::string_view::npos;
-  if (quote == '\0') {
-    if (isSafe) return std::string(key);
-    quote = '"';
-  }
-  std::string written(1, quote);
-  for (const char c : key) written.append(c == quote ? 2 : 1, c);
-  return written + quote;
-}
-
 UnfinishedPath SplitUnfinished(std::string_view text) {
   std::size_t begin = 0;  // of the step under way
   char close = '\0';      // what ends the brackets that are open

@@ -44,9 +44,6 @@ MemberPath ParsePath(std::string_view text);
 /// no value in quotation marks and no number is taken as it is.
 KeyOrPosition ParseValue(const std::string& text);
 
-/// The key as it has to be written in brackets: as it is where that is safe, else in the quotation marks.
-std::string WrittenKey(std::string_view key, char quote = '\0');
-
 /// Where the unfinished step at the end of a path begins, for completion.
 struct UnfinishedPath {
   std::string Base{};     // the whole steps before

@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <array>
 
 #include <tools/lwconfig/members/value.h>
@@ -8,26 +9,19 @@
 #include <lwconfig/core/base/letter_case.h>
 
 namespace lwconfig::tool {
-namespace {
 
 using automation::TypeInfo;
 using automation::ValueKind;
 
-/// A `Fault` with the words that would have done.
-Fault NoValue(const std::string& text, const TypeInfo& type, std::int32_t number = kTypeMismatch) {
-  const auto possible = PossibleValues(type);
-  if (!possible.empty() && type.Kind == ValueKind::Enumeration)
-    return Fault::Unknown(ExitStatus::Usage, "value", text, std::string(" of ") + type.Enumeration().Name,
-                          possible)
-        .Numbered(number);
-  const bool isFlag = type.Kind == ValueKind::Boolean;
-  const bool isNumber = type.Kind == ValueKind::Integer16 || type.Kind == ValueKind::Integer32;
-  return Fault(ExitStatus::Usage, "'" + text + "' is not " +
-                                      (isFlag          ? "True or False"
-                                       : type.IsColour ? "a colour: #rrggbb, or the number that --json prints"
-                                       : isNumber      ? "a whole number that fits"
-                                                       : "@ and the path of an object, or null"))
-      .Numbered(number);
+namespace {
+
+/// Red, green and blue, or one of the system's colours.
+bool IsColour(std::int32_t number) {
+  constexpr std::uint32_t kMostRgb = 0xFFFFFF;
+  constexpr std::uint32_t kSystem = 0x80000000;
+  constexpr std::uint32_t kMostSystem = 0x800000FF;
+  const auto bits = static_cast<std::uint32_t>(number);
+  return bits <= kMostRgb || (bits >= kSystem && bits <= kMostSystem);
 }
 
 std::int32_t WholeNumber(const std::string& text, const TypeInfo& type) {
@@ -146,12 +140,29 @@ Variant TypedArgument(const PathValue& argument, const TypeInfo& type, std::stri
   }
 }
 
-void RequireEnumerator(const Variant& value, const TypeInfo& type, const std::string& written) {
-  if (type.Kind != ValueKind::Enumeration) return;
-  for (const auto& member : type.Enumeration().Members) {
-    if (value == Variant(member.Value)) return;
-  }
-  throw NoValue(written, type).At(written, 0);
+bool HasMeaning(const Variant& value, const TypeInfo& type) {
+  const auto* number = std::get_if<std::int32_t>(&value);
+  if (number == nullptr) return true;
+  if (type.IsColour) return IsColour(*number);
+  return type.Kind != ValueKind::Enumeration ||
+         std::ranges::find(type.Enumeration().Members, *number, &automation::EnumMember::Value) !=
+             type.Enumeration().Members.end();
+}
+
+Fault NoValue(const std::string& text, const TypeInfo& type, std::int32_t number) {
+  const auto possible = PossibleValues(type);
+  if (!possible.empty() && type.Kind == ValueKind::Enumeration)
+    return Fault::Unknown(ExitStatus::Usage, "value", text, std::string(" of ") + type.Enumeration().Name,
+                          possible)
+        .Numbered(number);
+  const bool isFlag = type.Kind == ValueKind::Boolean;
+  const bool isNumber = type.Kind == ValueKind::Integer16 || type.Kind == ValueKind::Integer32;
+  return Fault(ExitStatus::Usage, "'" + text + "' is not " +
+                                      (isFlag          ? "True or False"
+                                       : type.IsColour ? "a colour: #rrggbb, or the number that --json prints"
+                                       : isNumber      ? "a whole number that fits"
+                                                       : "@ and the path of an object, or null"))
+      .Numbered(number);
 }
 
 std::vector<std::string> PossibleValues(const TypeInfo& type) {

@@ -8,6 +8,7 @@
 #include <tools/lwconfig/members/path.h>
 
 #include <lwconfig/automation/class_info.h>
+#include <lwconfig/core/base/error.h>
 #include <lwconfig/core/base/variant.h>
 
 namespace lwconfig::tool {
@@ -24,9 +25,11 @@ Variant TypedValue(const std::string& text, const automation::TypeInfo& type, co
 /// As above for an argument inside the path `text`; where any value will do, a number is a number.
 Variant TypedArgument(const PathValue& argument, const automation::TypeInfo& type, std::string_view text);
 
-/// Throws a `Fault` of usage where the type is an enumeration that does not have the value, a number that was
-/// written so.
-void RequireEnumerator(const Variant& value, const automation::TypeInfo& type, const std::string& written);
+/// Whether the number stands for something: it is an enumerator, or a colour, where the type has these. True
+/// for all other types.
+bool HasMeaning(const Variant& value, const automation::TypeInfo& type);
+/// The `Fault` of a text that is no value of the type; with the words that are, where they are few.
+Fault NoValue(const std::string& text, const automation::TypeInfo& type, std::int32_t number = kTypeMismatch);
 
 /// What can be written for this type, where there is a choice of few.
 std::vector<std::string> PossibleValues(const automation::TypeInfo& type);

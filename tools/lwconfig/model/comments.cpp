@@ -6,27 +6,20 @@ namespace {
 std::vector<Property> PropertiesOf(const TaggedCommentDef& definition, const std::string& usualDesigner) {
   const bool isUsual = definition.DesignerProgID.empty() && !usualDesigner.empty();
   return {
-      Unlabelled("TagIdentifier", definition.TagIdentifier),
-      Valued("Description", definition.Description, "description"),
-      Valued("GroupName", definition.GroupName, "group"),
-      Valued("Namespace", definition.Namespace, "applies to"),
-      Valued("XMLCommentTypes", definition.XMLCommentTypes, "XML tags"),
-      Unlabelled("ElementType", static_cast<std::int32_t>(definition.ElementType)),
-      Valued("Format", definition.Format, "format"),
-      Valued("IsGeneral", definition.IsGeneral, "general"),
-      Unlabelled("WrapType", static_cast<std::int32_t>(definition.WrapType)),
-      {"DesignerProgID",
-       definition.DesignerProgID,
-       "designer",
-       {isUsual ? usualDesigner + " (default)" : definition.DesignerProgID}},
-      Valued("DesignFlags", definition.DesignFlags, "designer"),
-      Valued("Hidden", definition.Hidden, "hidden"),
-      Valued("LegacyFor", definition.LegacyFor, "replaced by"),
-      Valued("TabName", definition.TabName, "tab"),
-      Valued("Tip", definition.Tip, "tip"),
-      Valued("Flags", definition.Flags, "flags"),
-      Valued("Icon", definition.Icon, "icon"),
-      Unlabelled("Standard", definition.Standard),
+      Labelled("description", definition.Description),
+      Labelled("group", definition.GroupName),
+      Labelled("applies to", definition.Namespace),
+      Labelled("XML tags", definition.XMLCommentTypes),
+      Labelled("format", definition.Format),
+      Labelled("general", definition.IsGeneral),
+      {"designer", {isUsual ? usualDesigner + " (default)" : definition.DesignerProgID}},
+      Labelled("designer", definition.DesignFlags),
+      Labelled("hidden", definition.Hidden),
+      Labelled("replaced by", definition.LegacyFor),
+      Labelled("tab", definition.TabName),
+      Labelled("tip", definition.Tip),
+      Labelled("flags", definition.Flags),
+      Labelled("icon", definition.Icon),
   };
 }
 
@@ -46,20 +39,18 @@ Node Describe(const TaggedCommentDef& definition, const std::string& usualDesign
 Node DescribePart(const TaggedCommentDefs& definitions, bool isStandard) {
   Node part{"part", isStandard ? "standard" : "custom"};
   part.Properties = {
-      Unlabelled("Standard", isStandard),
-      {"DefaultDesignerProgID",
-       definitions.DefaultDesignerProgID,
-       "default designer",
-       {definitions.DefaultDesignerProgID}},
+      {"default designer", {definitions.DefaultDesignerProgID}},
   };
-  std::vector<const TaggedCommentDef*> members;
+  std::vector<std::shared_ptr<TaggedCommentDef>> members;
   for (const auto& definition : definitions) {
-    if (definition->Standard == isStandard) members.push_back(definition.get());
+    if (definition->Standard == isStandard) members.push_back(definition);
   }
   const std::size_t count = members.size();
   part.Summary = {{std::to_string(count) + (count == 1 ? " tag" : " tags")}};
   const auto describe = [members = std::move(members), &definitions](std::size_t place) {
-    return Describe(*members[place], definitions.DefaultDesignerProgID);
+    Node node = Describe(*members[place], definitions.DefaultDesignerProgID);
+    node.Value = automation::ToAnyObject(members[place]);
+    return node;
   };
   part.Groups.push_back({"", "TaggedCommentDefs", {count, describe}});
   return part;
@@ -83,16 +74,10 @@ Node Describe(const ModelComment& comment) {
                   {comment.TaggedCommentPrefix, Tone::Link},
                   {comment.TaggedCommentText, Tone::Quiet}};
   node.Properties = {
-      Unlabelled("MemberName", comment.MemberName),
-      Valued("MemberType_Namespace", comment.MemberType_Namespace, "kind of member"),
-      Unlabelled("MemberType", comment.MemberType()),
-      Valued("TaggedCommentPrefix", comment.TaggedCommentPrefix, "comment"),
-      Valued("TaggedCommentText", comment.TaggedCommentText, "text"),
-      Unlabelled("OnlyIfBlank", comment.OnlyIfBlank),
-      {"InsertionPoint",
-       static_cast<std::int32_t>(comment.InsertionPoint),
-       "inserted",
-       {InsertionPointName(comment)}},
+      Labelled("kind of member", comment.MemberType_Namespace),
+      Labelled("comment", comment.TaggedCommentPrefix),
+      Labelled("text", comment.TaggedCommentText),
+      {"inserted", {InsertionPointName(comment)}},
   };
   return node;
 }
@@ -101,9 +86,8 @@ Node Describe(const ModelComments& profile) {
   Node node{"profile", profile.Name};
   node.IsExpanded = true;
   node.Properties = {
-      Unlabelled("Name", profile.Name),
-      Valued("Description", profile.Description, "description"),
-      Valued("NamespaceProfile", profile.NamespaceProfile, "namespaces"),
+      Labelled("description", profile.Description),
+      Labelled("namespaces", profile.NamespaceProfile),
   };
   node.Groups.push_back(
       {"", "ModelComments", EachOf(profile, [](const ModelComment& comment) { return Describe(comment); })});
@@ -124,12 +108,8 @@ Node Describe(const CommentFileLocation& location) {
   const std::string path = ResolvedPath(location);
   node.Summary = {{path, Tone::Link}};
   node.Properties = {
-      Unlabelled("AssemblyFileName", location.AssemblyFileName),
-      Valued("CommentFilePath", path, "comment file"),
-      {"InternalCommentFilePath",
-       location.InternalCommentFilePath(),
-       "set as",
-       {location.InternalCommentFilePath() == path ? "" : location.InternalCommentFilePath()}},
+      Labelled("comment file", path),
+      {"set as", {location.InternalCommentFilePath() == path ? "" : location.InternalCommentFilePath()}},
   };
   return node;
 }

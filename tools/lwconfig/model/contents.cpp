@@ -7,7 +7,7 @@
 namespace lwconfig::tool {
 namespace {
 
-Node Describe(const NodeDef& node, bool hasChildren);
+Node Describe(const std::shared_ptr<NodeDef>& held, bool hasChildren);
 
 /// The tree that the flat nodes of a contents definition form. The lists that it hands out keep it.
 class ContentsTree : public std::enable_shared_from_this<ContentsTree> {
@@ -16,17 +16,17 @@ class ContentsTree : public std::enable_shared_from_this<ContentsTree> {
     for (const auto& node : nodes) mBranches[node.get()];
     for (const auto& node : nodes) {
       const auto parent = mBranches.find(node->ParentNodeDef().get());
-      (parent == mBranches.end() ? mRoots : parent->second.Children).push_back(node.get());
+      (parent == mBranches.end() ? mRoots : parent->second.Children).push_back(node);
     }
     auto pending = mRoots;
     while (!pending.empty()) {
-      Branch& branch = mBranches[pending.back()];
+      Branch& branch = mBranches[pending.back().get()];
       pending.pop_back();
       branch.IsReached = true;
       pending.insert(pending.end(), branch.Children.begin(), branch.Children.end());
     }
     for (const auto& node : nodes) {
-      if (!mBranches[node.get()].IsReached) mUnreached.push_back(node.get());
+      if (!mBranches[node.get()].IsReached) mUnreached.push_back(node);
     }
   }
 
@@ -34,32 +34,33 @@ class ContentsTree : public std::enable_shared_from_this<ContentsTree> {
   /// The nodes that no root leads to, because their parents lead back to themselves.
   NodeList Unreached() const {
     return {mUnreached.size(), [tree = shared_from_this()](std::size_t place) {
-              const NodeDef& node = *tree->mUnreached[place];
-              Node shown = Describe(node, !tree->mBranches.at(&node).Children.empty());
-              shown.Summary.push_back({node.Key + " below " + node.ParentKey(), Tone::Alarm});
+              const auto& node = tree->mUnreached[place];
+              Node shown = Describe(node, !tree->mBranches.at(node.get()).Children.empty());
+              shown.Summary.push_back({node->Key + " below " + node->ParentKey(), Tone::Alarm});
               return shown;
             }};
   }
 
  private:
+  using Nodes = std::vector<std::shared_ptr<NodeDef>>;
   struct Branch {
-    std::vector<const NodeDef*> Children;
+    Nodes Children;
     bool IsReached = false;
   };
 
   /// The nodes, each with the tree below it.
-  NodeList Below(const std::vector<const NodeDef*>& nodes) const {
+  NodeList Below(const Nodes& nodes) const {
     return {nodes.size(), [tree = shared_from_this(), &nodes](std::size_t place) {
-              const auto& children = tree->mBranches.at(nodes[place]).Children;
-              Node shown = Describe(*nodes[place], !children.empty());
+              const auto& children = tree->mBranches.at(nodes[place].get()).Children;
+              Node shown = Describe(nodes[place], !children.empty());
               shown.Groups.push_back({"", "ChildNodeDefs", tree->Below(children)});
               return shown;
             }};
   }
 
   std::unordered_map<const NodeDef*, Branch> mBranches;
-  std::vector<const NodeDef*> mRoots;
-  std::vector<const NodeDef*> mUnreached;
+  Nodes mRoots;
+  Nodes mUnreached;
 };
 
 std::string IconOf(const NodeDef& node, bool hasChildren) {
@@ -83,7 +84,8 @@ std::string ProducerOf(const NodeDef& node) {
   return "node type " + std::to_string(node.NodeType);
 }
 
-Node Describe(const NodeDef& node, bool hasChildren) {
+Node Describe(const std::shared_ptr<NodeDef>& held, bool hasChildren) {
+  const NodeDef& node = *held;
   const std::string icon = IconOf(node, hasChildren);
   const std::string producer = ProducerOf(node);
   const std::string condition =
@@ -91,6 +93,7 @@ Node Describe(const NodeDef& node, bool hasChildren) {
   const std::string link = node.LinkToPage || node.PageLayoutFileName().empty() ? "" : "no link";
   const std::string topic = node.IsDefaultTopic ? "default topic" : "";
   Node shown{"node", node.NodeCaptionTemplate, {node.Key}};
+  shown.Value = automation::ToAnyObject(held);
   shown.Summary = {{icon, node.MarkAsNew ? Tone::Alarm : Tone::Quiet},
                    {producer, Tone::Repetition},
                    {node.PageLayoutFileName(), Tone::Link},
@@ -98,30 +101,15 @@ Node Describe(const NodeDef& node, bool hasChildren) {
                    {condition, Tone::Condition},
                    {topic, Tone::Title}};
   shown.Properties = {
-      Valued("Key", node.Key, "key"),
-      Unlabelled("ParentKey", node.ParentKey()),
-      Unlabelled("NodeCaptionTemplate", node.NodeCaptionTemplate),
-      {"NodeType", static_cast<std::int32_t>(node.NodeType), "produced", {producer, Tone::Repetition}},
-      Unlabelled("PageType", static_cast<std::int32_t>(node.PageType)),
-      Unlabelled("PageTypeNamespace", node.PageTypeNamespace),
-      Unlabelled("PageTypeNamespaceFilter", node.PageTypeNamespaceFilter),
-      Unlabelled("PlugInName", node.PlugInName),
-      Unlabelled("PlugInData", node.PlugInData),
-      {"PageLayout", node.PageLayoutFileName(), "page", {node.PageLayoutFileName(), Tone::Link}},
-      {"LinkToPage", node.LinkToPage, "page", {link}},
-      {"IsDefaultTopic", node.IsDefaultTopic, "page", {topic}},
-      Valued("FileNameTemplate", node.FileNameTemplate, "file name"),
-      {"NodeIconIndex", node.NodeIconIndex(), "icon", {icon}},
-      Unlabelled("UseCustomIcon", node.UseCustomIcon),
-      Unlabelled("MarkAsNew", node.MarkAsNew),
-      Unlabelled("DependantOn", static_cast<std::int32_t>(node.DependantOn)),
-      {"DependantOnNamespace", node.DependantOnNamespace, "condition", {condition, Tone::Condition}},
-      Unlabelled("DependantOnNamespace_Filter", node.DependantOnNamespace_Filter),
-      Unlabelled("DependantCount", node.DependantCount),
-      {"DependantStillProcessChildren",
-       node.DependantStillProcessChildren,
-       "condition",
-       {node.DependantStillProcessChildren ? "children also without it" : ""}},
+      Labelled("key", node.Key),
+      {"produced", {producer, Tone::Repetition}},
+      {"page", {node.PageLayoutFileName(), Tone::Link}},
+      {"page", {link}},
+      {"page", {topic}},
+      Labelled("file name", node.FileNameTemplate),
+      {"icon", {icon}},
+      {"condition", {condition, Tone::Condition}},
+      {"condition", {node.DependantStillProcessChildren ? "children also without it" : ""}},
   };
   return shown;
 }
@@ -131,8 +119,7 @@ Node Describe(const TOCDefinition& definition) {
   Node node{"contents", definition.Name};
   node.Summary = {{definition.Description, Tone::Quiet}};
   node.Properties = {
-      Unlabelled("Name", definition.Name),
-      Valued("Description", definition.Description, "description"),
+      Labelled("description", definition.Description),
   };
   node.Groups.push_back({"", "NodeDefs", tree->Roots()});
   Group loops{"loops", "NodeDefsInLoops", tree->Unreached()};

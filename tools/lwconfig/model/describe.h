@@ -2,6 +2,7 @@
 
 #include <tools/lwconfig/view/node.h>
 
+#include <lwconfig/automation/published.h>
 #include <lwconfig/comments/comment_file_locations.h>
 #include <lwconfig/comments/model_comment_profiles.h>
 #include <lwconfig/comments/tagged_comment_defs.h>
@@ -31,8 +32,12 @@ Group Describe(const ExternalDocs& sources);
 /// The items of a collection, which outlives them, as `describe(item)` has them.
 template <class Items, class Describe>
 NodeList EachOf(const Items& items, Describe describe) {
-  return {static_cast<std::size_t>(items.Count()),
-          [&items, describe](std::size_t place) { return describe(*items.Item(place + 1)); }};
+  return {static_cast<std::size_t>(items.Count()), [&items, describe](std::size_t place) {
+            const auto item = items.Item(place + 1);
+            Node node = describe(*item);
+            node.Value = automation::ToAnyObject(item);
+            return node;
+          }};
 }
 
 /// The path as a person uses it: the product's own where it has a drive letter, else the host's.

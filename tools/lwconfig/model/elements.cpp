@@ -11,14 +11,10 @@ Node Describe(const ElementAttributeDef& attribute) {
                   {attribute.ListValues.empty() ? "" : "of " + attribute.ListValues},
                   {attribute.Description, Tone::Quiet}};
   node.Properties = {
-      Unlabelled("Name", attribute.Name),
-      Valued("Description", attribute.Description, "description"),
-      Valued("Mandatory", attribute.Mandatory, "mandatory"),
-      Valued("EditType", attribute.EditType, "edited as"),
-      Valued("ListSource", attribute.ListSource, "list source"),
-      Valued("ListValues", attribute.ListValues, "list values"),
-      Valued("DefaultValue", attribute.DefaultValue, "default"),
-      Valued("HelpTopic", attribute.HelpTopic, "help topic"),
+      Labelled("description", attribute.Description), Labelled("mandatory", attribute.Mandatory),
+      Labelled("edited as", attribute.EditType),      Labelled("list source", attribute.ListSource),
+      Labelled("list values", attribute.ListValues),  Labelled("default", attribute.DefaultValue),
+      Labelled("help topic", attribute.HelpTopic),
   };
   return node;
 }
@@ -29,12 +25,9 @@ Node Describe(const ElementDef& element) {
                   {element.ScrapsOnly ? "scraps only" : "", Tone::Condition},
                   {element.Description, Tone::Quiet}};
   node.Properties = {
-      Unlabelled("Name", element.Name),
-      Valued("Description", element.Description, "description"),
-      Valued("Category", element.Category, "category"),
-      Valued("DesignerProgID", element.DesignerProgID, "designer"),
-      Valued("Namespaces", element.Namespaces, "namespaces"),
-      Valued("ScrapsOnly", element.ScrapsOnly, "scraps only"),
+      Labelled("description", element.Description), Labelled("category", element.Category),
+      Labelled("designer", element.DesignerProgID), Labelled("namespaces", element.Namespaces),
+      Labelled("scraps only", element.ScrapsOnly),
   };
   Group attributes{"attributes", "ElementAttributeDefs"};
   attributes.IsBrief = true;

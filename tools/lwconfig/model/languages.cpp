@@ -4,22 +4,15 @@ namespace lwconfig::tool {
 namespace {
 
 /// A word as it stands in a declaration: quoted, because the blanks around it count.
-Property Word(const char* name, const std::string& word, const char* label) {
-  return {name, word, label, {word.empty() ? "" : "\"" + word + "\""}};
+Property Word(const char* label, const std::string& word) {
+  return {label, {word.empty() ? "" : "\"" + word + "\""}};
 }
 
-/// A table of translations: an object for JSON, and its entries side by side for people.
-void AddTable(Node& node, const char* name, const Collection& table, const char* label) {
-  Json entries = Json::object();
-  std::vector<Property> shown;
+/// The entries of a table of translations side by side.
+void AddTable(Node& node, const char* label, const Collection& table) {
   std::int32_t position = 0;
-  for (const std::string& text : table) {
-    const std::string& key = table.KeyAt(++position);
-    entries[key] = text;
-    shown.push_back({{}, {}, label, {key + " = " + text}});
-  }
-  node.Properties.push_back(Unlabelled(name, std::move(entries)));
-  node.Properties.insert(node.Properties.end(), shown.begin(), shown.end());
+  for (const std::string& text : table)
+    node.Properties.push_back({label, {table.KeyAt(++position) + " = " + text}});
 }
 
 Node Describe(const Language& language) {
@@ -27,38 +20,37 @@ Node Describe(const Language& language) {
   node.Summary = {{language.Caption == language.Name ? "" : language.Caption},
                   {language.IncludeByDefault ? "included by default" : "", Tone::Condition}};
   node.Properties = {
-      Unlabelled("Name", language.Name),
-      Valued("Caption", language.Caption, "caption"),
-      Valued("IncludeByDefault", language.IncludeByDefault, "included by default"),
-      Word("OverloadsWord", language.OverloadsWord, "overloads"),
-      Word("OverridesWord", language.OverridesWord, "overrides"),
-      Word("VirtualWord", language.VirtualWord, "virtual"),
-      Word("NotVirtualWord", language.NotVirtualWord, "not virtual"),
-      Word("AbstractWord", language.AbstractWord, "abstract"),
-      Word("ShadowsWord", language.ShadowsWord, "shadows"),
-      Word("StaticWord", language.StaticWord, "static"),
-      Word("OptionalWord", language.OptionalWord, "optional"),
-      Word("OutParamWord", language.OutParamWord, "output parameter"),
-      Word("ByRefWord", language.ByRefWord, "by reference"),
-      Word("ByValWord", language.ByValWord, "by value"),
-      Word("ParamArrayWord", language.ParamArrayWord, "parameter array"),
-      Word("ParameterDelimiter", language.ParameterDelimiter, "between parameters"),
-      Word("ReturnTypePrefix", language.ReturnTypePrefix, "before the return type"),
-      Word("VoidTypeName", language.VoidTypeName, "no return type"),
-      Word("ArraySymbol", language.ArraySymbol, "array"),
-      Word("MultiDimensionalArraySymbol", language.MultiDimensionalArraySymbol, "array of more dimensions"),
-      Word("FunctionWord", language.FunctionWord, "function"),
-      Word("SubWord", language.SubWord, "procedure"),
-      Word("MustInheritWord", language.MustInheritWord, "must be inherited"),
-      Word("NotInheritableWord", language.NotInheritableWord, "cannot be inherited"),
-      Word("ReadOnlyPropertyWord", language.ReadOnlyPropertyWord, "read-only property"),
-      Word("WriteOnlyPropertyWord", language.WriteOnlyPropertyWord, "write-only property"),
-      Word("ReadWritePropertyWord", language.ReadWritePropertyWord, "read/write property"),
-      Word("ReadOnlyFieldKeyword", language.ReadOnlyFieldKeyword, "read-only field"),
+      Labelled("caption", language.Caption),
+      Labelled("included by default", language.IncludeByDefault),
+      Word("overloads", language.OverloadsWord),
+      Word("overrides", language.OverridesWord),
+      Word("virtual", language.VirtualWord),
+      Word("not virtual", language.NotVirtualWord),
+      Word("abstract", language.AbstractWord),
+      Word("shadows", language.ShadowsWord),
+      Word("static", language.StaticWord),
+      Word("optional", language.OptionalWord),
+      Word("output parameter", language.OutParamWord),
+      Word("by reference", language.ByRefWord),
+      Word("by value", language.ByValWord),
+      Word("parameter array", language.ParamArrayWord),
+      Word("between parameters", language.ParameterDelimiter),
+      Word("before the return type", language.ReturnTypePrefix),
+      Word("no return type", language.VoidTypeName),
+      Word("array", language.ArraySymbol),
+      Word("array of more dimensions", language.MultiDimensionalArraySymbol),
+      Word("function", language.FunctionWord),
+      Word("procedure", language.SubWord),
+      Word("must be inherited", language.MustInheritWord),
+      Word("cannot be inherited", language.NotInheritableWord),
+      Word("read-only property", language.ReadOnlyPropertyWord),
+      Word("write-only property", language.WriteOnlyPropertyWord),
+      Word("read/write property", language.ReadWritePropertyWord),
+      Word("read-only field", language.ReadOnlyFieldKeyword),
   };
-  AddTable(node, "AccessTypes", *language.AccessTypes, "access");
-  AddTable(node, "DataTypes", *language.DataTypes, "data types");
-  AddTable(node, "ReverseDataTypes", *language.ReverseDataTypes, "and back");
+  AddTable(node, "access", *language.AccessTypes);
+  AddTable(node, "data types", *language.DataTypes);
+  AddTable(node, "and back", *language.ReverseDataTypes);
   return node;
 }
 

@@ -12,48 +12,26 @@ NodeList DescribeDefinitions(const NamespaceDefs* definitions);
 
 std::vector<Property> PropertiesOf(const NamespaceDef& definition) {
   return {
-      Unlabelled("Name", definition.Name),
-      Valued("Caption", definition.Caption, "caption"),
-      Valued("CaptionPlural", definition.CaptionPlural, "plural"),
-      Valued("CommenterCaption", definition.CommenterCaption, "commenter caption"),
-      Valued("Handler", definition.Handler, "handler"),
-      Unlabelled("ProvideIncludeFlag", definition.ProvideIncludeFlag),
-      {"DefaultIncludeFlag",
-       definition.DefaultIncludeFlag,
-       "include flag",
+      Labelled("caption", definition.Caption),
+      Labelled("plural", definition.CaptionPlural),
+      Labelled("commenter caption", definition.CommenterCaption),
+      Labelled("handler", definition.Handler),
+      {"include flag",
        {!definition.ProvideIncludeFlag  ? ""
         : definition.DefaultIncludeFlag ? "on by default"
                                         : "off by default"}},
-      Valued("Tree_Icon", definition.Tree_Icon, "tree icon"),
-      Valued("Tree_CaptionTemplate", definition.Tree_CaptionTemplate, "tree caption"),
-      {"Tree_AlwaysPopulate",
-       definition.Tree_AlwaysPopulate,
-       "tree",
-       {definition.Tree_AlwaysPopulate ? "always populated" : ""}},
-      {"Tree_AlwaysExpand",
-       definition.Tree_AlwaysExpand,
-       "tree",
-       {definition.Tree_AlwaysExpand ? "always expanded" : ""}},
-      {"Tree_ShowFolder", definition.Tree_ShowFolder, "tree", {definition.Tree_ShowFolder ? "folder" : ""}},
-      {"Tree_AllowExclude",
-       definition.Tree_AllowExclude,
-       "tree",
-       {definition.Tree_AllowExclude ? "" : "cannot be excluded"}},
-      {"Tree_ShowInSelect",
-       definition.Tree_ShowInSelect,
-       "selection tree",
-       {definition.Tree_ShowInSelect ? "shown" : ""}},
-      {"Tree_Select_AlwaysPopulate",
-       definition.Tree_Select_AlwaysPopulate,
-       "selection tree",
-       {definition.Tree_Select_AlwaysPopulate ? "always populated" : ""}},
-      {"Tree_ShowFolderInSelect",
-       definition.Tree_ShowFolderInSelect,
-       "selection tree",
-       {definition.Tree_ShowFolderInSelect ? "folder" : ""}},
-      Valued("FileNameFormat", definition.FileNameFormat, "file name"),
-      Valued("Flags", definition.Flags, "flags"),
-      Valued("ID", definition.ID, "id"),
+      Labelled("tree icon", definition.Tree_Icon),
+      Labelled("tree caption", definition.Tree_CaptionTemplate),
+      {"tree", {definition.Tree_AlwaysPopulate ? "always populated" : ""}},
+      {"tree", {definition.Tree_AlwaysExpand ? "always expanded" : ""}},
+      {"tree", {definition.Tree_ShowFolder ? "folder" : ""}},
+      {"tree", {definition.Tree_AllowExclude ? "" : "cannot be excluded"}},
+      {"selection tree", {definition.Tree_ShowInSelect ? "shown" : ""}},
+      {"selection tree", {definition.Tree_Select_AlwaysPopulate ? "always populated" : ""}},
+      {"selection tree", {definition.Tree_ShowFolderInSelect ? "folder" : ""}},
+      Labelled("file name", definition.FileNameFormat),
+      Labelled("flags", definition.Flags),
+      Labelled("id", definition.ID),
   };
 }
 
@@ -74,11 +52,10 @@ Node Describe(const NamespaceDefs& profile) {
   Node node{"profile", profile.Name};
   node.IsExpanded = true;
   node.Properties = {
-      Unlabelled("Name", profile.Name),
-      Valued("Caption", profile.Caption, "caption"),
-      Valued("CommenterCaption", profile.CommenterCaption, "commenter caption"),
-      Valued("Supports", profile.Supports, "supports"),
-      {"IsFile", profile.IsFile, "supports", {profile.IsFile ? "files" : ""}},
+      Labelled("caption", profile.Caption),
+      Labelled("commenter caption", profile.CommenterCaption),
+      Labelled("supports", profile.Supports),
+      {"supports", {profile.IsFile ? "files" : ""}},
   };
   node.Groups.push_back({"definitions", "NamespaceDefs", DescribeDefinitions(&profile)});
   node.Groups.push_back(tool::Describe(*profile.ElementDefs));

@@ -1,6 +1,7 @@
 #include <charconv>
 #include <utility>
 
+#include <tools/lwconfig/members/listing.h>
 #include <tools/lwconfig/model/options.h>
 
 #include <lwconfig/automation/published.h>
@@ -20,19 +21,11 @@ void Append(std::vector<UserOption>& options, std::string_view set, const Option
   for (AnyOption* option : from.Options()) options.push_back({set, option});
 }
 
-Json TypedValue(const UserOption& option, const std::optional<std::string>& text) {
-  if (!text) return nullptr;
-  switch (option.Option->Type()) {
-    case OptionType::Boolean:
-      return *text == "True";
-    case OptionType::Integer:
-    case OptionType::Enumeration:
-      if (const auto number = WholeNumber(*text)) return *number;
-      break;
-    case OptionType::Text:
-      break;
-  }
-  return *text;
+Variant TypedValue(const UserOption& option, const std::optional<std::string>& text) {
+  if (!text) return Null();
+  if (option.Option->Type() == OptionType::Boolean) return *text == "True";
+  const auto number = option.Option->Type() == OptionType::Text ? std::nullopt : WholeNumber(*text);
+  return number ? Variant(*number) : Variant(*text);
 }
 
 Node Describe(const OptionState& state) {
@@ -42,10 +35,9 @@ Node Describe(const OptionState& state) {
   node.Summary = {{"= " + state.Shown()},
                   {isStored ? "stored" : "default", isStored ? Tone::Condition : Tone::Quiet},
                   {isStored ? standard : "", Tone::Quiet}};
-  const Json json = state.ToJson();
-  for (const auto& [name, value] : json.Members()) node.Properties.push_back(Unlabelled(name, value));
+  node.Value = TypedValue(state.Of, state.Value);
   const auto show = [&node](const char* label, std::string text) {
-    node.Properties.push_back({{}, {}, label, {std::move(text)}});
+    node.Properties.push_back({label, {std::move(text)}});
   };
   show("type", std::string(TypeName(state.Of.Option->Type())));
   show("value", state.Shown());
@@ -112,9 +104,9 @@ Json OptionState::ToJson() const {
           {"Section", Of.Option->Section()},
           {"ValueName", Of.Option->ValueName()},
           {"Type", TypeName(Of.Option->Type())},
-          {"Default", TypedValue(Of, Default)},
+          {"Default", ValueJson(TypedValue(Of, Default))},
           {"Stored", Stored.empty() ? Json() : Json(Stored)},
-          {"Value", TypedValue(Of, Value)}};
+          {"Value", ValueJson(TypedValue(Of, Value))}};
 }
 
 std::string OptionState::Shown(const std::optional<std::string>& text) const {
@@ -147,7 +139,6 @@ Group DescribeOptions(Root& root, Reporter& reporter) {
     if (sets.empty() || sets.back().Title != option.Set) {
       finishSet();
       sets.push_back({"set", std::string(option.Set)});
-      sets.back().Properties = {Unlabelled("Name", option.Set)};
     }
     members.push_back(Describe(OptionState(option, reporter)));
   }

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include <tools/lwconfig/reporter.h>
+#include <tools/lwconfig/view/json_value.h>
 #include <tools/lwconfig/view/node.h>
 
 #include <lwconfig/automation/class_info.h>

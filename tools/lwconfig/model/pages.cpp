@@ -27,15 +27,11 @@ Node Describe(const PageLayout& layout) {
                   {layout.TitleTemplate, Tone::Link},
                   {condition, Tone::Condition}};
   node.Properties = {
-      Unlabelled("FileName", layout.FileName),
-      Valued("Name", layout.Name, "name"),
-      {"PageType", static_cast<std::int32_t>(layout.PageType), "kind", {kind}},
-      {"IsHTMLHelpProjectFile", layout.IsHTMLHelpProjectFile(), "kind", {}},
-      {"Namespace", layout.Namespace, "repeats", {repetition, Tone::Repetition}},
-      {"TitleTemplate", layout.TitleTemplate, "file names", {layout.TitleTemplate}},
-      {"DependantOnNamespace", layout.DependantOnNamespace, "condition", {condition, Tone::Condition}},
-      Unlabelled("DependantOnNamespace_Filter", layout.DependantOnNamespace_Filter),
-      Unlabelled("DependantCount", layout.DependantCount),
+      Labelled("name", layout.Name),
+      {"kind", {kind}},
+      {"repeats", {repetition, Tone::Repetition}},
+      {"file names", {layout.TitleTemplate}},
+      {"condition", {condition, Tone::Condition}},
   };
   return node;
 }
@@ -53,11 +49,10 @@ Node Describe(const VariableDef& variable) {
                   {variable.DefaultValue.empty() ? "" : "= " + variable.DefaultValue},
                   {variable.Caption == variable.Name ? "" : variable.Caption, Tone::Quiet}};
   node.Properties = {
-      Unlabelled("Name", variable.Name),
-      Valued("Caption", variable.Caption, "caption"),
-      Valued("Description", variable.Description, "description"),
-      {"VariableDefType", static_cast<std::int32_t>(variable.VariableDefType), "kind", {type}},
-      Valued("DefaultValue", variable.DefaultValue, "default"),
+      Labelled("caption", variable.Caption),
+      Labelled("description", variable.Description),
+      {"kind", {type}},
+      Labelled("default", variable.DefaultValue),
   };
   return node;
 }

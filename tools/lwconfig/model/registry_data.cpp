@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <limits>
@@ -101,8 +102,16 @@ std::vector<std::string> RegistryTypeNames() {
   return names;
 }
 
+bool IsTextList(std::uint32_t type) {
+  return type == kTexts;
+}
+
 std::optional<RegistryValue> RegistryValueOf(std::uint32_t type, const std::vector<std::string>& texts) {
-  if (type == kTexts) return RegistryValue{type, PackTexts(texts)};
+  if (IsTextList(type)) {
+    // An empty text ends the list.
+    const bool isWhole = std::ranges::find(texts, std::string()) == texts.end();
+    return isWhole ? std::optional(RegistryValue{type, PackTexts(texts)}) : std::nullopt;
+  }
   if (texts.size() != 1) return std::nullopt;
   const std::string& text = texts.front();
   if (type == kText || type == kExpanded) return RegistryValue{type, text};

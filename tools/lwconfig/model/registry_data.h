@@ -18,9 +18,11 @@ std::optional<std::uint32_t> RegistryTypeOf(std::string_view name);
 /// The names of the types that `RegistryValueOf` makes.
 std::vector<std::string> RegistryTypeNames();
 
+/// Whether the type is "multi".
+bool IsTextList(std::uint32_t type);
 /// The value of that type that the texts stand for; nothing where they stand for none. A "multi" takes any
-/// number of texts, every other type one: a number is decimal or begins with 0x, "binary" is pairs of
-/// hexadecimal digits.
+/// number of texts that are not empty, every other type one: a number is decimal or begins with 0x, "binary"
+/// is pairs of hexadecimal digits.
 std::optional<RegistryValue> RegistryValueOf(std::uint32_t type, const std::vector<std::string>& texts);
 
 /// The data in the form that `RegistryValueOf` takes; the texts of a "multi" in one line each.

@@ -13,23 +13,24 @@ namespace lwconfig::tool {
 namespace {
 
 /// A registered folder in the product's notation, and where that is on this system.
-void AddPath(Node& node, const char* name, const std::string& path, const char* label) {
+void AddPath(Node& node, const char* label, const std::string& path) {
   if (path.empty()) {
-    node.Properties.push_back({name, path, label, {"not registered", Tone::Quiet}});
+    node.Properties.push_back({label, {"not registered", Tone::Quiet}});
     return;
   }
-  node.Properties.push_back({name, path, label, {ShownPath(path)}});
+  node.Properties.push_back({label, {ShownPath(path)}});
   if (ShownPath(path) == path && NativePath(path) != path)
-    node.Properties.push_back({{}, {}, label, {NativePath(path), Tone::Quiet}});
+    node.Properties.push_back({label, {NativePath(path), Tone::Quiet}});
 }
 
 Group DescribePaths(Root& root, Reporter& reporter) {
   Node paths{"paths", "paths"};
-  AddPath(paths, "ConfigPath", root.ConfigPath(), "configuration");
-  AddPath(paths, "TemplatePath", root.TemplatePath(), "templates");
-  AddPath(paths, "AppPath", root.AppPath(), "installation");
+  paths.Value = automation::ToAnyObject(std::make_shared<Root>());
+  AddPath(paths, "configuration", root.ConfigPath());
+  AddPath(paths, "templates", root.TemplatePath());
+  AddPath(paths, "installation", root.AppPath());
   try {
-    AddPath(paths, "DotNetPath", root.DotNetPath(), ".NET");
+    AddPath(paths, ".NET", root.DotNetPath());
   } catch (const Error& failure) {
     reporter.Fail(failure);
   }

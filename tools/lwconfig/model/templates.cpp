@@ -6,61 +6,53 @@ namespace lwconfig::tool {
 namespace {
 
 /// A colour with what it colours in front.
-Property Colour(const char* name, std::int32_t colour, const char* label, const char* part) {
-  return {name, colour, label, {part + (" " + ColourText(colour)), Tone::Colour}};
+Property Colour(const char* label, const char* part, std::int32_t colour) {
+  return {label, {part + (" " + ColourText(colour)), Tone::Colour}};
 }
 
-Property Flag(const char* name, bool value, const char* label, const char* text) {
-  return {name, value, label, {value ? text : ""}};
+Property Flag(const char* label, const char* text, bool value) {
+  return {label, {value ? text : ""}};
 }
 
-Property DefaultContents(const char* name, const std::string& contents, const char* use) {
-  return {name, contents, "default contents", {contents.empty() ? "" : use + (": " + contents)}};
+Property DefaultContents(const char* use, const std::string& contents) {
+  return {"default contents", {contents.empty() ? "" : use + (": " + contents)}};
 }
 
-Json Texts(const Collection& collection) {
-  Json texts = Json::array();
-  for (const std::string& text : collection) texts.push_back(text);
-  return texts;
-}
-
-Json Names(const NamespaceDefs& definitions) {
-  Json names = Json::array();
-  for (const auto& definition : definitions) names.push_back(definition->Name);
-  return names;
+Property Texts(const char* label, const Collection& collection) {
+  std::string joined;
+  for (const std::string& text : collection) joined += (joined.empty() ? "" : ", ") + text;
+  return {label, {joined}};
 }
 
 std::vector<Property> PropertiesOf(const PageTemplate& t) {
   return {
-      Unlabelled("Name", t.Name),
-      Valued("Description", t.Description, "description"),
-      {"RootFolder", t.RootFolder, "folder", {ShownPath(t.RootFolder)}},
-      Valued("TemplateCategory", t.TemplateCategory, "category"),
-      Valued("Version", t.Version, "version"),
-      Valued("Supports", t.Supports, "supports"),
-      Valued("SupportedItemTypes", Texts(*t.SupportedItemTypes), "item types"),
-      Valued("Languages", t.Languages, "languages"),
-      Valued("NamespaceProfileNames", Texts(*t.NamespaceProfileNames()), "namespaces"),
-      Unlabelled("NamespaceDefs", Names(*t.NamespaceDefs)),
-      Flag("NoStandardSupport", t.NoStandardSupport, "namespaces", "no standard support"),
-      Valued("EnabledPlugins", Texts(*t.EnabledPlugins), "plug-ins"),
-      Valued("StyleSheet", t.StyleSheet, "style sheet"),
-      Colour("objFillColor", t.objFillColor, "objects", "fill"),
-      Colour("objTextColor", t.objTextColor, "objects", "text"),
-      Colour("objBorderColor", t.objBorderColor, "objects", "border"),
-      Colour("colFillColor", t.colFillColor, "collections", "fill"),
-      Colour("colTextColor", t.colTextColor, "collections", "text"),
-      Colour("colBorderColor", t.colBorderColor, "collections", "border"),
-      {"BorderWidth", t.BorderWidth, "diagrams", {"border width " + std::to_string(t.BorderWidth)}},
-      Flag("UseDropShadow", t.UseDropShadow, "diagrams", "drop shadow"),
-      Flag("CenterCaptions", t.CenterCaptions, "diagrams", "centred captions"),
-      Flag("DiagramBold", t.DiagramBold, "diagrams", "bold captions"),
-      Flag("UseDiagramShapes", t.UseDiagramShapes, "diagrams", "shapes"),
-      DefaultContents("DefTOCVBProject", t.DefTOCVBProject, "project"),
-      DefaultContents("DefTOCVBProjectGroup", t.DefTOCVBProjectGroup, "project group"),
-      DefaultContents("DefTOCMixture", t.DefTOCMixture, "mixture"),
-      DefaultContents("DefTOCComponent", t.DefTOCComponent, "component"),
-      DefaultContents("DefTOCComponentGroup", t.DefTOCComponentGroup, "component group"),
+      Labelled("description", t.Description),
+      {"folder", {ShownPath(t.RootFolder)}},
+      Labelled("category", t.TemplateCategory),
+      Labelled("version", t.Version),
+      Labelled("supports", t.Supports),
+      Texts("item types", *t.SupportedItemTypes),
+      Labelled("languages", t.Languages),
+      Texts("namespaces", *t.NamespaceProfileNames()),
+      Flag("namespaces", "no standard support", t.NoStandardSupport),
+      Texts("plug-ins", *t.EnabledPlugins),
+      Labelled("style sheet", t.StyleSheet),
+      Colour("objects", "fill", t.objFillColor),
+      Colour("objects", "text", t.objTextColor),
+      Colour("objects", "border", t.objBorderColor),
+      Colour("collections", "fill", t.colFillColor),
+      Colour("collections", "text", t.colTextColor),
+      Colour("collections", "border", t.colBorderColor),
+      {"diagrams", {"border width " + std::to_string(t.BorderWidth)}},
+      Flag("diagrams", "drop shadow", t.UseDropShadow),
+      Flag("diagrams", "centred captions", t.CenterCaptions),
+      Flag("diagrams", "bold captions", t.DiagramBold),
+      Flag("diagrams", "shapes", t.UseDiagramShapes),
+      DefaultContents("project", t.DefTOCVBProject),
+      DefaultContents("project group", t.DefTOCVBProjectGroup),
+      DefaultContents("mixture", t.DefTOCMixture),
+      DefaultContents("component", t.DefTOCComponent),
+      DefaultContents("component group", t.DefTOCComponentGroup),
   };
 }
 

@@ -3,6 +3,7 @@
 #include <string>
 #include <vector>
 
+#include <tools/lwconfig/view/json_value.h>
 #include <tools/lwconfig/view/node.h>
 #include <tools/lwconfig/view/tree_text.h>
 

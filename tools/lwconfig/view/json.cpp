@@ -23,49 +23,42 @@ class JsonWriter {
  public:
   explicit JsonWriter(const Sink& sink) : mSink(sink) {}
 
-  void Add(const Node& node, int level = 0) {
-    Enclose('{', '}', [&](auto next) {
-      for (const Property& property : node.Properties) {
-        if (property.Name.empty()) continue;
-        next();
-        AddName(property.Name);
-        Add(property.Value);
-      }
-      for (const Group& group : node.Groups) {
-        if (group.Name.empty() && level >= kShownLevels) continue;
-        next();
-        AddName(group.Published);
-        Add(group, level);
-      }
-      if (const auto notShown = CountNotShown(node, level)) {
-        next();
-        AddName("DeeperLevelsNotShown");
-        mText += std::to_string(notShown);
-      }
-    });
+  void Add(const Json& json) { std::visit(*this, json.Value()); }
+  void Add(const Target& target, const ValueToJson& toJson) {
+    std::visit([&](const auto& object) { Add(object, toJson); }, target);
   }
-  void Add(const Group& group, int level = 0) {
-    if (group.IsSingle) return Add(group.Nodes[0], level);
-    Enclose('[', ']', [&](auto next) {
-      for (std::size_t at = 0; at < group.Nodes.Count(); ++at) {
-        next();
-        Add(group.Nodes[at], level + 1);
-      }
-    });
-  }
-  void Add(const std::vector<Target>& targets) {
-    const auto add = [this](const Target& target) {
-      std::visit([this](const auto& object) { Add(object); }, target);
-    };
-    if (targets.size() == 1) return add(targets.front());
+  void Add(const std::vector<Target>& targets, const ValueToJson& toJson) {
+    if (targets.size() == 1) return Add(targets.front(), toJson);
     Enclose('[', ']', [&](auto next) {
       for (const Target& target : targets) {
         next();
-        add(target);
+        Add(target, toJson);
       }
     });
   }
-  void Add(const Json& json) { std::visit(*this, json.Value()); }
+  void Add(const Group& group, const ValueToJson& toJson) {
+    if (group.IsSingle) return Add(group.Nodes[0], toJson);
+    const bool isList = group.Nodes.IsEmpty() || std::holds_alternative<AnyObject>(group.Nodes[0].Value);
+    Enclose(isList ? '[' : '{', isList ? ']' : '}', [&](auto next) {
+      for (std::size_t at = 0; at < group.Nodes.Count(); ++at) {
+        const Node node = group.Nodes[at];
+        next();
+        if (!isList) AddName(node.Title);
+        Add(node, toJson);
+      }
+    });
+  }
+  void Add(const Node& node, const ValueToJson& toJson) {
+    if (!std::holds_alternative<std::monostate>(node.Value)) return Add(toJson(node.Value));
+    if (!node.Groups.empty() && node.Groups.front().Name.empty()) return Add(node.Groups.front(), toJson);
+    Enclose('{', '}', [&](auto next) {
+      for (const Group& group : node.Groups) {
+        next();
+        AddName(group.Published);
+        Add(group, toJson);
+      }
+    });
+  }
   void End() {
     mText += '\n';
     mSink(std::exchange(mText, {}));
@@ -122,28 +115,20 @@ class JsonWriter {
   std::size_t mDepth = 0;
 };
 
-template <class Shown>
-void Write(const Shown& shown, const Sink& sink) {
-  JsonWriter writer(sink);
-  writer.Add(shown);
-  writer.End();
-}
-
 }  // namespace
 
-void WriteJson(const Node& node, const Sink& sink) {
-  Write(node, sink);
-}
-void WriteJson(const Group& group, const Sink& sink) {
-  Write(group, sink);
-}
-void WriteJson(const std::vector<Target>& targets, const Sink& sink) {
-  Write(targets, sink);
+void WriteJson(const std::vector<Target>& targets, const ValueToJson& toJson, const Sink& sink) {
+  JsonWriter writer(sink);
+  writer.Add(targets, toJson);
+  writer.End();
 }
 
 std::string JsonText(const Json& json) {
   std::string text;
-  Write(json, [&text](std::string_view part) { text += part; });
+  const Sink sink = [&text](std::string_view part) { text += part; };
+  JsonWriter writer(sink);
+  writer.Add(json);
+  writer.End();
   return text;
 }
 

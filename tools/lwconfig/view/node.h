@@ -1,5 +1,6 @@
 #pragma once
 
+#include <concepts>
 #include <cstddef>
 #include <functional>
 #include <string>
@@ -7,26 +8,30 @@
 #include <utility>
 #include <vector>
 
-#include <tools/lwconfig/view/json_value.h>
 #include <tools/lwconfig/view/styled_text.h>
+
+#include <lwconfig/core/base/variant.h>
 
 namespace lwconfig::tool {
 
-/// One value of a node: under its published name as JSON, and under a label as a person reads it. Without a
-/// name it is not part of the JSON, without a text it is not shown to people. Neighbours with one label share
+/// One value of a node as a person reads it. Without a text it is not shown. Neighbours with one label share
 /// a line.
 struct Property {
-  std::string Name;
-  Json Value;
   std::string Label;
   Span Text;
 };
 
-/// A property whose text follows from its value: texts and numbers as they are, lists joined by commas, true
-/// as "yes" and false, like empty texts and lists, not at all.
-Property Valued(std::string name, Json value, std::string label);
-/// A property that only JSON has.
-Property Unlabelled(std::string name, Json value);
+inline Property Labelled(std::string label, std::string text) {
+  return {std::move(label), {std::move(text)}};
+}
+/// True as "yes" and false not at all, a number in digits.
+template <std::integral T>
+Property Labelled(std::string label, T value) {
+  if constexpr (std::same_as<T, bool>)
+    return {std::move(label), {value ? "yes" : ""}};
+  else
+    return {std::move(label), {std::to_string(value)}};
+}
 
 struct Node;
 
@@ -68,6 +73,7 @@ struct Node {
   StyledText Summary{};                   // what stands beside the title
   std::vector<Property> Properties{};
   std::vector<Group> Groups{};
+  Variant Value{};          // of the object model: what JSON has
   bool IsExpanded = false;  // its properties are shown also when it is one of many
 };
 

@@ -10,23 +10,23 @@
 
 namespace lwconfig {
 
-/// One element of a draft.
+/// An element of a draft.
 struct XMLDraftElement {
   struct Span {
     std::size_t Start = 0;
     std::size_t Length = 0;
   };
   std::string Name;
-  Span Attributes;                   // in the draft's text: usually all of them stand in one place
-  std::vector<Span> MoreAttributes;  // those added after something else was
+  Span Attributes;                   // in the draft's text: usually contiguous
+  std::vector<Span> MoreAttributes;  // those added after another addition
   std::size_t AttributeCount = 0;
   Span Text;
   std::vector<XMLDraftElement*> Children;
   pugi::xml_node_struct* Node = nullptr;  // once the draft has become a tree
 };
 
-/// A document being written. Attributes and texts are kept as the very text that they will be in the file, so
-/// that writing a document takes one pass and few allocations; elements stay where they are in memory.
+/// A document being written. Attributes and texts are kept in their final form, so that writing takes one
+/// pass and few allocations. Elements keep their address.
 class XMLDraft {
  public:
   XMLDraft() { mElements.emplace_back(); }
@@ -36,7 +36,7 @@ class XMLDraft {
   XMLDraftElement& AddElement(XMLDraftElement& parent, std::string_view name, std::string_view text);
   /// The document as text.
   std::string Serialise() const;
-  /// Lets each element know its node in the tree that was parsed from the draft's text.
+  /// Sets for each element its node in the tree parsed from the draft's text.
   void LinkTo(pugi::xml_node root);
 
  private:
