@@ -100,7 +100,7 @@ class Block {
   ~Block() {
     if (!mScope) return;
     if (IsInnermost()) {
-      Leave();
+      Close();
     } else {
       for (OpenScope& open : OpenScopes()) open.IsAbandoned |= open.Scope == mScope;
     }
@@ -117,8 +117,7 @@ class Block {
   }
   void Leave() {
     CheckInnermost();
-    mScope.reset();
-    CloseInnermost();
+    Close();
   }
   Scope& Open() const {
     if (!mScope) throw Error(kInvalidCall, "The block is not entered, or left");
@@ -134,6 +133,10 @@ class Block {
   }
 
  private:
+  void Close() {
+    mScope.reset();
+    CloseInnermost();
+  }
   bool IsInnermost() const { return OpenScopes().back().Scope == mScope; }
 
   std::shared_ptr<Scope> mScope;

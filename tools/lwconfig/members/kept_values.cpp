@@ -15,7 +15,6 @@ namespace lwconfig::tool {
 namespace {
 
 using automation::ClassInfo;
-using automation::kPropertyGet;
 using automation::kPropertyLet;
 using automation::kPropertySet;
 
