@@ -23,10 +23,6 @@ py::object TextOrNone(const std::string& text) {
   return text.empty() ? py::object(py::none()) : py::object(ToPythonText(text));
 }
 
-py::object NumberOrNone(std::int32_t number) {
-  return number > 0 ? py::object(py::int_(number)) : py::none();
-}
-
 py::object FileOf(const Diagnostic& problem) {
   const std::string& file = problem.Position.File;
   return TextOrNone(file.empty() ? file : NativePath(file));
@@ -48,9 +44,9 @@ void AddProblems(py::module_& module) {
           "severity", [kind](const Diagnostic& problem) { return SeverityName(kind(problem).Severity); })
       .def_property_readonly("file", &FileOf)
       .def_property_readonly("line",
-                             [](const Diagnostic& problem) { return NumberOrNone(problem.Position.Line); })
+                             [](const Diagnostic& problem) { return PlaceOrNone(problem.Position.Line); })
       .def_property_readonly("column",
-                             [](const Diagnostic& problem) { return NumberOrNone(problem.Position.Column); })
+                             [](const Diagnostic& problem) { return PlaceOrNone(problem.Position.Column); })
       .def_property_readonly("path", [](const Diagnostic& problem) { return TextOrNone(problem.ModelPath); })
       .def_property_readonly("message",
                              [](const Diagnostic& problem) { return ToPythonText(problem.Message); })

@@ -8,10 +8,6 @@ namespace py = pybind11;
 namespace lwconfig::python {
 namespace {
 
-py::object PlaceOrNone(std::int32_t number) {
-  return number > 0 ? py::object(py::int_(number)) : py::none();
-}
-
 void Raise(const Error& failure, bool isAboutKey) {
   const auto& position = failure.Position();
   const bool isKey = isAboutKey && failure.Number() == kInvalidCall;
@@ -43,6 +39,10 @@ void SetFailure(bool isAboutKey) {
 }
 
 }  // namespace
+
+py::object PlaceOrNone(std::int32_t number) {
+  return number > 0 ? py::object(py::int_(number)) : py::none();
+}
 
 void SetPythonFailure(bool isAboutKey) noexcept {
   try {

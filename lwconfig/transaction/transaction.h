@@ -20,7 +20,7 @@ namespace lwconfig {
 class Transaction {
  public:
   Transaction();
-  /// Drops what is not committed, as `RollBack`.
+  /// Rolls back an open transaction.
   ~Transaction();
   Transaction(const Transaction&) = delete;
   Transaction& operator=(const Transaction&) = delete;
