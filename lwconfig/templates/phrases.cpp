@@ -62,7 +62,7 @@ class EntryReader {
       if (name.empty()) Report(Problem::EmptyName, child, "name", kNameless);
       if (!isNew) Report(Problem::DuplicateName, child, "name", Repeated(name));
     });
-    LoadListener::Current().EndFile(document, root);
+    LoadListener::Current().EndFile(root);
   }
 
   /// Reads one entry a line, "name~text". A further "~" terminates the text.

@@ -23,7 +23,7 @@ void UseDocument(const DiskFile& file, XMLDocument document, Use& use) {
   if (isDamaged) ReportParseFailure(document);
   const XMLElement root = document.RootElement();
   RunStep([&] { use(file, root); }, [&] { return root.Position(); });
-  LoadListener::Current().EndFile(document, root);
+  LoadListener::Current().EndFile(root);
   NoteDamage(file, isDamaged);
 }
 

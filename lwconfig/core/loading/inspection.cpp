@@ -210,7 +210,7 @@ class Inspection::Walk {
   const Watch& mWatch;
 };
 
-void Inspection::EndFile(const XMLDocument& /*document*/, const XMLElement& root) {
+void Inspection::EndFile(const XMLElement& root) {
   const XMLDocumentData& data = *root.mDocument;
   const auto& watch = static_cast<const Watch&>(*data.Observer);
   if (!watch.Doubt().empty()) Report(Problem::DoubtfulEncoding, {data.SourcePath, 1, 1}, watch.Doubt());

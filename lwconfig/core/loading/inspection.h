@@ -37,7 +37,7 @@ class Inspection final : public LoadListener {
   bool Wants(Problem /*problem*/) const override { return true; }
   bool ContinuesAfterFailure() const override { return true; }
   void BeginFile(const std::string& path) override;
-  void EndFile(const XMLDocument& document, const XMLElement& root) override;
+  void EndFile(const XMLElement& root) override;
   void EndText(const std::string& path, std::string_view text) override;
   std::shared_ptr<XMLObserver> Observe() override;
   std::string ModelPathOf(const XMLElement& e) const override;

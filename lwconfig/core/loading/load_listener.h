@@ -12,7 +12,6 @@
 
 namespace lwconfig {
 
-class XMLDocument;
 struct XMLDocumentData;
 
 /// Listens to every load of the process, on the thread that loads. Reports at most a fixed number of problems
@@ -46,7 +45,7 @@ class LoadListener {
   /// Before a configuration file is read.
   virtual void BeginFile(const std::string& path) { mCounts.erase(path); }
   /// After it was loaded.
-  virtual void EndFile(const XMLDocument& /*document*/, const XMLElement& /*root*/) {}
+  virtual void EndFile(const XMLElement& /*root*/) {}
   /// Instead of `EndFile` for a file of phrases or scraps that is no document.
   virtual void EndText(const std::string& /*path*/, std::string_view /*text*/) {}
   /// The observer of the next document to be read, or null. Called on any thread.
