@@ -1,7 +1,7 @@
 #include <fstream>
 
 #include <tests/configuration.h>
-#include <tests/paths.h>
+#include <tests/locations.h>
 
 #include <lwconfig/automation/dispatch.h>
 #include <lwconfig/automation/published.h>

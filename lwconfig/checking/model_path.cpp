@@ -6,6 +6,7 @@
 #include <lwconfig/automation/published.h>
 #include <lwconfig/checking/model_path.h>
 #include <lwconfig/core/base/letter_case.h>
+#include <lwconfig/paths/member_path.h>
 
 namespace lwconfig {
 namespace {
@@ -69,20 +70,6 @@ std::string ModelPathOf(const XMLElement& e) {
     owner = item;
   }
   return path;
-}
-
-std::string WrittenKey(std::string_view key, char quote) {
-  const auto isDigit = [](char c) { return c >= '0' && c <= '9'; };
-  const bool isNumber = std::ranges::all_of(key.substr(key.starts_with('-') ? 1 : 0), isDigit);
-  const bool isSafe = !isNumber && !key.starts_with(' ') && !key.ends_with(' ') &&
-                      key.find_first_of("\"'[]") == std::string_view::npos;
-  if (quote == '\0') {
-    if (isSafe) return std::string(key);
-    quote = '"';
-  }
-  std::string written(1, quote);
-  for (const char c : key) written.append(c == quote ? 2 : 1, c);
-  return written + quote;
 }
 
 }  // namespace lwconfig

@@ -16,8 +16,4 @@ const automation::ClassInfo* ClassOfElement(std::string_view name);
 /// of the object. Empty for a file of unknown kind.
 std::string ModelPathOf(const XMLElement& e);
 
-/// A key as a path has it between brackets: in quotation marks, the given one or `"`, where it needs them or
-/// one is given; those in the key are doubled.
-std::string WrittenKey(std::string_view key, char quote = '\0');
-
 }  // namespace lwconfig

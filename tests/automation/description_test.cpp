@@ -4,7 +4,7 @@
 
 #include <gtest/gtest.h>
 #include <pugixml.hpp>
-#include <tests/paths.h>
+#include <tests/locations.h>
 
 #include <lwconfig/automation/contracts.h>
 #include <lwconfig/automation/idl.h>

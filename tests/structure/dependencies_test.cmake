@@ -2,7 +2,7 @@
 cmake_minimum_required(VERSION 3.25)
 
 set(rooms core/base core/registry_text platform core/files core/xml core/loading
-          namespaces pages externaldocs comments options templates root automation transaction checking)
+          namespaces pages externaldocs comments options templates root automation paths transaction checking editing)
 # Faces stand on all of these, and on no other face.
 set(faces tools python com)
 

@@ -6,7 +6,7 @@
 #include <vector>
 
 #include <sys/stat.h>
-#include <tests/paths.h>
+#include <tests/locations.h>
 #include <tests/tools/tool_test.h>
 
 #include <lwconfig/core/loading/problem.h>

@@ -4,7 +4,7 @@
 #include <utility>
 #include <vector>
 
-#include <tests/paths.h>
+#include <tests/locations.h>
 #include <tests/tools/tool_test.h>
 #include <tools/lwconfig/commands/commands.h>
 

@@ -1,6 +1,6 @@
 #include <filesystem>
 
-#include <tests/paths.h>
+#include <tests/locations.h>
 #include <tests/tools/tool_test.h>
 
 namespace lwconfig::testing {

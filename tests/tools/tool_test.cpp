@@ -6,9 +6,9 @@
 #include <fcntl.h>
 #include <pty.h>
 #include <sys/ioctl.h>
-#include <tests/paths.h>
+#include <tests/locations.h>
 #include <tests/tools/tool_test.h>
-#include <tools/lwconfig/members/words.h>
+#include <tools/lwconfig/command_words.h>
 
 #include <lwconfig/core/base/text.h>
 

@@ -5,8 +5,8 @@
 
 #include <tools/lwconfig/application.h>
 #include <tools/lwconfig/command_line.h>
+#include <tools/lwconfig/command_source.h>
 #include <tools/lwconfig/commands/commands.h>
-#include <tools/lwconfig/members/report.h>
 #include <tools/lwconfig/reporter.h>
 
 namespace lwconfig::tool {
@@ -30,7 +30,7 @@ int RunApplication(int argc, const char* const* argv) {
   try {
     const auto request = ReadCommandLine(kProgram, argc, argv, reporter);
     if (request && (request->Asked->IsHidden || HasRegistryFolder(reporter)))
-      WithFaults(reporter, {}, [&] { request->Asked->Run(request->Given, reporter); });
+      RunReported(reporter, {}, [&] { request->Asked->Run(request->Given, reporter); });
   } catch (const std::filesystem::filesystem_error& failure) {
     // Only the current folder has no name.
     const std::string path = failure.path1().string();

@@ -5,8 +5,9 @@
 
 #include <CLI/CLI.hpp>
 #include <tools/lwconfig/command_line.h>
-#include <tools/lwconfig/members/fault.h>
 #include <tools/lwconfig/terminal.h>
+
+#include <lwconfig/paths/path_error.h>
 
 namespace lwconfig::tool {
 namespace {
@@ -231,7 +232,7 @@ Request ReadWords(std::span<const Command* const> commands, const std::vector<st
     Read(given, request.Asked->Parameters, request.Given);
     return request;
   } catch (const CLI::ParseError& misuse) {
-    throw Fault(ExitStatus::Usage, misuse.what());
+    throw PathError(PathErrorKind::Usage, misuse.what());
   }
 }
 

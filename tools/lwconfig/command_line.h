@@ -31,7 +31,7 @@ std::optional<std::string> HelpText(const Command& program, std::span<const std:
                                     Reporter& reporter);
 
 /// What the words of a line in a file ask for: the first is the name of one of the commands, which have their
-/// own parameters only. Misuse is a `Fault`.
+/// own parameters only. Misuse is a `PathError`.
 Request ReadWords(std::span<const Command* const> commands, const std::vector<std::string>& words);
 
 }  // namespace lwconfig::tool

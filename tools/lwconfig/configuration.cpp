@@ -4,9 +4,9 @@
 #include <utility>
 
 #include <tools/lwconfig/configuration.h>
-#include <tools/lwconfig/members/fault.h>
 
 #include <lwconfig/core/files/application_values.h>
+#include <lwconfig/paths/path_error.h>
 #include <lwconfig/platform/files.h>
 
 namespace lwconfig::tool {
@@ -33,9 +33,9 @@ Configuration::Configuration(const std::string& folder, Reporter& reporter, Unre
 
 void Configuration::RefuseStarter() const {
   if (!mIsStarter) return;
-  throw Fault(ExitStatus::Usage,
-              "no configuration is registered; name a configuration folder with --config, or begin one "
-              "with 'lwconfig init'");
+  throw PathError(PathErrorKind::Usage,
+                  "no configuration is registered; name a configuration folder with --config, or begin one "
+                  "with 'lwconfig init'");
 }
 
 void Configuration::RequireFolder() const {

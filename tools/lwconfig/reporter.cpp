@@ -33,16 +33,6 @@ std::string PlaceText(const FilePosition& position) {
   return place + " ";
 }
 
-std::string Suggestion(std::string_view wanted, std::vector<std::string>& existing,
-                       const std::vector<std::string>& otherNames) {
-  std::string nearest = Nearest(wanted, existing);
-  if (nearest.empty()) nearest = Nearest(wanted, otherNames);
-  if (nearest.empty()) return {};
-  std::erase(existing, nearest);
-  existing.insert(existing.begin(), nearest);
-  return "; did you mean '" + nearest + "'?";
-}
-
 Reporter::Reporter()
     : mPreviousDiagnosticHandler(SetDiagnosticHandler([this](const Diagnostic& told) { Warn(told); })),
       mPreviousMessageBoxHandler(

@@ -9,6 +9,7 @@
 
 #include <lwconfig/core/base/error.h>
 #include <lwconfig/core/loading/diagnostics.h>
+#include <lwconfig/paths/model_listener.h>
 #include <lwconfig/platform/message_box.h>
 
 namespace lwconfig::tool {
@@ -25,25 +26,20 @@ enum class ExitStatus {
 /// "file:line:column: " as far as the place is known, else "lwconfig: "; the path is the host's.
 std::string PlaceText(const FilePosition& position);
 
-/// "; did you mean 'show'?" where the nearest of the names is near: it is then the first of `existing`. Else
-/// empty.
-std::string Suggestion(std::string_view wanted, std::vector<std::string>& existing,
-                       const std::vector<std::string>& otherNames = {});
-
 /// Tells the user on standard error what went wrong, one line each, and keeps the exit status: the highest of
 /// those that apply. While it lives, the library's warnings and message boxes come here, and its progress
 /// where standard error is a terminal.
-class Reporter {
+class Reporter final : public ModelListener {
  public:
   Reporter();
-  ~Reporter();
+  ~Reporter() override;
   Reporter(const Reporter&) = delete;
   Reporter& operator=(const Reporter&) = delete;
 
   /// Something to know that changes nothing.
-  void Note(std::string_view text);
+  void Note(std::string_view text) override;
   /// A failure of the library: those of files are `InputOutput`, all others `Invalid`.
-  void Fail(const Error& failure);
+  void Fail(const Error& failure) override;
   void Fail(ExitStatus status, std::string_view text);
   /// `wanted` names nothing; lists the names that would, and suggests the nearest of these and of
   /// `otherNames`.
@@ -54,7 +50,7 @@ class Reporter {
   void FailAt(ExitStatus status, const FilePosition& position, std::string_view text,
               const std::vector<std::string>& existing = {});
   /// Whether there was neither a failure nor a warning.
-  bool IsClean() const { return mIsClean; }
+  bool IsClean() const override { return mIsClean; }
   /// Raises the exit status and tells nothing.
   void Raise(ExitStatus status);
 

@@ -49,4 +49,14 @@ std::string Nearest(std::string_view name, const std::vector<std::string>& candi
   return nearest.empty() ? continued : nearest;
 }
 
+std::string Suggestion(std::string_view wanted, std::vector<std::string>& existing,
+                       const std::vector<std::string>& otherNames) {
+  std::string nearest = Nearest(wanted, existing);
+  if (nearest.empty()) nearest = Nearest(wanted, otherNames);
+  if (nearest.empty()) return {};
+  std::erase(existing, nearest);
+  existing.insert(existing.begin(), nearest);
+  return "; did you mean '" + nearest + "'?";
+}
+
 }  // namespace lwconfig

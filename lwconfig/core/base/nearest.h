@@ -15,4 +15,9 @@ std::size_t EditDistance(std::string_view a, std::string_view b);
 /// third of the letters differ, else the first that begins with it; empty where there is none.
 std::string Nearest(std::string_view name, const std::vector<std::string>& candidates);
 
+/// "; did you mean 'show'?" where one of the names is near: it then becomes the first of `existing`. Else
+/// empty.
+std::string Suggestion(std::string_view wanted, std::vector<std::string>& existing,
+                       const std::vector<std::string>& otherNames = {});
+
 }  // namespace lwconfig

@@ -25,4 +25,9 @@ void CheckBaseName(std::string_view name) {
     throw Error(kBadFileName, "\"" + std::string(name) + "\" cannot be the name of a file");
 }
 
+std::string FolderName(std::string path) {
+  if (path.ends_with('\\')) path.pop_back();
+  return path.substr(path.rfind('\\') + 1);
+}
+
 }  // namespace lwconfig

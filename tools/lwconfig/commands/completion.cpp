@@ -5,11 +5,11 @@
 #include <vector>
 
 #include <tools/lwconfig/command_line.h>
+#include <tools/lwconfig/command_words.h>
 #include <tools/lwconfig/commands/commands.h>
+#include <tools/lwconfig/commands/path_completion.h>
 #include <tools/lwconfig/completion_scripts.h>
 #include <tools/lwconfig/configuration.h>
-#include <tools/lwconfig/members/completion.h>
-#include <tools/lwconfig/members/words.h>
 #include <tools/lwconfig/model/options.h>
 #include <tools/lwconfig/model/sections.h>
 #include <tools/lwconfig/terminal.h>
@@ -127,7 +127,7 @@ Candidates Names(const Typed& typed) {
 Candidates Live(const Typed& typed, Reporter& reporter) {
   const std::size_t place = typed.Positionals.size();
   const Configuration configuration(typed.Folder, reporter);
-  Model model(reporter);
+  ObjectModel model(reporter);
   if (const auto use = UseOfPath(typed.Name)) {
     if (place == 0) return CompletePath(model, typed.Current, *use);
     if (*use == PathUse::Write) return CompleteValue(model, typed.Positionals.front());

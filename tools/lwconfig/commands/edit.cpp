@@ -4,20 +4,20 @@
 #include <string>
 
 #include <tools/lwconfig/command_line.h>
+#include <tools/lwconfig/command_source.h>
 #include <tools/lwconfig/commands/commands.h>
 #include <tools/lwconfig/commands/common_options.h>
 #include <tools/lwconfig/commands/edit_help.h>
 #include <tools/lwconfig/configuration.h>
 #include <tools/lwconfig/file_argument.h>
-#include <tools/lwconfig/members/edit.h>
-#include <tools/lwconfig/members/listing.h>
-#include <tools/lwconfig/members/report.h>
-#include <tools/lwconfig/members/value.h>
 #include <tools/lwconfig/terminal.h>
 #include <tools/lwconfig/view/json.h>
+#include <tools/lwconfig/view/listing.h>
 
 #include <lwconfig/core/files/text_encoding.h>
 #include <lwconfig/core/registry_text/registry_text.h>
+#include <lwconfig/editing/editor.h>
+#include <lwconfig/paths/value_text.h>
 #include <lwconfig/transaction/transaction.h>
 
 namespace lwconfig::tool {
@@ -46,18 +46,18 @@ Edit EditOf(EditKind kind, const Arguments& arguments) {
   return edit;
 }
 
-void Print(Model& model, const std::vector<Result>& results, bool isJson, Reporter& reporter) {
+void Print(ObjectModel& model, const std::vector<CallResult>& results, bool isJson, Reporter& reporter) {
   if (results.empty()) return;
-  const auto place = [&](const Result& result) { return Place{{}, result.Value, result.Type}; };
+  const auto place = [&](const CallResult& result) { return PathTarget{{}, result.Value, result.Type}; };
   if (!isJson) {
     std::string text;
-    for (const Result& result : results)
+    for (const CallResult& result : results)
       text += (result.Name.empty() ? "" : result.Name + " = ") +
               GotText(model, place(result), OutputStyle("auto", 0));
     return WriteOutput(text, reporter);
   }
   Json json = Json::object();
-  for (const Result& result : results)
+  for (const CallResult& result : results)
     json[result.Name.empty() ? "Result" : result.Name] = GotJson(model, result.Value);
   WriteOutput(JsonText(json), reporter);
 }
@@ -103,7 +103,7 @@ void RunOne(const Arguments& arguments, Reporter& reporter) {
   constexpr bool kIsCall = kKind == EditKind::Call;
   const Configuration configuration(arguments.Text("--config"), reporter);
   Transaction transaction;
-  Model model(reporter);
+  ObjectModel model(reporter);
   Editor editor(model);
   const auto results = editor.Run(EditOf(kKind, arguments));
   editor.Save();
@@ -183,7 +183,7 @@ namespace {
 constexpr std::array<const Command*, 4> kEditCommands{&kSetCommand, &kAddCommand, &kRemoveCommand,
                                                       &kCallCommand};
 
-/// The change that the words are; a `Fault` where they are none.
+/// The change that the words are; a `PathError` where they are none.
 Edit ParseEdit(const std::vector<Word>& words) {
   const std::string& name = words.front().Text;
   const auto isNamed = [&](const Command* command) { return command->Name == name; };
@@ -192,7 +192,7 @@ Edit ParseEdit(const std::vector<Word>& words) {
     std::vector<std::string> names;
     names.reserve(kEditCommands.size());
     for (const Command* command : kEditCommands) names.emplace_back(command->Name);
-    throw Fault::Unknown(ExitStatus::Usage, "command", name, "", names).At(name, 0);
+    throw PathError::Unknown(PathErrorKind::Usage, "command", name, "", names).At(name, 0);
   }
   std::vector<std::string> texts;
   texts.reserve(words.size());
@@ -206,11 +206,11 @@ void Apply(const Arguments& arguments, Reporter& reporter) {
   CommandSource source{SourceName(file), text, {}};
   const Configuration configuration(arguments.Text("--config"), reporter);
   Transaction transaction;
-  Model model(reporter);
+  ObjectModel model(reporter);
   Editor editor(model);
   bool isDone = false;
   std::vector<std::vector<Word>> commands;
-  WithFaults(reporter, source, [&] {
+  RunReported(reporter, source, [&] {
     WordReader reader(text);
     while (reader.Next(source.Command)) {
       commands.push_back(source.Command);
@@ -219,7 +219,7 @@ void Apply(const Arguments& arguments, Reporter& reporter) {
     source.Command.clear();
     try {
       editor.Save();
-    } catch (const Fault& fault) {
+    } catch (const PathError& fault) {
       if (fault.Edit() > 0) source.Command = commands[fault.Edit() - 1];
       throw;
     }

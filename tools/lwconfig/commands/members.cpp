@@ -1,13 +1,13 @@
 #include <array>
 #include <string>
 
+#include <tools/lwconfig/command_source.h>
 #include <tools/lwconfig/commands/commands.h>
 #include <tools/lwconfig/commands/common_options.h>
 #include <tools/lwconfig/configuration.h>
-#include <tools/lwconfig/members/listing.h>
-#include <tools/lwconfig/members/report.h>
 #include <tools/lwconfig/terminal.h>
 #include <tools/lwconfig/view/json.h>
+#include <tools/lwconfig/view/listing.h>
 
 namespace lwconfig::tool {
 namespace {
@@ -50,8 +50,8 @@ Examples:
 
 void Get(const Arguments& arguments, Reporter& reporter) {
   Configuration configuration(arguments.Text("--config"), reporter);
-  Model model(reporter);
-  const Place place = model.Follow(ParsePath(arguments.Text("PATH")));
+  ObjectModel model(reporter);
+  const PathTarget place = model.Follow(ParsePath(arguments.Text("PATH")));
   WriteOutput(arguments.Has("--json") ? JsonText(GotJson(model, place.Value))
                                       : GotText(model, place, OutputStyle("auto", 0)),
               reporter);
@@ -59,7 +59,7 @@ void Get(const Arguments& arguments, Reporter& reporter) {
 
 void List(const Arguments& arguments, Reporter& reporter) {
   Configuration configuration(arguments.Text("--config"), reporter);
-  Model model(reporter);
+  ObjectModel model(reporter);
   const AnyObject object = model.FollowToObject(ParsePath(arguments.Text("PATH"))).back();
   WriteOutput(arguments.Has("--json") ? JsonText(ListedJson(model, object))
                                       : ListedText(model, object, OutputStyle("auto", 0)),

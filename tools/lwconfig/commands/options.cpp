@@ -1,17 +1,17 @@
 #include <array>
 #include <string>
 
+#include <tools/lwconfig/command_source.h>
 #include <tools/lwconfig/commands/commands.h>
 #include <tools/lwconfig/commands/common_options.h>
 #include <tools/lwconfig/configuration.h>
-#include <tools/lwconfig/members/edit.h>
-#include <tools/lwconfig/members/report.h>
 #include <tools/lwconfig/model/options.h>
 #include <tools/lwconfig/terminal.h>
 #include <tools/lwconfig/view/json.h>
 #include <tools/lwconfig/view/table.h>
 
 #include <lwconfig/core/base/letter_case.h>
+#include <lwconfig/editing/editor.h>
 #include <lwconfig/transaction/transaction.h>
 
 namespace lwconfig::tool {
@@ -76,8 +76,8 @@ void Set(const Arguments& arguments, Reporter& reporter) {
   const auto option = FindOption(root, arguments.Text("NAME"), reporter);
   if (!option) return;
   // The one way in which values are read and written: that of 'lwconfig set'.
-  WithFaults(reporter, {}, [&] {
-    Model model(reporter);
+  RunReported(reporter, {}, [&] {
+    ObjectModel model(reporter);
     Editor editor(model);
     editor.Run({EditKind::Set, option->Name(), {arguments.Text("VALUE")}});
     editor.Save();

@@ -8,13 +8,14 @@
 #include <tools/lwconfig/commands/commands.h>
 #include <tools/lwconfig/commands/common_options.h>
 #include <tools/lwconfig/file_argument.h>
-#include <tools/lwconfig/model/registry_data.h>
 #include <tools/lwconfig/terminal.h>
+#include <tools/lwconfig/view/json.h>
 #include <tools/lwconfig/view/table.h>
 
 #include <lwconfig/core/base/letter_case.h>
 #include <lwconfig/core/files/registry_access.h>
 #include <lwconfig/core/registry_text/registry_text.h>
+#include <lwconfig/core/registry_text/typed_text.h>
 
 namespace lwconfig::tool {
 namespace {
@@ -125,11 +126,18 @@ std::optional<std::vector<RegistryChange>> Collected(const std::string& key, Rep
   return all;
 }
 
+/// A number, a list of texts, or a text.
+Json DataJson(const RegistryValue& value) {
+  if (const auto number = RegistryNumber(value)) return *number;
+  if (IsTextList(value.Type)) return UnpackTexts(std::get<std::vector<std::uint8_t>>(value.Data));
+  return RegistryDataText(value);
+}
+
 Json ToJson(const RegistryChange& value) {
   return {{"Key", FullName(value.Root, value.Key)},
           {"Name", value.Name},
           {"Type", RegistryTypeName(value.Value.Type)},
-          {"Data", RegistryDataJson(value.Value)}};
+          {"Data", DataJson(value.Value)}};
 }
 
 /// An empty key stands for the product's keys.

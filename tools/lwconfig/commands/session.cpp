@@ -1,10 +1,10 @@
 #include <array>
 #include <string>
 
+#include <tools/lwconfig/command_source.h>
 #include <tools/lwconfig/commands/commands.h>
 #include <tools/lwconfig/file_argument.h>
-#include <tools/lwconfig/members/report.h>
-#include <tools/lwconfig/members/session.h>
+#include <tools/lwconfig/session_interpreter.h>
 #include <tools/lwconfig/terminal.h>
 
 #include <lwconfig/core/files/text_encoding.h>
@@ -16,9 +16,9 @@ void Run(const Arguments& arguments, Reporter& reporter) {
   const std::string file = arguments.Text("FILE");
   const std::string text = DecodeText(ReadSource(file));
   CommandSource source{SourceName(file), text, {}};
-  Model model(reporter);
-  Session session(model);
-  WithFaults(reporter, source, [&] {
+  ObjectModel model(reporter);
+  SessionInterpreter session(model);
+  RunReported(reporter, source, [&] {
     WordReader reader(text);
     while (reader.Next(source.Command)) {
       std::vector<std::string> words;

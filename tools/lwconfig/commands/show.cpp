@@ -5,10 +5,10 @@
 #include <tools/lwconfig/commands/commands.h>
 #include <tools/lwconfig/commands/common_options.h>
 #include <tools/lwconfig/configuration.h>
-#include <tools/lwconfig/members/listing.h>
 #include <tools/lwconfig/model/sections.h>
 #include <tools/lwconfig/terminal.h>
 #include <tools/lwconfig/view/json.h>
+#include <tools/lwconfig/view/listing.h>
 #include <tools/lwconfig/view/tree_path.h>
 
 namespace lwconfig::tool {
@@ -88,7 +88,7 @@ void Show(const Arguments& arguments, Reporter& reporter) {
   }
   const Sink output = OutputSink(reporter);
   if (arguments.Has("--json")) {
-    Model model(reporter);
+    ObjectModel model(reporter);
     return WriteJson(
         found.Targets, [&](const Variant& value) { return NestedJson(model, value, kShownLevels); }, output);
   }

@@ -6,6 +6,7 @@
 #include <lwconfig/comments/comment_file_locations.h>
 #include <lwconfig/comments/model_comment_profiles.h>
 #include <lwconfig/comments/tagged_comment_defs.h>
+#include <lwconfig/core/files/file_name.h>
 #include <lwconfig/externaldocs/external_docs.h>
 #include <lwconfig/namespaces/language.h>
 #include <lwconfig/namespaces/namespace_profiles.h>
@@ -42,9 +43,6 @@ NodeList EachOf(const Items& items, Describe describe) {
 
 /// The path as a person uses it: the product's own where it has a drive letter, else the host's.
 std::string ShownPath(const std::string& path);
-
-/// The last part of a folder path in the product's notation.
-std::string FolderName(std::string path);
 
 /// "if 2+ LW:Library where x": the condition that so many (where that is more than 0) items of a kind exist;
 /// empty without a kind.

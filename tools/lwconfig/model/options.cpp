@@ -1,8 +1,8 @@
 #include <charconv>
 #include <utility>
 
-#include <tools/lwconfig/members/listing.h>
 #include <tools/lwconfig/model/options.h>
+#include <tools/lwconfig/view/listing.h>
 
 #include <lwconfig/automation/published.h>
 #include <lwconfig/core/files/application_values.h>

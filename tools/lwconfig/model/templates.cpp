@@ -68,11 +68,6 @@ Node Describe(const PageTemplate& t) {
 
 }  // namespace
 
-std::string FolderName(std::string path) {
-  if (path.ends_with('\\')) path.pop_back();
-  return path.substr(path.rfind('\\') + 1);
-}
-
 Group Describe(const PageTemplates& templates) {
   return {"templates", "PageTemplates",
           EachOf(templates, [](const PageTemplate& pageTemplate) { return Describe(pageTemplate); })};
