@@ -12,6 +12,8 @@
 #include <lwconfig/checking/check_configuration.h>
 #include <lwconfig/configuration_scope.h>
 #include <lwconfig/core/files/disk_file.h>
+#include <lwconfig/paths/object_model.h>
+#include <lwconfig/paths/path_error.h>
 #include <lwconfig/transaction/transaction.h>
 
 namespace py = pybind11;
@@ -68,6 +70,25 @@ py::list Check(const py::object& folder) {
        CheckConfiguration(folder.is_none() ? std::string() : FolderFrom(folder)).Problems)
     problems.append(std::move(problem));
   return problems;
+}
+
+/// Raises the failures of what it reads.
+class RaisingListener final : public ModelListener {
+ public:
+  void Fail(const Error& failure) override { throw failure; }
+  void Note(std::string_view /*text*/) override {}
+  bool IsClean() const override { return true; }
+};
+
+py::object Find(const std::string& path) {
+  try {
+    RaisingListener listener;
+    const PathTarget found = ObjectModel(listener).Follow(ParsePath(path));
+    return ToPython(found.Value, found.Type);
+  } catch (const PathError& error) {
+    if (error.Kind() == PathErrorKind::NotFound) throw py::key_error(error.what());
+    throw py::value_error(error.what());
+  }
 }
 
 /// The scopes that are open, the innermost last. Scopes replace services of the process, so that they close
@@ -181,6 +202,7 @@ void AddConfigurations(py::module_& module) {
   AddProblems(module);
   module.def("check", &Check, py::arg("folder") = py::none(),
              "The problems of the configuration in a folder, or of the registered one, as a list.");
+  module.def("find", &Find, py::arg("path"), "The object or value at a path from the root.");
   py::class_<ConfigurationBlock>(module, "_Configuration")
       .def("__enter__", &ConfigurationBlock::EnterRoot)
       .def("__exit__", [](ConfigurationBlock& self, const py::args&) { self.Leave(); });

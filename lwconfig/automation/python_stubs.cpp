@@ -98,6 +98,11 @@ def check(folder: str | PathLike[str] | None = None) -> list[Problem]:
     `FileNotFoundError` for a folder that does not exist, and where none is registered. Shared objects are loaded
     anew on their next use; changes that are not saved are lost."""
 
+def find(path: str) -> Any:
+    """The object or value at a path from the root, such as the `path` of a problem or
+    `PageTemplates["House style"].PageLayouts[-1].TitleTemplate`. `KeyError` for a path that leads to nothing,
+    `ValueError` for a text that is no path."""
+
 class _Configuration:
     def __enter__(self) -> Root: ...
     def __exit__(

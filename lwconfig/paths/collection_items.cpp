@@ -2,12 +2,15 @@
 
 #include <lwconfig/automation/conversion.h>
 #include <lwconfig/automation/dispatch.h>
+#include <lwconfig/automation/published.h>
 #include <lwconfig/core/base/letter_case.h>
 #include <lwconfig/core/files/file_name.h>
 #include <lwconfig/paths/collection_items.h>
 
 namespace lwconfig {
 
+using automation::ClassInfo;
+using automation::ClassOf;
 using automation::kPropertyGet;
 
 std::int32_t CountOf(ObjectModel& model, const AnyObject& collection) {
@@ -22,13 +25,25 @@ Variant KeyArgument(ObjectModel& model, const AnyObject& collection, const KeyOr
 
 namespace {
 
-/// Templates are also known by the names of their folders.
-Variant FindByFolder(ObjectModel& model, const AnyObject& collection, std::string_view name) {
-  if (std::string_view(collection.Class->Name()) != "PageTemplates") return {};
+/// The property by which people know an item besides its key: of a template the folder, of an item whose key
+/// is made up, such as a plug-in, the one in its file. Null where there is none.
+const ClassInfo::Member* OtherName(const ClassInfo& item) {
+  const ClassInfo::Member* key = item.Key();
+  if (key == nullptr) return nullptr;
+  const ClassInfo::Member* other =
+      item.Find(&item == &ClassOf<PageTemplate>() ? "RootFolder" : key->Attribute());
+  return other != key ? other : nullptr;
+}
+
+Variant FindByOtherName(ObjectModel& model, const AnyObject& collection, std::string_view name) {
+  const ClassInfo* item = collection.Class->ItemClass();
+  const ClassInfo::Member* other = item != nullptr ? OtherName(*item) : nullptr;
+  if (other == nullptr) return {};
   const auto enumerator = automation::Enumerate(collection);
   for (Variant value; enumerator->Next(value);) {
-    const Variant folder = model.Invoke(std::get<AnyObject>(value), "RootFolder", kPropertyGet);
-    if (EqualIgnoringCase(FolderName(std::get<std::string>(folder)), name)) return value;
+    const auto text =
+        std::get<std::string>(model.Invoke(std::get<AnyObject>(value), other->Name, kPropertyGet));
+    if (EqualIgnoringCase(item == &ClassOf<PageTemplate>() ? FolderName(text) : text, name)) return value;
   }
   return {};
 }
@@ -44,7 +59,7 @@ Variant FindItem(ObjectModel& model, const AnyObject& collection, const KeyOrPos
     if (ObjectIn(item) != nullptr || std::holds_alternative<std::string>(item)) return item;
   }
   const auto* name = std::get_if<std::string>(&key);
-  return name != nullptr ? FindByFolder(model, collection, *name) : Variant();
+  return name != nullptr ? FindByOtherName(model, collection, *name) : Variant();
 }
 
 std::vector<CollectionItem> ItemsOf(const AnyObject& collection) {

@@ -353,6 +353,14 @@ class Configurations(ConfigurationTest):
             with self.assertRaises(FileNotFoundError), lwconfig.configuration(folder):
                 self.fail("it was opened")
 
+    def test_paths_lead_to_objects_and_values(self) -> None:
+        template = lwconfig.find("PageTemplates[Manual]")
+        self.assertIs(type(template), lwconfig.PageTemplate)
+        self.assertEqual(lwconfig.find("PageTemplates[1].Name"), template.Name)
+        for path, error in (("PageTemplates[none]", KeyError), ("Nothing", KeyError), ("PageTemplates[", ValueError)):
+            with self.assertRaises(error):
+                lwconfig.find(path)
+
     def test_a_folder_is_opened_by_itself(self) -> None:
         other = self.other()
         outer = lwconfig.configuration(other)
