@@ -182,11 +182,10 @@ def contracts(types, published):
     return {key: text for key, text in table.items() if text}
 
 
-def identities(published):
-    names = [LIBRARY]
-    for kind, name in published:
-        names += [f"enumeration.{name}"] if kind == "Enum" else [f"class.{name}", f"interface._{name}",
-                                                                f"events.__{name}"]
+def identities(classes, enumerations):
+    names = [LIBRARY, *(f"enumeration.{name}" for name in enumerations)]
+    for name in classes:
+        names += [f"class.{name}", f"interface._{name}", f"events.__{name}"]
     return {name: str(uuid.uuid5(IDENTITIES, f"{LIBRARY}.{name}")).upper() for name in names}
 
 
@@ -203,8 +202,9 @@ def cpp_table(function, table):
 
 def main():
     source, output = pathlib.Path(sys.argv[1]), pathlib.Path(sys.argv[2])
-    published = re.findall(r"(Class|Enum)Of<(\w+)(?:<\w+>)?>\(\);",
-                           (source / "lwconfig/automation/published.h").read_text(encoding="utf-8"))
+    lists = (source / "lwconfig/automation/published.h").read_text(encoding="utf-8")
+    classes, enumerations = [re.findall(r"USE\((\w+)(?:<\w+>)?\)", part)
+                             for part in lists.split("#define LWCONFIG_PUBLISHED_ENUMERATIONS", 1)]
     types = {}
     for header in sorted((source / "lwconfig").glob("**/*.h")):
         if header.parent.name not in ("platform", "posix", "windows", "internal"):
@@ -213,8 +213,8 @@ def main():
     output.write_text("// Written by cmake/contracts.py from the headers of the published classes.\n\n"
                       "#include <lwconfig/automation/internal/text_tables.h>\n\n"
                       "namespace lwconfig::automation {\n\n"
-                      + cpp_table("ContractRows", contracts(types, [name for _, name in published]))
-                      + cpp_table("IdentityRows", identities(published))
+                      + cpp_table("ContractRows", contracts(types, classes + enumerations))
+                      + cpp_table("IdentityRows", identities(classes, enumerations))
                       + "}  // namespace lwconfig::automation\n", encoding="utf-8")
 
 

@@ -18,67 +18,16 @@ const Info* FindByName(std::span<const Info* const> all, std::string_view name,
 }  // namespace
 
 std::span<const ClassInfo* const> PublishedClasses() {
-  static const std::array all{&ClassOf<Root>(),
-                              &ClassOf<PageTemplates>(),
-                              &ClassOf<PageTemplate>(),
-                              &ClassOf<PageLayouts>(),
-                              &ClassOf<PageLayout>(),
-                              &ClassOf<TOCDefinitions>(),
-                              &ClassOf<TOCDefinition>(),
-                              &ClassOf<NodeDefs>(),
-                              &ClassOf<NodeDef>(),
-                              &ClassOf<VariableDefs>(),
-                              &ClassOf<VariableDef>(),
-                              &ClassOf<TaggedCommentDefs>(),
-                              &ClassOf<TaggedCommentDef>(),
-                              &ClassOf<ModelCommentProfiles>(),
-                              &ClassOf<ModelComments>(),
-                              &ClassOf<ModelComment>(),
-                              &ClassOf<CommentFileLocations>(),
-                              &ClassOf<CommentFileLocation>(),
-                              &ClassOf<Languages>(),
-                              &ClassOf<Language>(),
-                              &ClassOf<NamespaceProfiles>(),
-                              &ClassOf<NamespaceDefs>(),
-                              &ClassOf<NamespaceDef>(),
-                              &ClassOf<ElementDefs>(),
-                              &ClassOf<ElementDef>(),
-                              &ClassOf<ElementAttributeDefs>(),
-                              &ClassOf<ElementAttributeDef>(),
-                              &ClassOf<ElementAttributes>(),
-                              &ClassOf<INamespaceProvider>(),
-                              &ClassOf<PlugIns>(),
-                              &ClassOf<PlugIn>(),
-                              &ClassOf<ExternalDocs>(),
-                              &ClassOf<ExternalDoc>(),
-                              &ClassOf<ExternalLink>(),
-                              &ClassOf<VSNETOptions>(),
-                              &ClassOf<VBOptions>(),
-                              &ClassOf<LWCommenterOptions>(),
-                              &ClassOf<IDEOptions>(),
-                              &ClassOf<SpellingOptions>(),
-                              &ClassOf<CommonEnums>(),
-                              &ClassOf<Collection>(),
-                              &ClassOf<XMLDocument>(),
-                              &ClassOf<XMLElement>(),
-                              &ClassOf<XMLElements>(),
-                              &ClassOf<XMLAttributes>(),
-                              &ClassOf<XMLAttribute>(),
-                              &ClassOf<DiskFile>(),
-                              &ClassOf<DiskFiles>(),
-                              &ClassOf<RegistryAccess>(),
-                              &ClassOf<StringTools>(),
-                              &ClassOf<ObjectReference<AnyObject>>()};
+#define LWCONFIG_TABLE_OF(T) &ClassOf<T>(),
+  static const std::array all{LWCONFIG_PUBLISHED_CLASSES(LWCONFIG_TABLE_OF)};
+#undef LWCONFIG_TABLE_OF
   return all;
 }
 
 std::span<const EnumInfo* const> PublishedEnumerations() {
-  static const std::array all{
-      &EnumOf<PageTypeEnum>(),          &EnumOf<NodeTypeEnum>(),        &EnumOf<DependantOnEnum>(),
-      &EnumOf<VariableDefTypeEnum>(),   &EnumOf<ElementTypeEnum>(),     &EnumOf<WrapTypeEnum>(),
-      &EnumOf<mcInsertionPointEnum>(),  &EnumOf<mcMemberTypeEnum>(),    &EnumOf<LWToolBarStyleEnum>(),
-      &EnumOf<CommentEditorViewEnum>(), &EnumOf<LWVSWindowStyleEnum>(), &EnumOf<BlockPositionEnum>(),
-      &EnumOf<CommentModeEnum>(),       &EnumOf<LWIPCCommandEnum>()};
+#define LWCONFIG_TABLE_OF(E) &EnumOf<E>(),
+  static const std::array all{LWCONFIG_PUBLISHED_ENUMERATIONS(LWCONFIG_TABLE_OF)};
+#undef LWCONFIG_TABLE_OF
   return all;
 }
 

@@ -45,139 +45,42 @@
 
 namespace lwconfig::automation {
 
-/// Every published class and enumeration. Their tables are in `tables/`, by subject.
+/// Every published class, in the order of the interface description. Its table is in `tables/`, by subject.
+// clang-format off
+#define LWCONFIG_PUBLISHED_CLASSES(USE) \
+  USE(Root) \
+  USE(PageTemplates) USE(PageTemplate) \
+  USE(PageLayouts) USE(PageLayout) USE(TOCDefinitions) USE(TOCDefinition) \
+  USE(NodeDefs) USE(NodeDef) USE(VariableDefs) USE(VariableDef) \
+  USE(TaggedCommentDefs) USE(TaggedCommentDef) \
+  USE(ModelCommentProfiles) USE(ModelComments) USE(ModelComment) \
+  USE(CommentFileLocations) USE(CommentFileLocation) USE(Languages) USE(Language) \
+  USE(NamespaceProfiles) USE(NamespaceDefs) USE(NamespaceDef) \
+  USE(ElementDefs) USE(ElementDef) USE(ElementAttributeDefs) USE(ElementAttributeDef) USE(ElementAttributes) \
+  USE(INamespaceProvider) USE(PlugIns) USE(PlugIn) \
+  USE(ExternalDocs) USE(ExternalDoc) USE(ExternalLink) \
+  USE(VSNETOptions) USE(VBOptions) USE(LWCommenterOptions) USE(IDEOptions) USE(SpellingOptions) USE(CommonEnums) \
+  USE(Collection) USE(XMLDocument) USE(XMLElement) USE(XMLElements) USE(XMLAttributes) USE(XMLAttribute) \
+  USE(DiskFile) USE(DiskFiles) USE(RegistryAccess) USE(StringTools) USE(ObjectReference<AnyObject>)
 
-template <>
-const ClassInfo& ClassOf<Root>();
-template <>
-const ClassInfo& ClassOf<PageTemplates>();
-template <>
-const ClassInfo& ClassOf<PageTemplate>();
-template <>
-const ClassInfo& ClassOf<PageLayouts>();
-template <>
-const ClassInfo& ClassOf<PageLayout>();
-template <>
-const ClassInfo& ClassOf<TOCDefinitions>();
-template <>
-const ClassInfo& ClassOf<TOCDefinition>();
-template <>
-const ClassInfo& ClassOf<NodeDefs>();
-template <>
-const ClassInfo& ClassOf<NodeDef>();
-template <>
-const ClassInfo& ClassOf<VariableDefs>();
-template <>
-const ClassInfo& ClassOf<VariableDef>();
-template <>
-const ClassInfo& ClassOf<TaggedCommentDefs>();
-template <>
-const ClassInfo& ClassOf<TaggedCommentDef>();
-template <>
-const ClassInfo& ClassOf<ModelCommentProfiles>();
-template <>
-const ClassInfo& ClassOf<ModelComments>();
-template <>
-const ClassInfo& ClassOf<ModelComment>();
-template <>
-const ClassInfo& ClassOf<CommentFileLocations>();
-template <>
-const ClassInfo& ClassOf<CommentFileLocation>();
-template <>
-const ClassInfo& ClassOf<Languages>();
-template <>
-const ClassInfo& ClassOf<Language>();
-template <>
-const ClassInfo& ClassOf<NamespaceProfiles>();
-template <>
-const ClassInfo& ClassOf<NamespaceDefs>();
-template <>
-const ClassInfo& ClassOf<NamespaceDef>();
-template <>
-const ClassInfo& ClassOf<ElementDefs>();
-template <>
-const ClassInfo& ClassOf<ElementDef>();
-template <>
-const ClassInfo& ClassOf<ElementAttributeDefs>();
-template <>
-const ClassInfo& ClassOf<ElementAttributeDef>();
-template <>
-const ClassInfo& ClassOf<ElementAttributes>();
-template <>
-const ClassInfo& ClassOf<INamespaceProvider>();
-template <>
-const ClassInfo& ClassOf<PlugIns>();
-template <>
-const ClassInfo& ClassOf<PlugIn>();
-template <>
-const ClassInfo& ClassOf<ExternalDocs>();
-template <>
-const ClassInfo& ClassOf<ExternalDoc>();
-template <>
-const ClassInfo& ClassOf<ExternalLink>();
-template <>
-const ClassInfo& ClassOf<VSNETOptions>();
-template <>
-const ClassInfo& ClassOf<VBOptions>();
-template <>
-const ClassInfo& ClassOf<LWCommenterOptions>();
-template <>
-const ClassInfo& ClassOf<IDEOptions>();
-template <>
-const ClassInfo& ClassOf<SpellingOptions>();
-template <>
-const ClassInfo& ClassOf<CommonEnums>();
-template <>
-const ClassInfo& ClassOf<Collection>();
-template <>
-const ClassInfo& ClassOf<XMLDocument>();
-template <>
-const ClassInfo& ClassOf<XMLElement>();
-template <>
-const ClassInfo& ClassOf<XMLElements>();
-template <>
-const ClassInfo& ClassOf<XMLAttributes>();
-template <>
-const ClassInfo& ClassOf<XMLAttribute>();
-template <>
-const ClassInfo& ClassOf<DiskFile>();
-template <>
-const ClassInfo& ClassOf<DiskFiles>();
-template <>
-const ClassInfo& ClassOf<RegistryAccess>();
-template <>
-const ClassInfo& ClassOf<StringTools>();
-template <>
-const ClassInfo& ClassOf<ObjectReference<AnyObject>>();
+#define LWCONFIG_PUBLISHED_ENUMERATIONS(USE) \
+  USE(PageTypeEnum) USE(NodeTypeEnum) USE(DependantOnEnum) USE(VariableDefTypeEnum) USE(ElementTypeEnum) USE(WrapTypeEnum) \
+  USE(mcInsertionPointEnum) USE(mcMemberTypeEnum) \
+  USE(LWToolBarStyleEnum) USE(CommentEditorViewEnum) USE(LWVSWindowStyleEnum) \
+  USE(BlockPositionEnum) USE(CommentModeEnum) USE(LWIPCCommandEnum)
+// clang-format on
 
-template <>
-const EnumInfo& EnumOf<PageTypeEnum>();
-template <>
-const EnumInfo& EnumOf<NodeTypeEnum>();
-template <>
-const EnumInfo& EnumOf<DependantOnEnum>();
-template <>
-const EnumInfo& EnumOf<VariableDefTypeEnum>();
-template <>
-const EnumInfo& EnumOf<ElementTypeEnum>();
-template <>
-const EnumInfo& EnumOf<WrapTypeEnum>();
-template <>
-const EnumInfo& EnumOf<mcInsertionPointEnum>();
-template <>
-const EnumInfo& EnumOf<mcMemberTypeEnum>();
-template <>
-const EnumInfo& EnumOf<LWToolBarStyleEnum>();
-template <>
-const EnumInfo& EnumOf<CommentEditorViewEnum>();
-template <>
-const EnumInfo& EnumOf<LWVSWindowStyleEnum>();
-template <>
-const EnumInfo& EnumOf<BlockPositionEnum>();
-template <>
-const EnumInfo& EnumOf<CommentModeEnum>();
-template <>
-const EnumInfo& EnumOf<LWIPCCommandEnum>();
+#define LWCONFIG_DECLARE_CLASS(T) \
+  template <>                     \
+  const ClassInfo& ClassOf<T>();
+LWCONFIG_PUBLISHED_CLASSES(LWCONFIG_DECLARE_CLASS)
+#undef LWCONFIG_DECLARE_CLASS
+
+#define LWCONFIG_DECLARE_ENUMERATION(E) \
+  template <>                           \
+  const EnumInfo& EnumOf<E>();
+LWCONFIG_PUBLISHED_ENUMERATIONS(LWCONFIG_DECLARE_ENUMERATION)
+#undef LWCONFIG_DECLARE_ENUMERATION
 
 /// In the order of the interface description.
 std::span<const ClassInfo* const> PublishedClasses();
