@@ -6,6 +6,7 @@
 #include <lwconfig/core/base/nearest.h>
 #include <lwconfig/core/base/text.h>
 #include <lwconfig/core/loading/attribute_reader.h>
+#include <lwconfig/paths/possible_names.h>
 
 namespace lwconfig {
 namespace {
@@ -55,8 +56,7 @@ class ReferenceCheck {
 
  private:
   void CheckValue(const XMLElement& e, std::string_view attribute, std::string_view value, NameOf names) {
-    const bool isList = names == NameOf::CodeElements || names == NameOf::Words;
-    if (!isList) return CheckName(e, attribute, value, names);
+    if (!IsNameList(names)) return CheckName(e, attribute, value, names);
     for (const std::string_view piece : Split(value, ",")) {
       const std::string_view name = Trimmed(piece);
       if (name.size() != piece.size()) {

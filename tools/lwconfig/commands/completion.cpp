@@ -130,14 +130,15 @@ Candidates Live(const Typed& typed, Reporter& reporter) {
   ObjectModel model(reporter);
   if (const auto use = UseOfPath(typed.Name)) {
     if (place == 0) return CompletePath(model, typed.Current, *use);
-    if (*use == PathUse::Write) return CompleteValue(model, typed.Positionals.front());
+    if (*use == PathUse::Write) return CompleteValue(model, typed.Positionals.front(), typed.Current);
     if (*use == PathUse::Add) return CompleteMember(model, typed.Positionals.front(), typed.Current);
     return {};
   }
   lwconfig::Root root;
   Candidates candidates;
   if (typed.Name == "options get" || typed.Name == "options set" || typed.Name == "options reset") {
-    if (place == 1 && typed.Name == "options set") return CompleteValue(model, typed.Positionals.front());
+    if (place == 1 && typed.Name == "options set")
+      return CompleteValue(model, typed.Positionals.front(), typed.Current);
     for (const UserOption& option : UserOptions(root)) candidates.push_back({option.Name()});
   } else if (typed.Name == "phrase" || typed.Name == "scrap" || typed.Name == "template clone") {
     for (const auto& pageTemplate : *root.PageTemplates()) candidates.push_back({pageTemplate->Name});

@@ -5,12 +5,14 @@
 #include <lwconfig/automation/published.h>
 #include <lwconfig/core/base/letter_case.h>
 #include <lwconfig/paths/collection_items.h>
+#include <lwconfig/paths/possible_names.h>
 #include <lwconfig/paths/value_text.h>
 
 namespace lwconfig::tool {
 namespace {
 
 using automation::ClassInfo;
+using automation::NameOf;
 
 bool Begins(std::string_view text, std::string_view beginning) {
   return text.size() >= beginning.size() && EqualIgnoringCase(text.substr(0, beginning.size()), beginning);
@@ -73,6 +75,15 @@ std::vector<Candidate> ValuesOf(const automation::TypeInfo& type, const std::str
   return candidates;
 }
 
+/// The names that continue the text; in a list the last name is completed.
+std::vector<Candidate> NamesAfter(std::string_view text, const Way& way, NameOf names) {
+  const std::size_t comma = IsNameList(names) ? text.rfind(',') : std::string_view::npos;
+  const std::string before(text.substr(0, comma == std::string_view::npos ? 0 : comma + 1));
+  std::vector<Candidate> candidates;
+  for (const std::string& name : PossibleNames(way, names)) candidates.push_back({before + name});
+  return candidates;
+}
+
 }  // namespace
 
 std::vector<Candidate> CompletePath(ObjectModel& model, std::string_view text, PathUse use) {
@@ -87,17 +98,19 @@ std::vector<Candidate> CompletePath(ObjectModel& model, std::string_view text, P
   return candidates;
 }
 
-std::vector<Candidate> CompleteValue(ObjectModel& model, const std::string& path) {
+std::vector<Candidate> CompleteValue(ObjectModel& model, const std::string& path, std::string_view text) {
   const MemberPath steps = ParsePath(path);
   if (steps.Steps.empty() || steps.Steps.back().IsItem()) return {};
-  const AnyObject object = model.FollowToObject(steps, steps.Steps.size() - 1, {model.Root()}).back();
-  const ClassInfo::Member& member = ObjectModel::Find(object, steps, steps.Steps.back());
+  const Way way = model.FollowToObject(steps, steps.Steps.size() - 1, {model.Root()});
+  const ClassInfo::Member& member = ObjectModel::Find(way.back(), steps, steps.Steps.back());
   const auto* slot = WritingSlot(member);
   if (slot == nullptr) return {};
   const automation::TypeInfo& type = slot->ParameterList[0].Type;
-  if (!type.IsColour) return ValuesOf(type, "");
   // Any colour will do; the present one shows the form.
-  return {{ValueText(model.Invoke(object, member.Name, automation::kPropertyGet), type), "colour"}};
+  if (type.IsColour)
+    return {{ValueText(model.Invoke(way.back(), member.Name, automation::kPropertyGet), type), "colour"}};
+  const NameOf names = member.Facts.Names;
+  return names == NameOf::Nothing ? ValuesOf(type, "") : NamesAfter(text, way, names);
 }
 
 std::vector<Candidate> CompleteMember(ObjectModel& model, const std::string& path, std::string_view text) {
